@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <memory>
+
+/// An open file, read and written in blocks at its current position. Closed by its destructor.
+/// Every operation throws RuntimeError on failure.
+class BinaryFile {
+public:
+    virtual ~BinaryFile() = default;
+
+    /// Reads exactly `size` bytes. A file that ends earlier is a device that fails: DeviceIOError.
+    virtual void Read(char* buffer, qint64 size) = 0;
+    /// Writes exactly `size` bytes.
+    virtual void Write(const char* buffer, qint64 size) = 0;
+    /// Cuts the file off behind its first `size` bytes.
+    virtual void Truncate(qint64 size) = 0;
+    /// Closes the file. Writing errors that the system reports late are raised here.
+    virtual void Close() = 0;
+};
+
+/// Files and folders, by paths in drive form or native form. The tests of existence never throw;
+/// everything else throws RuntimeError with the number that fits.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+
+    virtual bool FileExists(const QString& path) = 0;
+    virtual bool FolderExists(const QString& path) = 0;
+
+    /// Creates one folder, whose parent exists.
+    virtual void CreateFolder(const QString& path) = 0;
+    /// Creates a folder and every missing folder above it.
+    virtual void CreateFolderChain(const QString& path) = 0;
+    /// Deletes a folder with all it holds. Links inside are removed, never followed; mount points
+    /// and the system's shared temporary folders are left alone.
+    virtual void DeleteFolder(const QString& path) = 0;
+
+    /// Copies a whole file with its modification time. `target` appears, or takes the place of an
+    /// earlier file, only once all bytes are there; a failed copy leaves nothing behind.
+    virtual void CopyFile(const QString& source, const QString& target) = 0;
+    /// Renames a file. An earlier `target` is replaced in the same instant, so that there is never
+    /// a moment with neither.
+    virtual void MoveFile(const QString& source, const QString& target) = 0;
+
+    /// Length in bytes.
+    virtual qint64 FileLength(const QString& path) = 0;
+    virtual std::unique_ptr<BinaryFile> OpenForReading(const QString& path) = 0;
+    /// Opens for reading and writing from the start; a missing file is created, an existing one is
+    /// not emptied.
+    virtual std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) = 0;
+    /// Gives the file at `target` the modification time of the file at `source`.
+    virtual void CopyModificationTime(const QString& source, const QString& target) = 0;
+
+    /// The drive that holds `path`, as it is named to the user: the first two characters in drive
+    /// form, the mount point in native form.
+    virtual QString DriveOf(const QString& path) = 0;
+    /// Free bytes for this user on the drive that holds `path`.
+    virtual double FreeBytes(const QString& path) = 0;
+
+    /// The path as the operating system takes it, for libraries that open files themselves.
+    virtual QString NativePath(const QString& path) = 0;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+/// Narrowing conversions that raise instead of wrapping, and numbers read from text.
+
+/// The 16-bit integer nearest to `value`, ties to even. Throws Overflow past the range.
+qint16 ToInteger(double value);
+
+/// The 32-bit integer nearest to `value`, ties to even. Throws Overflow past the range.
+qint32 ToLong(double value);
+
+/// A whole number as a 32-bit integer. Throws Overflow past the range.
+qint32 ToLong(qint64 value);
+
+/// The unsigned little-endian number of four bytes as a 32-bit signed integer. Throws Overflow from
+/// 2,147,483,648 on.
+qint32 BytesToLong(quint8 b0, quint8 b1, quint8 b2, quint8 b3);
+
+/// The decimal number that `text` holds, whatever the locale. Throws TypeMismatch when it holds
+/// none.
+double TextToNumber(const QString& text);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+/// A path text is in drive form (`E:\Music\Song.mp3`) or in native form (`/home/ana/Music`). These
+/// helpers join, cut and compare either form without looking at the disk.
+namespace Paths {
+
+/// Whether `path` begins with a drive letter and a colon.
+bool IsDriveForm(const QString& path);
+
+/// What stands between the folders of `path`: "\" in drive form, "/" in native form.
+QChar Separator(const QString& path);
+
+/// `folder` with one separator added, unless it ends in one already.
+QString WithSeparator(const QString& folder);
+
+/// The path of `name` inside `folder`.
+QString Join(const QString& folder, const QString& name);
+
+/// The folder that holds `path` (`C:\Music` for `C:\Music\New`, `C:\` for `C:\Music`); empty for a
+/// root and for a bare name.
+QString ParentFolder(const QString& path);
+
+/// The last piece of `path`, behind its last separator.
+QString FileName(const QString& path);
+
+/// What stands behind the last dot of the path's file name; empty where there is no dot.
+QString Extension(const QString& path);
+
+/// The drive part: `C:` in drive form, "/" in native form, empty where the text is neither.
+QString DrivePart(const QString& path);
+
+} // namespace Paths
