@@ -1,0 +1,192 @@
+#include "library/DeviceSelection.h"
+
+#include "platform/RuntimeError.h"
+
+namespace {
+
+/// Runs one step of the scan for devices. A device may vanish at any moment, and the scan goes on
+/// with what it could find out.
+template <class Step>
+void IgnoringErrors(const Step& step) {
+    try {
+        step();
+    } catch (const RuntimeError&) {
+    }
+}
+
+/// Shows the hourglass for as long as it lives.
+class HourglassPointer {
+public:
+    explicit HourglassPointer(Window& window) : m_window(window) {
+        m_window.SetMousePointer(MousePointer::Hourglass);
+    }
+    ~HourglassPointer() { m_window.SetMousePointer(MousePointer::Default); }
+    HourglassPointer(const HourglassPointer&) = delete;
+    HourglassPointer& operator=(const HourglassPointer&) = delete;
+
+private:
+    Window& m_window;
+};
+
+/// The drive of an entry, as "E:" of "(E:) MY IPOD".
+QString DriveOfEntry(const QString& entry) {
+    return entry.mid(1, 2);
+}
+
+} // namespace
+
+DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives, FileSystem& files,
+                                 Messages& messages, WindowManager& windowManager,
+                                 Form1Controls& controls)
+    : m_loadMusic(loadMusic), m_drives(drives), m_files(files), m_messages(messages),
+      m_windowManager(windowManager), m_controls(controls) {
+}
+
+void DeviceSelection::Combo1_DropDown() {
+    SuppressComboClick = true;
+    m_controls.Combo1.Clear();
+    IgnoringErrors([this] { ListDevices(); });
+    m_controls.Combo1.SetText(SelectedDevice);
+    if (m_controls.Combo1.Text().isEmpty()) {
+        ResetWindow();
+    }
+    if (m_controls.Combo1.ListCount() == 0) {
+        m_controls.lblMessage.SetCaption(QStringLiteral("No compatible iPod detected."));
+        m_controls.timScan.SetEnabled(true);
+    } else {
+        m_controls.timScan.SetEnabled(false);
+    }
+    SuppressComboClick = false;
+}
+
+void DeviceSelection::timScan_Timer() {
+    Combo1_DropDown();
+    m_controls.Combo1.Refresh();
+    if (m_controls.Combo1.ListCount() < 1) {
+        return;
+    }
+    const QString first = m_controls.Combo1.List(0);
+    m_controls.Combo1.SetText(first);
+    SuppressComboClick = true;
+    m_controls.Combo1.SetText(first);
+    SuppressComboClick = false;
+}
+
+void DeviceSelection::Combo1_Click() {
+    if (SuppressComboClick) {
+        return;
+    }
+    const QString device = m_controls.Combo1.Text();
+    const QString driveRoot = DriveOfEntry(device);
+    if (device == LoadedDevice) {
+        if (!device.isEmpty() && !HasDatabase(driveRoot)) {
+            ReportLostDevice();
+            Combo1_DropDown();
+        }
+        return;
+    }
+    SelectedDevice = LoadedDevice = device;
+    PrepareBrowser();
+    // The binary database is required even where the SQLite library is used.
+    if (!HasDatabase(driveRoot)) {
+        ReportLostDevice();
+        Combo1_DropDown();
+        return;
+    }
+    const HourglassPointer hourglass(m_controls.Form1);
+    if (m_files.FileExists(DevicePaths::LibraryDatabase(driveRoot))) {
+        m_loadMusic.LoadSQLiteLibrary(driveRoot);
+    } else {
+        m_loadMusic.LoadITunesDB(driveRoot);
+    }
+    ShowLibrary();
+}
+
+void DeviceSelection::ListDevices() {
+    for (const Drive& drive : m_drives.Drives()) {
+        bool isRemovable = false;
+        QString volumeName;
+        if (drive.Letter > QLatin1Char('B')) {
+            IgnoringErrors([&] { isRemovable = m_drives.IsRemovable(drive); });
+        }
+        if (isRemovable && HasDatabase(drive.Path)) {
+            IgnoringErrors([&] { volumeName = m_drives.VolumeName(drive); });
+            m_controls.Combo1.AddItem(QLatin1Char('(') + drive.Letter + QStringLiteral(":) ") +
+                                      volumeName);
+        }
+    }
+}
+
+/// Brings the window to its state without a device. Runs at every poll, so what is reset already
+/// stays untouched.
+void DeviceSelection::ResetWindow() {
+    const bool hadDevice = !LoadedDevice.isEmpty();
+    SelectedDevice.clear();
+    LoadedDevice.clear();
+    if (hadDevice) {
+        IgnoringErrors([this] { Raise(LibraryLeaves); });
+    }
+    if (m_controls.Combo1.ListCount() > 0) {
+        m_controls.lblMessage.SetCaption({}); // else it is about to say that there is no device
+    }
+    m_controls.lblFullName.SetCaption({});
+    m_controls.Picture1.Clear();
+    for (ListControl* list :
+         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
+        list->Clear();
+        list->SetEnabled(false);
+    }
+    m_controls.cmdCopy.SetEnabled(false);
+    m_controls.cmdSearch.SetEnabled(false);
+    m_controls.cmdClear.SetEnabled(false);
+    m_controls.txtSearch.SetEnabled(false);
+    IgnoringErrors([this] { m_controls.txtSearch.SetText({}); });
+    FilterLocked = true; // until a device is chosen
+    IgnoringErrors([this] { m_controls.tbsFilter.Select(0); });
+}
+
+void DeviceSelection::PrepareBrowser() {
+    Raise(LibraryLeaves);
+    m_controls.Picture1.ShowDevice();
+    for (ListControl* list :
+         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
+        list->SetEnabled(true);
+        list->Clear();
+    }
+    m_controls.lblFullName.SetCaption({});
+    m_controls.cmdCopy.SetEnabled(false);
+    m_controls.cmdClear.SetEnabled(false);
+    m_controls.txtSearch.SetText({});
+    FilterLocked = true;
+    m_controls.tbsFilter.Select(0);
+    FilterLocked = false;
+}
+
+void DeviceSelection::ShowLibrary() {
+    if (m_loadMusic.Library.TrackCount < 1) {
+        m_controls.lstArtists.SetEnabled(false);
+        m_controls.lstAlbums.SetEnabled(false);
+        m_controls.lstSongs.SetEnabled(false);
+        m_controls.cmdSearch.SetEnabled(false);
+        m_controls.cmdClear.SetEnabled(false);
+        m_controls.txtSearch.SetEnabled(false);
+        m_controls.lblMessage.SetCaption(QStringLiteral("No music found."));
+        return;
+    }
+    m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
+    m_controls.Form1.Refresh();
+    Raise(LibraryLoaded);
+    m_controls.txtSearch.SetEnabled(true);
+    m_controls.cmdSearch.SetEnabled(true);
+    m_controls.lstArtists.SetFocus();
+}
+
+void DeviceSelection::ReportLostDevice() {
+    FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
+    m_messages.Show(QStringLiteral("Error loading iPod."), QStringLiteral("Error"),
+                    MessageButtons::OK, MessageIcon::Critical);
+}
+
+bool DeviceSelection::HasDatabase(const QString& driveRoot) const {
+    return m_files.FileExists(DevicePaths::ITunesDB(driveRoot));
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "library/LoadProgress.h"
+#include "library/MusicLibrary.h"
+#include "platform/FileSystem.h"
+
+/// Loads the binary database of the drive (`driveRoot` is its two-character text, as `E:`) into
+/// `library`, track by track. False when the database says that it lists no track: then nothing has
+/// been loaded. Throws RuntimeError; the tracks loaded so far stay.
+bool ReadITunesDB(FileSystem& files, const QString& driveRoot, MusicLibrary& library,
+                  LoadProgress& progress);

@@ -1,0 +1,64 @@
+#include "library/LoadMusic.h"
+
+#include "library/ITunesDBReader.h"
+#include "library/LoadProgress.h"
+#include "library/SqliteLibraryReader.h"
+
+#include <new>
+
+namespace {
+
+/// Runs a reader and shows what stops it. False when the reader leaves the load open.
+template <class Reader>
+bool RunReader(LoadProgress& progress, const Reader& reader) {
+    try {
+        return reader();
+    } catch (const RuntimeError& error) {
+        progress.ShowError(error);
+    } catch (const std::bad_alloc&) {
+        progress.ShowError(RuntimeError(ErrorNumber::OutOfMemory));
+    }
+    return true;
+}
+
+} // namespace
+
+LoadMusic::LoadMusic(FileSystem& files, Messages& messages, Form1Controls& controls)
+    : m_files(files), m_messages(messages), m_controls(controls) {
+}
+
+void LoadMusic::LoadITunesDB(const QString& driveRoot) {
+    LoadProgress progress(Library, m_messages, m_controls);
+    progress.Start();
+    // An empty track list is meant to stop the load where it is: LoadingMusic and the message stay.
+    if (RunReader(progress, [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
+        progress.End();
+    }
+}
+
+void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
+    LoadProgress progress(Library, m_messages, m_controls);
+    progress.Start();
+    RunReader(progress, [&] {
+        ReadSQLiteLibrary(m_files, driveRoot, Library, progress);
+        return true;
+    });
+    progress.End();
+}
+
+namespace DevicePaths {
+
+QString ITunesDB(const QString& driveRoot) {
+    return driveRoot + QStringLiteral("\\iPod_Control\\iTunes\\iTunesDB");
+}
+
+QString LibraryDatabase(const QString& driveRoot) {
+    return driveRoot + QStringLiteral("\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb");
+}
+
+QString LocationsDatabase(const QString& driveRoot) {
+    return driveRoot +
+           QStringLiteral("\\iPod_Control\\iTunes\\iTunes Library.itlp\\Locations.itdb");
+}
+
+} // namespace DevicePaths

@@ -1,0 +1,55 @@
+#include "library/LoadProgress.h"
+
+#include "platform/Numbers.h"
+
+LoadProgress::LoadProgress(MusicLibrary& library, Messages& messages, Form1Controls& controls)
+    : m_library(library), m_messages(messages), m_controls(controls) {
+}
+
+void LoadProgress::Start() {
+    m_library.LoadingMusic = true;
+    m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
+    m_controls.Form1.Refresh();
+    m_controls.Combo1.Refresh();
+    MirrorInCaption();
+    m_library.TrackCount = 0;
+    m_library.TotalSize = 0;
+}
+
+void LoadProgress::SetTotal(qint64 total) {
+    m_total = static_cast<double>(total);
+    m_controls.prgCopy.SetMax(static_cast<float>(total));
+}
+
+void LoadProgress::TrackLoaded() {
+    m_controls.prgCopy.SetValue(m_library.TrackCount);
+    if (!m_total) {
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    }
+    const qint16 percent = ToInteger((100 / *m_total) * m_library.TrackCount);
+    // Comparing numbers spares a text a track; each new text repaints the window.
+    if (percent != m_shownPercent) {
+        m_shownPercent = percent;
+        m_controls.lblMessage.SetCaption(QStringLiteral("Loading music... %1%").arg(percent));
+        MirrorInCaption();
+        m_controls.Form1.Refresh();
+    }
+}
+
+void LoadProgress::ShowError(const RuntimeError& error) {
+    m_messages.Show(QStringLiteral("Error ") + QString::number(error.Number) +
+                        QStringLiteral(": ") + error.Description,
+                    QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Critical);
+}
+
+void LoadProgress::End() {
+    m_controls.prgCopy.SetValue(0);
+    m_library.LoadingMusic = false;
+    m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
+}
+
+void LoadProgress::MirrorInCaption() {
+    if (m_controls.Form1.Minimized()) {
+        m_controls.Form1.SetCaption(m_controls.lblMessage.Caption());
+    }
+}

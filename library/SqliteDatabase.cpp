@@ -1,0 +1,210 @@
+#include "library/SqliteDatabase.h"
+
+#include "platform/Numbers.h"
+
+#include <QDir>
+#include <QUrl>
+
+#include <sqlite3.h>
+
+namespace {
+
+// What a device's own library never comes near, and a hostile one cannot pass.
+constexpr int MaxStatementSeconds = 2;
+constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
+constexpr qsizetype MaxResultBytes = 128 << 20;
+constexpr int MaxValueBytes = 100'000;
+constexpr int MaxPatternBytes = 100;
+
+/// Steps of SQLite's machine between two looks at the clock.
+constexpr int StepsBetweenChecks = 1000;
+
+/// The URI that opens a file without locks, journals or any other trace on the device.
+QByteArray ReadOnlyUri(const QString& nativePath) {
+    QString path = QDir::fromNativeSeparators(nativePath);
+    if (!path.startsWith(QLatin1Char('/'))) {
+        path.prepend(QLatin1Char('/'));
+    }
+    return "file://" + QUrl::toPercentEncoding(path, "/") + "?mode=ro&immutable=1";
+}
+
+} // namespace
+
+QString SqliteRows::Text(qsizetype row, int column) const {
+    const Cell& cell = At(row, column);
+    switch (cell.ValueType) {
+    case Type::Null:
+        return {};
+    case Type::Integer:
+        return QString::number(cell.Value);
+    case Type::Text:
+        break;
+    }
+    return QString::fromUtf8(TextBytes(cell));
+}
+
+qint32 SqliteRows::Long(qsizetype row, int column) const {
+    const Cell& cell = At(row, column);
+    switch (cell.ValueType) {
+    case Type::Null:
+        return 0;
+    case Type::Integer:
+        return ToLong(cell.Value);
+    case Type::Text:
+        break;
+    }
+    return ToLong(TextToNumber(QString::fromUtf8(TextBytes(cell))));
+}
+
+bool SqliteRows::IsRepeated(qsizetype row, int column) const {
+    if (row == 0) {
+        return false;
+    }
+    const Cell& before = At(row - 1, column);
+    const Cell& cell = At(row, column);
+    if (cell.ValueType != before.ValueType) {
+        return false;
+    }
+    return cell.ValueType == Type::Text ? TextBytes(cell) == TextBytes(before)
+                                        : cell.Value == before.Value;
+}
+
+void SqliteRows::Add(sqlite3_stmt* statement) {
+    for (int column = 0; column < m_columnCount; ++column) {
+        switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_NULL:
+            m_cells.push_back({Type::Null, 0, 0});
+            break;
+        case SQLITE_INTEGER:
+            m_cells.push_back({Type::Integer, 0, sqlite3_column_int64(statement, column)});
+            break;
+        default: {
+            const auto* text =
+                reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+            const int length = sqlite3_column_bytes(statement, column);
+            m_cells.push_back({Type::Text, length, m_bytes.size()});
+            m_bytes.append(text, length);
+        }
+        }
+    }
+    ++m_rowCount;
+    if (m_bytes.size() + m_cells.size() * qsizetype(sizeof(Cell)) > MaxResultBytes) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+}
+
+const SqliteRows::Cell& SqliteRows::At(qsizetype row, int column) const {
+    if (row < 0 || row >= m_rowCount || column < 0 || column >= m_columnCount) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return m_cells[row * m_columnCount + column];
+}
+
+QByteArrayView SqliteRows::TextBytes(const Cell& cell) const {
+    return QByteArrayView(m_bytes).sliced(cell.Value, cell.Length);
+}
+
+SqliteDatabase::SqliteDatabase(const QString& nativePath) {
+    sqlite3_hard_heap_limit64(MaxEngineBytes);
+    sqlite3* database = nullptr;
+    const int result =
+        sqlite3_open_v2(ReadOnlyUri(nativePath).constData(), &database,
+                        SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_database.reset(database);
+    Check(result);
+    Restrict();
+    CachePages("main");
+}
+
+SqliteDatabase::~SqliteDatabase() = default;
+
+void SqliteDatabase::Attach(const QString& nativePath, const QString& schema) {
+    const QByteArray uri = ReadOnlyUri(nativePath);
+    const QByteArray name = schema.toUtf8();
+    const Statement attach = Prepare("Attach ?1 As ?2");
+    Check(sqlite3_bind_text(attach.get(), 1, uri.constData(), -1, SQLITE_STATIC));
+    Check(sqlite3_bind_text(attach.get(), 2, name.constData(), -1, SQLITE_STATIC));
+    Step(attach.get());
+    CachePages(name);
+}
+
+SqliteRows SqliteDatabase::Query(const char* sql) {
+    const Statement query = Prepare(sql);
+    SqliteRows rows;
+    rows.m_columnCount = sqlite3_column_count(query.get());
+    while (Step(query.get())) {
+        rows.Add(query.get());
+    }
+    return rows;
+}
+
+/// Takes from SQLite what the three queries do not need and a hostile schema could use.
+void SqliteDatabase::Restrict() {
+    sqlite3* database = m_database.get();
+    sqlite3_progress_handler(database, StepsBetweenChecks, StopWhenLate, this);
+    Check(sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr));
+    Check(sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr));
+    Check(sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr));
+    Check(sqlite3_drop_modules(database, nullptr)); // virtual tables
+    sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 1);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, MaxValueBytes);
+    sqlite3_limit(database, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, MaxPatternBytes);
+    Execute("Pragma cell_size_check = 1");
+    Execute("Pragma mmap_size = 0");  // a pulled cable must be an error, not a crash
+    Execute("Pragma temp_store = 2"); // sorting in memory, under its limit, and not on the disk
+}
+
+/// Lets a file's pages stay in memory once they are read: tracks come in the order of random ids,
+/// and SQLite's own small cache would read most pages from the device many times.
+void SqliteDatabase::CachePages(const QByteArray& schema) {
+    Execute("Pragma " + schema + ".cache_size = -32000"); // KiB
+}
+
+void SqliteDatabase::Execute(const QByteArray& sql) {
+    const Statement statement = Prepare(sql.constData());
+    while (Step(statement.get())) {
+    }
+}
+
+SqliteDatabase::Statement SqliteDatabase::Prepare(const char* sql) {
+    m_statementStart = std::clock();
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr);
+    Statement owned(statement);
+    Check(result);
+    return owned;
+}
+
+/// Whether there is one more row.
+bool SqliteDatabase::Step(sqlite3_stmt* statement) {
+    const int result = sqlite3_step(statement);
+    if (result == SQLITE_ROW || result == SQLITE_DONE) {
+        return result == SQLITE_ROW;
+    }
+    Check(result);
+    return false;
+}
+
+void SqliteDatabase::Check(int result) {
+    if (result == SQLITE_OK) {
+        return;
+    }
+    if (!m_database) {
+        throw RuntimeError(result, QString::fromUtf8(sqlite3_errstr(result)));
+    }
+    throw RuntimeError(result, QString::fromUtf8(sqlite3_errmsg(m_database.get())));
+}
+
+/// The time that counts is the processor's, so that a slow device is not taken for a hostile one.
+int SqliteDatabase::StopWhenLate(void* self) {
+    const std::clock_t start = static_cast<SqliteDatabase*>(self)->m_statementStart;
+    return std::clock() - start > MaxStatementSeconds * CLOCKS_PER_SEC;
+}
+
+void SqliteDatabase::Close::operator()(sqlite3* database) const {
+    sqlite3_close(database);
+}
+
+void SqliteDatabase::Close::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
