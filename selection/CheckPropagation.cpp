@@ -1,0 +1,219 @@
+#include "selection/CheckPropagation.h"
+
+#include <algorithm>
+
+namespace {
+
+/// After a single row changed to `ticked`: the "All" row follows when that row was the last one
+/// missing, or the first one missing.
+void FollowSingleRow(ListControl& list, bool ticked) {
+    if (list.SelCount() == list.ListCount() - 1) {
+        list.SetSelected(0, ticked);
+    }
+}
+
+/// After a roll-up: "All" ends ticked exactly when every other row is.
+void FollowRollUp(ListControl& list) {
+    if (list.SelCount() < list.ListCount() - 1) {
+        list.SetSelected(0, false);
+    } else if (list.SelCount() == list.ListCount() - 1) {
+        list.SetSelected(0, !list.Selected(0));
+    }
+}
+
+template <class Records>
+bool AnyChecked(const Records& records) {
+    return std::any_of(records.begin(), records.end(),
+                       [](const auto& record) { return record.Checked; });
+}
+
+} // namespace
+
+CheckPropagation::CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
+                                   SelectionSummary& summary, Form1Controls& controls)
+    : m_state(state), m_library(library), m_lists(lists), m_summary(summary), m_controls(controls) {
+}
+
+void CheckPropagation::lstArtists_ItemCheck(int Item) {
+    if (m_state.Building) {
+        return;
+    }
+    m_lists.lstArtists_Click();
+    ChangeChecks(m_controls.lstArtists, [this, Item] { PropagateArtist(Item); });
+}
+
+void CheckPropagation::lstAlbums_ItemCheck(int Item) {
+    if (m_state.Building) {
+        return;
+    }
+    m_lists.lstAlbums_Click();
+    ChangeChecks(m_controls.lstAlbums, [this, Item] { PropagateAlbum(Item); });
+}
+
+void CheckPropagation::lstSongs_ItemCheck(int Item) {
+    if (m_state.Building) {
+        return;
+    }
+    ChangeChecks(m_controls.lstSongs, [this, Item] { PropagateSong(Item); });
+}
+
+/// The frame around every change: each SetSelected in `propagate` raises ItemCheck again, which
+/// ends at Building, and no list paints before all is done.
+template <class Propagate>
+void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) {
+    m_state.Building = true;
+    const int artistRow = m_controls.lstArtists.ListIndex();
+    const int albumRow = m_controls.lstAlbums.ListIndex();
+    const int songRow = m_controls.lstSongs.ListIndex();
+    SetListsVisible(false);
+
+    propagate();
+
+    SetListsVisible(true);
+    m_controls.lstArtists.SetListIndex(artistRow);
+    m_controls.lstAlbums.SetListIndex(albumRow);
+    m_controls.lstSongs.SetListIndex(songRow);
+    m_summary.CalculateSize(false);
+    m_state.Building = false;
+    m_controls.cmdCopy.SetEnabled(m_controls.lstArtists.SelCount() >= 1 || m_state.CheckedHidden);
+    raisedBy.SetFocus();
+}
+
+void CheckPropagation::PropagateArtist(int Item) {
+    ListControl& artists = m_controls.lstArtists;
+    const bool ticked = artists.Selected(Item);
+    if (Item == 0) {
+        // By position, not through ArtistRows: all records get the same flag, so the order of the
+        // rows does not matter here. That is meant.
+        for (int row = 1; row < artists.ListCount(); ++row) {
+            artists.SetSelected(row, ticked);
+            m_library.Artists.at(row - 1).Checked = ticked;
+        }
+    } else {
+        FollowSingleRow(artists, ticked);
+        m_library.Artists.at(m_state.ArtistRows.at(artists.ListIndex())).Checked = ticked;
+    }
+
+    for (int row = 0; row < m_controls.lstAlbums.ListCount(); ++row) {
+        m_controls.lstAlbums.SetSelected(row, ticked);
+        if (row >= 1) {
+            AlbumRecord& album = m_lists.Album(row);
+            album.Checked = ticked;
+            for (TrackRecord& track : album.Tracks) {
+                track.Checked = ticked;
+            }
+        }
+    }
+    for (int row = 0; row < m_controls.lstSongs.ListCount(); ++row) {
+        m_controls.lstSongs.SetSelected(row, ticked);
+    }
+}
+
+void CheckPropagation::PropagateAlbum(int Item) {
+    ListControl& albums = m_controls.lstAlbums;
+    const bool ticked = albums.Selected(Item);
+    if (Item == 0) {
+        for (int row = 1; row < albums.ListCount(); ++row) {
+            albums.SetSelected(row, ticked);
+            m_lists.Album(row).Checked = ticked;
+        }
+    } else {
+        FollowSingleRow(albums, ticked);
+        m_lists.Album(Item).Checked = ticked;
+    }
+
+    for (int row = 0; row < m_controls.lstSongs.ListCount(); ++row) {
+        m_controls.lstSongs.SetSelected(row, ticked);
+        if (row >= 1) {
+            m_lists.Track(row).Checked = ticked;
+        }
+    }
+    UpdateArtistCheck(Item);
+}
+
+void CheckPropagation::PropagateSong(int Item) {
+    ListControl& songs = m_controls.lstSongs;
+    const bool ticked = songs.Selected(Item);
+    if (Item == 0) {
+        for (int row = 1; row < songs.ListCount(); ++row) {
+            songs.SetSelected(row, ticked);
+            m_lists.Track(row).Checked = ticked;
+        }
+    } else {
+        FollowSingleRow(songs, ticked);
+        m_lists.Track(Item).Checked = ticked;
+    }
+    RollUpSongs(Item);
+    FollowRollUp(m_controls.lstAlbums);
+}
+
+void CheckPropagation::RollUpSongs(int Item) {
+    ListControl& albums = m_controls.lstAlbums;
+    const int current = albums.ListIndex();
+    if (current >= 1) {
+        const bool any = m_controls.lstSongs.SelCount() >= 1;
+        albums.SetSelected(current, any);
+        m_lists.Album(current).Checked = any;
+        UpdateArtistCheck(current);
+    } else if (Item == 0) {
+        const bool ticked = m_controls.lstSongs.Selected(0);
+        for (int row = 0; row < albums.ListCount(); ++row) {
+            albums.SetSelected(row, ticked);
+            if (row >= 1) {
+                m_lists.Album(row).Checked = ticked;
+            }
+        }
+        UpdateArtistCheck(0);
+    } else {
+        const qint32 row = m_state.SongRowAlbumRow.at(Item);
+        AlbumRecord& album = m_lists.Album(row);
+        album.Checked = AnyChecked(album.Tracks);
+        albums.SetSelected(row, album.Checked);
+        UpdateArtistCheck(row);
+    }
+}
+
+void CheckPropagation::UpdateArtistCheck(int AlbumRow) {
+    ListControl& artists = m_controls.lstArtists;
+    const int current = artists.ListIndex();
+    if (current >= 1) {
+        // Not by SelCount: after a song was unticked, the "All" row of an artist's only album is
+        // still ticked, and would keep the artist ticked with nothing chosen.
+        ArtistRecord& artist = m_library.Artists.at(m_state.AlbumRowArtist.at(1));
+        artist.Checked = AnyChecked(artist.Albums);
+        artists.SetSelected(current, artist.Checked);
+    } else if (AlbumRow < 1) {
+        const bool ticked = m_controls.lstAlbums.Selected(0);
+        for (int row = 0; row < artists.ListCount(); ++row) {
+            artists.SetSelected(row, ticked);
+            if (row >= 1) {
+                m_library.Artists.at(row - 1).Checked = ticked; // by position: meant, as above
+            }
+        }
+    } else {
+        UpdateOneArtist(AlbumRow);
+    }
+    FollowRollUp(artists);
+}
+
+void CheckPropagation::UpdateOneArtist(int albumRow) {
+    const qint32 index = m_state.AlbumRowArtist.at(albumRow);
+    ArtistRecord& artist = m_library.Artists.at(index);
+    const bool any = AnyChecked(artist.Albums);
+    if (artist.Checked == any) {
+        return;
+    }
+    artist.Checked = any;
+    for (int row = 1; row < m_controls.lstArtists.ListCount(); ++row) {
+        if (m_state.ArtistRows.at(row) == index) {
+            m_controls.lstArtists.SetSelected(row, any);
+            return;
+        }
+    }
+}
+
+void CheckPropagation::SetListsVisible(bool visible) {
+    m_controls.lstArtists.SetVisible(visible);
+    m_controls.lstAlbums.SetVisible(visible);
+    m_controls.lstSongs.SetVisible(visible);
+}

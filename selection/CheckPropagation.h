@@ -1,0 +1,35 @@
+#pragma once
+
+#include "browser/LinkedLists.h"
+#include "selection/SelectionSummary.h"
+
+/// Keeps the check marks of the three lists and the Checked flags of the records in step: a change
+/// goes down to everything beneath the row and up to its parents. A parent is ticked while at least
+/// one of its children is; an "All" row exactly while every other row of its list is.
+class CheckPropagation {
+public:
+    CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
+                     SelectionSummary& summary, Form1Controls& controls);
+
+    void lstArtists_ItemCheck(int Item);
+    void lstAlbums_ItemCheck(int Item);
+    void lstSongs_ItemCheck(int Item);
+
+private:
+    template <class Propagate>
+    void ChangeChecks(ListControl& raisedBy, Propagate propagate);
+    void PropagateArtist(int Item);
+    void PropagateAlbum(int Item);
+    void PropagateSong(int Item);
+    void RollUpSongs(int Item);
+    /// Rolls the album list's state up into the artist list and the artist records.
+    void UpdateArtistCheck(int AlbumRow);
+    void UpdateOneArtist(int albumRow);
+    void SetListsVisible(bool visible);
+
+    BrowserState& m_state;
+    MusicLibrary& m_library;
+    LinkedLists& m_lists;
+    SelectionSummary& m_summary;
+    Form1Controls& m_controls;
+};

@@ -1,0 +1,262 @@
+#include "selection/Search.h"
+
+#include "browser/MediaFilter.h"
+
+#include <algorithm>
+
+namespace {
+
+bool HasEveryWord(const QStringList& words, const QString& text) {
+    return std::all_of(words.begin(), words.end(),
+                       [&text](const QString& word) { return text.contains(word); });
+}
+
+QStringList WordsOf(const QString& text) {
+    return text.split(QLatin1Char(' '));
+}
+
+/// A whole record of the result: every album and track knows where it came from.
+AlbumRecord WholeAlbum(const AlbumRecord& album, qint32 index) {
+    AlbumRecord copy = album;
+    copy.SourceIndex = index;
+    qint32 trackIndex = 0;
+    for (TrackRecord& track : copy.Tracks) {
+        track.SourceIndex = trackIndex++;
+    }
+    return copy;
+}
+
+ArtistRecord WithoutAlbums(const ArtistRecord& artist) {
+    ArtistRecord copy;
+    copy.Name = artist.Name;
+    copy.Checked = artist.Checked;
+    return copy;
+}
+
+ArtistRecord WholeArtist(const ArtistRecord& artist) {
+    ArtistRecord copy = WithoutAlbums(artist);
+    copy.Albums.reserve(artist.Albums.size());
+    qint32 index = 0;
+    for (const AlbumRecord& album : artist.Albums) {
+        copy.Albums.push_back(WholeAlbum(album, index++));
+    }
+    return copy;
+}
+
+} // namespace
+
+bool SplitSearch(const QString& FindText, const QString& InText) {
+    return HasEveryWord(WordsOf(FindText), InText);
+}
+
+Search::Search(BrowserState& state, MusicLibrary& library, ArtistList& artistList,
+               SelectionSummary& summary, EventLoop& eventLoop, WindowManager& windowManager,
+               Form1Controls& controls)
+    : m_state(state), m_library(library), m_artistList(artistList), m_summary(summary),
+      m_eventLoop(eventLoop), m_windowManager(windowManager), m_controls(controls) {
+}
+
+bool Search::AllowSearch() const {
+    const QString text = m_controls.txtSearch.Text();
+    return std::any_of(text.begin(), text.end(),
+                       [](QChar character) { return character != QLatin1Char(' '); });
+}
+
+void Search::ResetState() {
+    m_lowered.clear();
+}
+
+void Search::cmdSearch_Click() {
+    if (m_state.SearchRunning) {
+        return; // pressed in one of the search's own yields
+    }
+    m_controls.txtSearch.SetFocus();
+    if (AllowSearch()) {
+        m_state.SearchingText = true;
+        m_state.SearchString = m_controls.txtSearch.Text();
+        DoSearch();
+    } else if (m_state.Search) {
+        m_artistList.cmdClear_Click();
+    }
+}
+
+void Search::txtSearch_Change() {
+    if (m_state.SearchRunning) {
+        m_state.SearchPending = true;
+    } else {
+        cmdSearch_Click();
+    }
+}
+
+void Search::txtSearch_GotFocus() {
+    m_controls.txtSearch.Select(0, static_cast<int>(m_controls.txtSearch.Text().size()));
+    m_controls.cmdSearch.SetDefault(true);
+}
+
+void Search::txtSearch_LostFocus() {
+    m_controls.cmdSearch.SetDefault(false);
+}
+
+void Search::lblSearch_Click() {
+    m_controls.txtSearch.SetFocus();
+}
+
+void Search::DoSearch() {
+    // Without tracks, Artists may still hold the records of an earlier device.
+    if (m_state.SearchRunning || m_library.TrackCount < 1) {
+        return;
+    }
+    const bool tabsHadFocus = m_windowManager.GetFocus() == m_controls.tbsFilter.Handle();
+    BeginSearch();
+    for (;;) {
+        ReplaceLibrary(BuildResult());
+        if (!m_state.SearchPending) {
+            break;
+        }
+        RestartOnNewText();
+    }
+    EndSearch();
+    if (tabsHadFocus) {
+        m_controls.tbsFilter.SetFocus(); // lost when the tabs were disabled
+    }
+    ShowResult();
+    if (!m_state.SearchingText && m_controls.tbsFilter.SelectedCaption() == AllFilesTab()) {
+        m_artistList.cmdClear_Click(); // the text was deleted while the search ran
+    }
+}
+
+void Search::BeginSearch() {
+    const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
+    if (m_state.Search) {
+        m_artistList.Clear(nothingShown);
+    } else {
+        m_artistList.RememberRows(nothingShown);
+    }
+    m_state.Search = true;
+    m_controls.cmdClear.SetEnabled(m_state.SearchingText);
+    m_state.SearchRunning = true;
+    m_state.Building = true;
+    m_controls.Picture2.SetEnabled(false);
+    m_controls.tbsFilter.SetEnabled(false);
+    m_state.SavedRows = {m_state.AlbumRowAlbum,   m_state.AlbumRowArtist, m_state.SongRowTrack,
+                         m_state.SongRowAlbumRow, m_state.AllSongsCache,  m_state.AllSongsCached};
+    LowerNames();
+}
+
+void Search::EndSearch() {
+    m_controls.tbsFilter.SetEnabled(true);
+    m_controls.Picture2.SetEnabled(true);
+    m_state.Building = false;
+    m_state.SearchRunning = false;
+}
+
+/// A result for an outdated text is never shown. The text may have been deleted meanwhile, or may
+/// be the first one while a filter tab was being applied.
+void Search::RestartOnNewText() {
+    m_state.SearchPending = false;
+    m_state.SearchString = m_controls.txtSearch.Text();
+    m_state.SearchingText = AllowSearch();
+    m_controls.cmdClear.SetEnabled(m_state.SearchingText);
+    m_artistList.Clear(true);
+    m_state.Building = true;
+}
+
+void Search::LowerNames() {
+    if (!m_lowered.empty()) {
+        return;
+    }
+    m_lowered.reserve(m_library.Artists.size());
+    for (const ArtistRecord& artist : m_library.Artists) {
+        LoweredArtist& lowered = m_lowered.emplace_back();
+        lowered.Name = artist.Name.toLower();
+        lowered.Albums.reserve(artist.Albums.size());
+        for (const AlbumRecord& album : artist.Albums) {
+            LoweredAlbum& loweredAlbum = lowered.Albums.emplace_back();
+            loweredAlbum.Name = album.Name.toLower();
+            loweredAlbum.Titles.reserve(album.Tracks.size());
+            for (const TrackRecord& track : album.Tracks) {
+                loweredAlbum.Titles.push_back(track.Title.toLower());
+            }
+        }
+    }
+}
+
+std::vector<ArtistRecord> Search::BuildResult() {
+    const bool allFiles = m_controls.tbsFilter.SelectedCaption() == AllFilesTab();
+    const QStringList words = WordsOf(m_state.SearchString.toLower());
+    std::vector<ArtistRecord> result;
+    for (size_t i = 0; i < m_library.Artists.size(); ++i) {
+        const ArtistRecord& artist = m_library.Artists[i];
+        const LoweredArtist& lowered = m_lowered.at(i);
+        m_eventLoop.Yield();
+        const bool matches = HasEveryWord(words, lowered.Name);
+        ArtistRecord found = matches && allFiles ? WholeArtist(artist)
+                                                 : MatchingAlbums(artist, lowered, words, matches);
+        if (!found.Albums.empty()) {
+            found.SourceIndex = static_cast<qint32>(i);
+            result.push_back(std::move(found));
+        }
+    }
+    return result;
+}
+
+ArtistRecord Search::MatchingAlbums(const ArtistRecord& artist, const LoweredArtist& lowered,
+                                    const QStringList& words, bool artistMatches) {
+    const bool allFiles = m_controls.tbsFilter.SelectedCaption() == AllFilesTab();
+    ArtistRecord found = WithoutAlbums(artist);
+    for (size_t i = 0; i < artist.Albums.size(); ++i) {
+        const AlbumRecord& album = artist.Albums[i];
+        m_eventLoop.Yield();
+        const bool matches = artistMatches || HasEveryWord(words, lowered.Albums.at(i).Name);
+        if (matches && allFiles) {
+            found.Albums.push_back(WholeAlbum(album, static_cast<qint32>(i)));
+            continue;
+        }
+        m_eventLoop.Yield();
+        if (m_state.SearchPending) {
+            break; // the text has changed: this result will be thrown away
+        }
+        AlbumRecord tracks = MatchingTracks(album, lowered.Albums.at(i), words, matches);
+        if (!tracks.Tracks.empty()) {
+            tracks.SourceIndex = static_cast<qint32>(i);
+            found.Albums.push_back(std::move(tracks));
+        }
+    }
+    return found;
+}
+
+AlbumRecord Search::MatchingTracks(const AlbumRecord& album, const LoweredAlbum& lowered,
+                                   const QStringList& words, bool albumMatches) const {
+    AlbumRecord found;
+    found.Name = album.Name;
+    found.Checked = album.Checked;
+    for (size_t i = 0; i < album.Tracks.size(); ++i) {
+        const TrackRecord& track = album.Tracks[i];
+        if (CorrectFiletype(m_controls.tbsFilter, track.Kind) &&
+            (albumMatches || HasEveryWord(words, lowered.Titles.at(i)))) {
+            found.Tracks.push_back(track);
+            found.Tracks.back().SourceIndex = static_cast<qint32>(i);
+        }
+    }
+    return found;
+}
+
+void Search::ReplaceLibrary(std::vector<ArtistRecord> result) {
+    const qint32 checked = m_summary.GetSelSongCount();
+    m_state.SavedArtists = std::move(m_library.Artists);
+    m_library.Artists = std::move(result);
+    m_state.AllSongsCached = false;
+    if (m_summary.GetSelSongCount() < checked) {
+        m_state.CheckedHidden = true;
+    }
+}
+
+void Search::ShowResult() {
+    if (m_library.Artists.empty()) {
+        m_artistList.ShowNothing();
+    } else {
+        m_artistList.RebuildLists();
+    }
+    m_summary.CalculateSize(true);
+    m_artistList.EnableCopy();
+}

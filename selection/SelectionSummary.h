@@ -1,0 +1,32 @@
+#pragma once
+
+#include "browser/BrowserState.h"
+#include "library/MusicLibrary.h"
+#include "platform/Form1Controls.h"
+
+/// Counts and sizes of what is ticked, and the summary line and bar that show them.
+class SelectionSummary {
+public:
+    SelectionSummary(const BrowserState& state, const MusicLibrary& library,
+                     Form1Controls& controls);
+
+    /// Bytes of all ticked tracks of the whole library, those hidden by a search included.
+    double SelectedSize = 0;
+    /// Bytes of the ticked tracks inside the current search result, as last computed.
+    double SearchBaseSize = 0;
+
+    /// Number of ticked tracks in Artists, whatever the filter shows.
+    qint32 GetSelSongCount() const;
+    /// Recomputes the sizes and shows them. With `GetSearchTFS` only the search's baseline moves.
+    void CalculateSize(bool GetSearchTFS);
+
+private:
+    double CheckedSize() const;
+
+    const BrowserState& m_state;
+    const MusicLibrary& m_library;
+    Form1Controls& m_controls;
+};
+
+/// A byte count as text, in binary units: "3 KB", "1.5 MB", "2.99 GB".
+QString GetSizeInText(double Bytes);
