@@ -1,0 +1,74 @@
+// What the copy job makes sure of before it starts. No job runs yet: a check that ends the click
+// leaves nothing to clean up.
+
+#include "copy/CopyJob.h"
+
+#include "platform/Paths.h"
+
+#include <utility>
+
+bool CopyJob::DestinationIsReady() {
+    const QString folder = m_controls.txtDestination.Text();
+    if (folder.isEmpty()) {
+        Ask(QStringLiteral("Please specify a destination path."), MessageButtons::OK,
+            MessageIcon::Exclamation);
+        m_controls.txtDestination.SetFocus();
+        return false;
+    }
+    if (!m_files.FolderExists(folder) && !OfferToCreate(folder)) {
+        return false;
+    }
+    return AcceptFreeSpace(folder);
+}
+
+bool CopyJob::OfferToCreate(const QString& folder) {
+    const bool isValid = m_destination.ValidatePath(folder);
+    // Forgotten before it is deleted: should that fail, a later job may have filled the folder.
+    const QString probe = std::exchange(m_destination.ProbeFolder, QString());
+    if (!probe.isEmpty() && Step([&] { m_files.DeleteFolder(probe); }) != Next::Step) {
+        return false;
+    }
+    if (!isValid) {
+        Ask(QStringLiteral("Invalid destination path."), MessageButtons::OK,
+            MessageIcon::Exclamation);
+        m_controls.txtDestination.SetFocus();
+        m_controls.txtDestination.Select(0, static_cast<int>(folder.size()));
+        return false;
+    }
+    if (Ask(QStringLiteral("Destination folder does not exist. Create?"), MessageButtons::OKCancel,
+            MessageIcon::Question) != MessageAnswer::OK) {
+        return false;
+    }
+    // This speaks of an earlier attempt, since one that failed just now was answered above: the
+    // order is meant.
+    if (std::exchange(m_destination.CreateFailed, false)) {
+        m_messages.Show(QStringLiteral("Unable to create folder."), QStringLiteral("Error"),
+                        MessageButtons::OK, MessageIcon::Critical);
+        return false;
+    }
+    try {
+        m_files.CreateFolderChain(folder);
+    } catch (const RuntimeError&) {
+        // The first step that needs the folder says so.
+    }
+    return true;
+}
+
+bool CopyJob::AcceptFreeSpace(const QString& folder) {
+    double freeBytes = m_summary.SelectedSize;
+    QString drive;
+    const Next next = Step([&] {
+        drive = m_files.DriveOf(folder);
+        freeBytes = m_files.FreeBytes(folder);
+    });
+    if (next != Next::Step) {
+        return false;
+    }
+    if (m_summary.SelectedSize <= freeBytes) {
+        return true;
+    }
+    const QString question = QStringLiteral("There is not enough space on drive ") + drive +
+                             QStringLiteral(" to copy all\rof the selected files. Copy as much "
+                                            "as possible?");
+    return Ask(question, MessageButtons::OKCancel, MessageIcon::Exclamation) == MessageAnswer::OK;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Messages.h"
+#include "platform/RuntimeError.h"
+
+#include <QString>
+
+/// What the job is working on, as its error messages name it.
+struct CopyPlace {
+    /// Path of the track's file on the device.
+    QString Source;
+    /// Folder of the track's copy, with a separator at its end.
+    QString DestFolder;
+    /// Name of the track's copy in DestFolder; empty until it is named.
+    QString FileName;
+};
+
+/// How the job goes on after a failed step.
+enum class ErrorAnswer {
+    /// The failed step again.
+    Retry,
+    /// The step after the failed one.
+    Ignore,
+    /// A stop request, as if the user had pressed "&Cancel".
+    Stop,
+    /// The end of the job, without a question.
+    Cleanup
+};
+
+/// Tells the user what failed and asks how to go on.
+ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const CopyPlace& place);

@@ -1,0 +1,203 @@
+#include "copy/CopyJob.h"
+
+#include "copy/ControlLock.h"
+#include "platform/Paths.h"
+
+#include <utility>
+
+namespace {
+
+QString CancelCaption() {
+    return QStringLiteral("&Cancel");
+}
+
+/// Names of folders that differ only in letter case are one folder on many drives.
+bool IsSameFolder(const QString& name, const QString& otherName) {
+    return name.trimmed().toLower() == otherName.trimmed().toLower();
+}
+
+} // namespace
+
+CopyJob::CopyJob(FileSystem& files, Messages& messages, EventLoop& events,
+                 WindowManager& windowManager, Form1Controls& controls, MusicLibrary& library,
+                 BrowserState& state, ArtistList& artistList, SelectionSummary& summary,
+                 Destination& destination, OverwritePrompt& prompt)
+    : m_files(files), m_messages(messages), m_events(events), m_windowManager(windowManager),
+      m_controls(controls), m_library(library), m_state(state), m_artistList(artistList),
+      m_summary(summary), m_destination(destination), m_prompt(prompt),
+      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, CancelCopy) {
+}
+
+void CopyJob::cmdCopy_Click() {
+    if (m_controls.cmdCopy.Caption() == CancelCaption()) {
+        CancelCopy = true;
+        return;
+    }
+    if (m_state.SearchRunning) {
+        return; // pressed in one of the search's yields, while neither library is whole
+    }
+    if (m_state.SearchRunning) {
+        return; // pressed in one of the search's yields, while it rebuilds the library
+    }
+    // What an earlier job was asked must not turn a stop of this one into the question to quit.
+    CUnload = false;
+    m_place = {};
+    if (!DestinationIsReady()) {
+        return;
+    }
+    Start();
+    Next next = Walk();
+    if (next == Next::Step) {
+        next = FinishWalk();
+    }
+    if (next != Next::Leave) {
+        Cleanup();
+    }
+}
+
+void CopyJob::Start() {
+    Copying = true;
+    m_controls.cmdCopy.SetCaption(CancelCaption());
+    DisableControls(m_controls);
+    m_controls.prgCopy.SetValue(0);
+    m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
+    m_controls.prgCopy.SetValue(0);
+    CopiedBytes = 0;
+    m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());
+    if (m_state.Search) {
+        m_artistList.UpdateOldArtists();
+        ExchangeLibraries();
+    }
+    m_fileTotal = m_summary.GetSelSongCount();
+    m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
+    m_naming.FolderChanged = true;
+    m_fileIndex = 0;
+}
+
+/// Puts the full library in the place of the shown search result, or the result back in its place.
+void CopyJob::ExchangeLibraries() {
+    std::swap(m_library.Artists, m_state.SavedArtists);
+}
+
+CopyJob::Next CopyJob::Walk() {
+    m_artistFolder.clear();
+    m_albumFolder.clear();
+    if (m_library.TrackCount < 1) {
+        return Next::Step;
+    }
+    for (const ArtistRecord& artist : m_library.Artists) {
+        if (artist.Checked) {
+            if (const Next next = CopyArtist(artist); next != Next::Step) {
+                return next;
+            }
+        }
+    }
+    return Next::Step;
+}
+
+CopyJob::Next CopyJob::CopyArtist(const ArtistRecord& artist) {
+    const QString previous =
+        std::exchange(m_artistFolder, m_naming.MakeSafeName(artist.Name, false, QString()));
+    if (m_controls.chkArtist.Value() == 1 && !IsSameFolder(m_artistFolder, previous)) {
+        m_naming.FolderChanged = true;
+    }
+    for (const AlbumRecord& album : artist.Albums) {
+        if (album.Checked) {
+            if (const Next next = CopyAlbum(album); next != Next::Step) {
+                return next;
+            }
+        }
+    }
+    return Next::Step;
+}
+
+CopyJob::Next CopyJob::CopyAlbum(const AlbumRecord& album) {
+    const QString previous =
+        std::exchange(m_albumFolder, m_naming.MakeSafeName(album.Name, false, QString()));
+    if (m_controls.chkAlbum.Value() == 1 && !IsSameFolder(m_albumFolder, previous)) {
+        m_naming.FolderChanged = true;
+    }
+    for (const TrackRecord& track : album.Tracks) {
+        if (track.Checked) {
+            if (const Next next = CopyTrack(track); next != Next::Step) {
+                return next;
+            }
+        }
+    }
+    return Next::Step;
+}
+
+CopyJob::Next CopyJob::FinishWalk() {
+    const Next next = Step([this] { DeleteTemporaryFolder(); });
+    if (next == Next::Cleanup || next == Next::Leave) {
+        return next;
+    }
+    m_controls.prgCopy.SetValue(0);
+    FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
+    Ask(QStringLiteral("Copy completed!"), MessageButtons::OK, MessageIcon::Information);
+    return Next::Cleanup;
+}
+
+/// Deletes "tmp" in the destination with all it holds, whoever made it: this is meant.
+void CopyJob::DeleteTemporaryFolder() {
+    const QString folder = m_destRoot + QStringLiteral("tmp");
+    if (m_files.FolderExists(folder)) {
+        m_files.DeleteFolder(folder);
+    }
+}
+
+void CopyJob::Cleanup() {
+    ErrorAnswer answer; // whatever it is, the window must come back to life
+    Try([this] { DeleteTemporaryFolder(); }, answer);
+    CancelCopy = false;
+    Copying = false;
+    m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
+    if (m_state.Search) {
+        ExchangeLibraries();
+    }
+    EnableControls(m_controls, m_state.SearchingText);
+    // The design's caption has a capital D; both are meant.
+    m_controls.cmdCopy.SetCaption(QStringLiteral("&Copy to destination"));
+    m_controls.prgCopy.SetValue(0);
+    m_summary.CalculateSize(false);
+    m_prompt.OverwriteAll = false;
+}
+
+/// Runs a step until it succeeds (true) or the user answers its failure otherwise than with Retry.
+bool CopyJob::Try(const Event& action, ErrorAnswer& answer) {
+    do {
+        try {
+            action();
+            return true;
+        } catch (const RuntimeError& error) {
+            answer = AskAboutError(m_messages, error, m_place);
+        }
+    } while (answer == ErrorAnswer::Retry);
+    return false;
+}
+
+CopyJob::Next CopyJob::Step(const Event& action) {
+    ErrorAnswer answer = ErrorAnswer::Ignore;
+    if (Try(action, answer) || answer == ErrorAnswer::Ignore) {
+        return Next::Step;
+    }
+    return answer == ErrorAnswer::Stop ? StopRequest() : Next::Cleanup;
+}
+
+CopyJob::Next CopyJob::StopRequest() {
+    if (!CUnload) {
+        return Next::Cleanup;
+    }
+    if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,
+            MessageIcon::Question) == MessageAnswer::Yes) {
+        Copying = false;
+        m_controls.Form1.Unload();
+        return Next::Leave;
+    }
+    CancelCopy = false;
+    return Next::SameTrack;
+}
+
+MessageAnswer CopyJob::Ask(const QString& text, MessageButtons buttons, MessageIcon icon) {
+    return m_messages.Show(text, QStringLiteral("Songlift"), buttons, icon);
+}

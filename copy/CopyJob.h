@@ -1,0 +1,103 @@
+#pragma once
+
+#include "browser/ArtistList.h"
+#include "copy/ChunkedCopy.h"
+#include "copy/CopyErrors.h"
+#include "copy/Destination.h"
+#include "copy/Naming.h"
+#include "copy/OverwritePrompt.h"
+#include "platform/EventLoop.h"
+#include "platform/FileSystem.h"
+#include "platform/Form1Controls.h"
+#include "platform/Messages.h"
+#include "platform/WindowManager.h"
+#include "selection/SelectionSummary.h"
+
+/// Copies every ticked track of the library into the destination folder. The job runs inside the
+/// click that starts it and yields to the event loop once per file and once per chunk of a large
+/// file; what the user asks for meanwhile reaches it through its flags.
+class CopyJob {
+public:
+    CopyJob(FileSystem& files, Messages& messages, EventLoop& events, WindowManager& windowManager,
+            Form1Controls& controls, MusicLibrary& library, BrowserState& state,
+            ArtistList& artistList, SelectionSummary& summary, Destination& destination,
+            OverwritePrompt& prompt);
+
+    /// Creates, loads and shows the prompt for an existing file, and returns when it is closed.
+    Event ShowOverwrite;
+
+    /// A job is running.
+    bool Copying = false;
+    /// The user asked to close the window while the job ran.
+    bool CUnload = false;
+    /// A stop was asked for; the job reads it once per file and once per chunk.
+    bool CancelCopy = false;
+    /// Bytes copied or skipped so far.
+    double CopiedBytes = 0;
+
+    /// Starts a job, or asks the running one to stop.
+    void cmdCopy_Click();
+
+private:
+    /// Where the job goes on after a step.
+    enum class Next {
+        Step,      // the step after it
+        SameTrack, // the track at hand once more, from its count on
+        Cleanup,   // the end of a stopped job
+        Leave      // out, touching nothing: the window is gone
+    };
+
+    // Checks before a job.
+    bool DestinationIsReady();
+    bool OfferToCreate(const QString& folder);
+    bool AcceptFreeSpace(const QString& folder);
+
+    // The job.
+    void Start();
+    void ExchangeLibraries();
+    Next Walk();
+    Next CopyArtist(const ArtistRecord& artist);
+    Next CopyAlbum(const AlbumRecord& album);
+    Next FinishWalk();
+    void DeleteTemporaryFolder();
+    void Cleanup();
+
+    // The steps of one track.
+    Next CopyTrack(const TrackRecord& track);
+    Next CountTrack();
+    Next MakeFolders();
+    Next MakeFolder(const CheckControl& option, const QString& name);
+    void NameFile(const TrackRecord& track);
+    Next PutFile(const TrackRecord& track);
+    Next CopyFile(const TrackRecord& track, const QString& target);
+
+    bool Try(const Event& action, ErrorAnswer& answer);
+    Next Step(const Event& action);
+    Next StopRequest();
+    MessageAnswer Ask(const QString& text, MessageButtons buttons, MessageIcon icon);
+
+    FileSystem& m_files;
+    Messages& m_messages;
+    EventLoop& m_events;
+    WindowManager& m_windowManager;
+    Form1Controls& m_controls;
+    MusicLibrary& m_library;
+    BrowserState& m_state;
+    ArtistList& m_artistList;
+    SelectionSummary& m_summary;
+    Destination& m_destination;
+    OverwritePrompt& m_prompt;
+    ChunkedCopy m_chunkedCopy;
+    Naming m_naming;
+
+    /// The destination folder, with a separator at its end.
+    QString m_destRoot;
+    /// The track at hand: where it comes from and goes to.
+    CopyPlace m_place;
+    QString m_artistFolder;
+    QString m_albumFolder;
+    /// Tracks handled so far.
+    qint16 m_fileIndex = 0;
+    /// Number of ticked tracks.
+    qint32 m_fileTotal = 0;
+};

@@ -1,0 +1,119 @@
+#include "copy/Destination.h"
+
+#include "platform/Paths.h"
+#include "platform/RuntimeError.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+/// No file system takes a longer path, and trying its thousands of parents would take minutes.
+constexpr qsizetype LongestPath = 32767;
+
+bool HoldsForbidden(const QString& text, QChar separator) {
+    const QChar otherSeparator = separator == QLatin1Char('/') ? u'\\' : u'/';
+    const QString doubled(2, separator);
+    return text.contains(otherSeparator) || text.contains(doubled) ||
+           std::any_of(text.begin(), text.end(),
+                       [](QChar c) { return QStringView(u":*?\"<>|").contains(c); });
+}
+
+} // namespace
+
+Destination::Destination(FileSystem& files, Shell& shell, WindowManager& windowManager,
+                         Form1Controls& controls)
+    : m_files(files), m_picker(shell), m_windowManager(windowManager), m_controls(controls) {
+}
+
+bool Destination::ValidatePath(const QString& Path) {
+    if (Path.size() > LongestPath) {
+        return false;
+    }
+    // Every level's parent is the beginning of its path, so that a length tells the level.
+    std::vector<qsizetype> levelsBelow;
+    QString level = Path;
+    for (QString parent = Paths::ParentFolder(level); !m_files.FolderExists(parent);
+         parent = Paths::ParentFolder(level)) {
+        if (parent.isEmpty()) {
+            return false;
+        }
+        levelsBelow.push_back(level.size());
+        level = parent;
+    }
+    try {
+        m_files.CreateFolder(level);
+        ProbeFolder = level;
+        for (auto size = levelsBelow.rbegin(); size != levelsBelow.rend(); ++size) {
+            m_files.CreateFolder(Path.left(*size));
+        }
+        return true;
+    } catch (const RuntimeError& error) {
+        if (error.Number != ErrorNumber::BadFileName) {
+            CreateFailed = true;
+        }
+        return false;
+    }
+}
+
+bool Destination::IsValidPath(const QString& Path) {
+    const QString drive = Paths::DrivePart(Path);
+    if (drive.isEmpty() || !m_files.FolderExists(drive)) {
+        return false;
+    }
+    const QChar separator = Paths::Separator(Path);
+    const QString rest = Path.mid(drive.size());
+    if (HoldsForbidden(rest, separator)) {
+        return false;
+    }
+    bool afterSep = drive.endsWith(separator);
+    for (const QChar c : rest) {
+        if (c == QLatin1Char('.') || c == QLatin1Char(' ')) {
+            continue; // a component of dots and blanks only is none
+        }
+        if (c == separator && afterSep) {
+            return false;
+        }
+        afterSep = c == separator;
+    }
+    if (Path.endsWith(separator)) {
+        return true;
+    }
+    return !Path.endsWith(QLatin1Char('.')) && !afterSep;
+}
+
+void Destination::CreatePath(const QString& Path) {
+    const QChar separator = Paths::Separator(Path);
+    QStringList pieces = Path.split(separator);
+    if (pieces.last().isEmpty()) {
+        pieces.removeLast(); // what stands behind a separator at the end names no folder
+    }
+    QString current;
+    bool creating = false;
+    for (const QString& piece : pieces) {
+        current += piece + separator;
+        creating = creating || !m_files.FolderExists(current);
+        if (creating) {
+            m_files.CreateFolder(current);
+        }
+    }
+}
+
+void Destination::txtDestination_Change() {
+    const QString text = m_controls.txtDestination.Text();
+    const double room = m_controls.txtDestination.Width() - 4 * m_windowManager.TwipsPerPixelX();
+    // The window's font is measured, not the box's: this is meant.
+    const bool isTooWide = m_controls.Form1.TextWidth(text) >= room;
+    m_controls.txtDestination.SetToolTip(isTooWide ? text : QString());
+}
+
+void Destination::cmdBrowse_Click() {
+    const QString folder = m_picker.BrowseDirectorysOnly(
+        m_controls.Form1.Handle(), QStringLiteral("Select a destination folder:"),
+        m_controls.txtDestination.Text());
+    if (!folder.isEmpty()) {
+        m_controls.txtDestination.SetText(folder);
+    }
+}

@@ -1,0 +1,84 @@
+#include "copy/Naming.h"
+
+#include "library/MusicLibrary.h"
+
+namespace {
+
+bool IsForbidden(QChar c) {
+    return QStringView(u"/\\:*?<>|").contains(c);
+}
+
+/// `text` without the characters that file names cannot hold and without blanks and dots at its
+/// end; empty when nothing is left.
+QString Filtered(const QString& text) {
+    QString result;
+    QString pending; // blanks and dots that stay only if other text follows
+    bool seenText = false;
+    for (const QChar c : text) {
+        if (IsForbidden(c)) {
+            continue;
+        }
+        if (c == QLatin1Char(' ')) {
+            if (seenText) {
+                pending += c;
+            }
+            continue;
+        }
+        seenText = true;
+        if (c == QLatin1Char('.')) {
+            pending += c;
+            continue;
+        }
+        result += pending;
+        result += c == QLatin1Char('"') ? QLatin1Char('\'') : c;
+        pending.clear();
+    }
+    return result;
+}
+
+} // namespace
+
+Naming::Naming() {
+    StartOver();
+}
+
+QString Naming::MakeSafeName(const QString& Text, bool IsFile, const QString& Ext) {
+    if (FolderChanged) {
+        StartOver();
+    }
+    QString result = Filtered(Text);
+    if (result.isEmpty()) {
+        result = UnknownName();
+    }
+    if (!IsFile) {
+        return result;
+    }
+    if (FolderChanged) {
+        m_usedNames.clear();
+        m_usedCounts.clear();
+        m_indexOf.clear();
+    }
+    QString name = result + Ext;
+    for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
+         used = m_indexOf.constFind(name)) {
+        result += QStringLiteral(" (") + QString::number(m_usedCounts[*used]) + QLatin1Char(')');
+        ++m_usedCounts[*used];
+        name = result + Ext;
+    }
+    Enter(name);
+    FolderChanged = false;
+    return name;
+}
+
+void Naming::StartOver() {
+    m_usedNames.assign(1, QString());
+    m_usedCounts.assign(1, 0);
+    m_indexOf.clear();
+    m_indexOf.insert(QString(), 0);
+}
+
+void Naming::Enter(const QString& name) {
+    m_indexOf.insert(name, static_cast<qsizetype>(m_usedNames.size()));
+    m_usedNames.push_back(name);
+    m_usedCounts.push_back(2);
+}

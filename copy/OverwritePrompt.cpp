@@ -1,0 +1,27 @@
+#include "copy/OverwritePrompt.h"
+
+frmOverwrite::frmOverwrite(OverwritePrompt& prompt, const OverwriteControls& controls)
+    : m_prompt(prompt), m_controls(controls) {
+    m_controls.cmdOverwrite0.Click = [this] { cmdOverwrite_Click(OverwritePrompt::Replace); };
+    m_controls.cmdOverwrite1.Click = [this] { cmdOverwrite_Click(OverwritePrompt::Skip); };
+    m_controls.cmdOverwrite2.Click = [this] { cmdOverwrite_Click(OverwritePrompt::Cancel); };
+}
+
+void frmOverwrite::Form_Load() {
+    const double margin = m_controls.window.Width() - m_controls.lblMessage.Width();
+    // Closing the window without a button cancels.
+    m_prompt.OverwriteAnswer = OverwritePrompt::Cancel;
+    QString file = m_prompt.OverwriteFile;
+    file.replace(QLatin1Char('&'), QLatin1String("&&"));
+    m_controls.lblMessage.SetCaption(QStringLiteral("File already exists: \"") + file +
+                                     QStringLiteral("\". Replace it?"));
+    m_controls.lblMessage.SizeToCaption();
+    m_controls.window.SetSize(m_controls.lblMessage.Width() + margin, m_controls.window.Height());
+}
+
+void frmOverwrite::cmdOverwrite_Click(int Index) {
+    m_prompt.OverwriteAnswer = static_cast<qint16>(Index);
+    // Cancel is never kept for later files: this is meant.
+    m_prompt.OverwriteAll = m_controls.chkSame.Value() == 1 && Index < OverwritePrompt::Cancel;
+    m_controls.window.Unload();
+}
