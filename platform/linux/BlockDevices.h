@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/linux/MountTable.h"
+
+#include <QString>
+
+/// What the system tells about the block devices under mounts: the kernel in /sys, the device
+/// manager in /dev/disk.
+class BlockDevices {
+public:
+    BlockDevices(const QString& sysFolder, const QString& diskFolder);
+
+    /// The kernel's name of the device under a mount, for example "sdb2"; empty where the mount
+    /// has no block device.
+    QString NameOf(const Mount& mount) const;
+    /// Whether the device says that it is removable, or hangs on USB.
+    bool IsRemovable(const QString& name) const;
+    /// The label of the device's file system; empty where it has none.
+    QString LabelOf(const QString& name) const;
+    /// The identity of the device's file system; empty where it is not known.
+    QString UuidOf(const QString& name) const;
+
+private:
+    QString LinkTo(const QString& name, const QString& folder) const;
+
+    QString m_sysFolder;
+    QString m_diskFolder;
+};

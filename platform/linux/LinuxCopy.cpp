@@ -1,0 +1,228 @@
+#include "platform/linux/LinuxCopy.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/linux/BeneathOpen.h"
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/LinuxErrors.h"
+#include "platform/linux/LinuxFile.h"
+
+#include <cstdio>
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace {
+
+/// The umask takes its bits away. The source's own mode means nothing: on FAT all is executable.
+constexpr mode_t NewFileMode = 0666;
+constexpr size_t KernelStep = size_t{1} << 30;
+constexpr size_t BlockSize = size_t{1} << 20;
+
+bool IsDiskFailure(int error) {
+    return error == ENOSPC || error == EDQUOT || error == EIO;
+}
+
+/// Lets the kernel copy what it can; returns the number of bytes. It may stop early without an
+/// error: between two file systems, or where a file system reports no length.
+off_t CopyInKernel(int source, int target) {
+    off_t copied = 0;
+    while (true) {
+        const ssize_t count = copy_file_range(source, nullptr, target, nullptr, KernelStep, 0);
+        if (count > 0) {
+            copied += count;
+        } else if (count == 0 || errno != EINTR) {
+            if (count < 0 && IsDiskFailure(errno)) {
+                ThrowError(errno);
+            }
+            return copied;
+        }
+    }
+}
+
+void CopyInBlocks(int source, int target) {
+    const std::unique_ptr<char[]> block(new char[BlockSize]);
+    while (const ssize_t count = ReadSome(source, block.get(), BlockSize)) {
+        WriteAll(target, block.get(), static_cast<size_t>(count));
+    }
+}
+
+/// Copies from the start to the end that reading finds.
+void CopyContent(const CopySource& source, int target) {
+    posix_fadvise(source.File, 0, 0, POSIX_FADV_SEQUENTIAL);
+    const off_t copied = CopyInKernel(source.File, target);
+    if (copied == 0 || copied < source.Info.st_size) {
+        CopyInBlocks(source.File, target);
+    }
+    // File systems that write late (over a network) report what went wrong when a descriptor is
+    // closed. Closing a second one tells it while the target can still be given up.
+    FileDescriptor second(fcntl(target, F_DUPFD_CLOEXEC, 0));
+    const int error = second.IsOpen() ? second.Close() : second.Error();
+    if (error != 0) {
+        ThrowError(error);
+    }
+    // A file system that refuses the time (FAT, when another user mounted it) has the bytes at
+    // least.
+    const timespec times[2] = {{0, UTIME_OMIT}, source.Info.st_mtim};
+    futimens(target, times);
+}
+
+bool IsSameFile(const struct stat& file, int folder, const char* name, int flags) {
+    struct stat other {};
+    return fstatat(folder, name, &other, flags) == 0 && file.st_dev == other.st_dev &&
+           file.st_ino == other.st_ino;
+}
+
+/// Locks a part file, so that no other copy that runs right now takes its name away. File systems
+/// without locks are trusted. Throws PermissionDenied where the other copy was first.
+void LockPart(int file, int folder) {
+    struct stat info {};
+    const bool isInUse = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (isInUse || fstat(file, &info) != 0 ||
+        !IsSameFile(info, folder, PartName, AT_SYMLINK_NOFOLLOW)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+}
+
+/// Removes what a killed copy has left.
+void RemoveLeftover(int folder) {
+    const FileDescriptor leftover(
+        openat(folder, PartName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (leftover.IsOpen()) {
+        LockPart(leftover.Get(), folder);
+    }
+    if (unlinkat(folder, PartName, 0) != 0 && errno != ENOENT) {
+        ThrowCreationError(errno);
+    }
+}
+
+/// The part file while it stands in the folder: removed again unless it took the target's place.
+class PartFile {
+public:
+    explicit PartFile(int folder) : m_folder(folder) {}
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+    ~PartFile() {
+        if (m_isThere) {
+            unlinkat(m_folder, PartName, 0);
+        }
+    }
+
+    /// Makes an empty, locked part file.
+    FileDescriptor Create() {
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+        FileDescriptor file(openat(m_folder, PartName, flags, NewFileMode));
+        if (file.Error() == EEXIST) {
+            RemoveLeftover(m_folder);
+            file = FileDescriptor(openat(m_folder, PartName, flags, NewFileMode));
+        }
+        if (!file.IsOpen()) {
+            ThrowCreationError(file.Error());
+        }
+        LockPart(file.Get(), m_folder);
+        m_isThere = true;
+        return file;
+    }
+
+    /// Gives a file without a name the part name; false where the file system does not.
+    bool Link(int file) {
+        flock(file, LOCK_EX | LOCK_NB);
+        m_isThere = LinkNameless(m_folder, file, PartName) == 0;
+        if (!m_isThere && errno == EEXIST) {
+            RemoveLeftover(m_folder);
+            m_isThere = LinkNameless(m_folder, file, PartName) == 0;
+        }
+        return m_isThere;
+    }
+
+    void TakePlaceOf(const QByteArray& name) {
+        if (renameat(m_folder, PartName, m_folder, name.constData()) != 0) {
+            ThrowCreationError(errno);
+        }
+        m_isThere = false;
+    }
+
+    static int LinkNameless(int folder, int file, const char* name) {
+        // The short way is open to root, and to everyone on newer kernels.
+        if (linkat(file, "", folder, name, AT_EMPTY_PATH) == 0) {
+            return 0;
+        }
+        return errno != ENOENT ? -1
+                               : linkat(AT_FDCWD, DescriptorPath(file).constData(), folder, name,
+                                        AT_SYMLINK_FOLLOW);
+    }
+
+private:
+    int m_folder;
+    bool m_isThere = false;
+};
+
+/// Copies into a file that has no name until it is whole, so that not even a killed program leaves
+/// anything behind. False where the file system knows no such files.
+bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Target target) {
+    const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
+    if (!file.IsOpen()) {
+        return false;
+    }
+    CopyContent(source, file.Get());
+    if (target == Target::Missing) {
+        if (PartFile::LinkNameless(folder, file.Get(), name.constData()) == 0) {
+            return true;
+        }
+        if (errno != EEXIST) { // else something came there meanwhile
+            return false;
+        }
+    }
+    PartFile part(folder);
+    if (!part.Link(file.Get())) {
+        return false;
+    }
+    part.TakePlaceOf(name);
+    return true;
+}
+
+} // namespace
+
+void CopyWhole(const CopySource& source, int folder, const QByteArray& name) {
+    const Target target = CheckTarget(folder, name);
+    if (target == Target::Replaceable && IsSameFile(source.Info, folder, name.constData(), 0)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    if (!CopyNameless(source, folder, name, target)) {
+        CopyUnderPartName(source, folder, name);
+    }
+}
+
+void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name) {
+    if (lseek(source.File, 0, SEEK_SET) != 0) {
+        ThrowError(errno);
+    }
+    PartFile part(folder);
+    FileDescriptor file = part.Create();
+    CopyContent(source, file.Get());
+    part.TakePlaceOf(name);
+    if (const int error = file.Close()) {
+        ThrowError(error);
+    }
+}
+
+Target CheckTarget(int folder, const QByteArray& name) {
+    struct stat info {};
+    if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
+        if (errno == ENOENT) {
+            return Target::Missing;
+        }
+        ThrowCreationError(errno);
+    }
+    // A link itself is replaced, but only where what it leads to might be.
+    if (S_ISLNK(info.st_mode) && fstatat(folder, name.constData(), &info, 0) != 0) {
+        return Target::Replaceable;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    if (faccessat(folder, name.constData(), W_OK, AT_EACCESS) != 0) {
+        ThrowCreationError(errno);
+    }
+    return Target::Replaceable;
+}

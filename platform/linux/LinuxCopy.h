@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <sys/stat.h>
+
+/// Copying one file whole, so that its target is seen only when all bytes are there.
+
+/// The name, beside the target, of a copy that is not whole yet or about to take an earlier file's
+/// place. It is short and fixed, so that the longest target name works and the next copy into the
+/// folder removes what a killed one has left.
+inline constexpr char PartName[] = ".songlift.part";
+
+/// A regular file that is open for reading, and what the system told about it.
+struct CopySource {
+    int File;
+    const struct stat& Info;
+};
+
+/// Copies the whole of `source` to `name` in the open folder `folder`, with its
+/// modification time. Throws RuntimeError: PermissionDenied where an earlier target may not be
+/// written or is the source itself, PathFileAccessError where it is no regular file.
+void CopyWhole(const CopySource& source, int folder, const QByteArray& name);
+
+/// What CopyWhole does on file systems that know no files without a name (FAT).
+void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name);
+
+/// What may stand where a file is to be made.
+enum class Target {
+    Missing,
+    /// A regular file that this user may write, or a link to one or to nothing.
+    Replaceable,
+};
+
+/// Looks at `name` in `folder`. Throws RuntimeError where a file cannot be made there: for a folder
+/// and the like PathFileAccessError, for a file that this user may not write PermissionDenied.
+Target CheckTarget(int folder, const QByteArray& name);

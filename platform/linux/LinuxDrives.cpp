@@ -1,0 +1,208 @@
+#include "platform/linux/LinuxDrives.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr char16_t FirstLetter = u'E';
+constexpr char16_t LastLetter = u'Z';
+
+/// Mounts without files of a person, wherever they lie.
+bool IsPseudo(const QByteArray& type) {
+    static const std::array<QByteArray, 24> types = {
+        "autofs",    "binfmt_misc", "bpf",        "cgroup",   "cgroup2", "configfs",
+        "debugfs",   "devpts",      "devtmpfs",   "efivarfs", "fusectl", "fuse.gvfsd-fuse",
+        "hugetlbfs", "fuse.portal", "mqueue",     "nsfs",     "overlay", "proc",
+        "pstore",    "ramfs",       "securityfs", "sysfs",    "tmpfs",   "tracefs"};
+    return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+bool LiesWhereDesktopsMount(const QByteArray& folder) {
+    return folder.startsWith("/media/") || folder.startsWith("/run/media/");
+}
+
+bool IsFolder(const QByteArray& path) {
+    struct stat info {};
+    return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+QChar UpperCase(QChar letter) {
+    return letter >= u'a' && letter <= u'z' ? QChar(letter.unicode() - u'a' + u'A') : letter;
+}
+
+} // namespace
+
+LinuxDrives::LinuxDrives(const LinuxDriveSources& sources)
+    : m_sources(sources), m_devices(sources.SysFolder, sources.DiskFolder),
+      m_tableWatch(open(QFile::encodeName(sources.MountTable).constData(), O_RDONLY | O_CLOEXEC)) {
+}
+
+std::vector<Drive> LinuxDrives::Drives() {
+    Refresh();
+    std::vector<Drive> drives;
+    for (const Volume& volume : m_volumes) {
+        if (volume.IsPresent) {
+            drives.push_back({volume.Letter, volume.Letter + QStringLiteral(":")});
+        }
+    }
+    std::sort(drives.begin(), drives.end(),
+              [](const Drive& a, const Drive& b) { return a.Letter < b.Letter; });
+    return drives;
+}
+
+bool LinuxDrives::IsRemovable(const Drive& drive) {
+    Require(drive.Letter);
+    return true; // no other volume gets a letter
+}
+
+QString LinuxDrives::VolumeName(const Drive& drive) {
+    const Volume& volume = Require(drive.Letter);
+    const QString label = m_devices.LabelOf(volume.DeviceName);
+    if (!label.isEmpty()) {
+        return label;
+    }
+    return QString::fromUtf8(volume.Folder.mid(volume.Folder.lastIndexOf('/') + 1));
+}
+
+FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
+    if (TableHasChanged() || Present(letter) == nullptr) {
+        Refresh();
+    }
+    const Volume* volume = Present(letter);
+    if (volume == nullptr) {
+        return FileDescriptor::Failed(ENOENT);
+    }
+    return FileDescriptor(open(volume->Folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+QByteArray LinuxDrives::MountFolderOf(const QByteArray& path) const {
+    return ::MountFolderOf(ReadMountTable(m_sources.MountTable), path);
+}
+
+/// The file system's identity outlives a new device name after the cable was pulled. It is asked of
+/// the device manager, which may not know it yet or not for a moment: then the device name counts.
+bool LinuxDrives::IsSame(const Volume& one, const Volume& other) {
+    if (one.Folder != other.Folder) {
+        return false;
+    }
+    const bool uuidsAreKnown = !one.Uuid.isEmpty() && !other.Uuid.isEmpty();
+    return uuidsAreKnown ? one.Uuid == other.Uuid : one.Source == other.Source;
+}
+
+std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes() const {
+    std::vector<Volume> volumes;
+    AddMounted(volumes);
+    AddAttached(volumes);
+    return volumes;
+}
+
+void LinuxDrives::AddMounted(std::vector<Volume>& volumes) const {
+    for (const Mount& mount : ReadMountTable(m_sources.MountTable)) {
+        if (IsPseudo(mount.Type)) {
+            continue;
+        }
+        const QString name = m_devices.NameOf(mount);
+        const bool isMountedTwice =
+            !name.isEmpty() &&
+            std::any_of(volumes.begin(), volumes.end(),
+                        [&](const Volume& volume) { return volume.DeviceName == name; });
+        if (!isMountedTwice &&
+            (LiesWhereDesktopsMount(mount.Folder) || m_devices.IsRemovable(name))) {
+            volumes.push_back({mount.Folder, mount.Source, name, m_devices.UuidOf(name), {}, true});
+        }
+    }
+}
+
+void LinuxDrives::AddAttached(std::vector<Volume>& volumes) {
+    const QList<QByteArray> folders = qgetenv("SONGLIFT_DRIVES").split(':');
+    for (QByteArray folder : folders) {
+        while (folder.size() > 1 && folder.endsWith('/')) {
+            folder.chop(1);
+        }
+        const bool isListed =
+            std::any_of(volumes.begin(), volumes.end(),
+                        [&](const Volume& volume) { return volume.Folder == folder; });
+        if (!folder.isEmpty() && !isListed && IsFolder(folder)) {
+            volumes.push_back({folder, {}, {}, {}, {}, true});
+        }
+    }
+}
+
+void LinuxDrives::Refresh() {
+    // Where two known volumes fit, the one that was there a moment ago stays.
+    std::stable_partition(m_volumes.begin(), m_volumes.end(),
+                          [](const Volume& volume) { return volume.IsPresent; });
+    for (Volume& volume : m_volumes) {
+        volume.IsPresent = false;
+    }
+    std::vector<Volume> fresh;
+    for (const Volume& found : FindVolumes()) {
+        const auto known =
+            std::find_if(m_volumes.begin(), m_volumes.end(),
+                         [&](const Volume& volume) { return IsSame(volume, found); });
+        if (known == m_volumes.end()) {
+            fresh.push_back(found);
+            continue;
+        }
+        const QChar letter = known->Letter;
+        const QString uuid = found.Uuid.isEmpty() ? known->Uuid : found.Uuid;
+        *known = found;
+        known->Letter = letter;
+        known->Uuid = uuid;
+    }
+    for (Volume& volume : fresh) {
+        volume.Letter = TakeLetter();
+        if (!volume.Letter.isNull()) {
+            m_volumes.push_back(volume);
+        }
+    }
+}
+
+QChar LinuxDrives::TakeLetter() {
+    for (char16_t letter = FirstLetter; letter <= LastLetter; ++letter) {
+        const bool isTaken = std::any_of(m_volumes.begin(), m_volumes.end(),
+                                         [&](const Volume& v) { return v.Letter == letter; });
+        if (!isTaken) {
+            return letter;
+        }
+    }
+    const auto gone = std::find_if(m_volumes.begin(), m_volumes.end(),
+                                   [](const Volume& volume) { return !volume.IsPresent; });
+    if (gone == m_volumes.end()) {
+        return {};
+    }
+    const QChar letter = gone->Letter;
+    m_volumes.erase(gone);
+    return letter;
+}
+
+const LinuxDrives::Volume* LinuxDrives::Present(QChar letter) const {
+    const QChar wanted = UpperCase(letter);
+    const auto volume = std::find_if(m_volumes.begin(), m_volumes.end(), [&](const Volume& v) {
+        return v.IsPresent && v.Letter == wanted;
+    });
+    return volume == m_volumes.end() ? nullptr : &*volume;
+}
+
+const LinuxDrives::Volume& LinuxDrives::Require(QChar letter) const {
+    const Volume* volume = Present(letter);
+    if (volume == nullptr) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    return *volume;
+}
+
+/// The kernel wakes whoever polls its table when something was mounted or unmounted. Reading the
+/// table at each of a job's thousands of paths would cost more than the opening itself.
+bool LinuxDrives::TableHasChanged() {
+    pollfd watch{m_tableWatch.Get(), POLLPRI, 0};
+    return m_tableWatch.IsOpen() && poll(&watch, 1, 0) > 0;
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Drives.h"
+#include "platform/linux/BlockDevices.h"
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/MountTable.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+/// Where the system tells about mounts and block devices.
+struct LinuxDriveSources {
+    QString MountTable = QStringLiteral("/proc/self/mountinfo");
+    QString SysFolder = QStringLiteral("/sys");
+    QString DiskFolder = QStringLiteral("/dev/disk");
+};
+
+/// The removable volumes that are mounted, then the folders that the environment variable
+/// SONGLIFT_DRIVES attaches, under the letters "E" to "Z". The computer's own disks get no letter:
+/// their files have native paths, and an iPod's letter should not depend on how they are divided.
+/// A volume keeps its letter while it stays mounted, and finds it again when it comes back; another
+/// one gets it only when no fresh letter is left, so that an iPod that is exchanged for another
+/// between two looks is not taken for the first. Volumes past "Z" are not listed.
+class LinuxDrives : public DriveService {
+public:
+    explicit LinuxDrives(const LinuxDriveSources& sources = LinuxDriveSources());
+
+    /// In the order of their letters.
+    std::vector<Drive> Drives() override;
+    /// Throws DeviceUnavailable for a drive that is gone.
+    bool IsRemovable(const Drive& drive) override;
+    /// The file system's label, else the mount folder's name. Throws DeviceUnavailable for a drive
+    /// that is gone.
+    QString VolumeName(const Drive& drive) override;
+
+    /// Opens the folder where a drive is mounted (O_PATH); not open with ENOENT where no drive has
+    /// the letter. To be closed soon, since an open folder keeps its volume from being unmounted.
+    FileDescriptor OpenRoot(QChar letter);
+    /// The folder of the mount that holds `path` (absolute, without links).
+    QByteArray MountFolderOf(const QByteArray& path) const;
+
+private:
+    struct Volume {
+        QByteArray Folder;
+        /// Empty for an attached folder.
+        QByteArray Source;
+        QString DeviceName;
+        QString Uuid;
+        /// Null until it has one.
+        QChar Letter;
+        bool IsPresent = false;
+    };
+
+    static bool IsSame(const Volume& one, const Volume& other);
+    std::vector<Volume> FindVolumes() const;
+    void AddMounted(std::vector<Volume>& volumes) const;
+    static void AddAttached(std::vector<Volume>& volumes);
+    void Refresh();
+    QChar TakeLetter();
+    const Volume* Present(QChar letter) const;
+    const Volume& Require(QChar letter) const;
+    bool TableHasChanged();
+
+    LinuxDriveSources m_sources;
+    BlockDevices m_devices;
+    FileDescriptor m_tableWatch;
+    /// Every volume that has a letter, also those that are gone.
+    std::vector<Volume> m_volumes;
+};

@@ -1,0 +1,57 @@
+#include "platform/linux/LinuxErrors.h"
+
+#include "platform/RuntimeError.h"
+
+#include <cerrno>
+
+int ErrorNumberOf(int error) {
+    switch (error) {
+    case ENOENT:
+        return ErrorNumber::FileNotFound;
+    case ENOTDIR:
+        return ErrorNumber::PathNotFound;
+    case ENOSPC:
+    case EDQUOT:
+        return ErrorNumber::DiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ErrorNumber::PermissionDenied;
+    case EIO:
+        return ErrorNumber::DeviceIOError;
+    case ENODEV:
+    case ENXIO:
+    case ESTALE:
+        return ErrorNumber::DeviceUnavailable;
+    default:
+        return ErrorNumber::PathFileAccessError;
+    }
+}
+
+void ThrowError(int error) {
+    throw RuntimeError(ErrorNumberOf(error));
+}
+
+void ThrowCreationError(int error) {
+    if (error == ENAMETOOLONG || error == EINVAL || error == EILSEQ) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    if (IsMissing(error)) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    ThrowError(error);
+}
+
+bool IsMissing(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case EILSEQ:
+    case ELOOP:
+    case EXDEV:
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+/// From the system's error codes (errno values) to the numbers that the program decides by.
+
+/// The number of a failure. ENOENT counts as a missing file; where it may mean a missing folder,
+/// the caller decides.
+int ErrorNumberOf(int error);
+
+/// Throws the RuntimeError of a failure.
+[[noreturn]] void ThrowError(int error);
+
+/// Throws the RuntimeError of a failure to make or replace something in a folder: what is missing
+/// then is the folder, and a name that the file system refuses is a permission it does not give.
+[[noreturn]] void ThrowCreationError(int error);
+
+/// Whether a failure to open says that the path leads to nothing. A name too long for the file
+/// system, links in a circle and links that lead out of a drive count: no file answers to them.
+bool IsMissing(int error);

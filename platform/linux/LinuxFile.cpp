@@ -1,0 +1,60 @@
+#include "platform/linux/LinuxFile.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/linux/LinuxErrors.h"
+
+#include <unistd.h>
+
+ssize_t ReadSome(int file, char* buffer, size_t size) {
+    while (true) {
+        const ssize_t count = read(file, buffer, size);
+        if (count >= 0) {
+            return count;
+        }
+        if (errno != EINTR) {
+            ThrowError(errno);
+        }
+    }
+}
+
+void WriteAll(int file, const char* buffer, size_t size) {
+    while (size > 0) {
+        const ssize_t count = write(file, buffer, size);
+        if (count < 0 && errno != EINTR) {
+            ThrowError(errno);
+        }
+        if (count > 0) {
+            buffer += count;
+            size -= static_cast<size_t>(count);
+        }
+    }
+}
+
+void LinuxFile::Read(char* buffer, qint64 size) {
+    while (size > 0) {
+        const ssize_t count = ReadSome(m_file.Get(), buffer, static_cast<size_t>(size));
+        if (count == 0) {
+            throw RuntimeError(ErrorNumber::DeviceIOError);
+        }
+        buffer += count;
+        size -= count;
+    }
+}
+
+void LinuxFile::Write(const char* buffer, qint64 size) {
+    if (size > 0) {
+        WriteAll(m_file.Get(), buffer, static_cast<size_t>(size));
+    }
+}
+
+void LinuxFile::Truncate(qint64 size) {
+    if (ftruncate(m_file.Get(), size) != 0) {
+        ThrowError(errno);
+    }
+}
+
+void LinuxFile::Close() {
+    if (const int error = m_file.Close()) {
+        ThrowError(error);
+    }
+}

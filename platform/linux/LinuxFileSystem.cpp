@@ -1,0 +1,261 @@
+#include "platform/linux/LinuxFileSystem.h"
+
+#include "platform/Paths.h"
+#include "platform/RuntimeError.h"
+#include "platform/linux/BeneathOpen.h"
+#include "platform/linux/LinuxCopy.h"
+#include "platform/linux/LinuxDelete.h"
+#include "platform/linux/LinuxErrors.h"
+#include "platform/linux/LinuxFile.h"
+#include "platform/linux/LinuxNames.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <algorithm>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace {
+
+constexpr mode_t NewFileMode = 0666;
+constexpr mode_t NewFolderMode = 0777;
+
+QString WithoutEndingSeparators(const QString& path) {
+    QString trimmed = path;
+    while (trimmed.endsWith(Paths::Separator(path))) {
+        trimmed.chop(1);
+    }
+    return trimmed;
+}
+
+/// Names that the drives people carry away cannot hold are refused on every drive.
+void CheckFolderName(const QString& path) {
+    const QString trimmed = WithoutEndingSeparators(path);
+    const bool isDrive = Paths::IsDriveForm(trimmed) && trimmed.size() == 2;
+    const QString name = isDrive ? QString() : Paths::FileName(trimmed);
+    const bool isRefused = std::any_of(
+        name.begin(), name.end(), [](QChar c) { return QStringView(u":*?\"<>|").contains(c); });
+    if (isRefused || !EncodeName(name)) {
+        throw RuntimeError(ErrorNumber::BadFileName);
+    }
+}
+
+void RequireRegular(const FileDescriptor& file, struct stat& info) {
+    if (fstat(file.Get(), &info) != 0) {
+        ThrowError(errno);
+    }
+    if (!S_ISREG(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+}
+
+} // namespace
+
+bool LinuxFileSystem::FileExists(const QString& path) {
+    const FileDescriptor file = m_paths.Open(path, O_PATH);
+    struct stat info {};
+    return file.IsOpen() && fstat(file.Get(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+bool LinuxFileSystem::FolderExists(const QString& path) {
+    return m_paths.Open(path, O_PATH | O_DIRECTORY).IsOpen();
+}
+
+void LinuxFileSystem::CreateFolder(const QString& path) {
+    CheckFolderName(path);
+    const FolderEntry entry = m_paths.EntryOf(path);
+    int error = entry.Folder.Error();
+    if (error == 0 && mkdirat(entry.Folder.Get(), entry.Name.constData(), NewFolderMode) != 0) {
+        error = errno;
+    }
+    if ((error == EEXIST || error == EISDIR) && FolderExists(path)) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    if (error != 0) {
+        ThrowCreationError(error);
+    }
+}
+
+void LinuxFileSystem::CreateFolderChain(const QString& path) {
+    QStringList missing;
+    for (QString folder = path; !FolderExists(folder); folder = Paths::ParentFolder(folder)) {
+        if (folder.isEmpty()) {
+            throw RuntimeError(ErrorNumber::PathNotFound);
+        }
+        CheckFolderName(folder); // before anything is made
+        missing.prepend(folder);
+    }
+    for (const QString& folder : missing) {
+        if (!FolderExists(folder)) { // "x/.." exists by now
+            CreateFolder(folder);
+        }
+    }
+}
+
+void LinuxFileSystem::DeleteFolder(const QString& path) {
+    const FolderEntry entry = m_paths.EntryOf(path);
+    if (entry.Folder.Error() == EISDIR) {
+        return; // a root, which is a mount point
+    }
+    const bool isFolder = FolderExists(path);
+    if (!isFolder || !entry.Folder.IsOpen()) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    DeleteTree(entry.Folder.Get(), entry.Name);
+}
+
+void LinuxFileSystem::CopyFile(const QString& source, const QString& target) {
+    struct stat info {};
+    const FileDescriptor file = OpenRegular(source, info);
+    const FolderEntry entry = RequireEntry(target);
+    CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name);
+}
+
+void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
+    const FolderEntry from = m_paths.EntryOf(source);
+    struct stat info {};
+    if (!from.Folder.IsOpen()) {
+        ThrowOpeningError(source, from.Folder.Error());
+    }
+    if (fstatat(from.Folder.Get(), from.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
+        ThrowOpeningError(source, errno);
+    }
+    if (!S_ISREG(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    const FolderEntry to = RequireEntry(target);
+    CheckTarget(to.Folder.Get(), to.Name);
+    if (renameat(from.Folder.Get(), from.Name.constData(), to.Folder.Get(), to.Name.constData()) ==
+        0) {
+        return;
+    }
+    if (errno != EXDEV) {
+        ThrowCreationError(errno);
+    }
+    const FileDescriptor file = OpenRegular(source, info);
+    CopyWhole({file.Get(), info}, to.Folder.Get(), to.Name);
+    if (unlinkat(from.Folder.Get(), from.Name.constData(), 0) != 0) {
+        ThrowError(errno);
+    }
+}
+
+qint64 LinuxFileSystem::FileLength(const QString& path) {
+    const FileDescriptor file = m_paths.Open(path, O_PATH);
+    if (!file.IsOpen()) {
+        ThrowOpeningError(path, file.Error());
+    }
+    struct stat info {};
+    RequireRegular(file, info);
+    return info.st_size;
+}
+
+std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReading(const QString& path) {
+    struct stat info {};
+    return std::make_unique<LinuxFile>(OpenRegular(path, info));
+}
+
+std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReadingAndWriting(const QString& path) {
+    const FolderEntry entry = RequireEntry(path);
+    // A link that someone has planted under the name must not lead the bytes elsewhere.
+    FileDescriptor file(openat(entry.Folder.Get(), entry.Name.constData(),
+                               O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                               NewFileMode));
+    if (file.Error() == ELOOP) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    if (!file.IsOpen()) {
+        ThrowCreationError(file.Error());
+    }
+    struct stat info {};
+    RequireRegular(file, info);
+    if (info.st_nlink > 1) { // nor must a second name of some other file
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    return std::make_unique<LinuxFile>(std::move(file));
+}
+
+void LinuxFileSystem::CopyModificationTime(const QString& source, const QString& target) {
+    const FileDescriptor from = m_paths.Open(source, O_PATH);
+    const FolderEntry to = m_paths.EntryOf(target);
+    struct stat info {};
+    if (from.IsOpen() && to.Folder.IsOpen() && fstat(from.Get(), &info) == 0) {
+        const timespec times[2] = {{0, UTIME_OMIT}, info.st_mtim};
+        utimensat(to.Folder.Get(), to.Name.constData(), times, AT_SYMLINK_NOFOLLOW);
+    }
+}
+
+QString LinuxFileSystem::DriveOf(const QString& path) {
+    if (Paths::IsDriveForm(path)) {
+        return path.left(2);
+    }
+    const FileDescriptor folder = OpenNearestFolder(path);
+    if (!folder.IsOpen()) {
+        return Paths::DrivePart(path);
+    }
+    return QFile::decodeName(m_drives.MountFolderOf(PathOfOpen(folder.Get())));
+}
+
+double LinuxFileSystem::FreeBytes(const QString& path) {
+    const FileDescriptor folder = OpenNearestFolder(path);
+    if (!folder.IsOpen()) {
+        throw RuntimeError(Paths::IsDriveForm(path) ? ErrorNumber::DeviceUnavailable
+                                                    : ErrorNumber::PathNotFound);
+    }
+    struct statvfs info {};
+    if (fstatvfs(folder.Get(), &info) != 0) {
+        ThrowError(errno);
+    }
+    return static_cast<double>(info.f_bavail) * static_cast<double>(info.f_frsize);
+}
+
+QString LinuxFileSystem::NativePath(const QString& path) {
+    if (path.startsWith(QLatin1Char('/'))) {
+        return path;
+    }
+    const FileDescriptor place = m_paths.Open(path, O_PATH);
+    if (!place.IsOpen()) {
+        ThrowOpeningError(path, place.Error());
+    }
+    return QFile::decodeName(PathOfOpen(place.Get()));
+}
+
+/// Opens a regular file for reading.
+FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& info) {
+    FileDescriptor file = m_paths.OpenForReading(path);
+    if (!file.IsOpen()) {
+        ThrowOpeningError(path, file.Error());
+    }
+    RequireRegular(file, info);
+    return file;
+}
+
+/// The folder at `path`, or the nearest one above it that exists.
+FileDescriptor LinuxFileSystem::OpenNearestFolder(const QString& path) {
+    FileDescriptor folder = m_paths.Open(path, O_PATH | O_DIRECTORY);
+    for (QString above = Paths::ParentFolder(path); !folder.IsOpen() && !above.isEmpty();
+         above = Paths::ParentFolder(above)) {
+        folder = m_paths.Open(above, O_PATH | O_DIRECTORY);
+    }
+    return folder;
+}
+
+/// The place for something to be made or replaced.
+FolderEntry LinuxFileSystem::RequireEntry(const QString& path) {
+    FolderEntry entry = m_paths.EntryOf(path);
+    if (!entry.Folder.IsOpen()) {
+        ThrowCreationError(entry.Folder.Error());
+    }
+    return entry;
+}
+
+/// Throws what reading a file raises: a file is missing in a folder that exists, or its folder is.
+void LinuxFileSystem::ThrowOpeningError(const QString& path, int error) {
+    if (!IsMissing(error)) {
+        ThrowError(error);
+    }
+    throw RuntimeError(FolderExists(Paths::ParentFolder(path)) ? ErrorNumber::FileNotFound
+                                                               : ErrorNumber::PathNotFound);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/linux/LinuxDrives.h"
+#include "platform/linux/LinuxPaths.h"
+
+/// The files of the system, by paths in native form or on the drives of a LinuxDrives.
+class LinuxFileSystem : public FileSystem {
+public:
+    explicit LinuxFileSystem(LinuxDrives& drives) : m_drives(drives), m_paths(drives) {}
+
+    /// Whether there is a regular file, perhaps by way of links.
+    bool FileExists(const QString& path) override;
+    bool FolderExists(const QString& path) override;
+
+    void CreateFolder(const QString& path) override;
+    void CreateFolderChain(const QString& path) override;
+    void DeleteFolder(const QString& path) override;
+
+    void CopyFile(const QString& source, const QString& target) override;
+    void MoveFile(const QString& source, const QString& target) override;
+
+    qint64 FileLength(const QString& path) override;
+    std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
+    std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
+    void CopyModificationTime(const QString& source, const QString& target) override;
+
+    QString DriveOf(const QString& path) override;
+    double FreeBytes(const QString& path) override;
+
+    QString NativePath(const QString& path) override;
+
+private:
+    FileDescriptor OpenRegular(const QString& path, struct stat& info);
+    FileDescriptor OpenNearestFolder(const QString& path);
+    FolderEntry RequireEntry(const QString& path);
+    [[noreturn]] void ThrowOpeningError(const QString& path, int error);
+
+    LinuxDrives& m_drives;
+    LinuxPaths m_paths;
+};

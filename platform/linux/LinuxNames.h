@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// The text as the system's bytes (UTF-8). Nothing for a text that they cannot hold exactly: one
+/// with half a surrogate pair or a NUL. Writing such a name some other way would let two titles
+/// meet in one file.
+std::optional<QByteArray> EncodeName(const QString& text);
+
+/// The name in the open folder that equals `wanted` but for case and for how accents are composed
+/// (HFS+ stores them decomposed); the first in byte order where several do, empty where none does.
+QByteArray FindNameIgnoringCase(int folder, const QByteArray& wanted);

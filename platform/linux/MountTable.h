@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+/// A line of the kernel's table of mounts.
+struct Mount {
+    /// The device's numbers, for example "8:18"; the first is 0 where there is no block device.
+    QByteArray Device;
+    QByteArray Folder;
+    /// For example "vfat".
+    QByteArray Type;
+    /// For example "/dev/sdb2".
+    QByteArray Source;
+};
+
+/// The mounts in mount order, without those that a later one at the same folder hides. Lines that
+/// make no sense are passed over; a table that cannot be read is empty.
+std::vector<Mount> ReadMountTable(const QString& file);
+
+/// The folder of the mount that holds `path` (absolute, without links); "/" where none is known.
+QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path);
