@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/qt/QtControl.h"
+
+#include <QPushButton>
+
+class QtButtonControl : public QtControl<ButtonControl, QPushButton> {
+public:
+    QtButtonControl(QWidget* parent, const QString& name, const QString& caption = {});
+
+    QString Caption() const override { return Widget()->text(); }
+    void SetCaption(const QString& caption) override { Widget()->setText(caption); }
+    bool Default() const override { return Widget()->isDefault(); }
+    /// There is one default button in a window: the last one set.
+    void SetDefault(bool isDefault) override;
+};

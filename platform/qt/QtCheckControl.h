@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/qt/QtControl.h"
+
+#include <QCheckBox>
+
+class QtCheckControl : public QtControl<CheckControl, QCheckBox> {
+public:
+    QtCheckControl(QWidget* parent, const QString& name, const QString& caption);
+
+    QString Caption() const override { return Widget()->text(); }
+    int Value() const override { return Widget()->isChecked() ? 1 : 0; }
+    void SetValue(int value) override { Widget()->setChecked(value != 0); }
+};

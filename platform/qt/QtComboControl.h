@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/qt/QtControl.h"
+
+#include <QComboBox>
+
+class QtComboControl : public QtControl<ComboControl, QComboBox> {
+public:
+    QtComboControl(QWidget* parent, const QString& name);
+
+    int ListCount() const override { return Widget()->count(); }
+    QString List(int index) const override;
+    void Clear() override { Widget()->clear(); }
+    void AddItem(const QString& text) override;
+    QString Text() const override { return Widget()->currentText(); }
+    void SetText(const QString& text) override;
+};

@@ -1,0 +1,47 @@
+#include "platform/qt/QtLabelControl.h"
+
+#include "platform/qt/ShownText.h"
+
+#include <QMouseEvent>
+
+namespace {
+
+class ClickLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    Event Clicked;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        event->setAccepted(event->button() == Qt::LeftButton);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+            Raise(Clicked);
+        }
+    }
+};
+
+} // namespace
+
+QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QString& caption)
+    : QtControl(new ClickLabel(parent), name) {
+    static_cast<ClickLabel*>(Widget())->Clicked = [this] { Raise(Click); };
+    Widget()->setTextFormat(Qt::PlainText);
+    SetCaption(caption);
+    SizeToCaption();
+    SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
+}
+
+void QtLabelControl::SetCaption(const QString& caption) {
+    if (caption != m_caption) {
+        m_caption = caption;
+        // No label here leads to a neighbour, so there is no access key to show.
+        Widget()->setText(ShownText::OneLine(ShownText::WithoutAccessKeys(caption)));
+    }
+}
+
+void QtLabelControl::SizeToCaption() {
+    SetWidth(Widget()->sizeHint().width() * Twips::PerPixelX());
+}

@@ -1,0 +1,49 @@
+#include "platform/qt/QtListDelegate.h"
+
+#include "platform/qt/ShownText.h"
+
+#include <QStyle>
+
+QStyleOptionViewItem QtListDelegate::Option(const QListView& view, const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.rect = view.visualRect(index);
+    option.widget = &view;
+    option.decorationSize = view.iconSize();
+    initStyleOption(&option, index);
+    return option;
+}
+
+QRect QtListDelegate::CheckArea(const QListView& view, const QModelIndex& index) const {
+    const QStyleOptionViewItem option = Option(view, index);
+    const QRect box =
+        view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view);
+    QRect area = option.rect;
+    if (box.center().x() < area.center().x()) {
+        area.setRight(box.right());
+    } else {
+        area.setLeft(box.left());
+    }
+    return area;
+}
+
+bool QtListDelegate::IsElided(const QListView& view, const QModelIndex& index) const {
+    const QStyleOptionViewItem option = Option(view, index);
+    const QRect text = view.style()->subElementRect(QStyle::SE_ItemViewItemText, &option, &view);
+    const int margin = view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, &view) + 1;
+    return option.fontMetrics.horizontalAdvance(option.text) > text.width() - 2 * margin;
+}
+
+QString QtListDelegate::displayText(const QVariant& value, const QLocale& locale) const {
+    Q_UNUSED(locale)
+    constexpr char16_t rightToLeftIsolate = 0x2067;
+    const QString text = ShownText::OneLine(value.toString());
+    // A name that reads from right to left takes that order for its punctuation and its "..." too,
+    // while it stands at the left like all others.
+    return text.isRightToLeft() ? QChar(rightToLeftIsolate) + text : text;
+}
+
+QSize QtListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    // Rows are as wide as the list, whatever stands in them.
+    return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+}

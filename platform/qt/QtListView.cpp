@@ -1,0 +1,212 @@
+#include "platform/qt/QtListView.h"
+
+#include "platform/qt/MouseInput.h"
+#include "platform/qt/ShownText.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QToolTip>
+
+namespace {
+
+void SendCheckChanged(QtListView* list, int row) {
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(list, changed);
+    event.setChild(row);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace
+
+QtListView::QtListView(QWidget* parent)
+    : QListView(parent), IsHeard(QAccessible::isActive),
+      AnnounceTick([this](int row) { SendCheckChanged(this, row); }) {
+    setItemDelegate(&m_delegate);
+    setUniformItemSizes(true);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setDragEnabled(false);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
+    setMouseTracking(true);
+    ListenToScrollBar();
+}
+
+void QtListView::ListenToScrollBar() {
+    QScrollBar* bar = verticalScrollBar();
+    // Only the user triggers actions; setValue from code does not. The value follows the action.
+    connect(bar, &QScrollBar::actionTriggered, this,
+            [this, bar] { m_userScrolls = bar->sliderPosition() != bar->value(); });
+    connect(bar, &QScrollBar::valueChanged, this, [this] {
+        if (m_userScrolls && Scrolled) {
+            m_userScrolls = false;
+            Scrolled();
+        }
+    });
+}
+
+void QtListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                             const QList<int>& roles) {
+    Q_UNUSED(roles)
+    // The list view would lay all rows out anew and paint them all.
+    viewport()->update(visualRect(topLeft).united(visualRect(bottomRight)));
+}
+
+void QtListView::MakeCurrent(int row, bool scrollToIt) {
+    if (row == CurrentRow()) {
+        return;
+    }
+    setAutoScroll(scrollToIt);
+    MoveTo(model()->index(row, 0));
+    setAutoScroll(true);
+}
+
+void QtListView::MoveTo(const QModelIndex& index) {
+    const QScopedValueRollback guard(m_changing, true);
+    if (index.isValid()) {
+        setCurrentIndex(index);
+        selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
+    } else {
+        selectionModel()->clear();
+    }
+}
+
+void QtListView::selectionChanged(const QItemSelection& selected,
+                                  const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
+    if (m_changing) {
+        return;
+    }
+    // A screen reader selects or deselects a row without making it current.
+    const int before = CurrentRow();
+    const bool mayMove = isEnabled() && updatesEnabled() && !selected.isEmpty();
+    MoveTo(mayMove ? selected.indexes().constFirst() : currentIndex());
+    if (CurrentRow() != before) {
+        CurrentRowMoved();
+    }
+}
+
+std::pair<int, int> QtListView::RowsInView() const {
+    const int count = model()->rowCount();
+    const QModelIndex first = indexAt(QPoint(0, 0));
+    if (!first.isValid()) {
+        return {0, -1};
+    }
+    const QModelIndex last = indexAt(QPoint(0, viewport()->height() - 1));
+    return {first.row(), last.isValid() ? last.row() : count - 1};
+}
+
+QPointF QtListView::FromCorner(const QMouseEvent& event) const {
+    return event.position() + viewport()->pos();
+}
+
+bool QtListView::IsOnCheckBox(int row, const QMouseEvent& event) const {
+    const QModelIndex index = model()->index(row, 0);
+    return m_delegate.CheckArea(*this, index).contains(event.position().toPoint());
+}
+
+void QtListView::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    ForgetPress();
+    const QPoint position = event->position().toPoint();
+    if (event->button() == Qt::RightButton) {
+        MenuPressed(indexAt(position).row(), MouseInput::OfButton(*event, FromCorner(*event)));
+        return;
+    }
+    OtherButtonPressed(MouseInput::OfButton(*event, FromCorner(*event)));
+    const QModelIndex index = indexAt(position);
+    if (event->button() != Qt::LeftButton || !index.isValid()) {
+        return;
+    }
+    const bool onCheckBox = IsOnCheckBox(index.row(), *event);
+    m_pressedCheckBox = onCheckBox ? index.row() : -1;
+    RowPressed(index.row(), onCheckBox);
+}
+
+void QtListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Two quick ticks are two ticks.
+    mousePressEvent(event);
+}
+
+void QtListView::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const int pressed = std::exchange(m_pressedCheckBox, -1);
+    if (event->button() == Qt::LeftButton && index.isValid() && index.row() == pressed &&
+        IsOnCheckBox(pressed, *event)) {
+        RowToggled(pressed);
+    }
+}
+
+void QtListView::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+    MouseMoved(MouseInput::OfMove(*event, FromCorner(*event)));
+}
+
+void QtListView::keyPressEvent(QKeyEvent* event) {
+    if (HidesFrom(*event)) {
+        return;
+    }
+    if (event->key() == Qt::Key_Space) {
+        event->accept();
+        if (CurrentRow() >= 0 && !event->isAutoRepeat()) {
+            RowToggled(CurrentRow());
+        }
+        return;
+    }
+    const int before = CurrentRow();
+    {
+        // Who is told may fill the list anew, which the item view must not meet half-way.
+        const QScopedValueRollback guard(m_changing, true);
+        QListView::keyPressEvent(event);
+    }
+    if (CurrentRow() != before) {
+        CurrentRowMoved();
+    }
+}
+
+void QtListView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard && CurrentRow() >= 0) {
+        const QPointF middle = visualRect(currentIndex()).center() + viewport()->pos();
+        MenuPressed(CurrentRow(), MouseInput::OfMenuKey(middle));
+    }
+}
+
+void QtListView::focusInEvent(QFocusEvent* event) {
+    // The item view would make the first row current where none is.
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+bool QtListView::HidesFrom(const QEvent& event) const {
+    return !updatesEnabled() && event.isInputEvent();
+}
+
+bool QtListView::viewportEvent(QEvent* event) {
+    if (HidesFrom(*event)) {
+        return true;
+    }
+    if (event->type() != QEvent::ToolTip) {
+        return QListView::viewportEvent(event);
+    }
+    const QHelpEvent* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const bool elided = index.isValid() && m_delegate.IsElided(*this, index);
+    const QString text = elided ? index.data().toString() : toolTip();
+    QToolTip::showText(help->globalPos(), ShownText::ToolTip(text), viewport(),
+                       elided ? visualRect(index) : QRect());
+    return true;
+}
+
+QItemSelectionModel::SelectionFlags QtListView::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
+    Q_UNUSED(event)
+    // What is current is what is selected, whatever keys are held.
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}

@@ -1,0 +1,103 @@
+#include "platform/qt/QtMessages.h"
+
+#include "platform/qt/ShownText.h"
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+
+#include <vector>
+
+namespace {
+
+struct Button {
+    MessageAnswer Answer;
+    QMessageBox::StandardButton Standard;
+    const char* Caption;
+};
+
+constexpr Button OK = {MessageAnswer::OK, QMessageBox::Ok, "&OK"};
+constexpr Button Cancel = {MessageAnswer::Cancel, QMessageBox::Cancel, "&Cancel"};
+constexpr Button Yes = {MessageAnswer::Yes, QMessageBox::Yes, "&Yes"};
+constexpr Button No = {MessageAnswer::No, QMessageBox::No, "&No"};
+constexpr Button Abort = {MessageAnswer::Abort, QMessageBox::Abort, "&Abort"};
+constexpr Button Retry = {MessageAnswer::Retry, QMessageBox::Retry, "&Retry"};
+constexpr Button Ignore = {MessageAnswer::Ignore, QMessageBox::Ignore, "&Ignore"};
+
+/// The buttons of a set: first the one that Enter presses, last the one that closing the box
+/// stands for, which is the most careful one.
+std::vector<Button> ButtonsOf(MessageButtons set) {
+    switch (set) {
+    case MessageButtons::OKCancel:
+        return {OK, Cancel};
+    case MessageButtons::YesNo:
+        return {Yes, No};
+    case MessageButtons::RetryCancel:
+        return {Retry, Cancel};
+    case MessageButtons::AbortRetryIgnore:
+        return {Retry, Ignore, Abort};
+    case MessageButtons::OK:
+        break;
+    }
+    return {OK};
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Critical:
+        break;
+    }
+    return QMessageBox::Critical;
+}
+
+/// Gives a long text the width to be read, and screen readers the text without the places where a
+/// line may be broken.
+void FitText(QMessageBox& box, QString text) {
+    constexpr qsizetype longText = 500;
+    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (QLabel* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        label->setAccessibleName(text);
+        if (text.size() > longText) {
+            label->setMinimumWidth(box.screen()->availableSize().width() / 2);
+        }
+    }
+}
+
+} // namespace
+
+MessageAnswer QtMessages::Show(const QString& text, const QString& title, MessageButtons buttons,
+                               MessageIcon icon) {
+    // The desktop hides what belongs to a minimised window together with it.
+    QWidget* owner = m_owner;
+    const bool ownerIsSeen = owner != nullptr && owner->isVisible() && !owner->isMinimized();
+    QMessageBox box(ownerIsSeen ? owner : nullptr);
+    box.setObjectName(QStringLiteral("Message"));
+    box.setWindowTitle(title);
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ShownText::Message(text));
+    box.setIcon(IconOf(icon));
+    FitText(box, text);
+
+    const std::vector<Button> set = ButtonsOf(buttons);
+    for (const Button& button : set) {
+        box.addButton(button.Standard)->setText(QString::fromLatin1(button.Caption));
+    }
+    box.setDefaultButton(set.front().Standard);
+    box.setEscapeButton(set.back().Standard);
+
+    const int pressed = box.exec();
+    for (const Button& button : set) {
+        if (button.Standard == pressed) {
+            return button.Answer;
+        }
+    }
+    return set.back().Answer;
+}

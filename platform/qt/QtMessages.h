@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Messages.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QtMessages : public Messages {
+public:
+    /// The boxes stand over `owner`.
+    explicit QtMessages(QWidget* owner) : m_owner(owner) {}
+
+    MessageAnswer Show(const QString& text, const QString& title, MessageButtons buttons,
+                       MessageIcon icon) override;
+
+private:
+    QPointer<QWidget> m_owner;
+};

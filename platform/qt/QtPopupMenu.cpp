@@ -1,0 +1,18 @@
+#include "platform/qt/QtPopupMenu.h"
+
+QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& entryName,
+                         const QString& entryCaption)
+    : m_menu(new QMenu(parent)) {
+    m_menu->setObjectName(name);
+    QAction* action = m_menu->addAction(entryCaption);
+    action->setObjectName(entryName);
+    QObject::connect(action, &QAction::triggered, m_menu, [this] { Raise(Entry.Click); });
+}
+
+QtPopupMenu::~QtPopupMenu() {
+    delete m_menu.data();
+}
+
+void QtPopupMenu::PopUp() {
+    m_menu->popup(QCursor::pos());
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Controls.h"
+
+#include <QMenu>
+#include <QPointer>
+
+/// A menu of one entry.
+class QtPopupMenu : public PopupMenu {
+public:
+    QtPopupMenu(QWidget* parent, const QString& name, const QString& entryName,
+                const QString& entryCaption);
+    ~QtPopupMenu() override;
+    QtPopupMenu(const QtPopupMenu&) = delete;
+    QtPopupMenu& operator=(const QtPopupMenu&) = delete;
+
+    MenuEntry Entry;
+
+    /// Opens the menu and returns; the choice comes as the entry's Click.
+    void PopUp() override;
+
+private:
+    QPointer<QMenu> m_menu;
+};

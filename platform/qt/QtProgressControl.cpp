@@ -1,0 +1,69 @@
+#include "platform/qt/QtProgressControl.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+/// Paints itself: the styles' bars are animated and striped, which costs more than a whole load.
+class PixelBar : public QProgressBar {
+public:
+    using QProgressBar::QProgressBar;
+
+    Event Resized;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QProgressBar::resizeEvent(event);
+        // A range of nothing would look as if the work's end were unknown.
+        setRange(0, std::max(1, width()));
+        Raise(Resized);
+    }
+
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Base));
+        painter.fillRect(QRect(0, 0, value(), height()), palette().color(QPalette::Highlight));
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
+
+} // namespace
+
+QtProgressControl::QtProgressControl(QWidget* parent, const QString& name)
+    : QtControl(new PixelBar(parent), name) {
+    Widget()->setTextVisible(false);
+    Widget()->setRange(0, std::max(1, Widget()->width()));
+    Widget()->setValue(0);
+    static_cast<PixelBar*>(Widget())->Resized = [this] { ShowValue(); };
+}
+
+void QtProgressControl::SetMax(float max) {
+    m_max = max;
+    ShowValue();
+}
+
+void QtProgressControl::SetValue(float value) {
+    m_value = value;
+    ShowValue();
+}
+
+void QtProgressControl::ShowValue() {
+    const int filled = FilledPixels();
+    if (filled != Widget()->value()) {
+        // The widget would paint at once for each pixel; this way it waits for the next frame.
+        Widget()->setUpdatesEnabled(false);
+        Widget()->setValue(filled);
+        Widget()->setUpdatesEnabled(true);
+    }
+}
+
+int QtProgressControl::FilledPixels() const {
+    if (!(m_max > 0) || !(m_value > 0)) {
+        return 0;
+    }
+    const double share = std::min(1.0, double(m_value) / double(m_max));
+    return int(share * Widget()->maximum());
+}

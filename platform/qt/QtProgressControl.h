@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/qt/QtControl.h"
+
+#include <QProgressBar>
+
+/// The widget counts pixels, so that it changes when there is something to see and not before.
+class QtProgressControl : public QtControl<ProgressControl, QProgressBar> {
+public:
+    QtProgressControl(QWidget* parent, const QString& name);
+
+    float Max() const override { return m_max; }
+    void SetMax(float max) override;
+    float Value() const override { return m_value; }
+    void SetValue(float value) override;
+
+private:
+    float m_max = 100;
+    float m_value = 0;
+
+    void ShowValue();
+    int FilledPixels() const;
+};

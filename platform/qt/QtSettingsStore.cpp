@@ -1,0 +1,28 @@
+#include "platform/qt/QtSettingsStore.h"
+
+#include <QStandardPaths>
+#include <QStringList>
+
+QtSettingsStore::QtSettingsStore()
+    : m_settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                     QStringLiteral("/Songlift/Songlift.conf"),
+                 QSettings::IniFormat) {
+    m_settings.beginGroup(QStringLiteral("Settings"));
+}
+
+QString QtSettingsStore::Read(const QString& key, const QString& defaultValue) {
+    if (!m_settings.contains(key)) {
+        return defaultValue;
+    }
+    const QVariant value = m_settings.value(key);
+    // A text with commas that somebody wrote without quotes.
+    if (value.typeId() == QMetaType::QStringList) {
+        return value.toStringList().join(QStringLiteral(", "));
+    }
+    return value.toString();
+}
+
+void QtSettingsStore::Write(const QString& key, const QString& value) {
+    m_settings.setValue(key, value);
+    m_settings.sync();
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/SettingsStore.h"
+
+#include <QSettings>
+
+/// The section "Settings" of the user's file Songlift/Songlift.conf, where the desktop keeps such
+/// files.
+class QtSettingsStore : public SettingsStore {
+public:
+    QtSettingsStore();
+
+    QString Read(const QString& key, const QString& defaultValue) override;
+    /// Writes to the disk at once. A file that cannot be written keeps what it held.
+    void Write(const QString& key, const QString& value) override;
+
+private:
+    QSettings m_settings;
+};

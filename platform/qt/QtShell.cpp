@@ -1,0 +1,28 @@
+#include "platform/qt/QtShell.h"
+
+#include "platform/qt/ControlWidget.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QStandardPaths>
+
+QString QtShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
+                                 const QString& startFolder) {
+    QFileDialog dialog(ControlWidget::WindowOf(owner), prompt);
+    dialog.setObjectName(QStringLiteral("BrowseForFolder"));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    // An empty path would be the folder that the program happens to run in.
+    const bool starts = !startFolder.isEmpty() && QDir(startFolder).exists();
+    dialog.setDirectory(starts ? startFolder : QDir::homePath());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {
+        return {};
+    }
+    return QDir::toNativeSeparators(dialog.selectedUrls().constFirst().toLocalFile());
+}
+
+QString QtShell::DocumentsFolder() {
+    return QDir::toNativeSeparators(
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}

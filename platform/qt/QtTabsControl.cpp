@@ -1,0 +1,38 @@
+#include "platform/qt/QtTabsControl.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QScopedValueRollback>
+
+QtTabsControl::QtTabsControl(QWidget* parent, const QString& name, const QStringList& captions)
+    : QtControl(new QTabBar(parent), name), m_captions(captions) {
+    for (const QString& caption : captions) {
+        Widget()->addTab(caption);
+    }
+    Widget()->setExpanding(false);
+    Widget()->setFocusPolicy(Qt::StrongFocus);
+    const QSize size = Widget()->sizeHint();
+    Move(0, 0, size.width() * Twips::PerPixelX(), size.height() * Twips::PerPixelY());
+
+    QObject::connect(Widget(), &QTabBar::currentChanged, Widget(), [this] {
+        if (!m_selecting) {
+            Raise(Click);
+        }
+    });
+    QObject::connect(Widget(), &QTabBar::tabBarClicked, Widget(), [this](int index) {
+        if (index != -1 && index == Widget()->currentIndex()) {
+            Raise(Click);
+        }
+    });
+}
+
+void QtTabsControl::Select(int index) {
+    if (index < 0 || index >= Widget()->count()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    {
+        const QScopedValueRollback guard(m_selecting, true);
+        Widget()->setCurrentIndex(index);
+    }
+    Raise(Click);
+}

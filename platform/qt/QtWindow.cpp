@@ -1,0 +1,249 @@
+#include "platform/qt/QtWindow.h"
+
+#include "platform/qt/ControlWidget.h"
+#include "platform/qt/ShownText.h"
+#include "platform/qt/Twips.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFontMetricsF>
+#include <QThread>
+#include <QWindow>
+
+namespace {
+
+/// What was set where it still holds, else what the pixels say.
+double Exact(double set, int setPixels, int pixels, double perPixel) {
+    return setPixels == pixels ? set : pixels * perPixel;
+}
+
+} // namespace
+
+QtWindow::QtWindow(QWidget* owner, const QString& name, Qt::WindowFlags flags)
+    : m_widget(new TopLevel(owner, flags)) {
+    m_widget->setObjectName(name);
+    Listen();
+}
+
+QtWindow::~QtWindow() {
+    SetMousePointer(MousePointer::Default);
+    delete m_widget.data();
+}
+
+void QtWindow::Listen() {
+    m_widget->Resized = [this] { RaiseResize(); };
+    m_widget->StateChanged = [this] { StateChanged(); };
+    m_widget->FrameMayHaveChanged = [this] { FrameMayHaveChanged(); };
+    m_widget->MayClose = [this] { return MayClose(); };
+}
+
+WindowHandle QtWindow::Handle() const {
+    return ControlWidget::HandleOf(*m_widget);
+}
+
+void QtWindow::SetCaption(const QString& caption) {
+    if (caption == m_caption) {
+        return;
+    }
+    m_caption = caption;
+    // "[*]" would stand for a document's unsaved changes.
+    QString title = ShownText::OneLine(caption);
+    m_widget->setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+WindowState QtWindow::State() const {
+    const Qt::WindowStates states = m_widget->windowState();
+    if (states.testFlag(Qt::WindowMinimized)) {
+        return WindowState::Minimized;
+    }
+    return states.testFlag(Qt::WindowMaximized) ? WindowState::Maximized : WindowState::Normal;
+}
+
+void QtWindow::SetState(WindowState state) {
+    Qt::WindowStates states = m_widget->windowState();
+    states.setFlag(Qt::WindowMinimized, state == WindowState::Minimized);
+    if (state != WindowState::Minimized) {
+        states.setFlag(Qt::WindowMaximized, state == WindowState::Maximized);
+    }
+    m_widget->setWindowState(states);
+}
+
+void QtWindow::StateChanged() {
+    if (m_sizeWaits && State() == WindowState::Normal) {
+        TakeSetSize();
+    }
+    RaiseResize();
+}
+
+void QtWindow::RaiseResize() {
+    ++m_resizes;
+    if (Resize) {
+        Resize();
+    }
+}
+
+double QtWindow::Left() const {
+    const int set = Twips::ToPixels(m_left, m_top, 0, 0).x();
+    return Exact(m_left, set, m_widget->x(), Twips::PerPixelX());
+}
+
+double QtWindow::Top() const {
+    const int set = Twips::ToPixels(m_left, m_top, 0, 0).y();
+    return Exact(m_top, set, m_widget->y(), Twips::PerPixelY());
+}
+
+double QtWindow::Width() const {
+    return Exact(m_width, SetPixels().width(), OuterPixels().width(), Twips::PerPixelX());
+}
+
+double QtWindow::Height() const {
+    return Exact(m_height, SetPixels().height(), OuterPixels().height(), Twips::PerPixelY());
+}
+
+double QtWindow::ScaleWidth() const {
+    return m_widget->width() * Twips::PerPixelX();
+}
+
+double QtWindow::ScaleHeight() const {
+    return m_widget->height() * Twips::PerPixelY();
+}
+
+void QtWindow::MoveTo(double left, double top) {
+    m_left = left;
+    m_top = top;
+    m_widget->move(Twips::ToPixels(left, top, 0, 0).topLeft());
+}
+
+void QtWindow::SetSize(double width, double height) {
+    if (width == Width() && height == Height()) {
+        return;
+    }
+    m_width = width;
+    m_height = height;
+    m_sizeWaits = State() != WindowState::Normal;
+    if (!m_sizeWaits) {
+        TakeSetSize();
+    }
+}
+
+void QtWindow::SetMinimumSize(double scaleWidth, double scaleHeight) {
+    m_widget->setMinimumSize(Twips::ToPixels(0, 0, scaleWidth, scaleHeight).size());
+}
+
+void QtWindow::TakeSetSize() {
+    m_sizeWaits = false;
+    const int resizes = m_resizes;
+    m_widget->resize(SetPixels().shrunkBy(Frame()));
+    // A window that is not on the screen yet would raise it only once it is.
+    if (m_resizes == resizes) {
+        RaiseResize();
+    }
+}
+
+QMargins QtWindow::Frame() const {
+    const QWindow* window = m_widget->windowHandle();
+    return window != nullptr && m_widget->isVisible() ? window->frameMargins() : m_frame;
+}
+
+QSize QtWindow::OuterPixels() const {
+    return m_widget->size().grownBy(Frame());
+}
+
+QSize QtWindow::SetPixels() const {
+    return Twips::ToPixels(0, 0, m_width, m_height).size();
+}
+
+void QtWindow::FrameMayHaveChanged() {
+    const QMargins frame = Frame();
+    if (frame == m_frame || State() != WindowState::Normal) {
+        return;
+    }
+    const bool hadSetSize = m_widget->size().grownBy(m_frame) == SetPixels();
+    m_frame = frame;
+    if (hadSetSize) {
+        TakeSetSize();
+    } else {
+        RaiseResize();
+    }
+}
+
+void QtWindow::Show() {
+    if (m_widget->isVisible() && State() == WindowState::Minimized) {
+        SetState(WindowState::Normal);
+    }
+    m_widget->show();
+    m_widget->raise();
+    m_widget->activateWindow();
+}
+
+void QtWindow::ShowModal() {
+    QEventLoop loop;
+    m_widget->Hidden = [&loop] { loop.quit(); };
+    QObject::connect(m_widget, &QObject::destroyed, &loop, &QEventLoop::quit);
+    m_widget->setWindowModality(Qt::ApplicationModal);
+    Show();
+    loop.exec();
+    if (m_widget != nullptr) {
+        m_widget->Hidden = {};
+        m_widget->setWindowModality(Qt::NonModal);
+    }
+}
+
+void QtWindow::Unload() {
+    m_unloading = true;
+    m_widget->close();
+    m_unloading = false;
+}
+
+bool QtWindow::MayClose() {
+    bool cancel = false;
+    if (QueryUnload) {
+        QueryUnload(cancel, m_unloading ? UnloadMode::Program : UnloadMode::User);
+    }
+    return !cancel;
+}
+
+void QtWindow::Refresh() {
+    constexpr qint64 frameMilliseconds = 16;
+    if (!m_widget->isVisible() ||
+        (m_sinceRefresh.isValid() && m_sinceRefresh.elapsed() < frameMilliseconds)) {
+        return;
+    }
+    WaitForScreen();
+    ControlWidget::PaintNow(*m_widget);
+    m_sinceRefresh.start();
+}
+
+/// A window that has just been shown appears when the system says so, which the event loop would
+/// hear; long work that begins before the loop does waits here for it, once and not for long.
+void QtWindow::WaitForScreen() {
+    constexpr qint64 patienceMilliseconds = 500;
+    const QWindow* window = m_widget->windowHandle();
+    if (m_waitedForScreen || window->isExposed() || State() == WindowState::Minimized) {
+        return;
+    }
+    m_waitedForScreen = true;
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!window->isExposed() && waiting.elapsed() < patienceMilliseconds) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
+}
+
+void QtWindow::SetMousePointer(MousePointer pointer) {
+    const bool hourglass = pointer == MousePointer::Hourglass;
+    if (hourglass == m_hourglass) {
+        return;
+    }
+    m_hourglass = hourglass;
+    if (hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+double QtWindow::TextWidth(const QString& text) {
+    return QFontMetricsF(m_widget->font()).horizontalAdvance(text) * Twips::PerPixelX();
+}

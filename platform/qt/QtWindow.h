@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/Window.h"
+#include "platform/qt/TopLevel.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+
+/// A top-level window, hidden at first. Until it has been on the screen its frame is unknown and
+/// counts as nothing; once the frame is known, the window takes the outer size that it was set to.
+class QtWindow : public Window {
+public:
+    /// A window with an owner stays above it and goes with it. `flags` tell the kind of window.
+    QtWindow(QWidget* owner, const QString& name, Qt::WindowFlags flags = Qt::Window);
+    ~QtWindow() override;
+    QtWindow(const QtWindow&) = delete;
+    QtWindow& operator=(const QtWindow&) = delete;
+
+    /// For the window's builder: parent of the controls.
+    QWidget* Widget() const { return m_widget; }
+
+    WindowHandle Handle() const override;
+    QString Caption() const override { return m_caption; }
+    void SetCaption(const QString& caption) override;
+
+    WindowState State() const override;
+    void SetState(WindowState state) override;
+
+    double Left() const override;
+    double Top() const override;
+    double Width() const override;
+    double Height() const override;
+    double ScaleWidth() const override;
+    double ScaleHeight() const override;
+    void MoveTo(double left, double top) override;
+    /// Sets the outer size; a window that is not normal takes it when it is normal again.
+    void SetSize(double width, double height) override;
+    void SetMinimumSize(double scaleWidth, double scaleHeight) override;
+
+    void Show() override;
+    void ShowModal() override;
+    void Hide() override { m_widget->hide(); }
+    void Unload() override;
+
+    /// At most about 60 times a second, which is all that can be seen: more calls do nothing.
+    void Refresh() override;
+    void SetMousePointer(MousePointer pointer) override;
+    double TextWidth(const QString& text) override;
+
+private:
+    QPointer<TopLevel> m_widget;
+    QString m_caption;
+    /// What was set, in twips, valid as long as the window has the pixels that belong to it.
+    double m_left = 0, m_top = 0, m_width = 0, m_height = 0;
+    /// The size waits for the window to become normal.
+    bool m_sizeWaits = false;
+    /// Border and title bar, as last known.
+    QMargins m_frame;
+    int m_resizes = 0;
+    bool m_unloading = false;
+    bool m_hourglass = false;
+    bool m_waitedForScreen = false;
+    QElapsedTimer m_sinceRefresh;
+
+    void Listen();
+    QMargins Frame() const;
+    QSize OuterPixels() const;
+    QSize SetPixels() const;
+    void TakeSetSize();
+    void FrameMayHaveChanged();
+    void StateChanged();
+    void RaiseResize();
+    bool MayClose();
+    void WaitForScreen();
+};

@@ -1,0 +1,87 @@
+#include "platform/qt/ShownText.h"
+
+#include <algorithm>
+
+namespace ShownText {
+
+namespace {
+
+constexpr qsizetype LongestLine = 1000;
+constexpr qsizetype LongestMessage = 2000;
+/// A run of this many characters still fits on a line of a message.
+constexpr qsizetype LongestRun = 40;
+constexpr char16_t ZeroWidthSpace = 0x200B;
+
+bool IsControl(QChar character) {
+    return character.category() == QChar::Other_Control ||
+           character.category() == QChar::Separator_Line ||
+           character.category() == QChar::Separator_Paragraph;
+}
+
+/// The first `length` code units, not counting half a character at the end, and "..." if that cuts
+/// something off.
+QString Cut(const QString& text, qsizetype length) {
+    if (text.size() <= length) {
+        return text;
+    }
+    const bool splits = text[length - 1].isHighSurrogate();
+    return text.left(splits ? length - 1 : length) + QStringLiteral("...");
+}
+
+/// The text with places where a line may end inside runs that hold no blank: paths are such runs,
+/// and a box would cut them off at its edge.
+QString Breakable(const QString& text) {
+    QString breakable;
+    breakable.reserve(text.size() + text.size() / LongestRun);
+    qsizetype run = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar character = text[i];
+        run = character.isSpace() ? 0 : run + 1;
+        breakable += character;
+        const bool insideCharacter = character.isHighSurrogate() || i + 1 == text.size();
+        if (run >= LongestRun && !insideCharacter && !text[i + 1].isMark()) {
+            breakable += QChar(ZeroWidthSpace);
+            run = 0;
+        }
+    }
+    return breakable;
+}
+
+} // namespace
+
+QString OneLine(const QString& text) {
+    QString line = Cut(text, LongestLine);
+    if (std::any_of(line.cbegin(), line.cend(), IsControl)) {
+        std::replace_if(line.begin(), line.end(), IsControl, QLatin1Char(' '));
+    }
+    return line;
+}
+
+QString WithoutAccessKeys(const QString& caption) {
+    QString text;
+    text.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == QLatin1Char('&') && ++i == caption.size()) {
+            break;
+        }
+        text += caption[i];
+    }
+    return text;
+}
+
+QString Message(const QString& text) {
+    QString message = Cut(text, LongestMessage);
+    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    message.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return Breakable(message);
+}
+
+QString ToolTip(const QString& text) {
+    if (text.isEmpty()) {
+        return {};
+    }
+    return QStringLiteral("<qt>") + Breakable(OneLine(text)).toHtmlEscaped() +
+           QStringLiteral("</qt>");
+}
+
+} // namespace ShownText

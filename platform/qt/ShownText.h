@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/// How texts are made fit to be shown. Names come from devices and file systems and may hold
+/// anything.
+namespace ShownText {
+
+/// The text on one line: line breaks and other control characters become blanks. What is longer
+/// than any screen is wide is cut off, since laying out megabytes would stop the window.
+QString OneLine(const QString& text);
+
+/// A caption without its access keys: "&x" is x, "&&" is "&".
+QString WithoutAccessKeys(const QString& caption);
+
+/// The text as a message: carriage returns break lines, long runs without a blank can be broken
+/// anywhere, and what no screen can hold is cut off.
+QString Message(const QString& text);
+
+/// What a tool tip is given so that it shows the text as it is, whatever looks like markup in it.
+QString ToolTip(const QString& text);
+
+} // namespace ShownText

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Controls.h"
+
+#include <QWidget>
+
+/// The widget of a window. Enter presses its default button, Escape closes it while it is modal.
+class TopLevel : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    Event Resized;
+    Event StateChanged;
+    /// Something happened after which the frame may be known, or another one.
+    Event FrameMayHaveChanged;
+    /// The window is gone from the screen, and not because it was minimised.
+    Event Hidden;
+    /// Whether the window may close.
+    std::function<bool()> MayClose;
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void PressDefaultButton();
+};
