@@ -1,0 +1,90 @@
+#include "app/Form1Window.h"
+
+#include "app/DesignLayout.h"
+#include "browser/MediaFilter.h"
+
+namespace {
+
+constexpr int ScanMilliseconds = 1000;
+
+} // namespace
+
+Form1Window::Form1Window(WindowManager& windowManager)
+    : m_window(nullptr, QStringLiteral("Form1")),
+      m_Picture2(m_window.Widget(), QStringLiteral("Picture2")),
+      m_Picture1(m_Picture2.Widget(), QStringLiteral("Picture1")),
+      m_Combo1(m_Picture2.Widget(), QStringLiteral("Combo1")),
+      m_lblSearch(m_window.Widget(), QStringLiteral("lblSearch"), QStringLiteral("Search:")),
+      m_txtSearch(m_window.Widget(), QStringLiteral("txtSearch")),
+      m_cmdSearch(m_window.Widget(), QStringLiteral("cmdSearch"), QStringLiteral("&Search")),
+      m_cmdClear(m_window.Widget(), QStringLiteral("cmdClear"), QStringLiteral("Clear")),
+      m_tbsFilter(m_window.Widget(), QStringLiteral("tbsFilter"),
+                  {AllFilesTab(), QStringLiteral("Audio"), QStringLiteral("Video")}),
+      m_lstArtists(m_window.Widget(), QStringLiteral("lstArtists")),
+      m_lstAlbums(m_window.Widget(), QStringLiteral("lstAlbums")),
+      m_lstSongs(m_window.Widget(), QStringLiteral("lstSongs")),
+      m_Handle0(m_window.Widget(), QStringLiteral("Handle0")),
+      m_Handle1(m_window.Widget(), QStringLiteral("Handle1")),
+      m_frmDP(m_window.Widget(), QStringLiteral("frmDP"), QStringLiteral("Sort by Folders:")),
+      m_chkArtist(m_frmDP.Widget(), QStringLiteral("chkArtist"), QStringLiteral("Artist")),
+      m_chkAlbum(m_frmDP.Widget(), QStringLiteral("chkAlbum"), QStringLiteral("Album")),
+      m_chkGenre(m_frmDP.Widget(), QStringLiteral("chkGenre"), QStringLiteral("Genre")),
+      m_frmTN(m_window.Widget(), QStringLiteral("frmTN"), QStringLiteral("Include in Filename:")),
+      m_chkArtistName(m_frmTN.Widget(), QStringLiteral("chkArtistName"),
+                      QStringLiteral("Artist name")),
+      m_chkAlbumName(m_frmTN.Widget(), QStringLiteral("chkAlbumName"),
+                     QStringLiteral("Album name")),
+      m_chkTrackNum(m_frmTN.Widget(), QStringLiteral("chkTrackNum"),
+                    QStringLiteral("Track number")),
+      m_frmDestination(m_window.Widget(), QStringLiteral("frmDestination"),
+                       QStringLiteral("Destination:")),
+      m_pctDestination(m_frmDestination.Widget(), QStringLiteral("pctDestination")),
+      m_txtDestination(m_pctDestination.Widget(), QStringLiteral("txtDestination")),
+      m_cmdBrowse(m_pctDestination.Widget(), QStringLiteral("cmdBrowse"),
+                  QStringLiteral("Browse...")),
+      m_cmdCopy(m_window.Widget(), QStringLiteral("cmdCopy"),
+                QStringLiteral("&Copy to Destination")),
+      m_prgCopy(m_window.Widget(), QStringLiteral("prgCopy")),
+      m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
+      m_Divider(m_window.Widget(), QStringLiteral("Divider")),
+      m_lblFullName(m_window.Widget(), QStringLiteral("lblFullName")), m_timScan(ScanMilliseconds),
+      m_mnuPopup(m_window.Widget(), QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
+                 QStringLiteral("Preview")),
+      m_controls{
+          m_window,       m_Picture2,    m_Picture1,       m_Combo1,         m_lblSearch,
+          m_txtSearch,    m_cmdSearch,   m_cmdClear,       m_tbsFilter,      m_lstArtists,
+          m_lstAlbums,    m_lstSongs,    m_Handle0,        m_Handle1,        m_frmDP,
+          m_chkArtist,    m_chkAlbum,    m_chkGenre,       m_frmTN,          m_chkArtistName,
+          m_chkAlbumName, m_chkTrackNum, m_frmDestination, m_pctDestination, m_txtDestination,
+          m_cmdBrowse,    m_cmdCopy,     m_prgCopy,        m_lblMessage,     m_Divider,
+          m_lblFullName,  m_timScan,     m_mnuPopup,       m_mnuPopup.Entry} {
+    m_chkGenre.SetVisible(false); // a box that does nothing misleads
+    NameForScreenReaders();
+    OrderTabs();
+    LayOutDesign(m_controls, windowManager);
+}
+
+/// Labels, buttons and boxes speak their own text.
+void Form1Window::NameForScreenReaders() {
+    m_Combo1.Widget()->setAccessibleName(QStringLiteral("iPod"));
+    m_txtSearch.Widget()->setAccessibleName(QStringLiteral("Search"));
+    m_tbsFilter.Widget()->setAccessibleName(QStringLiteral("Filter"));
+    m_lstArtists.Widget()->setAccessibleName(QStringLiteral("Artists"));
+    m_lstAlbums.Widget()->setAccessibleName(QStringLiteral("Albums"));
+    m_lstSongs.Widget()->setAccessibleName(QStringLiteral("Songs"));
+    m_txtDestination.Widget()->setAccessibleName(QStringLiteral("Destination"));
+    m_prgCopy.Widget()->setAccessibleName(QStringLiteral("Progress"));
+}
+
+void Form1Window::OrderTabs() {
+    QWidget* const order[] = {
+        m_Combo1.Widget(),      m_txtSearch.Widget(),      m_cmdSearch.Widget(),
+        m_cmdClear.Widget(),    m_tbsFilter.Widget(),      m_lstArtists.Widget(),
+        m_lstAlbums.Widget(),   m_lstSongs.Widget(),       m_chkArtist.Widget(),
+        m_chkAlbum.Widget(),    m_chkArtistName.Widget(),  m_chkAlbumName.Widget(),
+        m_chkTrackNum.Widget(), m_txtDestination.Widget(), m_cmdBrowse.Widget(),
+        m_cmdCopy.Widget()};
+    for (size_t i = 1; i < std::size(order); ++i) {
+        QWidget::setTabOrder(order[i - 1], order[i]);
+    }
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "browser/TextFitting.h"
+#include "library/MusicLibrary.h"
+#include "platform/Form1Controls.h"
+#include "platform/WindowManager.h"
+
+/// The main window's layout and its two splitters. All positions are in twips; margins are whole
+/// screen pixels. Window widths and heights are outer ones, borders included.
+class Layout {
+public:
+    /// `copying` is read at each resize: a minimised window shows the progress of a job.
+    Layout(WindowManager& windowManager, const MusicLibrary& library, const bool& copying,
+           TextFitting& textFitting, Form1Controls& controls);
+
+    /// Raised after the destination box has a new width.
+    Event DestinationResized;
+
+    /// A handle is being dragged.
+    bool Dragging = false;
+    /// The window is maximised, or was when it was minimised.
+    bool WasMaximized = false;
+
+    /// Keeps the distances of the controls as they stand now: the design that every resize keeps.
+    void KeepDesign();
+    /// Lays the three lists out between the handles.
+    void LayOutLists();
+    void Form_Resize();
+
+    void Handle_MouseDown(int Index);
+    void Handle_MouseMove(int Index, double X);
+    void Handle_MouseUp(int Index);
+
+private:
+    /// Distances that the window keeps from its design, measured from its inner edges.
+    struct Design {
+        double MinimumWidth = 0;
+        double RightMargin = 0, BottomMargin = 0;
+        double SearchToRight = 0, FindToRight = 0, ClearToRight = 0;
+        double CopyToRight = 0, CopyBelowLists = 0, BrowseToRight = 0, BoxToBrowse = 0;
+        double DestinationInset = 0;
+        double ProgressToBottom = 0, MessageToBottom = 0, LabelGap = 0;
+    };
+
+    double Px(double pixels) const;
+    double FrameWidth() const;
+    double FrameHeight() const;
+    double RightEdge() const;
+    double BottomEdge() const;
+    HandleControl& HandleAt(int Index) const;
+    void DragFirst(double position);
+    void DragSecond(double position);
+    void ShareListWidth();
+    void PlaceLists(double w1, double w2, double w3);
+    void PlaceSearchAndDestination();
+    void PlaceHeights();
+    void PlaceBelowLists();
+
+    WindowManager& m_windowManager;
+    const MusicLibrary& m_library;
+    const bool& m_copying;
+    TextFitting& m_textFitting;
+    Form1Controls& m_controls;
+    Design m_design;
+    /// Form_Resize corrects the window's size, which resizes it again.
+    bool m_resizing = false;
+};

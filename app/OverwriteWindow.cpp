@@ -1,0 +1,45 @@
+#include "app/OverwriteWindow.h"
+
+#include "platform/qt/Twips.h"
+
+OverwriteWindow::OverwriteWindow(QWidget* owner, OverwritePrompt& prompt)
+    : m_window(owner, QStringLiteral("frmOverwrite")),
+      m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
+      m_chkSame(m_window.Widget(), QStringLiteral("chkSame"),
+                QStringLiteral("Do the same for all files")),
+      m_cmdOverwrite0(m_window.Widget(), QStringLiteral("cmdOverwrite0"),
+                      QStringLiteral("&Replace")),
+      m_cmdOverwrite1(m_window.Widget(), QStringLiteral("cmdOverwrite1"), QStringLiteral("&Skip")),
+      m_cmdOverwrite2(m_window.Widget(), QStringLiteral("cmdOverwrite2"),
+                      QStringLiteral("&Cancel")),
+      m_form(prompt, {m_window, m_lblMessage, m_cmdOverwrite0, m_cmdOverwrite1, m_cmdOverwrite2,
+                      m_chkSame}) {
+    m_window.SetCaption(QStringLiteral("Overwrite File"));
+    LayOut();
+    // Enter must not replace a file by accident.
+    m_cmdOverwrite1.SetDefault(true);
+    m_cmdOverwrite1.SetFocus();
+}
+
+void OverwriteWindow::LayOut() {
+    const double pixel = Twips::PerPixelX();
+    const double margin = 14 * pixel;
+    const double gap = 8 * pixel;
+    const double buttonWidth = 96 * pixel;
+
+    m_lblMessage.Move(margin, margin, 3 * buttonWidth + 2 * gap, m_lblMessage.Height());
+    m_chkSame.Move(margin, margin + m_lblMessage.Height() + gap, m_chkSame.Width(),
+                   m_chkSame.Height());
+    const double top = m_chkSame.Top() + m_chkSame.Height() + 12 * pixel;
+    double left = margin;
+    for (QtButtonControl* button : {&m_cmdOverwrite0, &m_cmdOverwrite1, &m_cmdOverwrite2}) {
+        button->Move(left, top, buttonWidth, button->Height());
+        left += buttonWidth + gap;
+    }
+    m_window.SetSize(m_lblMessage.Width() + 2 * margin, top + m_cmdOverwrite0.Height() + margin);
+}
+
+void OverwriteWindow::Ask() {
+    m_form.Form_Load();
+    m_window.ShowModal();
+}

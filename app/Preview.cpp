@@ -1,0 +1,41 @@
+#include "app/Preview.h"
+
+Preview::Preview(const BrowserState& state, LinkedLists& lists, FileSystem& files,
+                 Messages& messages, Form1Controls& controls, PreviewControls& preview)
+    : m_state(state), m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
+      m_preview(preview) {
+}
+
+void Preview::mnuPreview_Click() {
+    const int row = m_controls.lstSongs.ListIndex();
+    if (row < 1 || m_state.Building) {
+        return; // the row went while the menu stood open
+    }
+    const QString path = m_lists.Track(row).Location;
+    if (!m_files.FileExists(path)) {
+        m_messages.Show(QStringLiteral("File not found: \"%1\"").arg(path), QStringLiteral("Error"),
+                        MessageButtons::OK, MessageIcon::Exclamation);
+        return;
+    }
+    m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
+    m_preview.QTControl.SetSource(path);
+    FitWindowToPlayer();
+    m_preview.frmPreview.SetCaption(m_controls.lstSongs.List(row));
+    m_preview.frmPreview.Show();
+    m_controls.Form1.SetMousePointer(MousePointer::Default);
+}
+
+/// Border and title bar are kept: the inside takes the player's size.
+void Preview::FitWindowToPlayer() {
+    Window& window = m_preview.frmPreview;
+    window.SetSize(m_preview.QTControl.Width() + (window.Width() - window.ScaleWidth()),
+                   m_preview.QTControl.Height() + (window.Height() - window.ScaleHeight()));
+}
+
+void Preview::Form_QueryUnload(bool& Cancel, UnloadMode Mode) {
+    m_preview.QTControl.SetSource(QString());
+    if (Mode == UnloadMode::User) {
+        Cancel = true;
+        m_preview.frmPreview.Hide();
+    }
+}

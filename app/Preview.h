@@ -1,0 +1,33 @@
+#pragma once
+
+#include "browser/LinkedLists.h"
+#include "platform/FileSystem.h"
+#include "platform/Messages.h"
+
+/// The preview window and its player.
+struct PreviewControls {
+    Window& frmPreview;
+    MediaPlayerControl& QTControl;
+};
+
+/// Plays the song or video of the current song row in a window of its own, which is kept and used
+/// again for the next preview.
+class Preview {
+public:
+    Preview(const BrowserState& state, LinkedLists& lists, FileSystem& files, Messages& messages,
+            Form1Controls& controls, PreviewControls& preview);
+
+    void mnuPreview_Click();
+    /// Closing by the user only hides the window, and stops and releases the file.
+    void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
+
+private:
+    void FitWindowToPlayer();
+
+    const BrowserState& m_state;
+    LinkedLists& m_lists;
+    FileSystem& m_files;
+    Messages& m_messages;
+    Form1Controls& m_controls;
+    PreviewControls& m_preview;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "app/Preview.h"
+#include "platform/mpv/MpvPlayer.h"
+#include "platform/qt/QtWindow.h"
+
+/// The real preview window, which holds nothing but the player.
+class PreviewWindow {
+public:
+    /// `owner` is the main window, over which the preview stands.
+    PreviewWindow(QWidget* owner, FileSystem& files);
+    PreviewWindow(const PreviewWindow&) = delete;
+    PreviewWindow& operator=(const PreviewWindow&) = delete;
+
+    PreviewControls& Controls() { return m_controls; }
+
+private:
+    QtWindow m_window;
+    MpvPlayer m_player;
+    PreviewControls m_controls;
+};

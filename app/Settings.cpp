@@ -1,0 +1,120 @@
+#include "app/Settings.h"
+
+#include "platform/Numbers.h"
+#include "platform/Paths.h"
+#include "platform/RuntimeError.h"
+
+namespace {
+
+constexpr int DocumentsFolderId = 5;
+
+QString NumberText(double value) {
+    return QString::number(static_cast<double>(static_cast<float>(value)), 'g', 7);
+}
+
+} // namespace
+
+QString GetSpecialFolderName(Shell& shell, int folderId) {
+    return folderId == DocumentsFolderId ? shell.DocumentsFolder() : QString();
+}
+
+Settings::Settings(SettingsStore& store, Shell& shell, WindowManager& windowManager, Layout& layout,
+                   Form1Controls& controls)
+    : m_store(store), m_shell(shell), m_windowManager(windowManager), m_layout(layout),
+      m_controls(controls) {
+}
+
+double Settings::ReadNumber(const QString& key, double defaultValue) const {
+    const QString text = m_store.Read(key, NumberText(defaultValue));
+    try {
+        return TextToNumber(text);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(
+            error.Number,
+            QStringLiteral("%1 (setting \"%2\": \"%3\")").arg(error.Description, key, text));
+    }
+}
+
+void Settings::WriteNumber(const QString& key, double value) {
+    m_store.Write(key, NumberText(value));
+}
+
+void Settings::RestoreBit(CheckControl& check, int mask, int bit) {
+    if ((mask & bit) != 0) {
+        check.SetValue(1);
+    }
+}
+
+void Settings::RestoreOptions() {
+    const int folders = ToInteger(ReadNumber(QStringLiteral("DestFolders"), 3));
+    RestoreBit(m_controls.chkArtist, folders, 1);
+    RestoreBit(m_controls.chkAlbum, folders, 2);
+    const int names = ToInteger(ReadNumber(QStringLiteral("TrackNames"), 4));
+    RestoreBit(m_controls.chkArtistName, names, 1);
+    RestoreBit(m_controls.chkAlbumName, names, 2);
+    RestoreBit(m_controls.chkTrackNum, names, 4);
+
+    QString destination = GetSpecialFolderName(m_shell, DocumentsFolderId);
+    if (!destination.isEmpty()) {
+        destination = Paths::Join(destination, QStringLiteral("My Music"));
+    }
+    m_controls.txtDestination.SetText(m_store.Read(QStringLiteral("DestPath"), destination));
+    m_controls.txtDestination.CompletePaths();
+}
+
+void Settings::RestoreWindow() {
+    Window& window = m_controls.Form1;
+    const double width = ReadNumber(QStringLiteral("Width"), window.Width());
+    const double height = ReadNumber(QStringLiteral("Height"), window.Height());
+    window.SetSize(width, height);
+
+    const double centredLeft = m_windowManager.ScreenWidth() / 2 - window.Width() / 2;
+    const double centredTop = m_windowManager.ScreenHeight() / 2 - window.Height() / 2;
+    double left = ReadNumber(QStringLiteral("Left"), centredLeft);
+    double top = ReadNumber(QStringLiteral("Top"), centredTop);
+    if (m_windowManager.ScreenWidth() < left) {
+        left = centredLeft;
+    }
+    if (m_windowManager.ScreenHeight() < top) {
+        top = centredTop;
+    }
+    window.MoveTo(left, top);
+
+    if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
+        window.SetState(WindowState::Maximized);
+        window.Show();
+    }
+}
+
+void Settings::RestoreHandles() {
+    m_controls.Handle0.SetLeft(ReadNumber(QStringLiteral("Handle1"), m_controls.Handle0.Left()));
+    m_controls.Handle1.SetLeft(ReadNumber(QStringLiteral("Handle2"), m_controls.Handle1.Left()));
+    m_layout.LayOutLists();
+}
+
+void Settings::Save() {
+    m_store.Write(QStringLiteral("DestFolders"),
+                  QString::number(m_controls.chkAlbum.Value() * 2 + m_controls.chkArtist.Value()));
+    m_store.Write(QStringLiteral("TrackNames"),
+                  QString::number(m_controls.chkAlbumName.Value() * 2 +
+                                  m_controls.chkArtistName.Value() +
+                                  m_controls.chkTrackNum.Value() * 4));
+    m_store.Write(QStringLiteral("DestPath"), m_controls.txtDestination.Text());
+
+    Window& window = m_controls.Form1;
+    if (window.Minimized()) {
+        window.SetState(m_layout.WasMaximized ? WindowState::Maximized : WindowState::Normal);
+    }
+    WriteNumber(QStringLiteral("Handle1"), m_controls.Handle0.Left());
+    WriteNumber(QStringLiteral("Handle2"), m_controls.Handle1.Left());
+    m_store.Write(QStringLiteral("WindowState"), window.State() == WindowState::Maximized
+                                                     ? QStringLiteral("1")
+                                                     : QStringLiteral("0"));
+    if (!m_layout.WasMaximized) {
+        // A maximised window keeps the normal size and position of an earlier exit.
+        WriteNumber(QStringLiteral("Left"), window.Left());
+        WriteNumber(QStringLiteral("Top"), window.Top());
+        WriteNumber(QStringLiteral("Width"), window.Width());
+        WriteNumber(QStringLiteral("Height"), window.Height());
+    }
+}
