@@ -13,6 +13,7 @@ public:
     PreviewWindow& operator=(const PreviewWindow&) = delete;
 
     PreviewControls& Controls() { return m_controls; }
+    QWidget* Widget() const { return m_window.Widget(); }
 
 private:
     QtWindow m_window;

@@ -1,0 +1,47 @@
+#include "platform/mpv/MediaFile.h"
+
+#include <QFileInfo>
+
+#include <chrono>
+
+MediaFile::MediaFile(const QString& nativePath) : m_file(nativePath) {
+    // A pipe or a device might never answer.
+    if (QFileInfo(nativePath).isFile() &&
+        m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        m_size = m_file.size();
+    }
+}
+
+qint64 MediaFile::Read(char* buffer, qint64 size) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_closed || !m_file.isOpen()) {
+            return -1;
+        }
+        m_reading = true;
+    }
+    const qint64 count = m_file.read(buffer, size);
+
+    const std::lock_guard lock(m_mutex);
+    m_reading = false;
+    if (m_closed) {
+        m_file.close();
+    }
+    m_readEnded.notify_all();
+    return count;
+}
+
+qint64 MediaFile::Seek(qint64 position) {
+    const std::lock_guard lock(m_mutex);
+    const bool found = !m_closed && m_file.isOpen() && position >= 0 && m_file.seek(position);
+    return found ? position : -1;
+}
+
+void MediaFile::Close() {
+    constexpr std::chrono::milliseconds patience(300);
+    std::unique_lock lock(m_mutex);
+    m_closed = true;
+    if (m_readEnded.wait_for(lock, patience, [this] { return !m_reading; })) {
+        m_file.close();
+    }
+}

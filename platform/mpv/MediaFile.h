@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <condition_variable>
+#include <mutex>
+
+/// A file that the player's threads read, and that can be closed under their hands at any moment.
+/// It is opened for reading only.
+class MediaFile {
+public:
+    /// Opens the file of that path of the operating system.
+    explicit MediaFile(const QString& nativePath);
+
+    bool IsOpen() const { return m_file.isOpen(); }
+    /// Length in bytes.
+    qint64 Size() const { return m_size; }
+
+    /// Reads at most `size` bytes; returns how many, 0 at the end, -1 when the file cannot be read
+    /// or is closed.
+    qint64 Read(char* buffer, qint64 size);
+    /// Goes to a 0-based position; returns it, or -1.
+    qint64 Seek(qint64 position);
+
+    /// Closes the file. A read that a dying device keeps waiting is not waited for long: the file
+    /// is then closed as soon as it ends.
+    void Close();
+
+private:
+    QFile m_file;
+    qint64 m_size = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_readEnded;
+    bool m_reading = false;
+    bool m_closed = false;
+};

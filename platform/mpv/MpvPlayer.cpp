@@ -1,0 +1,54 @@
+#include "platform/mpv/MpvPlayer.h"
+
+#include "platform/RuntimeError.h"
+
+MpvPlayer::MpvPlayer(QWidget* parent, const QString& name, FileSystem& files)
+    : QtControl(new PlayerWidget(parent), name), m_files(files) {
+    Widget()->ParentResized = [this] { FillParent(); };
+    Widget()->KnownLate = [this] { GrowWindow(); };
+}
+
+void MpvPlayer::SetSource(const QString& path) {
+    m_source = path;
+    if (path.isEmpty()) {
+        Widget()->Stop();
+        return;
+    }
+    Widget()->Open(NativePathOf(path));
+    TakeNaturalSize();
+    // A window that keeps its size, because it is maximised, is filled all the same.
+    QMetaObject::invokeMethod(
+        Widget(), [this] { FillParent(); }, Qt::QueuedConnection);
+}
+
+QString MpvPlayer::NativePathOf(const QString& path) const {
+    try {
+        return m_files.NativePath(path);
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+void MpvPlayer::TakeNaturalSize() {
+    const QSize size = Widget()->NaturalSize();
+    Move(Left(), Top(), size.width() * Twips::PerPixelX(), size.height() * Twips::PerPixelY());
+}
+
+void MpvPlayer::FillParent() {
+    const QWidget& parent = *Widget()->parentWidget();
+    if (parent.isVisible()) {
+        Move(0, 0, parent.width() * Twips::PerPixelX(), parent.height() * Twips::PerPixelY());
+    }
+}
+
+/// Nobody sizes the window any more when a slow device has told at last what it holds.
+void MpvPlayer::GrowWindow() {
+    QWidget& window = *Widget()->window();
+    const QSize before = Widget()->size();
+    TakeNaturalSize();
+    const bool isFixed = window.isMaximized() || window.isFullScreen();
+    if (!isFixed) {
+        window.resize(window.size() + (Widget()->size() - before));
+    }
+    FillParent();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/mpv/Playback.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class MpvHandle;
+class PlayerBar;
+class VideoArea;
+
+/// The picture, the bar below it, and the player behind them, which is made when it is first
+/// needed.
+class PlayerWidget : public QWidget {
+public:
+    /// How long Open waits until the file is known, in milliseconds.
+    int Patience = 2000;
+    /// The file became known after Open had given up waiting; its size may be another one now.
+    std::function<void()> KnownLate;
+    /// The widget that holds the player has another size.
+    std::function<void()> ParentResized;
+
+    explicit PlayerWidget(QWidget* parent);
+    ~PlayerWidget() override;
+
+    /// Plays the file of that path of the operating system, or says that it cannot be played.
+    void Open(const QString& nativePath);
+    /// Stops at once; the file is closed.
+    void Stop();
+    /// The size that suits what is played, in pixels: a film's own, or smaller where the screen is.
+    QSize NaturalSize() const;
+
+    QSize sizeHint() const override { return NaturalSize(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    VideoArea* m_area;
+    PlayerBar* m_bar;
+    std::unique_ptr<MpvHandle> m_player;
+    /// What is shown while there is no player, or no file for it.
+    Playback m_without;
+    bool m_hasFile = false;
+    bool m_awaitsFile = false;
+
+    const Playback& State() const;
+    void NeedPlayer();
+    void Play(const QString& nativePath);
+    void ShowState();
+    void HearChange();
+    void PlayOrPause();
+    QSize RoomForPicture() const;
+};

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "platform/mpv/MpvPlayer.h"
+#include "platform/mpv/VideoArea.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/preview/MediaSamples.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QSlider>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <ostream>
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+/// A player in a window, on real files.
+class PlayerTest : public testing::Test {
+protected:
+    FakeFileSystem files;
+    QWidget window;
+    MpvPlayer player{&window, QStringLiteral("QTControl"), files};
+
+    static constexpr double twipsPerPixel = 15; // the tests' screen has 96 dots per inch
+
+    PlayerTest() { window.resize(640, 480); }
+
+    /// Handles events until it is so, at most for the time given.
+    template <class Condition>
+    static bool Becomes(Condition condition, int milliseconds = 10'000) {
+        QElapsedTimer waited;
+        waited.start();
+        while (!condition() && waited.elapsed() < milliseconds) {
+            QTest::qWait(5);
+        }
+        return condition();
+    }
+
+    template <class Part>
+    Part& Child(const char* name) const {
+        return *player.Widget()->findChild<Part*>(QLatin1String(name));
+    }
+    QSlider& Position() const { return Child<QSlider>("PositionSlider"); }
+    QSlider& Volume() const { return Child<QSlider>("VolumeSlider"); }
+    QToolButton& PlayButton() const { return Child<QToolButton>("PlayButton"); }
+    QString TimeText() const { return Child<QLabel>("TimeLabel").text(); }
+    QRect PictureRect() const { return Child<VideoArea>("VideoArea").PictureRect(); }
+
+    bool IsPlaying() const { return PlayButton().accessibleName() == QLatin1String("Pause"); }
+    bool SaysItCannotPlay() const {
+        const QLabel& message = Child<QLabel>("MessageLabel");
+        return message.isVisibleTo(player.Widget()) &&
+               message.text() == QLatin1String("This file cannot be played.");
+    }
+    /// The height of the bar below the picture, in pixels.
+    int Bar() const { return Child<QWidget>("PlayerBar").height(); }
+    int PixelWidth() const { return qRound(player.Width() / twipsPerPixel); }
+    int PixelHeight() const { return qRound(player.Height() / twipsPerPixel); }
+
+    /// What the preview does: the window takes the player's size, and is shown.
+    void Preview(const QString& path) {
+        player.SetSource(path);
+        window.resize(PixelWidth(), PixelHeight());
+        window.show();
+    }
+
+    /// How often this process has the file open at this moment.
+    static std::vector<std::filesystem::path> OpenDescriptors(const QString& path) {
+        std::vector<std::filesystem::path> found;
+        for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+            std::error_code gone;
+            if (std::filesystem::read_symlink(entry, gone) == path.toStdString()) {
+                found.push_back(entry.path());
+            }
+        }
+        return found;
+    }
+    static bool IsOpen(const QString& path) { return !OpenDescriptors(path).empty(); }
+};
