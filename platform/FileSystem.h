@@ -51,7 +51,8 @@ public:
     /// Opens for reading and writing from the start; a missing file is created, an existing one is
     /// not emptied.
     virtual std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) = 0;
-    /// Gives the file at `target` the modification time of the file at `source`.
+    /// Gives the file at `target` the modification time of the file at `source`, where the file
+    /// system lets it. Never throws: a copy is whole without it.
     virtual void CopyModificationTime(const QString& source, const QString& target) = 0;
 
     /// The drive that holds `path`, as it is named to the user: the first two characters in drive

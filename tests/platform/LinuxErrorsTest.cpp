@@ -1,0 +1,56 @@
+#include "platform/linux/LinuxErrors.h"
+
+#include "tests/platform/LinuxFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace {
+
+int CreationNumberOf(int error) {
+    return NumberOf([error] { ThrowCreationError(error); });
+}
+
+} // namespace
+
+TEST(SystemError, HasTheNumberThatFits) {
+    EXPECT_EQ(ErrorNumberOf(ENOENT), 53);
+    EXPECT_EQ(ErrorNumberOf(ENOTDIR), 76);
+    EXPECT_EQ(ErrorNumberOf(ENOSPC), 61);
+    EXPECT_EQ(ErrorNumberOf(EDQUOT), 61);
+    EXPECT_EQ(ErrorNumberOf(EACCES), 70);
+    EXPECT_EQ(ErrorNumberOf(EPERM), 70);
+    EXPECT_EQ(ErrorNumberOf(EROFS), 70);
+    EXPECT_EQ(ErrorNumberOf(EIO), 57);
+    EXPECT_EQ(ErrorNumberOf(ENODEV), 68);
+    EXPECT_EQ(ErrorNumberOf(ENXIO), 68);
+    EXPECT_EQ(ErrorNumberOf(ESTALE), 68);
+}
+
+TEST(SystemError, IsAnAccessErrorWhereNothingElseFits) {
+    EXPECT_EQ(ErrorNumberOf(EBUSY), 75);
+    EXPECT_EQ(ErrorNumberOf(EISDIR), 75);
+    EXPECT_EQ(ErrorNumberOf(EMFILE), 75);
+    EXPECT_EQ(ErrorNumberOf(EFBIG), 75);
+    EXPECT_EQ(ErrorNumberOf(EINVAL), 75);
+}
+
+TEST(CreationError, OfANameThatTheFileSystemRefusesIsADeniedPermission) {
+    EXPECT_EQ(CreationNumberOf(ENAMETOOLONG), 70);
+    EXPECT_EQ(CreationNumberOf(EINVAL), 70);
+    EXPECT_EQ(CreationNumberOf(EILSEQ), 70);
+}
+
+TEST(CreationError, OfAMissingPlaceIsAMissingFolder) {
+    EXPECT_EQ(CreationNumberOf(ENOENT), 76);
+    EXPECT_EQ(CreationNumberOf(ENOTDIR), 76);
+    EXPECT_EQ(CreationNumberOf(ELOOP), 76);
+    EXPECT_EQ(CreationNumberOf(EXDEV), 76);
+}
+
+TEST(CreationError, OfAnotherKindKeepsItsNumber) {
+    EXPECT_EQ(CreationNumberOf(ENOSPC), 61);
+    EXPECT_EQ(CreationNumberOf(EIO), 57);
+    EXPECT_EQ(CreationNumberOf(EISDIR), 75);
+}

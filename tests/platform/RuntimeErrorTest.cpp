@@ -1,0 +1,34 @@
+#include "platform/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string TextOf(int number) {
+    return RuntimeError(number).Description.toStdString();
+}
+
+} // namespace
+
+TEST(RuntimeErrorText, IsFixedForEveryNumberInUse) {
+    EXPECT_EQ(TextOf(5), "Invalid procedure call or argument");
+    EXPECT_EQ(TextOf(6), "Overflow");
+    EXPECT_EQ(TextOf(7), "Out of memory");
+    EXPECT_EQ(TextOf(9), "Subscript out of range");
+    EXPECT_EQ(TextOf(13), "Type mismatch");
+    EXPECT_EQ(TextOf(52), "Bad file name or number");
+    EXPECT_EQ(TextOf(53), "File not found");
+    EXPECT_EQ(TextOf(57), "Device I/O error");
+    EXPECT_EQ(TextOf(58), "File already exists");
+    EXPECT_EQ(TextOf(61), "Disk full");
+    EXPECT_EQ(TextOf(68), "Device unavailable");
+    EXPECT_EQ(TextOf(70), "Permission denied");
+    EXPECT_EQ(TextOf(75), "Path/File access error");
+    EXPECT_EQ(TextOf(76), "Path not found");
+}
+
+TEST(RuntimeErrorText, CanBeAnotherOnesOwn) {
+    const RuntimeError error(11, QStringLiteral("database disk image is malformed"));
+    EXPECT_EQ(error.Number, 11);
+    EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
+}
