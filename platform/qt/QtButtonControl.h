@@ -4,6 +4,7 @@
 
 #include <QPushButton>
 
+/// A push button. Enter presses it while it has the focus.
 class QtButtonControl : public QtControl<ButtonControl, QPushButton> {
 public:
     QtButtonControl(QWidget* parent, const QString& name, const QString& caption = {});

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 
+/// A check box with its caption. Only the user raises Click.
 class QtCheckControl : public QtControl<CheckControl, QCheckBox> {
 public:
     QtCheckControl(QWidget* parent, const QString& name, const QString& caption);

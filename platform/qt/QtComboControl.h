@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 
+/// A drop-down list. The mouse wheel chooses nothing while it is closed.
 class QtComboControl : public QtControl<ComboControl, QComboBox> {
 public:
     QtComboControl(QWidget* parent, const QString& name);

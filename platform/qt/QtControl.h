@@ -15,7 +15,8 @@ public:
     QtControl(WidgetType* widget, const QString& name) : m_widget(widget) {
         ControlWidget::Adopt(*widget, name);
         const QSize size = widget->sizeHint().expandedTo(QSize(0, 0));
-        Move(0, 0, size.width() * Twips::PerPixelX(), size.height() * Twips::PerPixelY());
+        QtControl::Move(0, 0, size.width() * Twips::PerPixelX(),
+                        size.height() * Twips::PerPixelY());
         widget->show();
     }
     ~QtControl() override { delete m_widget.data(); }

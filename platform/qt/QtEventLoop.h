@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 
+/// The event loop of the user interface's thread.
 class QtEventLoop : public EventLoop {
 public:
     /// Asks the system about every 10 ms; calls in between do nothing.

@@ -4,7 +4,6 @@
 
 namespace {
 
-/// Keeps the mouse from a press to its release, wherever the pointer goes.
 class SplitterBar : public QWidget {
 public:
     explicit SplitterBar(QWidget* parent) : QWidget(parent) {

@@ -2,6 +2,7 @@
 
 #include "platform/qt/QtControl.h"
 
+/// A splitter bar. It keeps the mouse from a press to the release, wherever the pointer goes.
 class QtHandleControl : public QtControl<HandleControl, QWidget> {
 public:
     QtHandleControl(QWidget* parent, const QString& name);

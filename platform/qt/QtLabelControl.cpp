@@ -29,8 +29,8 @@ QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QStri
     : QtControl(new ClickLabel(parent), name) {
     static_cast<ClickLabel*>(Widget())->Clicked = [this] { Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
-    SetCaption(caption);
-    SizeToCaption();
+    QtLabelControl::SetCaption(caption);
+    QtLabelControl::SizeToCaption();
     SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
 }
 

@@ -101,7 +101,6 @@ void QtListControl::Tick(int row, bool ticked) {
 }
 
 void QtListControl::Fill(std::vector<ListRow> rows) {
-    ++m_fillings;
     m_heardTicks.clear();
     m_view->ForgetPress();
     m_model.Fill(std::move(rows));
@@ -119,12 +118,13 @@ void QtListControl::UserPressed(int row, bool onCheckBox) {
 }
 
 void QtListControl::UserToggles(int row) {
-    const int fillings = m_fillings;
+    // Who hears Click may fill the list anew.
+    const int fillings = m_view->Fillings();
     if (row != ListIndex()) {
         m_view->MakeCurrent(row, false);
         Raise(Click);
     }
-    if (m_fillings != fillings) {
+    if (m_view->Fillings() != fillings) {
         return;
     }
     Tick(row, !m_model.Row(row).Ticked);

@@ -28,8 +28,6 @@ private:
     QtListModel m_model;
     QtListView* m_view;
     bool m_visible = true;
-    /// Counts the fillings: what a handler was called for may be gone afterwards.
-    int m_fillings = 0;
     /// Checks were changed while nothing was painted.
     bool m_ticksChanged = false;
     /// The checks that a screen reader last heard of, from row m_firstHeard on.

@@ -1,5 +1,6 @@
 #include "platform/qt/QtListDelegate.h"
 
+#include "platform/qt/BoxPalette.h"
 #include "platform/qt/ShownText.h"
 
 #include <QStyle>
@@ -12,6 +13,11 @@ QStyleOptionViewItem QtListDelegate::Option(const QListView& view, const QModelI
     option.decorationSize = view.iconSize();
     initStyleOption(&option, index);
     return option;
+}
+
+void QtListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->palette = WithVisibleBoxes(option->palette);
 }
 
 QRect QtListDelegate::CheckArea(const QListView& view, const QModelIndex& index) const {

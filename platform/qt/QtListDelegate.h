@@ -17,6 +17,9 @@ public:
     QString displayText(const QVariant& value, const QLocale& locale) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
 private:
     QStyleOptionViewItem Option(const QListView& view, const QModelIndex& index) const;
 };

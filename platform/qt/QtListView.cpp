@@ -1,16 +1,23 @@
 #include "platform/qt/QtListView.h"
 
 #include "platform/qt/MouseInput.h"
+#include "platform/qt/QtListAccessible.h"
 #include "platform/qt/ShownText.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
+
+void SendFocus(QtListView* list, int row) {
+    QAccessibleEvent event(list, QAccessible::Focus);
+    event.setChild(row);
+    QAccessible::updateAccessibility(&event);
+}
 
 void SendCheckChanged(QtListView* list, int row) {
     QAccessible::State changed;
@@ -24,7 +31,9 @@ void SendCheckChanged(QtListView* list, int row) {
 
 QtListView::QtListView(QWidget* parent)
     : QListView(parent), IsHeard(QAccessible::isActive),
-      AnnounceTick([this](int row) { SendCheckChanged(this, row); }) {
+      AnnounceTick([this](int row) { SendCheckChanged(this, row); }),
+      AnnounceFocus([this](int row) { SendFocus(this, row); }) {
+    QtListAccessible::Install();
     setItemDelegate(&m_delegate);
     setUniformItemSizes(true);
     setSelectionMode(SingleSelection);
@@ -57,38 +66,22 @@ void QtListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bott
     viewport()->update(visualRect(topLeft).united(visualRect(bottomRight)));
 }
 
+void QtListView::reset() {
+    ++m_fillings;
+    QListView::reset();
+}
+
 void QtListView::MakeCurrent(int row, bool scrollToIt) {
     if (row == CurrentRow()) {
         return;
     }
-    setAutoScroll(scrollToIt);
-    MoveTo(model()->index(row, 0));
-    setAutoScroll(true);
-}
-
-void QtListView::MoveTo(const QModelIndex& index) {
-    const QScopedValueRollback guard(m_changing, true);
-    if (index.isValid()) {
-        setCurrentIndex(index);
-        selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
-    } else {
+    if (row == -1) {
         selectionModel()->clear();
-    }
-}
-
-void QtListView::selectionChanged(const QItemSelection& selected,
-                                  const QItemSelection& deselected) {
-    QListView::selectionChanged(selected, deselected);
-    if (m_changing) {
         return;
     }
-    // A screen reader selects or deselects a row without making it current.
-    const int before = CurrentRow();
-    const bool mayMove = isEnabled() && updatesEnabled() && !selected.isEmpty();
-    MoveTo(mayMove ? selected.indexes().constFirst() : currentIndex());
-    if (CurrentRow() != before) {
-        CurrentRowMoved();
-    }
+    setAutoScroll(scrollToIt);
+    setCurrentIndex(model()->index(row, 0));
+    setAutoScroll(true);
 }
 
 std::pair<int, int> QtListView::RowsInView() const {
@@ -160,11 +153,7 @@ void QtListView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int before = CurrentRow();
-    {
-        // Who is told may fill the list anew, which the item view must not meet half-way.
-        const QScopedValueRollback guard(m_changing, true);
-        QListView::keyPressEvent(event);
-    }
+    QListView::keyPressEvent(event);
     if (CurrentRow() != before) {
         CurrentRowMoved();
     }
@@ -180,8 +169,16 @@ void QtListView::contextMenuEvent(QContextMenuEvent* event) {
 
 void QtListView::focusInEvent(QFocusEvent* event) {
     // The item view would make the first row current where none is.
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+    if (IsHeard()) {
+        // Behind the news that the list itself has the focus.
+        QTimer::singleShot(0, this, [this] {
+            if (hasFocus() && CurrentRow() >= 0) {
+                AnnounceFocus(CurrentRow());
+            }
+        });
+    }
 }
 
 bool QtListView::HidesFrom(const QEvent& event) const {

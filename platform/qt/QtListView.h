@@ -19,7 +19,7 @@ public:
     std::function<void(int row, bool onCheckBox)> RowPressed;
     /// The user ticked or unticked a row.
     std::function<void(int row)> RowToggled;
-    /// The user moved to another row, with the keys or through a screen reader.
+    /// The user moved to another row with the keys.
     std::function<void()> CurrentRowMoved;
     /// The right button, or a key that stands for it, was pressed; `row` is -1 beside the rows.
     std::function<void(int row, const MouseState& mouse)> MenuPressed;
@@ -28,12 +28,18 @@ public:
     /// The user scrolled; programs that scroll are not heard.
     std::function<void()> Scrolled;
 
-    /// Whether a screen reader listens. This and the next stand for the desktop, and tests stand
-    /// for it in turn.
+    /// Whether a screen reader listens. This and the next two stand for the desktop, and tests
+    /// stand for it in turn.
     std::function<bool()> IsHeard;
     /// Tells screen readers that a row's check has changed.
     std::function<void(int row)> AnnounceTick;
+    /// Tells screen readers that a row has the focus.
+    std::function<void(int row)> AnnounceFocus;
 
+    /// Whether the user can act on the list.
+    bool IsUsable() const { return isEnabled() && updatesEnabled(); }
+    /// Counts how often the list has been filled.
+    int Fillings() const { return m_fillings; }
     int CurrentRow() const { return currentIndex().row(); }
     /// Makes a row current, -1 for none.
     void MakeCurrent(int row, bool scrollToIt);
@@ -45,12 +51,11 @@ public:
     /// Lays the rows out at once rather than when the event loop runs.
     void LayOutNow() { executeDelayedItemsLayout(); }
 
+    void reset() override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QList<int>& roles) override;
 
 protected:
-    void selectionChanged(const QItemSelection& selected,
-                          const QItemSelection& deselected) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -67,10 +72,8 @@ private:
     /// The row whose check box the left button went down on, -1 for none.
     int m_pressedCheckBox = -1;
     bool m_userScrolls = false;
-    /// The current row and the selection are being changed here, both to the same.
-    bool m_changing = false;
+    int m_fillings = 0;
 
-    void MoveTo(const QModelIndex& index);
     bool HidesFrom(const QEvent& event) const;
     QPointF FromCorner(const QMouseEvent& event) const;
     bool IsOnCheckBox(int row, const QMouseEvent& event) const;

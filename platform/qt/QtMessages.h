@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QWidget>
 
+/// Message boxes, shown by Qt and not by the desktop, so that their texts are what was asked for.
 class QtMessages : public Messages {
 public:
     /// The boxes stand over `owner`.

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QTabBar>
 
+/// A strip of tabs without pages.
 class QtTabsControl : public QtControl<TabsControl, QTabBar> {
 public:
     /// The first tab is selected.

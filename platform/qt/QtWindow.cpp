@@ -26,7 +26,7 @@ QtWindow::QtWindow(QWidget* owner, const QString& name, Qt::WindowFlags flags)
 }
 
 QtWindow::~QtWindow() {
-    SetMousePointer(MousePointer::Default);
+    QtWindow::SetMousePointer(MousePointer::Default);
     delete m_widget.data();
 }
 

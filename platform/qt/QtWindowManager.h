@@ -2,6 +2,7 @@
 
 #include "platform/WindowManager.h"
 
+/// The windows of this program and the primary screen.
 class QtWindowManager : public WindowManager {
 public:
     WindowHandle GetActiveWindow() override;

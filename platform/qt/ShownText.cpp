@@ -9,7 +9,7 @@ namespace {
 constexpr qsizetype LongestLine = 1000;
 constexpr qsizetype LongestMessage = 2000;
 /// A run of this many characters still fits on a line of a message.
-constexpr qsizetype LongestRun = 40;
+constexpr qsizetype LongestRun = 16;
 constexpr char16_t ZeroWidthSpace = 0x200B;
 
 bool IsControl(QChar character) {

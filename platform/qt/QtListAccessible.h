@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/qt/QtListView.h"
+
+#include <QAccessibleWidget>
+
+#include <unordered_map>
+
+/// A list as screen readers see it: its rows are check boxes, since those are spoken with their
+/// state, while the desktop's bridge tells of no list item that it can be checked.
+class QtListAccessible : public QAccessibleWidget {
+public:
+    explicit QtListAccessible(QtListView* view);
+
+    /// Lets every QtListView be seen in this way.
+    static void Install();
+
+    int childCount() const override;
+    QAccessibleInterface* child(int row) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+    int indexOfChild(const QAccessibleInterface* child) const override;
+    QAccessibleInterface* focusChild() const override;
+
+protected:
+    ~QtListAccessible() override;
+
+private:
+    /// The rows that were asked for, as long as they stand in the list.
+    mutable std::unordered_map<int, QAccessible::Id> m_rows;
+    mutable int m_fillings = 0;
+
+    QtListView* View() const { return static_cast<QtListView*>(object()); }
+    void ForgetRows() const;
+};

@@ -1,0 +1,367 @@
+#include "tests/fakes/FakeFileSystem.h"
+
+#include "platform/Paths.h"
+#include "platform/RuntimeError.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+
+bool HoldsAny(const QString& text, const char* characters) {
+    return std::any_of(text.begin(), text.end(), [characters](QChar c) {
+        return c.unicode() < 128 && c.unicode() > 0 &&
+               std::strchr(characters, static_cast<char>(c.unicode())) != nullptr;
+    });
+}
+
+constexpr qsizetype LongestName = 255;
+
+} // namespace
+
+/// An open file of a FakeFileSystem.
+class FakeBinaryFile : public BinaryFile {
+public:
+    FakeBinaryFile(FakeFileSystem& files, FakeFileSystem::EntryPointer entry, const QString& path,
+                   bool writable)
+        : m_files(files), m_entry(std::move(entry)), m_path(path), m_writable(writable) {
+        ++m_files.OpenFiles;
+    }
+
+    ~FakeBinaryFile() override { Release(); }
+
+    void Read(char* buffer, qint64 size) override {
+        Begin(FileCall::Read, size);
+        if (m_position + size > m_entry->Content.Length()) {
+            throw RuntimeError(ErrorNumber::DeviceIOError);
+        }
+        m_entry->Content.Read(buffer, m_position, size);
+        m_position += size;
+    }
+
+    void Write(const char* buffer, qint64 size) override {
+        Begin(FileCall::Write, size);
+        if (!m_writable) {
+            throw RuntimeError(ErrorNumber::PermissionDenied);
+        }
+        const qint64 inside = std::min(size, m_entry->Content.Length() - m_position);
+        const qint64 fits = inside + m_files.TakeSpace(m_path, size - inside);
+        m_entry->Content.Write(buffer, m_position, fits);
+        m_entry->ModificationTime = ++m_files.m_clock;
+        m_position += fits;
+        if (fits < size) {
+            throw RuntimeError(ErrorNumber::DiskFull);
+        }
+    }
+
+    void Truncate(qint64 size) override {
+        Begin(FileCall::Truncate, size);
+        const qint64 before = m_entry->Content.Length();
+        m_entry->Content.Truncate(size);
+        m_files.GiveSpace(m_path, before - m_entry->Content.Length());
+    }
+
+    void Close() override {
+        Begin(FileCall::Close, 0);
+        Release();
+    }
+
+private:
+    void Begin(FileCall call, qint64 size) {
+        if (m_closed) {
+            throw std::logic_error("a closed file was used");
+        }
+        m_files.Record(call, m_path, {}, size);
+        if (m_entry->Pulled) {
+            throw RuntimeError(ErrorNumber::DeviceIOError);
+        }
+    }
+
+    void Release() {
+        if (!m_closed) {
+            m_closed = true;
+            --m_files.OpenFiles;
+        }
+    }
+
+    FakeFileSystem& m_files;
+    FakeFileSystem::EntryPointer m_entry;
+    QString m_path;
+    bool m_writable;
+    bool m_closed = false;
+    qint64 m_position = 0;
+};
+
+// ---- keys
+
+QString FakeFileSystem::Key(const QString& path) {
+    const QChar separator = Paths::Separator(path);
+    QString key = path;
+    while (key.endsWith(separator)) {
+        key.chop(1);
+    }
+    if (Paths::IsDriveForm(path)) {
+        return key.toCaseFolded();
+    }
+    // A relative path is on no drive; the root's key is empty but not null.
+    return path.startsWith(separator) ? (key.isEmpty() ? QStringLiteral("") : key)
+                                      : QStringLiteral("\u0001nowhere/") + key;
+}
+
+bool FakeFileSystem::IsBelow(const QString& key, const QString& folderKey) {
+    if (folderKey.isEmpty()) {
+        return key.startsWith(QLatin1Char('/'));
+    }
+    return key.size() > folderKey.size() && key.startsWith(folderKey) &&
+           key[folderKey.size()] == Paths::Separator(key);
+}
+
+const FakeFileSystem::Entry* FakeFileSystem::Find(const QString& path) const {
+    const auto found = m_entries.find(Key(path));
+    return found == m_entries.end() ? nullptr : found->second.get();
+}
+
+const FakeFileSystem::Entry& FakeFileSystem::FileAt(const QString& path) const {
+    const Entry* entry = Find(path);
+    if (entry == nullptr || entry->IsFolder) {
+        throw std::logic_error("no such file: " + path.toStdString());
+    }
+    return *entry;
+}
+
+FakeFileSystem::Drive* FakeFileSystem::DriveFor(const QString& path) {
+    const QString key = Key(path);
+    Drive* best = nullptr;
+    qsizetype length = -1;
+    for (auto& [rootKey, drive] : m_drives) {
+        if ((key == rootKey || IsBelow(key, rootKey)) && rootKey.size() > length) {
+            best = &drive;
+            length = rootKey.size();
+        }
+    }
+    return best;
+}
+
+// ---- FileSystem
+
+bool FakeFileSystem::FileExists(const QString& path) {
+    try {
+        Record(FileCall::FileExists, path);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+    return HasFile(path);
+}
+
+bool FakeFileSystem::FolderExists(const QString& path) {
+    try {
+        Record(FileCall::FolderExists, path);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+    return HasFolder(path);
+}
+
+void FakeFileSystem::RequireParent(const QString& path) const {
+    const QString parent = Paths::ParentFolder(path);
+    if (parent.isEmpty() || !HasFolder(parent)) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+}
+
+void FakeFileSystem::MakeFolder(const QString& path) {
+    auto entry = std::make_shared<Entry>();
+    entry->Path = path;
+    while (entry->Path.endsWith(Paths::Separator(path))) {
+        entry->Path.chop(1);
+    }
+    entry->IsFolder = true;
+    m_entries[Key(path)] = entry;
+}
+
+void FakeFileSystem::CreateFolder(const QString& path) {
+    Record(FileCall::CreateFolder, path);
+    if (Find(path) != nullptr) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    QString trimmed = path;
+    while (trimmed.endsWith(Paths::Separator(path))) {
+        trimmed.chop(1);
+    }
+    const QString name = Paths::FileName(trimmed);
+    if (HoldsAny(name, ":*?\"<>|")) {
+        throw RuntimeError(ErrorNumber::BadFileName);
+    }
+    RequireParent(path);
+    if (name.toUtf8().size() > LongestName) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    MakeFolder(path);
+}
+
+void FakeFileSystem::CreateFolderChain(const QString& path) {
+    Record(FileCall::CreateFolderChain, path);
+    std::vector<QString> missing;
+    for (QString folder = path; !HasFolder(folder); folder = Paths::ParentFolder(folder)) {
+        if (Paths::ParentFolder(folder).isEmpty() || HasFile(folder)) {
+            throw RuntimeError(ErrorNumber::PathNotFound);
+        }
+        if (HoldsAny(Paths::FileName(folder), ":*?\"<>|")) {
+            throw RuntimeError(ErrorNumber::BadFileName);
+        }
+        missing.push_back(folder);
+    }
+    std::for_each(missing.rbegin(), missing.rend(),
+                  [this](const QString& folder) { MakeFolder(folder); });
+}
+
+void FakeFileSystem::DeleteFolder(const QString& path) {
+    Record(FileCall::DeleteFolder, path);
+    if (!HasFolder(path)) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    if (m_drives.count(Key(path)) != 0) {
+        return; // mount points are left alone
+    }
+    Drop(Key(path));
+}
+
+void FakeFileSystem::Drop(const QString& key) {
+    const auto drop = [this](auto entry) {
+        GiveSpace(entry->second->Path, entry->second->Content.Length());
+        return m_entries.erase(entry);
+    };
+    if (const auto found = m_entries.find(key); found != m_entries.end()) {
+        drop(found);
+    }
+    auto below = m_entries.lower_bound(key + Paths::Separator(key));
+    while (below != m_entries.end() && IsBelow(below->first, key)) {
+        below = drop(below);
+    }
+}
+
+FakeFileSystem::EntryPointer FakeFileSystem::RequireFile(const QString& path) const {
+    const auto found = m_entries.find(Key(path));
+    if (found == m_entries.end()) {
+        RequireParent(path);
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    if (found->second->IsFolder) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    return found->second;
+}
+
+void FakeFileSystem::RequireFileTarget(const QString& path) const {
+    RequireParent(path);
+    if (HasFolder(path)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    const QString name = Paths::FileName(path);
+    if (name.toUtf8().size() > LongestName ||
+        (Paths::IsDriveForm(path) && HoldsAny(name, "/:*?\"<>|"))) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+}
+
+qint64 FakeFileSystem::TakeSpace(const QString& path, qint64 bytes) {
+    Drive* drive = DriveFor(path);
+    qint64 fits = bytes;
+    if (drive != nullptr) {
+        fits = std::min(fits, static_cast<qint64>(drive->FreeBytes));
+    }
+    if (m_bytesUntilFull >= 0) {
+        fits = std::min(fits, m_bytesUntilFull);
+        m_bytesUntilFull -= fits;
+        FailuresStruck += fits < bytes ? 1 : 0;
+    }
+    if (drive != nullptr) {
+        drive->FreeBytes -= static_cast<double>(fits);
+    }
+    return fits;
+}
+
+void FakeFileSystem::GiveSpace(const QString& path, qint64 bytes) {
+    if (Drive* drive = DriveFor(path)) {
+        drive->FreeBytes += static_cast<double>(bytes);
+    }
+}
+
+void FakeFileSystem::CopyFile(const QString& source, const QString& target) {
+    Record(FileCall::CopyFile, source, target);
+    const EntryPointer from = RequireFile(source);
+    RequireFileTarget(target);
+    if (Key(source) == Key(target)) {
+        return;
+    }
+    const qint64 length = from->Content.Length();
+    const qint64 fits = TakeSpace(target, length);
+    if (fits < length) {
+        GiveSpace(target, fits);
+        throw RuntimeError(ErrorNumber::DiskFull);
+    }
+    Drop(Key(target));
+    auto entry = std::make_shared<Entry>(*from);
+    entry->Path = target;
+    m_entries[Key(target)] = entry;
+}
+
+void FakeFileSystem::MoveFile(const QString& source, const QString& target) {
+    Record(FileCall::MoveFile, source, target);
+    const EntryPointer from = RequireFile(source);
+    RequireFileTarget(target);
+    if (Key(source) != Key(target)) {
+        Drop(Key(target));
+    }
+    m_entries.erase(Key(source));
+    from->Path = target;
+    m_entries[Key(target)] = from;
+}
+
+qint64 FakeFileSystem::FileLength(const QString& path) {
+    Record(FileCall::FileLength, path);
+    return RequireFile(path)->Content.Length();
+}
+
+std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReading(const QString& path) {
+    Record(FileCall::OpenForReading, path);
+    return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, false);
+}
+
+std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QString& path) {
+    Record(FileCall::OpenForReadingAndWriting, path);
+    if (!HasFile(path)) {
+        RequireFileTarget(path);
+        AddFile(path, {}, ++m_clock);
+    }
+    return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, true);
+}
+
+void FakeFileSystem::CopyModificationTime(const QString& source, const QString& target) {
+    Record(FileCall::CopyModificationTime, source, target);
+    RequireFile(target)->ModificationTime = RequireFile(source)->ModificationTime;
+}
+
+QString FakeFileSystem::DriveOf(const QString& path) {
+    Record(FileCall::DriveOf, path);
+    if (Paths::IsDriveForm(path)) {
+        return path.left(2);
+    }
+    const Drive* drive = DriveFor(path);
+    return drive == nullptr ? QString() : drive->Root;
+}
+
+double FakeFileSystem::FreeBytes(const QString& path) {
+    Record(FileCall::FreeBytes, path);
+    const Drive* drive = DriveFor(path);
+    if (drive == nullptr) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    return drive->FreeBytes;
+}
+
+QString FakeFileSystem::NativePath(const QString& path) {
+    Record(FileCall::NativePath, path);
+    const auto found = m_nativePaths.find(Key(path));
+    return found == m_nativePaths.end() ? path : found->second;
+}

@@ -1,0 +1,150 @@
+#include "platform/qt/QtButtonControl.h"
+#include "platform/qt/QtComboControl.h"
+#include "platform/qt/QtLabelControl.h"
+#include "platform/qt/QtProgressControl.h"
+#include "platform/qt/QtTextControl.h"
+#include "tests/window/QtInput.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A window for the real controls, active.
+class QtControls : public testing::Test {
+protected:
+    QDialog window;
+
+    void Show() {
+        window.resize(600, 400);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+};
+
+TEST_F(QtControls, TouchingControlsTouchOnTheScreen) {
+    QtLabelControl left(&window, QStringLiteral("left"));
+    QtLabelControl right(&window, QStringLiteral("right"));
+    for (double width = 1000; width < 1015; width += 0.7) {
+        left.Move(7, 0, width, 300);
+        right.Move(7 + width, 0, 1000 - width / 3, 300);
+        EXPECT_EQ(left.Widget()->geometry().right() + 1, right.Widget()->geometry().left());
+    }
+}
+
+TEST_F(QtControls, TwipsAreAFifteenthOfAPixel) {
+    QtLabelControl label(&window, QStringLiteral("label"));
+    label.Move(150, 300, 1500, 450);
+    EXPECT_EQ(label.Widget()->geometry(), QRect(10, 20, 100, 30));
+}
+
+TEST_F(QtControls, NonsenseGeometryDoesNoHarm) {
+    QtLabelControl label(&window, QStringLiteral("label"));
+    label.Move(1e30, -1e30, -5, 1e300);
+    EXPECT_EQ(label.Width(), -5);
+    EXPECT_GE(label.Widget()->width(), 0);
+    EXPECT_LE(label.Widget()->height(), QWIDGETSIZE_MAX);
+}
+
+TEST_F(QtControls, EveryWidgetBearsTheNameOfItsControl) {
+    QtTextControl text(&window, QStringLiteral("txtSearch"));
+    EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("txtSearch")), text.Widget());
+}
+
+TEST_F(QtControls, EnterInATextBoxPressesTheDefaultButton) {
+    QtTextControl text(&window, QStringLiteral("text"));
+    QtButtonControl search(&window, QStringLiteral("search"));
+    QtButtonControl other(&window, QStringLiteral("other"));
+    int presses = 0;
+    search.Click = [&] { ++presses; };
+    Show();
+    text.SetFocus();
+    QtInput::Key(window, Qt::Key_Return);
+    EXPECT_EQ(presses, 0);
+    search.SetDefault(true);
+    QtInput::Key(window, Qt::Key_Return);
+    EXPECT_EQ(presses, 1);
+    other.SetDefault(true);
+    EXPECT_FALSE(search.Default());
+    QtInput::Key(window, Qt::Key_Return);
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(QtControls, ALabelShowsADoubledAmpersandAsOne) {
+    QtLabelControl label(&window, QStringLiteral("label"));
+    label.SetCaption(QStringLiteral("Simon && Garfunkel"));
+    EXPECT_EQ(label.Widget()->text(), QStringLiteral("Simon & Garfunkel"));
+}
+
+TEST_F(QtControls, ALabelShowsMarkupAsItIs) {
+    QtLabelControl label(&window, QStringLiteral("label"));
+    label.SetCaption(QStringLiteral("<b>x</b>"));
+    EXPECT_EQ(label.Widget()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(label.Widget()->text(), QStringLiteral("<b>x</b>"));
+}
+
+TEST_F(QtControls, ProgressBeyondItsMaximumIsFull) {
+    QtProgressControl progress(&window, QStringLiteral("progress"));
+    progress.Move(0, 0, 3000, 300);
+    Show();
+    progress.SetMax(10);
+    progress.SetValue(25);
+    EXPECT_EQ(progress.Widget()->value(), progress.Widget()->maximum());
+    progress.SetMax(0);
+    EXPECT_EQ(progress.Widget()->value(), 0);
+    EXPECT_GT(progress.Widget()->maximum(), progress.Widget()->minimum());
+    progress.SetMax(50);
+    EXPECT_EQ(progress.Widget()->value(), 100);
+}
+
+TEST_F(QtControls, TheWheelOverAClosedComboChoosesNothing) {
+    QtComboControl combo(&window, QStringLiteral("combo"));
+    combo.AddItem(QStringLiteral("(E:) A"));
+    combo.AddItem(QStringLiteral("(F:) B"));
+    combo.SetText(QStringLiteral("(E:) A"));
+    Show();
+    combo.SetFocus();
+    QtInput::WheelDown(*combo.Widget());
+    EXPECT_EQ(combo.Text(), QStringLiteral("(E:) A"));
+}
+
+TEST_F(QtControls, AMenuOrAnotherWindowOnlyBorrowsTheFocusOfATextBox) {
+    QtTextControl text(&window, QStringLiteral("text"));
+    QtButtonControl button(&window, QStringLiteral("button"));
+    Show();
+    button.SetFocus();
+    int got = 0;
+    int lost = 0;
+    text.GotFocus = [&] { ++got; };
+    text.LostFocus = [&] { ++lost; };
+    text.SetFocus();
+    QDialog other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    other.hide();
+    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(got, 1);
+    EXPECT_EQ(lost, 0);
+    button.SetFocus();
+    EXPECT_EQ(lost, 1);
+}
+
+TEST_F(QtControls, ATextBoxThatCompletesPathsTakesTypingAsBefore) {
+    QtTextControl text(&window, QStringLiteral("text"));
+    Show();
+    text.SetFocus();
+    text.CompletePaths();
+    int changes = 0;
+    text.Change = [&] { ++changes; };
+    QtInput::Type(window, QStringLiteral("/tm"));
+    EXPECT_EQ(text.Text(), QStringLiteral("/tm"));
+    EXPECT_EQ(changes, 3);
+}
+
+} // namespace

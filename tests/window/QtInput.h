@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QListView>
+#include <QPoint>
+#include <QWidget>
+
+/// The mouse and the keys of a user, at the window: the events find their widget as they do in
+/// front of a screen.
+namespace QtInput {
+
+/// Positions are in pixels from the widget's top left corner.
+void Press(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
+void Release(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
+void Click(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
+void DoubleClick(QWidget& widget, QPoint position);
+void MoveTo(QWidget& widget, QPoint position);
+/// A notch of the mouse wheel, downwards.
+void WheelDown(QWidget& widget);
+
+/// Keys go to the widget that has the focus in the window of `widget`.
+void Key(QWidget& widget, Qt::Key key);
+void Type(QWidget& widget, const QString& text);
+
+/// Where a row's text and its check box are, in pixels from the list's top left corner.
+QPoint TextOf(const QListView& list, int row);
+QPoint CheckBoxOf(const QListView& list, int row);
+
+} // namespace QtInput

@@ -1,0 +1,147 @@
+#include "platform/qt/QtButtonControl.h"
+#include "platform/qt/QtCheckControl.h"
+#include "platform/qt/QtComboControl.h"
+#include "platform/qt/QtContainers.h"
+#include "platform/qt/QtHandleControl.h"
+#include "platform/qt/QtLabelControl.h"
+#include "platform/qt/QtListControl.h"
+#include "platform/qt/QtPictureControl.h"
+#include "platform/qt/QtProgressControl.h"
+#include "platform/qt/QtTabsControl.h"
+#include "platform/qt/QtTextControl.h"
+#include "platform/qt/QtTimer.h"
+#include "tests/window/ControlKit.h"
+#include "tests/window/QtInput.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+
+class QtKit : public ControlKit {
+public:
+    QtKit() {
+        window.resize(800, 600);
+        list.Move(150, 150, 3000, 3000);
+        otherList.Move(3300, 150, 3000, 3000);
+        combo.Move(6450, 150, 3000, 450);
+        text.Move(6450, 750, 3000, 450);
+        label.Move(6450, 1350, 3000, 450);
+        button.Move(6450, 1950, 3000, 450);
+        check.Move(6450, 2550, 3000, 450);
+        tabs.Move(150, 3300, 6000, 450);
+        progress.Move(150, 3900, 3000, 450);
+        picture.Move(3300, 3900, 750, 750);
+        handle.Move(4200, 3900, 45, 3000);
+        frame.Move(6450, 3900, 3000, 1500);
+        buttonInFrame.Move(300, 450, 2400, 450);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        if (!QTest::qWaitForWindowActive(&window)) {
+            ADD_FAILURE() << "the window is not active";
+        }
+    }
+
+    ListControl& List() override { return list; }
+    ListControl& OtherList() override { return otherList; }
+    ComboControl& Combo() override { return combo; }
+    TextControl& Text() override { return text; }
+    LabelControl& Label() override { return label; }
+    ButtonControl& Button() override { return button; }
+    CheckControl& Check() override { return check; }
+    TabsControl& Tabs() override { return tabs; }
+    ProgressControl& Progress() override { return progress; }
+    PictureControl& Picture() override { return picture; }
+    HandleControl& Handle() override { return handle; }
+    Control& Frame() override { return frame; }
+    TimerControl& Timer() override { return timer; }
+    ButtonControl& ButtonInFrame() override { return buttonInFrame; }
+
+    WindowHandle FocusedControl() override {
+        return ControlWidget::ControlOf(QApplication::focusWidget());
+    }
+
+    void ClickRow(ListControl& target, int row) override {
+        QtInput::Click(View(target), QtInput::TextOf(View(target), row));
+    }
+    void ClickCheckBox(ListControl& target, int row) override {
+        QtInput::Click(View(target), QtInput::CheckBoxOf(View(target), row));
+    }
+    void RightClickRow(ListControl& target, int row) override {
+        QtInput::Click(View(target), QtInput::TextOf(View(target), row), Qt::RightButton);
+    }
+    void HoverAt(ListControl& target, int pixelsX, int pixelsY) override {
+        // A mouse that is there already would not move.
+        QtInput::MoveTo(window, QPoint(0, 0));
+        QtInput::MoveTo(View(target), QPoint(pixelsX, pixelsY));
+    }
+    void PressSpace(ListControl& target) override { PressKey(target, Qt::Key_Space); }
+    void PressDown(ListControl& target) override { PressKey(target, Qt::Key_Down); }
+    void PressUp(ListControl& target) override { PressKey(target, Qt::Key_Up); }
+
+    void OpenCombo() override { ClickMiddle(*combo.Widget()); }
+    void ChooseEntry(int index) override {
+        QWidget* popup = combo.Widget()->view()->window();
+        if (!popup->isVisible()) {
+            return;
+        }
+        QtInput::Key(*popup, Qt::Key_Home);
+        for (int i = 0; i < index; ++i) {
+            QtInput::Key(*popup, Qt::Key_Down);
+        }
+        QtInput::Key(*popup, Qt::Key_Return);
+    }
+    void ClickIntoText() override { ClickMiddle(*text.Widget()); }
+    void TypeText(const QString& typed) override { QtInput::Type(window, typed); }
+    void ClickLabel() override { ClickMiddle(*label.Widget()); }
+    void Press(ButtonControl& target) override {
+        ClickMiddle(*static_cast<QtButtonControl&>(target).Widget());
+    }
+    void PressCheck() override { QtInput::Click(*check.Widget(), QPoint(8, 15)); }
+    void ClickTab(int index) override {
+        QtInput::Click(*tabs.Widget(), tabs.Widget()->tabRect(index).center());
+    }
+    void DragHandle(int pixels) override {
+        const QPoint start = handle.Widget()->mapTo(&window, QPoint(1, 20));
+        const QPoint end = start + QPoint(pixels, 0);
+        QtInput::Press(window, start);
+        QtInput::MoveTo(window, end);
+        QtInput::Release(window, end);
+    }
+    void LetTimePass() override { QTest::qWait(50); }
+
+private:
+    QWidget window;
+    QtListControl list{&window, QStringLiteral("list")};
+    QtListControl otherList{&window, QStringLiteral("otherList")};
+    QtComboControl combo{&window, QStringLiteral("combo")};
+    QtTextControl text{&window, QStringLiteral("text")};
+    QtLabelControl label{&window, QStringLiteral("label")};
+    QtButtonControl button{&window, QStringLiteral("button")};
+    QtCheckControl check{&window, QStringLiteral("check"), QStringLiteral("Artist")};
+    QtTabsControl tabs{
+        &window,
+        QStringLiteral("tabs"),
+        {QStringLiteral("All Files"), QStringLiteral("Audio"), QStringLiteral("Video")}};
+    QtProgressControl progress{&window, QStringLiteral("progress")};
+    QtPictureControl picture{&window, QStringLiteral("picture")};
+    QtHandleControl handle{&window, QStringLiteral("handle")};
+    QtFrameControl frame{&window, QStringLiteral("frame"), QStringLiteral("Frame")};
+    QtTimer timer{1};
+    QtButtonControl buttonInFrame{frame.Widget(), QStringLiteral("buttonInFrame")};
+
+    static QListView& View(ListControl& target) {
+        return *static_cast<QtListControl&>(target).Widget();
+    }
+    static void ClickMiddle(QWidget& widget) { QtInput::Click(widget, widget.rect().center()); }
+    void PressKey(ListControl& target, Qt::Key key) {
+        target.SetFocus();
+        QtInput::Key(window, key);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<ControlKit> MakeQtKit() {
+    return std::make_unique<QtKit>();
+}
