@@ -12,12 +12,12 @@ namespace {
 // What a device's own library never comes near, and a hostile one cannot pass.
 constexpr int MaxStatementSeconds = 2;
 constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
-constexpr qsizetype MaxResultBytes = 128 << 20;
-constexpr int MaxValueBytes = 100'000;
+constexpr qsizetype MaxResultBytes = 64 << 20;
+constexpr int MaxValueBytes = 65536;
 constexpr int MaxPatternBytes = 100;
 
 /// Steps of SQLite's machine between two looks at the clock.
-constexpr int StepsBetweenChecks = 1000;
+constexpr int StepsBetweenChecks = 4000;
 
 /// The URI that opens a file without locks, journals or any other trace on the device.
 QByteArray ReadOnlyUri(const QString& nativePath) {
@@ -105,7 +105,7 @@ QByteArrayView SqliteRows::TextBytes(const Cell& cell) const {
 }
 
 SqliteDatabase::SqliteDatabase(const QString& nativePath) {
-    sqlite3_hard_heap_limit64(MaxEngineBytes);
+    sqlite3_hard_heap_limit64(MaxEngineBytes); // for the whole program; nothing else uses SQLite
     sqlite3* database = nullptr;
     const int result =
         sqlite3_open_v2(ReadOnlyUri(nativePath).constData(), &database,

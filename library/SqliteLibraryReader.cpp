@@ -13,7 +13,8 @@ namespace {
 /// The columns of the query for the tracks.
 enum Column { Title, Artist, Album, TrackNumber, FileSize, Location, KindId };
 
-/// The native path of a database file on the device.
+/// The native path of a database on the device. It must be a regular file: SQLite would wait for
+/// ever on a pipe of that name.
 QString NativeFile(FileSystem& files, const QString& path) {
     if (!files.FileExists(path)) {
         throw RuntimeError(ErrorNumber::FileNotFound);

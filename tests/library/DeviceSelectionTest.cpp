@@ -1,0 +1,327 @@
+// Choosing a device and loading its library.
+
+#include "platform/RuntimeError.h"
+#include "tests/library/DevicesWindow.h"
+#include "tests/support/SqliteLibraryWriter.h"
+
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class DeviceChoice : public DevicesWindow {};
+
+TEST_F(DeviceChoice, ADeviceLoadsItsLibrary) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s, u"two"_s});
+
+    Choose(0);
+
+    EXPECT_EQ(Titles(), (QStringList{u"one"_s, u"two"_s}));
+    EXPECT_EQ(Devices.SelectedDevice, u"(E:) IPOD"_s);
+    EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
+    EXPECT_TRUE(Window.Picture1.ShowsDevice);
+    EXPECT_EQ(Boxes.Texts(), QStringList());
+}
+
+TEST_F(DeviceChoice, TheDriveOfTheEntryIsTheOneThatIsRead) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    AttachIPod('K', u"(E:) IPOD"_s, {u"two"_s});
+
+    Choose(1);
+
+    EXPECT_EQ(Titles(), QStringList{u"two"_s});
+    EXPECT_TRUE(Music.Library.Artists[0].Albums[0].Tracks[0].Location.startsWith(u"K:"_s));
+}
+
+TEST_F(DeviceChoice, TheSQLiteLibraryIsTakenWhereThereIsOne) {
+    AttachIPod('E', u"IPOD"_s, {u"binary"_s});
+    QTemporaryDir folder;
+    const QString library = folder.filePath(u"Library.itdb"_s);
+    const QString locations = folder.filePath(u"Locations.itdb"_s);
+    WriteSqliteLibrary(library, locations, {{u"A"_s, u"B"_s, u"sqlite"_s, 1, 1, u"x"_s}});
+    const QString locationsOn = LibraryOn(u'E').replace(u"Library.itdb"_s, u"Locations.itdb"_s);
+    Files.AddFile(LibraryOn(u'E'), {});
+    Files.AddFile(locationsOn, {});
+    Files.SetNativePath(LibraryOn(u'E'), library);
+    Files.SetNativePath(locationsOn, locations);
+
+    Choose(0);
+
+    EXPECT_EQ(Titles(), QStringList{u"sqlite"_s});
+    EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
+}
+
+TEST_F(DeviceChoice, ADeviceThatHasOnlyTheSQLiteLibraryIsNotLoaded) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Files.AddFile(LibraryOn(u'E'), {});
+    Window.Combo1.UserDropDown();
+    Files.Remove(DatabaseOn(u'E'));
+
+    Window.Combo1.UserChoose(0);
+
+    ExpectErrorLoadingIPod();
+    ExpectReset(u"No compatible iPod detected."_s);
+    EXPECT_EQ(Files.CountOf(FileCall::NativePath), 0);
+}
+
+TEST_F(DeviceChoice, TheBrowserIsPreparedBeforeTheLoad) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    AttachIPod('F', u"OTHER"_s, {u"two"_s});
+    Choose(0);
+    FillWindow();
+    bool prepared = false;
+    Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call != FileCall::OpenForReading) {
+            return;
+        }
+        prepared = true;
+        for (const FakeListControl* list :
+             {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
+            EXPECT_TRUE(list->Enabled());
+            EXPECT_EQ(list->ListCount(), 0);
+        }
+        EXPECT_EQ(Window.lblFullName.Caption(), QString());
+        EXPECT_FALSE(Window.cmdCopy.Enabled());
+        EXPECT_FALSE(Window.cmdClear.Enabled());
+        EXPECT_EQ(Window.txtSearch.Text(), QString());
+        EXPECT_EQ(Window.tbsFilter.SelectedCaption(), u"All Files"_s);
+        EXPECT_FALSE(Devices.FilterLocked);
+        EXPECT_EQ(Raised, QStringList{u"leaves"_s});
+        EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Hourglass);
+    };
+
+    Choose(1);
+
+    EXPECT_TRUE(prepared);
+    EXPECT_EQ(UnlockedTabClicks, 0);
+}
+
+TEST_F(DeviceChoice, WhoeverShowsTheLibraryHearsThatItLeavesBeforeTheListsAndTheSearchAreEmptied) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    AttachIPod('F', u"OTHER"_s, {u"two"_s});
+    Choose(0);
+    FillWindow();
+    Devices.LibraryLeaves = [this] {
+        EXPECT_EQ(Window.lstArtists.ListCount(), 1);
+        EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
+        Raised += u"leaves"_s;
+    };
+    Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
+
+    Choose(1);
+
+    EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"search changed"_s, u"loaded"_s}));
+}
+
+TEST_F(DeviceChoice, TheListsAreBuiltBeforeTheSearchIsOffered) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Devices.Combo1_DropDown();
+    int refreshes = 0;
+    Devices.LibraryLoaded = [&] {
+        EXPECT_EQ(Window.lblMessage.Caption(), u"Building lists..."_s);
+        EXPECT_EQ(Music.Library.TrackCount, 1);
+        EXPECT_FALSE(Music.Library.LoadingMusic);
+        EXPECT_FALSE(Window.txtSearch.Enabled());
+        EXPECT_FALSE(Window.cmdSearch.Enabled());
+        EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Hourglass);
+        refreshes = Window.Form1.RefreshCount;
+        Window.lblMessage.SetCaption(u"Selected: 0 KB of 1 KB"_s);
+    };
+
+    Choose(0);
+
+    EXPECT_EQ(refreshes, 3); // "Please wait...", "Loading music... 100%", "Building lists..."
+    EXPECT_EQ(Window.lblMessage.Caption(), u"Selected: 0 KB of 1 KB"_s);
+    EXPECT_TRUE(Window.txtSearch.Enabled());
+    EXPECT_TRUE(Window.cmdSearch.Enabled());
+    EXPECT_FALSE(Window.cmdClear.Enabled());
+    EXPECT_FALSE(Window.cmdCopy.Enabled());
+    EXPECT_TRUE(Window.lstArtists.HasFocus());
+    EXPECT_EQ(Window.Form1.MousePointers,
+              (std::vector{MousePointer::Hourglass, MousePointer::Default}));
+}
+
+TEST_F(DeviceChoice, ADeviceWithoutMusicSaysSo) {
+    AttachIPod('E', u"IPOD"_s, {});
+
+    Choose(0);
+
+    EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
+    for (const FakeListControl* list : {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
+        EXPECT_FALSE(list->Enabled());
+    }
+    EXPECT_FALSE(Window.cmdSearch.Enabled());
+    EXPECT_FALSE(Window.cmdClear.Enabled());
+    EXPECT_FALSE(Window.txtSearch.Enabled());
+    EXPECT_EQ(Raised, QStringList{u"leaves"_s});
+    EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
+    EXPECT_TRUE(Window.Picture1.ShowsDevice);
+    EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Default);
+    EXPECT_TRUE(Music.Library.LoadingMusic);
+}
+
+TEST_F(DeviceChoice, ADeviceWhoseDatabaseFailsShowsWhatWasLoaded) {
+    AttachIPod('E', u"IPOD"_s, {});
+    using namespace ITunesDBChunks;
+    Files.AddFile(DatabaseOn(u'E'),
+                  ListHead("mhlt", 2) + Track(1, 1, {Item(1, u"one"_s)}) + Track(1LL << 31, 1, {}));
+
+    Choose(0);
+
+    EXPECT_EQ(Boxes.Texts(), QStringList{u"Error 6: Overflow"_s});
+    EXPECT_EQ(Titles(), QStringList{u"one"_s});
+    EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"loaded"_s}));
+    EXPECT_TRUE(Window.txtSearch.Enabled());
+    EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Default);
+}
+
+TEST_F(DeviceChoice, ADeviceWhoseDatabaseIsBrokenHasNoMusic) {
+    AttachIPod('E', u"IPOD"_s, {});
+    Files.AddFile(DatabaseOn(u'E'), "broken");
+
+    Choose(0);
+
+    EXPECT_EQ(Boxes.Texts(), QStringList{u"Error 9: Subscript out of range"_s});
+    EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
+    EXPECT_FALSE(Window.lstArtists.Enabled());
+}
+
+TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Devices.LibraryLoaded = [] { throw RuntimeError(7); };
+    Window.Combo1.UserDropDown();
+
+    EXPECT_THROW(Window.Combo1.UserChoose(0), RuntimeError);
+
+    EXPECT_EQ(Window.Form1.MousePointers,
+              (std::vector{MousePointer::Hourglass, MousePointer::Default}));
+}
+
+// ---- the device that is loaded already
+
+TEST_F(DeviceChoice, TheLoadedDeviceIsNeitherReloadedNorAreItsListsCleared) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Choose(0);
+    FillWindow();
+    Files.Calls.clear();
+
+    Choose(0);
+
+    EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
+    EXPECT_EQ(Raised, QStringList());
+    EXPECT_EQ(Window.lstSongs.ListCount(), 1);
+    EXPECT_EQ(Window.lblFullName.Caption(), u"A / B / 1"_s);
+    EXPECT_TRUE(Window.cmdCopy.Enabled());
+    EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
+    EXPECT_EQ(Boxes.Texts(), QStringList());
+    EXPECT_EQ(Window.Form1.MousePointers.size(), 2U); // of the first load
+}
+
+TEST_F(DeviceChoice, TheLoadedDeviceThatIsGoneIsReportedAndTheWindowReset) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Choose(0);
+    FillWindow();
+    Window.Combo1.UserDropDown();
+    Detach('E');
+
+    Window.Combo1.UserChoose(0);
+
+    ExpectErrorLoadingIPod();
+    ExpectReset(u"No compatible iPod detected."_s);
+    EXPECT_EQ(Raised, QStringList{u"leaves"_s});
+    EXPECT_TRUE(Window.timScan.Enabled());
+}
+
+TEST_F(DeviceChoice, AClickWithoutAnEntryDoesNothing) {
+    Devices.Combo1_DropDown();
+    Files.Calls.clear();
+
+    Devices.Combo1_Click();
+
+    EXPECT_EQ(Files.CallTexts(), QStringList());
+    EXPECT_EQ(Boxes.Texts(), QStringList());
+    EXPECT_EQ(Raised, QStringList());
+}
+
+TEST_F(DeviceChoice, ASuppressedClickDoesNothing) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Window.Combo1.UserDropDown();
+    Devices.SuppressComboClick = true;
+
+    Window.Combo1.UserChoose(0);
+
+    EXPECT_EQ(Music.Library.TrackCount, 0);
+    EXPECT_EQ(Devices.SelectedDevice, QString());
+}
+
+// ---- the failure report
+
+TEST_F(DeviceChoice, AWindowInTheBackgroundIsFlashedBeforeTheReport) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Window.Combo1.UserDropDown();
+    Files.Remove(DatabaseOn(u'E'));
+    Window.WindowManager.ActiveWindow = 0;
+    size_t flashedAtReport = 0;
+    Boxes.WhileShown = [&](const ShownMessage&) {
+        flashedAtReport = Window.WindowManager.Flashed.size();
+    };
+
+    Window.Combo1.UserChoose(0);
+
+    EXPECT_EQ(flashedAtReport, 1U);
+    EXPECT_EQ(Window.WindowManager.Flashed, (std::vector{Window.Form1.Handle()}));
+}
+
+TEST_F(DeviceChoice, AnActiveWindowIsNotFlashed) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Window.Combo1.UserDropDown();
+    Files.Remove(DatabaseOn(u'E'));
+
+    Window.Combo1.UserChoose(0);
+
+    ExpectErrorLoadingIPod();
+    EXPECT_TRUE(Window.WindowManager.Flashed.empty());
+}
+
+TEST_F(DeviceChoice, ALostDeviceShowsNoHourglass) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    Window.Combo1.UserDropDown();
+    Files.Remove(DatabaseOn(u'E'));
+
+    Window.Combo1.UserChoose(0);
+
+    EXPECT_TRUE(Window.Form1.MousePointers.empty());
+}
+
+TEST_F(DeviceChoice, AfterALostDeviceAnotherCanBeChosen) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+    AttachIPod('F', u"OTHER"_s, {u"two"_s});
+    Window.Combo1.UserDropDown();
+    Detach('E');
+    Window.Combo1.UserChoose(0);
+    ExpectErrorLoadingIPod();
+
+    Choose(0);
+
+    EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
+    EXPECT_EQ(Titles(), QStringList{u"two"_s});
+    EXPECT_TRUE(Window.lstArtists.Enabled());
+    EXPECT_FALSE(Devices.FilterLocked);
+}
+
+TEST_F(DeviceChoice, TheDeviceIsOnlyRead) {
+    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+
+    Choose(0);
+    Devices.timScan_Timer();
+    Choose(0);
+
+    EXPECT_EQ(Files.ChangesBelow(u"E:\\"_s), QStringList());
+}
+
+TEST(DevicePaths, NameTheDatabasesOfTheDrive) {
+    EXPECT_EQ(DevicePaths::ITunesDB(u"E:"_s), u"E:\\iPod_Control\\iTunes\\iTunesDB"_s);
+    EXPECT_EQ(DevicePaths::LibraryDatabase(u"E:"_s),
+              u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb"_s);
+    EXPECT_EQ(DevicePaths::LocationsDatabase(u"E:"_s),
+              u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\Locations.itdb"_s);
+}

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "library/DeviceSelection.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/FakeServices.h"
+#include "tests/library/LibraryText.h"
+#include "tests/support/ITunesDBWriter.h"
+
+/// A window on fakes that lists and loads iPods, wired as the main window wires it.
+class DevicesWindow : public testing::Test {
+protected:
+    FakeForm1 Window;
+    FakeMessages Boxes;
+    FakeFileSystem Files;
+    FakeDriveService Drives;
+    LoadMusic Music{Files, Boxes, Window.Controls};
+    DeviceSelection Devices{Music, Drives, Files, Boxes, Window.WindowManager, Window.Controls};
+    /// What DeviceSelection has raised, in order.
+    QStringList Raised;
+    /// The filter tab's Click events that came while the filter was not locked.
+    int UnlockedTabClicks = 0;
+
+    DevicesWindow() {
+        Window.Combo1.DropDown = [this] { Devices.Combo1_DropDown(); };
+        Window.Combo1.Click = [this] { Devices.Combo1_Click(); };
+        Window.timScan.Timer = [this] { Devices.timScan_Timer(); };
+        Window.tbsFilter.Click = [this] { UnlockedTabClicks += Devices.FilterLocked ? 0 : 1; };
+        Devices.LibraryLeaves = [this] { Raised += QStringLiteral("leaves"); };
+        Devices.LibraryLoaded = [this] { Raised += QStringLiteral("loaded"); };
+    }
+
+    static QString DatabaseOn(QChar letter) {
+        return letter + QStringLiteral(":\\iPod_Control\\iTunes\\iTunesDB");
+    }
+    static QString LibraryOn(QChar letter) {
+        return letter +
+               QStringLiteral(":\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb");
+    }
+
+    /// Attaches an iPod whose library holds `titles`, by one artist.
+    void AttachIPod(char letter, const QString& name, const QStringList& titles) {
+        std::vector<SampleTrack> tracks;
+        for (const QString& title : titles) {
+            tracks.push_back({QStringLiteral("A"), QStringLiteral("B"), title, 1, 1, {}});
+        }
+        Drives.Mounted.push_back({QLatin1Char(letter), name});
+        Files.AddFile(DatabaseOn(QLatin1Char(letter)), WriteITunesDB(tracks));
+    }
+
+    void Detach(char letter) {
+        std::erase_if(Drives.Mounted, [letter](const FakeDrive& drive) {
+            return drive.Letter == QLatin1Char(letter);
+        });
+        Files.RemoveDrive(QLatin1Char(letter) + QStringLiteral(":"));
+    }
+
+    /// Opens the list of devices and chooses one.
+    void Choose(int index) {
+        Window.Combo1.UserDropDown();
+        Window.Combo1.UserChoose(index);
+    }
+
+    /// Does to the window what the browser does with a library.
+    void FillWindow() {
+        for (FakeListControl* list : {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
+            list->Fill({{QStringLiteral("row"), false}});
+        }
+        Window.lblFullName.SetCaption(QStringLiteral("A / B / 1"));
+        Window.cmdCopy.SetEnabled(true);
+        Window.cmdClear.SetEnabled(true);
+        Window.txtSearch.SetText(QStringLiteral("word"));
+        Window.tbsFilter.UserSelectTab(1);
+        UnlockedTabClicks = 0;
+        Raised.clear();
+    }
+
+    QStringList Titles() const {
+        QStringList titles;
+        for (const QString& line : Lines(Music.Library)) {
+            titles += line.section(QStringLiteral(" | "), 2, 2).section(QLatin1Char(' '), 1);
+        }
+        return titles;
+    }
+
+    void ExpectErrorLoadingIPod() const {
+        EXPECT_EQ(Boxes.Shown, (std::vector<ShownMessage>{
+                                   {QStringLiteral("Error loading iPod."), QStringLiteral("Error"),
+                                    MessageButtons::OK, MessageIcon::Critical}}));
+    }
+
+    /// The window is as it is without a chosen device; `message` stands in its label.
+    void ExpectReset(const QString& message) const {
+        EXPECT_EQ(Devices.SelectedDevice, QString());
+        EXPECT_EQ(Devices.LoadedDevice, QString());
+        EXPECT_EQ(Window.Combo1.Text(), QString());
+        EXPECT_EQ(Window.lblMessage.Caption(), message);
+        EXPECT_EQ(Window.lblFullName.Caption(), QString());
+        EXPECT_FALSE(Window.Picture1.ShowsDevice);
+        for (const FakeListControl* list :
+             {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
+            EXPECT_EQ(list->ListCount(), 0);
+            EXPECT_FALSE(list->Enabled());
+        }
+        EXPECT_FALSE(Window.cmdCopy.Enabled());
+        EXPECT_FALSE(Window.cmdSearch.Enabled());
+        EXPECT_FALSE(Window.cmdClear.Enabled());
+        EXPECT_FALSE(Window.txtSearch.Enabled());
+        EXPECT_EQ(Window.txtSearch.Text(), QString());
+        EXPECT_EQ(Window.tbsFilter.SelectedCaption(), QStringLiteral("All Files"));
+        EXPECT_TRUE(Devices.FilterLocked);
+        EXPECT_FALSE(Devices.SuppressComboClick);
+    }
+};

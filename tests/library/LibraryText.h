@@ -1,0 +1,20 @@
+#pragma once
+
+#include "library/MusicLibrary.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+/// One line a track, in library order: "artist | album | number title | size | kind | location".
+QStringList Lines(const MusicLibrary& library);
+
+/// What holds for every library that holds tracks: no empty group and no empty name, TrackCount and
+/// TotalSize are the number and the size of the tracks, and nothing is ticked.
+void ExpectConsistent(const MusicLibrary& library);
