@@ -1,0 +1,83 @@
+#pragma once
+
+#include "browser/MediaFilter.h"
+#include "selection/CheckPropagation.h"
+#include "selection/Search.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/FakeServices.h"
+
+#include <string>
+
+/// The records that a text describes: a line for each artist, under it, indented by two blanks, a
+/// line for each of its albums, and under that, indented by four, one for each song:
+///
+///     Abba
+///       Arrival
+///         Money
+///         Tiger | 3 | 2048 | video
+///
+/// A song's number (0), size in bytes (1024) and kind (audio, video or other; audio) may be left
+/// out from the end on.
+std::vector<ArtistRecord> RecordsOf(const char* description);
+
+/// The row texts, as "All (2 Artists), Abba, Queen".
+std::string Texts(const FakeListControl& list);
+/// The texts of the ticked rows.
+std::string Ticked(const FakeListControl& list);
+/// The text of the current row; empty for none.
+std::string Current(const FakeListControl& list);
+/// The ticked records, each with the names above it: "Abba, Abba/Arrival, Abba/Arrival/Money".
+std::string CheckedRecords(const std::vector<ArtistRecord>& artists);
+
+/// The three lists, the tabs and the search box of a window that shows a library, wired as in the
+/// program, so that a test can act as the user.
+class BrowserFixture {
+public:
+    FakeForm1 Form;
+    FakeListControl& lstArtists = Form.lstArtists;
+    FakeListControl& lstAlbums = Form.lstAlbums;
+    FakeListControl& lstSongs = Form.lstSongs;
+    FakeFileSystem Files;
+    FakeMessages Messages;
+    FakeDriveService Drives;
+    FakeEventLoop Events;
+
+    BrowserState State;
+    LoadMusic Loader{Files, Messages, Form.Controls};
+    MusicLibrary& Library = Loader.Library;
+    DeviceSelection Devices{Loader, Drives, Files, Messages, Form.WindowManager, Form.Controls};
+    TextFitting Fitting{Form.WindowManager, Form.Controls};
+    LinkedLists Linked{State, Library, Fitting, Form.Controls};
+    ArtistList Artists{State, Library, Linked, Form.Controls};
+    MediaFilter Filter{State, Library, Devices, Artists, Form.Controls};
+    SelectionSummary Summary{State, Library, Form.Controls};
+    CheckPropagation Checks{State, Library, Linked, Summary, Form.Controls};
+    Search WordSearch{State, Library, Artists, Summary, Events, Form.WindowManager, Form.Controls};
+
+    /// Shows the described library; nothing is shown of one without artists.
+    explicit BrowserFixture(const char* description);
+    explicit BrowserFixture(std::vector<ArtistRecord> artists);
+
+    /// Shows another library in the same window, as after a change of the device.
+    void Load(std::vector<ArtistRecord> artists);
+
+    /// The row of that text, "All" for the "All" row. Throws std::logic_error when there is none.
+    static int RowOf(const FakeListControl& list, const char* text);
+    /// What the user does with the row of that text.
+    static void Click(FakeListControl& list, const char* text);
+    static void Tick(FakeListControl& list, const char* text);
+    static void Untick(FakeListControl& list, const char* text);
+    /// Puts a text into the search box in one go.
+    void Type(const char* text);
+    /// Chooses the tab of that caption.
+    void ChooseTab(const char* caption);
+
+    std::string FullName() const { return Form.lblFullName.Caption().toStdString(); }
+    std::string Message() const { return Form.lblMessage.Caption().toStdString(); }
+
+private:
+    void Wire();
+    void WireLists();
+    void ForgetLibrary();
+};

@@ -1,0 +1,190 @@
+#include "tests/browser/BrowserFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const char* const AllKinds = R"(
+Queen
+  Jazz
+    Mustapha
+    Notes | 0 | 1024 | other
+  Films
+    Headlong | 0 | 1024 | video
+Abba
+  Arrival
+    Money
+    Tiger | 0 | 1024 | video
+Books
+  Texts
+    Poem | 0 | 1024 | other
+)";
+
+} // namespace
+
+TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
+    FakeTabsControl tabs;
+    const auto passing = [&tabs] {
+        std::string kinds;
+        for (const qint16 kind : std::initializer_list<qint16>{0, 1, 2, 3, -1}) {
+            kinds += CorrectFiletype(tabs, kind) ? "+" : "-";
+        }
+        return kinds;
+    };
+    EXPECT_EQ(passing(), "+++++");
+    tabs.Select(1);
+    EXPECT_EQ(passing(), "-+---");
+    tabs.Select(2);
+    EXPECT_EQ(passing(), "--+--");
+}
+
+TEST(MediaFilter, ATabOfAnotherNameLetsNothingPassAndHasNoNoun) {
+    FakeTabsControl tabs;
+    tabs.Captions = {QStringLiteral("all files"), QStringLiteral("audio")};
+    EXPECT_FALSE(CorrectFiletype(tabs, KindOther));
+    EXPECT_EQ(GetCorrectName(tabs), QString());
+    tabs.Select(1);
+    EXPECT_FALSE(CorrectFiletype(tabs, KindAudio));
+    EXPECT_EQ(GetCorrectName(tabs), QString());
+}
+
+TEST(MediaFilter, TheNounsAreItemSongAndVideoWithALeadingBlank) {
+    FakeTabsControl tabs;
+    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Item"));
+    tabs.Select(1);
+    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Song"));
+    tabs.Select(2);
+    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Video"));
+}
+
+TEST(MediaFilter, TheSongsAllRowReadsSongsVideosAndItems) {
+    BrowserFixture browser(AllKinds);
+    browser.Click(browser.lstArtists, "All");
+    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (6 Items)"));
+    browser.ChooseTab("Audio");
+    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (2 Songs)"));
+    browser.ChooseTab("Video");
+    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (2 Videos)"));
+}
+
+TEST(MediaFilter, ATrackOfKindZeroIsListedUnderAllFilesOnly) {
+    BrowserFixture browser(AllKinds);
+    browser.Click(browser.lstArtists, "All");
+    EXPECT_EQ(Texts(browser.lstSongs),
+              "All (6 Items), Headlong, Money, Mustapha, Notes, Poem, Tiger");
+    browser.ChooseTab("Audio");
+    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Songs), Money, Mustapha");
+    browser.ChooseTab("Video");
+    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Videos), Headlong, Tiger");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
+    EXPECT_EQ(Texts(browser.lstAlbums), "All (2 Albums), Arrival, Films");
+}
+
+TEST(MediaFilter, BackToAllFilesTheFullLibraryAndTheRowsFromBeforeReturn) {
+    BrowserFixture browser(AllKinds);
+    browser.Click(browser.lstArtists, "Queen");
+    browser.Click(browser.lstAlbums, "Jazz");
+    browser.Click(browser.lstSongs, "Mustapha");
+    browser.ChooseTab("Audio");
+    EXPECT_EQ(Current(browser.lstArtists), "Queen");
+    EXPECT_EQ(Texts(browser.lstAlbums), "All (1 Album), Jazz");
+    EXPECT_EQ(Current(browser.lstAlbums), "Jazz");
+    EXPECT_EQ(Current(browser.lstSongs), "Mustapha");
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
+    EXPECT_EQ(Current(browser.lstArtists), "Queen");
+    EXPECT_EQ(Texts(browser.lstAlbums), "All (2 Albums), Films, Jazz");
+    EXPECT_EQ(Current(browser.lstAlbums), "Jazz");
+    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Mustapha, Notes");
+    EXPECT_EQ(Current(browser.lstSongs), "Mustapha");
+    EXPECT_FALSE(browser.State.Search);
+}
+
+TEST(MediaFilter, BackToAllFilesWithASearchTextTheSearchRunsWithoutTheKind) {
+    BrowserFixture browser(AllKinds);
+    browser.ChooseTab("Audio");
+    browser.Type("arrival");
+    EXPECT_EQ(Texts(browser.lstSongs), "All (1 Song), Money");
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Money, Tiger");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Abba");
+    EXPECT_TRUE(browser.State.Search);
+    EXPECT_TRUE(browser.Form.cmdClear.Enabled());
+}
+
+TEST(MediaFilter, ATextThatWasClearedButStillStandsInTheBoxDoesNotFilter) {
+    BrowserFixture browser(AllKinds);
+    browser.Type("abba");
+    browser.Form.cmdClear.UserPress();
+    browser.ChooseTab("Audio");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
+}
+
+TEST(MediaFilter, ClickingTheSelectedTabChangesNothing) {
+    BrowserFixture browser(AllKinds);
+    int fills = browser.lstArtists.FillCount;
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(browser.lstArtists.FillCount, fills);
+    EXPECT_FALSE(browser.State.Search);
+    browser.ChooseTab("Video");
+    fills = browser.lstArtists.FillCount;
+    browser.ChooseTab("Video");
+    EXPECT_EQ(browser.lstArtists.FillCount, fills);
+}
+
+TEST(MediaFilter, WhileTheFilterIsLockedAClickDoesNothingAndIsNotRemembered) {
+    BrowserFixture browser(AllKinds);
+    browser.Devices.FilterLocked = true;
+    browser.ChooseTab("Video");
+    EXPECT_FALSE(browser.State.Search);
+    browser.Devices.FilterLocked = false;
+    browser.ChooseTab("Video");
+    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (1 Video)"));
+}
+
+TEST(MediaFilter, WithoutTracksAClickDoesNothing) {
+    BrowserFixture browser("");
+    browser.Library.Artists = RecordsOf(AllKinds); // what an earlier device left
+    browser.ChooseTab("Audio");
+    EXPECT_FALSE(browser.State.Search);
+    EXPECT_EQ(browser.lstArtists.ListCount(), 0);
+    EXPECT_EQ(browser.Library.Artists.size(), 3U);
+}
+
+TEST(MediaFilter, ATabWithoutAnyFileShowsEmptyListsAndAllFilesLeadsBack) {
+    BrowserFixture browser(R"(
+Abba
+  Arrival
+    Money
+)");
+    browser.ChooseTab("Video");
+    EXPECT_EQ(browser.lstArtists.ListCount(), 0);
+    EXPECT_FALSE(browser.lstArtists.Enabled());
+    EXPECT_FALSE(browser.Form.cmdClear.Enabled());
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Abba");
+    EXPECT_EQ(browser.lstArtists.ListIndex(), 0);
+    EXPECT_TRUE(browser.lstArtists.Enabled());
+}
+
+TEST(MediaFilter, BetweenAudioAndVideoTheFilterStartsFromTheFullLibrary) {
+    BrowserFixture browser(AllKinds);
+    browser.ChooseTab("Audio");
+    browser.ChooseTab("Video");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
+    EXPECT_EQ(browser.State.SavedArtists.size(), 3U);
+    browser.ChooseTab("All Files");
+    EXPECT_EQ(browser.Library.Artists.size(), 3U);
+}
+
+TEST(MediaFilter, ANewLibraryIsShownUnfilteredAndEveryTabWorksOnIt) {
+    BrowserFixture browser(AllKinds);
+    browser.ChooseTab("Audio");
+    browser.Load(RecordsOf(AllKinds));
+    EXPECT_EQ(browser.Form.tbsFilter.SelectedCaption(), QStringLiteral("All Files"));
+    EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
+    browser.ChooseTab("Audio");
+    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
+}

@@ -1,0 +1,228 @@
+#include "browser/SortedOrder.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+#include <unicode/ucol.h>
+
+#include <memory>
+#include <random>
+
+namespace {
+
+std::vector<qint32> Order(const QStringList& names, qint32 firstNumber = 0) {
+    std::vector<const QString*> pointers;
+    for (const QString& name : names) {
+        pointers.push_back(&name);
+    }
+    return SortedOrder(pointers, firstNumber);
+}
+
+/// The names in their order, as "Abba, Queen".
+std::string Sorted(const QStringList& names, qint32 firstNumber = 0) {
+    QStringList sorted;
+    for (const qint32 position : Order(names, firstNumber)) {
+        sorted.append(names[position]);
+    }
+    return sorted.join(QStringLiteral(", ")).toStdString();
+}
+
+QStringList Names(const char* commaSeparated) {
+    return QString::fromUtf8(commaSeparated).split(QStringLiteral(", "));
+}
+
+/// A list box that keeps its rows sorted: each text goes in before the first that is greater.
+class SortedListBox {
+public:
+    SortedListBox() {
+        UErrorCode status = U_ZERO_ERROR;
+        m_collator.reset(ucol_open("", &status));
+        ucol_setStrength(m_collator.get(), UCOL_SECONDARY);
+    }
+
+    void Add(const QString& text) {
+        size_t row = 0;
+        while (row < Rows.size() && !IsLess(text, Rows[row])) {
+            ++row;
+        }
+        Rows.insert(Rows.begin() + static_cast<std::ptrdiff_t>(row), text);
+    }
+
+    std::vector<QString> Rows;
+
+private:
+    bool IsLess(const QString& left, const QString& right) const {
+        const auto units = [](const QString& text) {
+            return reinterpret_cast<const UChar*>(text.utf16());
+        };
+        return ucol_strcoll(m_collator.get(), units(left), static_cast<int32_t>(left.size()),
+                            units(right), static_cast<int32_t>(right.size())) == UCOL_LESS;
+    }
+
+    struct Close {
+        void operator()(UCollator* collator) const { ucol_close(collator); }
+    };
+    std::unique_ptr<UCollator, Close> m_collator;
+};
+
+/// The order by way of keys that are put into a sorted list box and read back.
+std::vector<qint32> OrderByListBox(const QStringList& names, qint32 firstNumber) {
+    SortedListBox lstSort;
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const QString number = QString::number(i + firstNumber);
+        lstSort.Add(names[i] + number + QString::number(number.size()));
+    }
+    std::vector<qint32> order;
+    for (const QString& key : lstSort.Rows) {
+        const int digits = key.back().digitValue();
+        order.push_back(key.mid(key.size() - 1 - digits, digits).toInt() - firstNumber);
+    }
+    return order;
+}
+
+} // namespace
+
+TEST(SortedOrder, NothingToSortGivesAnEmptyOrder) {
+    EXPECT_TRUE(Order({}).empty());
+}
+
+TEST(SortedOrder, LetterCaseIsIgnored) {
+    EXPECT_EQ(Sorted(Names("Zappa, abba, Queen, ABC, queens")), "abba, ABC, Queen, queens, Zappa");
+}
+
+TEST(SortedOrder, AccentedLettersStandWithTheirBaseLetter) {
+    EXPECT_EQ(Sorted(Names("Zebra, Émile, Eva, Edna")), "Edna, Émile, Eva, Zebra");
+}
+
+TEST(SortedOrder, TheDigitsAreComparedBeforeAccents) {
+    EXPECT_EQ(Sorted(Names("Café, Cafe")), "Café, Cafe");
+    EXPECT_EQ(Sorted(Names("Cafe, Café")), "Cafe, Café");
+}
+
+TEST(SortedOrder, BlanksAndPunctuationAreNotIgnored) {
+    EXPECT_EQ(Sorted(Names("Theater, The Who, The-Dream")), "The Who, The-Dream, Theater");
+}
+
+TEST(SortedOrder, AbbaWithABlankAndATwoComesBeforeAbba) {
+    EXPECT_EQ(Sorted(Names("Abba, Abba 2")), "Abba 2, Abba");
+}
+
+TEST(SortedOrder, ANameThatBeginsAnotherIsPlacedByItsDigits) {
+    EXPECT_EQ(Sorted(Names("Song, Song0")), "Song, Song0");   // Song01 and Song011
+    EXPECT_EQ(Sorted(Names("Song0, Song")), "Song0, Song");   // Song001 and Song11
+    EXPECT_EQ(Sorted(Names("Song10, Song")), "Song10, Song"); // Song1001 and Song11
+}
+
+TEST(SortedOrder, EqualNamesAreOrderedByTheirNumbersAsText) {
+    const QStringList names(13, QStringLiteral("Abba"));
+    const std::vector<qint32> expected = {0, 10, 1, 11, 12, 2, 3, 4, 5, 6, 7, 8, 9};
+    EXPECT_EQ(Order(names), expected);
+}
+
+TEST(SortedOrder, TheCountOfDigitsTakesPart) {
+    // 1 gives Abba11 and 11 gives Abba112: the shorter one is first. 10 gives Abba102.
+    const QStringList names(11, QStringLiteral("Abba"));
+    const std::vector<qint32> expected = {9, 0, 10, 1, 2, 3, 4, 5, 6, 7, 8};
+    EXPECT_EQ(Order(names, 1), expected);
+}
+
+TEST(SortedOrder, NumbersCountFromTheFirstOne) {
+    QStringList names;
+    for (int i = 0; i < 12; ++i) {
+        names.append(i == 6 || i == 11 ? QStringLiteral("Intro") : QStringLiteral("A%1x").arg(i));
+    }
+    const std::vector<qint32> order = Order(names, 1);
+    EXPECT_EQ(order[10], 11); // number 12
+    EXPECT_EQ(order[11], 6);  // number 7
+}
+
+TEST(SortedOrder, AKeyMuchLongerThanItsTextIsTakenWhole) {
+    // One letter that sorts like a sentence of eighteen.
+    const QString longLetters(200, QChar(0xFDFA));
+    const QStringList names = {longLetters + QLatin1Char('b'), longLetters + QLatin1Char('a'),
+                               QStringLiteral("a")};
+    const std::vector<qint32> expected = {2, 1, 0};
+    EXPECT_EQ(Order(names), expected);
+}
+
+TEST(SortedOrder, HalvesOfLettersAndControlCharactersAreNoObstacle) {
+    const QStringList names = {QString(QChar(0xD83D)), QStringLiteral("b"), QString(3, QChar(0)),
+                               QString(), QStringLiteral("a")};
+    const std::vector<qint32> order = Order(names);
+    // What has no weight of its own is placed by its digits, in front of the letters.
+    const std::vector<qint32> expected = {2, 3, 4, 1, 0};
+    EXPECT_EQ(order, expected);
+}
+
+TEST(SortedOrder, AgreesWithASortedListBoxOnRandomNames) {
+    std::mt19937 random(7);
+    const QString letters = QStringLiteral("aAbB01 é-ßZ&");
+    for (int round = 0; round < 40; ++round) {
+        QStringList names;
+        for (int i = 0; i < 120; ++i) {
+            QString name;
+            for (unsigned length = random() % 4; length > 0; --length) {
+                name += letters[static_cast<qsizetype>(random() % 12)];
+            }
+            names.append(name);
+        }
+        ASSERT_EQ(Order(names, round % 2), OrderByListBox(names, round % 2));
+    }
+}
+
+// The collator is opened once a process, so each of these runs in a process of its own.
+namespace {
+
+using Environment = std::vector<std::pair<const char*, QByteArray>>;
+
+constexpr int AfterZ = 1;
+constexpr int WithA = 2;
+
+/// Where the environment's locale puts an A with dots.
+int OrderUnder(const Environment& environment) {
+    for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"}) {
+        qunsetenv(variable);
+    }
+    for (const auto& [variable, value] : environment) {
+        qputenv(variable, value);
+    }
+    const std::string sorted = Sorted(Names("Zebra, Ängla, Alma"));
+    return sorted == "Alma, Zebra, Ängla" ? AfterZ : sorted == "Alma, Ängla, Zebra" ? WithA : 0;
+}
+
+void ExpectOrder(int expected, const Environment& environment) {
+    EXPECT_EXIT(std::exit(OrderUnder(environment)), testing::ExitedWithCode(expected), "");
+}
+
+class SortedOrderDeathTest : public testing::Test {
+protected:
+    void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+};
+
+} // namespace
+
+TEST_F(SortedOrderDeathTest, TheOrderIsThatOfTheUsersLocale) {
+    ExpectOrder(AfterZ, {{"LC_ALL", "sv_SE.UTF-8"}});
+    ExpectOrder(AfterZ, {{"LC_COLLATE", "sv_SE"}});
+    ExpectOrder(AfterZ, {{"LANG", "sv_SE.UTF-8"}});
+    ExpectOrder(WithA, {{"LANG", "de_DE.UTF-8"}});
+}
+
+TEST_F(SortedOrderDeathTest, LcAllGoesBeforeLcCollateAndThatBeforeLang) {
+    ExpectOrder(AfterZ, {{"LC_ALL", "sv_SE"}, {"LC_COLLATE", "de_DE"}, {"LANG", "de_DE"}});
+    ExpectOrder(AfterZ, {{"LC_ALL", ""}, {"LC_COLLATE", "sv_SE"}, {"LANG", "de_DE"}});
+    ExpectOrder(WithA, {{"LC_ALL", "C"}, {"LC_COLLATE", "sv_SE"}, {"LANG", "sv_SE"}});
+}
+
+TEST_F(SortedOrderDeathTest, WithoutALocaleTheOrderIsThatOfTheRoot) {
+    ExpectOrder(WithA, {{"LANG", "C.UTF-8"}});
+    ExpectOrder(WithA, {{"LANG", "POSIX"}});
+    ExpectOrder(WithA, {{"LANG", ""}});
+    ExpectOrder(WithA, {});
+}
+
+TEST_F(SortedOrderDeathTest, ALocaleThatCannotBeReadCountsAsNone) {
+    ExpectOrder(WithA, {{"LANG", "en_US@x="}});
+    ExpectOrder(WithA, {{"LANG", "nowhere"}});
+    ExpectOrder(WithA, {{"LANG", QByteArray(5000, 'a')}});
+}
