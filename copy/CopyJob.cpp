@@ -36,9 +36,6 @@ void CopyJob::cmdCopy_Click() {
     if (m_state.SearchRunning) {
         return; // pressed in one of the search's yields, while neither library is whole
     }
-    if (m_state.SearchRunning) {
-        return; // pressed in one of the search's yields, while it rebuilds the library
-    }
     // What an earlier job was asked must not turn a stop of this one into the question to quit.
     CUnload = false;
     m_place = {};

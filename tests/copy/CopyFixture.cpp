@@ -1,0 +1,135 @@
+#include "tests/copy/CopyFixture.h"
+
+#include <cstring>
+
+CopyFixture::CopyFixture() {
+    files.AddDrive(Text("E:"));
+    files.AddFolder(Text("D:\\Music"));
+    form.txtDestination.SetText(Text("D:\\Music"));
+    form.cmdCopy.Click = [this] { job.cmdCopy_Click(); };
+    form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) { OnQueryUnload(cancel); };
+    form.cmdClear.SetEnabled(false);
+    job.ShowOverwrite = [this] { ShowPrompt(); };
+}
+
+void CopyFixture::OnQueryUnload(bool& cancel) {
+    if (job.Copying) {
+        job.CancelCopy = true;
+        job.CUnload = true;
+        cancel = true;
+        return;
+    }
+    ++closed;
+}
+
+TrackRecord& CopyFixture::AddRecord(const char* artist, const char* album, const char* title) {
+    auto& artists = library.Artists;
+    if (artists.empty() || artists.back().Name != Text(artist)) {
+        artists.push_back({Text(artist), {}, true, static_cast<qint32>(artists.size())});
+    }
+    auto& albums = artists.back().Albums;
+    if (albums.empty() || albums.back().Name != Text(album)) {
+        albums.push_back({Text(album), {}, true, static_cast<qint32>(albums.size())});
+    }
+    auto& tracks = albums.back().Tracks;
+    TrackRecord track;
+    track.Title = Text(title);
+    track.Checked = true;
+    track.SourceIndex = static_cast<qint32>(tracks.size());
+    ++library.TrackCount;
+    track.Location =
+        Text("E:\\iPod_Control\\Music\\F00\\") + QString::number(library.TrackCount) + Text(".mp3");
+    tracks.push_back(track);
+    return tracks.back();
+}
+
+TrackRecord& CopyFixture::AddTrack(const char* artist, const char* album, const char* title,
+                                   const QByteArray& bytes, qint32 trackNumber) {
+    TrackRecord& track = AddRecord(artist, album, title);
+    track.TrackNumber = trackNumber;
+    track.FileSize = static_cast<qint32>(bytes.size());
+    files.AddFile(track.Location, bytes);
+    library.TotalSize += track.FileSize;
+    summary.SelectedSize += track.FileSize;
+    return track;
+}
+
+TrackRecord& CopyFixture::AddLargeTrack(const char* artist, const char* album, const char* title,
+                                        qint32 size) {
+    TrackRecord& track = AddTrack(artist, album, title, {});
+    track.FileSize = size;
+    files.AddLargeFile(track.Location, size, library.TrackCount);
+    library.TotalSize += size;
+    summary.SelectedSize += size;
+    return track;
+}
+
+void CopyFixture::SetOptions(const char* options) {
+    const auto isSet = [options](char letter) {
+        return std::strchr(options, letter) != nullptr ? 1 : 0;
+    };
+    form.chkArtist.SetValue(isSet('A'));
+    form.chkAlbum.SetValue(isSet('B'));
+    form.chkArtistName.SetValue(isSet('a'));
+    form.chkAlbumName.SetValue(isSet('b'));
+    form.chkTrackNum.SetValue(isSet('n'));
+}
+
+void CopyFixture::Press() {
+    form.cmdCopy.UserPress();
+}
+
+void CopyFixture::CancelAtYield(int yield) {
+    events.OnYield = [this, yield](int number) {
+        if (number == yield) {
+            form.cmdCopy.UserPress();
+        }
+    };
+}
+
+void CopyFixture::CloseAtYield(int yield) {
+    events.OnYield = [this, yield](int number) {
+        if (number == yield) {
+            form.Form1.UserClose();
+        }
+    };
+}
+
+void CopyFixture::ShowPrompt() {
+    prompted += prompt.OverwriteFile;
+    FakeWindow window;
+    FakeLabelControl lblMessage;
+    FakeButtonControl buttons[3];
+    FakeCheckControl chkSame;
+    frmOverwrite shown(prompt, {window, lblMessage, buttons[0], buttons[1], buttons[2], chkSame});
+    shown.Form_Load();
+    PromptUse use = PromptUse::CloseBox;
+    if (!promptUses.empty()) {
+        use = promptUses.front();
+        promptUses.pop_front();
+    }
+    const bool all =
+        use == PromptUse::ReplaceAll || use == PromptUse::SkipAll || use == PromptUse::CancelAll;
+    chkSame.SetValue(all ? 1 : 0);
+    if (use != PromptUse::CloseBox) {
+        window.ModalScript = [&] { buttons[static_cast<int>(use) % 3].UserPress(); };
+    }
+    window.ShowModal();
+}
+
+void CopyFixture::ExpectIdle() const {
+    EXPECT_FALSE(job.Copying);
+    EXPECT_FALSE(job.CancelCopy);
+    EXPECT_FALSE(prompt.OverwriteAll);
+    EXPECT_EQ(form.Form1.Caption(), Text("Songlift"));
+    EXPECT_EQ(form.cmdCopy.Caption(), Text("&Copy to destination"));
+    for (const Control* control : std::initializer_list<const Control*>{
+             &form.Combo1, &form.tbsFilter, &form.lstArtists, &form.lstAlbums, &form.lstSongs,
+             &form.chkAlbumName, &form.chkArtistName, &form.chkTrackNum, &form.txtDestination,
+             &form.chkArtist, &form.chkAlbum, &form.cmdBrowse, &form.txtSearch, &form.cmdSearch,
+             &form.frmDP, &form.frmTN, &form.frmDestination}) {
+        EXPECT_TRUE(control->Enabled());
+    }
+    EXPECT_EQ(form.cmdClear.Enabled(), state.SearchingText);
+    EXPECT_EQ(files.OpenFiles, 0);
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "copy/CopyJob.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/FakeServices.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+
+inline QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+/// What the user does at one prompt for an existing file.
+enum class PromptUse { Replace, Skip, Cancel, ReplaceAll, SkipAll, CancelAll, CloseBox };
+
+/// The copy engine on fakes, wired as the main window wires it: an iPod at E:, the destination
+/// D:\Music, no folder and name option ticked.
+class CopyFixture {
+public:
+    CopyFixture();
+
+    /// Adds a ticked track with its file of `bytes` on the device; an artist and album that are the
+    /// last ones already go on. The files are named after their place: 1.mp3, 2.mp3, ...
+    TrackRecord& AddTrack(const char* artist, const char* album, const char* title,
+                          const QByteArray& bytes, qint32 trackNumber = 0);
+    /// The same with a file of `size` pattern bytes.
+    TrackRecord& AddLargeTrack(const char* artist, const char* album, const char* title,
+                               qint32 size);
+    /// Ticks the options by the letters in `options`: A artist folder, B album folder, a artist
+    /// name, b album name, n track number.
+    void SetOptions(const char* options);
+    /// Presses the copy button.
+    void Press();
+    /// Presses the copy button when the job yields for the `yield`th time.
+    void CancelAtYield(int yield);
+    /// Closes the window when the job yields for the `yield`th time.
+    void CloseAtYield(int yield);
+
+    QStringList Copied() const { return files.FilesBelow(Text("D:\\Music")); }
+    QByteArray Bytes(const char* path) const { return files.Bytes(Text(path)); }
+    /// The window is as it is when no job runs.
+    void ExpectIdle() const;
+
+    FakeForm1 form;
+    FakeFileSystem files;
+    FakeMessages messages;
+    FakeEventLoop events;
+    FakeShell shell;
+    MusicLibrary library;
+    BrowserState state;
+    TextFitting textFitting{form.WindowManager, form.Controls};
+    LinkedLists lists{state, library, textFitting, form.Controls};
+    ArtistList artistList{state, library, lists, form.Controls};
+    SelectionSummary summary{state, library, form.Controls};
+    Destination destination{files, shell, form.WindowManager, form.Controls};
+    OverwritePrompt prompt;
+    CopyJob job{files, messages,   events,  form.WindowManager, form.Controls, library,
+                state, artistList, summary, destination,        prompt};
+
+    /// What the user does at the prompts; when it has run out, the close box.
+    std::deque<PromptUse> promptUses;
+    /// The files asked about.
+    QStringList prompted;
+    /// How often the main window was unloaded for good.
+    int closed = 0;
+
+private:
+    TrackRecord& AddRecord(const char* artist, const char* album, const char* title);
+    void ShowPrompt();
+    void OnQueryUnload(bool& cancel);
+};

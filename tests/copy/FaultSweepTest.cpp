@@ -1,0 +1,333 @@
+// One job after another, each on files that fail at another call: whatever fails, and whatever the
+// user answers, no file is half written, none is lost, and the window comes back to life.
+
+#include "tests/copy/CopyFixture.h"
+
+#include "platform/RuntimeError.h"
+
+#include <map>
+
+namespace {
+
+enum class Policy { Retry, Ignore, Stop };
+
+/// The job that is swept: two artists, an existing file to be replaced, a folder "tmp" of an
+/// earlier job, and a file of the user's own. A search shows only the first artist.
+class SweptJob : public CopyFixture {
+public:
+    SweptJob(Policy policy, bool withLargeFile) {
+        Expect(AddTrack("Abba", "Arrival", "One", "one"), "D:\\Music\\Abba\\Arrival\\One.mp3");
+        Expect(AddTrack("Abba", "Arrival", "Two", "new two"), "D:\\Music\\Abba\\Arrival\\Two.mp3");
+        if (withLargeFile) {
+            Expect(AddLargeTrack("Abba", "Live", "Film", 50000001), Film);
+            AddOld(Film, "old film");
+        }
+        Expect(AddTrack("Beck", "Guero", "Girl", "girl"), "D:\\Music\\Beck\\Guero\\Girl.mp3");
+        AddOld("D:\\Music\\Abba\\Arrival\\Two.mp3", "old two");
+        AddOld("D:\\Music\\mine.txt", "mine");
+        files.AddFile(Text("D:\\Music\\tmp\\copy.tmp"), "left behind");
+        files.AddFile(Text("D:\\other.txt"), "other");
+        SetOptions("AB");
+        promptUses = {PromptUse::ReplaceAll};
+        ShowFirstArtistOnly();
+        messages.WhileShown = [this, policy](const ShownMessage& message) {
+            messages.Answers = {AnswerTo(message.Buttons, policy)};
+        };
+    }
+
+    /// Runs the job with its `nth` call failing.
+    void Run(int nth, int errorNumber) {
+        files.FailNthCall(nth, errorNumber);
+        Press();
+    }
+
+    const FakeFileSystem::RecordedCall& Struck(int nth) const { return files.Calls.at(nth - 1); }
+
+    bool IsCompleted() const { return messages.Texts().contains(Text("Copy completed!")); }
+
+    void ExpectNothingHarmed() const {
+        for (const QString& path : Copied()) {
+            if (path == Text("D:\\Music\\tmp\\copy.tmp") && job.CopiedBytes == 0) {
+                EXPECT_EQ(files.Bytes(path), QByteArray("left behind")); // no job came to its end
+                continue;
+            }
+            const bool isOld = m_old.count(path) != 0 && files.Bytes(path) == m_old.at(path);
+            const bool isWhole =
+                m_sources.count(path) != 0 && files.SameContent(path, m_sources.at(path));
+            EXPECT_TRUE(isOld || isWhole) << path.toStdString();
+        }
+        for (const auto& [path, bytes] : m_old) {
+            EXPECT_TRUE(files.HasFile(path)) << path.toStdString();
+        }
+        EXPECT_EQ(Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
+        EXPECT_EQ(Bytes("D:\\other.txt"), QByteArray("other"));
+        EXPECT_EQ(files.ChangesBelow(Text("E:")), QStringList());
+        EXPECT_EQ(library.Artists.size(), 1U);
+        EXPECT_EQ(state.SavedArtists.size(), 2U);
+    }
+
+    /// The job ran and is over.
+    void ExpectOver() const {
+        ExpectIdle();
+        EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    }
+
+    bool IsCopied(const QString& path) const {
+        return files.HasFile(path) && files.SameContent(path, m_sources.at(path));
+    }
+
+    QStringList Targets() const {
+        QStringList targets;
+        for (const auto& [path, source] : m_sources) {
+            targets += path;
+        }
+        return targets;
+    }
+
+    static constexpr const char* Film = "D:\\Music\\Abba\\Live\\Film.mp3";
+
+private:
+    void Expect(const TrackRecord& track, const char* path) {
+        m_sources[Text(path)] = track.Location;
+    }
+
+    void AddOld(const char* path, const QByteArray& bytes) {
+        files.AddFile(Text(path), bytes);
+        m_old[Text(path)] = bytes;
+    }
+
+    void ShowFirstArtistOnly() {
+        state.SavedArtists = library.Artists;
+        library.Artists.pop_back();
+        state.Search = true;
+        form.lstArtists.Fill({{Text("All (1 Artist)"), true}, {Text("Abba"), true}});
+    }
+
+    static MessageAnswer AnswerTo(MessageButtons buttons, Policy policy) {
+        switch (buttons) {
+        case MessageButtons::AbortRetryIgnore:
+            return policy == Policy::Retry    ? MessageAnswer::Retry
+                   : policy == Policy::Ignore ? MessageAnswer::Ignore
+                                              : MessageAnswer::Abort;
+        case MessageButtons::RetryCancel:
+            return policy == Policy::Retry ? MessageAnswer::Retry : MessageAnswer::Cancel;
+        case MessageButtons::YesNo:
+            return MessageAnswer::No;
+        default:
+            return MessageAnswer::OK;
+        }
+    }
+
+    std::map<QString, QString> m_sources; // by the path of the copy
+    std::map<QString, QByteArray> m_old;  // what stands in the destination before the job
+};
+
+bool IsExistenceTest(FileCall call) {
+    return call == FileCall::FileExists || call == FileCall::FolderExists;
+}
+
+/// Number of calls of the job when nothing fails.
+int CallsOfJob(bool withLargeFile) {
+    SweptJob job(Policy::Stop, withLargeFile);
+    job.Press();
+    EXPECT_TRUE(job.IsCompleted());
+    job.ExpectNothingHarmed();
+    job.ExpectOver();
+    for (const QString& target : job.Targets()) {
+        EXPECT_TRUE(job.IsCopied(target));
+    }
+    return static_cast<int>(job.files.Calls.size());
+}
+
+/// The copies that are left out when the user ignores a failure of that call.
+bool IsLeftOut(const QString& target, const FakeFileSystem::RecordedCall& call) {
+    switch (call.Call) {
+    case FileCall::CopyFile:
+        return target == call.Target;
+    case FileCall::CreateFolder:
+        return target.startsWith(call.Path + Text("\\"));
+    case FileCall::FileLength:
+    case FileCall::OpenForReading:
+    case FileCall::OpenForReadingAndWriting:
+    case FileCall::Read:
+    case FileCall::Write:
+    case FileCall::Truncate:
+    case FileCall::Close:
+    case FileCall::MoveFile:
+        return target == Text(SweptJob::Film);
+    default:
+        return false;
+    }
+}
+
+void SweepRetry(bool withLargeFile, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(withLargeFile);
+    for (const int number : numbers) {
+        for (int nth = 1; nth <= calls; ++nth) {
+            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
+            SweptJob job(Policy::Retry, withLargeFile);
+            job.Run(nth, number);
+            EXPECT_EQ(job.files.FailuresStruck, 1);
+            job.ExpectNothingHarmed();
+            if (!IsExistenceTest(job.Struck(nth).Call)) {
+                EXPECT_TRUE(job.IsCompleted());
+                job.ExpectOver();
+                for (const QString& target : job.Targets()) {
+                    EXPECT_TRUE(job.IsCopied(target)) << target.toStdString();
+                }
+            }
+        }
+    }
+}
+
+void SweepIgnore(bool withLargeFile, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(withLargeFile);
+    for (const int number : numbers) {
+        for (int nth = 1; nth <= calls; ++nth) {
+            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
+            SweptJob job(Policy::Ignore, withLargeFile);
+            job.Run(nth, number);
+            EXPECT_EQ(job.files.FailuresStruck, 1);
+            job.ExpectNothingHarmed();
+            if (!IsExistenceTest(job.Struck(nth).Call)) {
+                EXPECT_TRUE(job.IsCompleted());
+                job.ExpectOver();
+                for (const QString& target : job.Targets()) {
+                    EXPECT_EQ(job.IsCopied(target), !IsLeftOut(target, job.Struck(nth)))
+                        << target.toStdString();
+                }
+            }
+        }
+    }
+}
+
+/// Abort and Cancel where the failure asks, OK where it only tells.
+void SweepStop(bool withLargeFile, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(withLargeFile);
+    for (const int number : numbers) {
+        for (int nth = 1; nth <= calls; ++nth) {
+            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
+            SweptJob job(Policy::Stop, withLargeFile);
+            job.Run(nth, number);
+            EXPECT_EQ(job.files.FailuresStruck, 1);
+            job.ExpectNothingHarmed();
+            const FileCall struck = job.Struck(nth).Call;
+            if (IsExistenceTest(struck) || struck == FileCall::CopyModificationTime) {
+                continue; // no failure that the user is told
+            }
+            EXPECT_FALSE(job.IsCompleted());
+            EXPECT_EQ(job.messages.Shown.size(), 1U);
+            if (struck == FileCall::DriveOf || struck == FileCall::FreeBytes) {
+                EXPECT_TRUE(job.form.cmdCopy.Captions.isEmpty());
+                EXPECT_EQ(job.form.lstArtists.EnabledChanges, 0);
+            } else {
+                job.ExpectOver();
+            }
+            for (const QString& target : job.Targets()) {
+                bool wasCopiedBefore = false;
+                for (int i = 0; i < nth - 1; ++i) {
+                    const auto& call = job.files.Calls[static_cast<size_t>(i)];
+                    wasCopiedBefore = wasCopiedBefore || call.Target == target;
+                }
+                // A copy's modification time is set before it is moved to its place.
+                EXPECT_EQ(job.IsCopied(target), wasCopiedBefore) << target.toStdString();
+            }
+        }
+    }
+}
+
+} // namespace
+
+TEST(FaultSweep, RetryAfterTheCauseIsGoneCompletesTheJob) {
+    SweepRetry(false, {53, 61, 70, 76});
+}
+
+TEST(FaultSweep, IgnoreLeavesOutWhatTheFailedStepWasFor) {
+    SweepIgnore(false, {53, 70, 76});
+}
+
+TEST(FaultSweep, AbortAndCancelStopTheJobWhereItIs) {
+    SweepStop(false, {53, 61, 70, 76});
+}
+
+TEST(FaultSweep, AnyOtherErrorEndsTheJobWhereItIs) {
+    SweepStop(false, {5, 57, 58, 68, 75});
+}
+
+TEST(FaultSweep, RetryCompletesALargeFile) {
+    SweepRetry(true, {61});
+}
+
+TEST(FaultSweep, IgnoreLeavesOutALargeFile) {
+    SweepIgnore(true, {70});
+}
+
+TEST(FaultSweep, AbortStopsALargeFile) {
+    SweepStop(true, {70});
+}
+
+TEST(FaultSweep, AnyOtherErrorEndsALargeFile) {
+    SweepStop(true, {57});
+}
+
+TEST(FaultSweep, ADiskThatFillsUpAtAnyByteLeavesWholeFilesOnly) {
+    // 14 bytes are copied; the file that does not fit leaves nothing behind.
+    for (int room = 0; room <= 14; ++room) {
+        SCOPED_TRACE(room);
+        SweptJob job(Policy::Stop, false);
+        job.files.DiskFullAfter(room);
+        job.Press();
+        job.ExpectNothingHarmed();
+        job.ExpectOver();
+        EXPECT_EQ(job.IsCompleted(), room == 14);
+    }
+}
+
+TEST(FaultSweep, ADriveThatIsPulledAtAnyCallLeavesTheDeviceAndTheWindowWell) {
+    const int calls = CallsOfJob(false);
+    for (int nth = 1; nth <= calls; ++nth) {
+        SCOPED_TRACE(nth);
+        SweptJob job(Policy::Stop, false);
+        int count = 0;
+        job.files.BeforeCall = [&](const FakeFileSystem::RecordedCall&) {
+            if (++count == nth) {
+                job.files.RemoveDrive(Text("D:"));
+            }
+        };
+        job.Press();
+        EXPECT_EQ(job.files.FilesBelow(Text("E:")).size(), 3);
+        EXPECT_FALSE(job.job.Copying);
+        EXPECT_TRUE(job.form.lstArtists.Enabled());
+        EXPECT_EQ(job.library.Artists.size(), 1U);
+    }
+}
+
+TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
+    for (const int number : {52, 57, 61, 70, 76}) {
+        for (int nth = 1; nth <= 40; ++nth) {
+            for (const Policy policy : {Policy::Retry, Policy::Ignore, Policy::Stop}) {
+                SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
+                SweptJob job(policy, false);
+                job.form.txtDestination.SetText(Text("D:\\Music\\New\\Sub"));
+                // The chain that was not made would be missed for ever.
+                int asked = 0;
+                const auto answer = job.messages.WhileShown;
+                job.messages.WhileShown = [&](const ShownMessage& message) {
+                    answer(message);
+                    if (++asked > 20 && message.Buttons == MessageButtons::AbortRetryIgnore) {
+                        job.messages.Answers = {MessageAnswer::Abort};
+                    }
+                };
+                job.Run(nth, number);
+                EXPECT_EQ(Text("old two"),
+                          QString::fromLatin1(job.Bytes("D:\\Music\\Abba\\Arrival\\Two.mp3")));
+                EXPECT_EQ(job.Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
+                EXPECT_EQ(job.Bytes("D:\\Music\\tmp\\copy.tmp"), QByteArray("left behind"));
+                EXPECT_EQ(job.Bytes("D:\\other.txt"), QByteArray("other"));
+                EXPECT_EQ(job.destination.ProbeFolder, QString());
+                EXPECT_FALSE(job.job.Copying);
+                EXPECT_TRUE(job.form.lstArtists.Enabled());
+            }
+        }
+    }
+}
