@@ -1,0 +1,55 @@
+#include "tests/app/ProgramFixture.h"
+
+#include "tests/support/ITunesDBWriter.h"
+
+namespace {
+
+QString Name(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+SampleTrack Song(const char* artist, const char* album, const char* title, int number, int size,
+                 const char* file) {
+    return {Name(artist), Name(album), Name(title), number, size, Name(file)};
+}
+
+} // namespace
+
+ProgramFixture::ProgramFixture() {
+    shell.Documents = QStringLiteral("D:\\Documents");
+    files.AddDrive(QStringLiteral("D:"));
+    files.AddFolder(QStringLiteral("D:\\Music"));
+}
+
+void ProgramFixture::PlugIn(QChar letter, const QString& volumeName,
+                            const std::vector<SampleTrack>& tracks) {
+    const QString root = letter + QStringLiteral(":");
+    files.AddDrive(root);
+    files.AddFile(root + QStringLiteral("\\iPod_Control\\iTunes\\iTunesDB"), WriteITunesDB(tracks));
+    for (const SampleTrack& track : tracks) {
+        QString location = track.Location;
+        location.replace(QLatin1Char('/'), QLatin1Char('\\'));
+        files.AddLargeFile(root + QStringLiteral("\\iPod_Control\\Music\\") + location,
+                           track.FileSize, qHash(track.Location));
+    }
+    drives.Mounted.push_back({letter, volumeName});
+}
+
+void ProgramFixture::Unplug(QChar letter) {
+    files.RemoveDrive(letter + QStringLiteral(":"));
+    std::erase_if(drives.Mounted,
+                  [letter](const FakeDrive& drive) { return drive.Letter == letter; });
+}
+
+std::vector<SampleTrack> SmallLibrary() {
+    std::vector<SampleTrack> tracks = {
+        Song("Blue River", "Deep", "Source", 1, 1048576, "F00/AAAA.mp3"),
+        Song("Blue River", "Deep", "Delta", 2, 2097152, "F00/AAAB.mp3"),
+        Song("Blue River", "Wide", "Estuary", 1, 524288, "F00/AAAC.mp3"),
+        Song("The Lamps", "Evening", "Dusk", 2, 1024, "F01/AAAD.mp3"),
+        Song("The Lamps", "Evening", "Night Bus", 1, 2048, "F01/AAAE.mp3"),
+        Song("The Lamps", "Evening", "Film", 0, 4096, "F01/AAAF.m4v"),
+    };
+    tracks.back().TypeText = QStringLiteral("MPEG-4 video file");
+    return tracks;
+}

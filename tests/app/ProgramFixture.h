@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/Form1.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/FakeServices.h"
+#include "tests/support/SampleTrack.h"
+
+#include <ostream>
+
+/// How GoogleTest prints a text that is not the expected one.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+/// The whole program on fakes: every subsystem, wired as it is delivered.
+class ProgramFixture {
+public:
+    ProgramFixture();
+
+    /// Plugs in an iPod whose library and media files are those of `tracks`.
+    void PlugIn(QChar letter, const QString& volumeName, const std::vector<SampleTrack>& tracks);
+    void Unplug(QChar letter);
+    void Start() { program.Form_Load(); }
+
+    FakeForm1 form;
+    FakeFileSystem files;
+    FakeDriveService drives;
+    FakeSettingsStore store;
+    FakeShell shell;
+    FakeMessages messages;
+    FakeEventLoop events;
+    FakeWindow frmPreview;
+    FakeMediaPlayerControl player{form.Focus};
+    PreviewControls preview{frmPreview, player};
+    /// What the user does at the overwrite prompt.
+    std::function<void(OverwritePrompt&)> AtPrompt;
+    Services services{files, drives, store, shell, form.WindowManager, messages, events};
+    Form1 program{services, form.Controls, preview,
+                  [this](OverwritePrompt& prompt) { AtPrompt(prompt); }};
+};
+
+/// A small library: two artists, three albums, five songs and a video.
+std::vector<SampleTrack> SmallLibrary();

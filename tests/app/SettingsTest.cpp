@@ -1,0 +1,181 @@
+#include "app/Settings.h"
+#include "platform/RuntimeError.h"
+#include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/FakeServices.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class SettingsTest : public testing::Test {
+protected:
+    SettingsTest() {
+        layout.KeepDesign();
+        form.Form1.Resize = [this] { layout.Form_Resize(); };
+        shell.Documents = QStringLiteral("/home/ana/Documents");
+    }
+
+    void Restore() {
+        settings.RestoreOptions();
+        settings.RestoreWindow();
+        settings.RestoreHandles();
+    }
+    void Put(const char* key, const char* value) {
+        store.Values[QString::fromLatin1(key)] = QString::fromLatin1(value);
+    }
+    QString Saved(const char* key) const { return store.Values.value(QString::fromLatin1(key)); }
+
+    FakeForm1 form;
+    FakeSettingsStore store;
+    FakeShell shell;
+    MusicLibrary library;
+    bool copying = false;
+    TextFitting textFitting{form.WindowManager, form.Controls};
+    Layout layout{form.WindowManager, library, copying, textFitting, form.Controls};
+    Settings settings{store, shell, form.WindowManager, layout, form.Controls};
+};
+
+} // namespace
+
+TEST_F(SettingsTest, AFirstStartTicksArtistAlbumAndTrackNumber) {
+    Restore();
+    EXPECT_EQ(form.chkArtist.Value(), 1);
+    EXPECT_EQ(form.chkAlbum.Value(), 1);
+    EXPECT_EQ(form.chkArtistName.Value(), 0);
+    EXPECT_EQ(form.chkAlbumName.Value(), 0);
+    EXPECT_EQ(form.chkTrackNum.Value(), 1);
+}
+
+TEST_F(SettingsTest, AFirstStartPointsToMyMusicInTheDocumentsFolder) {
+    Restore();
+    EXPECT_EQ(form.txtDestination.Text(), QStringLiteral("/home/ana/Documents/My Music"));
+    EXPECT_TRUE(form.txtDestination.CompletesPaths);
+}
+
+TEST_F(SettingsTest, WithoutADocumentsFolderTheDestinationStaysEmpty) {
+    shell.Documents.clear();
+    Restore();
+    EXPECT_EQ(form.txtDestination.Text(), QString());
+}
+
+TEST_F(SettingsTest, AFirstStartCentresTheWindowAtItsDesignSize) {
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 12000);
+    EXPECT_DOUBLE_EQ(form.Form1.Height(), 9000);
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400); // (28800 - 12000) / 2
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);  // (16200 - 9000) / 2
+    EXPECT_EQ(form.Form1.State(), WindowState::Normal);
+}
+
+TEST_F(SettingsTest, TheBitsOfTheFoldersAndNamesAreReadOneByOne) {
+    Put("DestFolders", "2");
+    Put("TrackNames", "3");
+    Restore();
+    EXPECT_EQ(form.chkArtist.Value(), 0);
+    EXPECT_EQ(form.chkAlbum.Value(), 1);
+    EXPECT_EQ(form.chkArtistName.Value(), 1);
+    EXPECT_EQ(form.chkAlbumName.Value(), 1);
+    EXPECT_EQ(form.chkTrackNum.Value(), 0);
+}
+
+TEST_F(SettingsTest, ASavedLeftBeyondTheScreenCentresHorizontallyAndKeepsTheTop) {
+    Put("Left", "28801");
+    Put("Top", "1500");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 1500);
+}
+
+TEST_F(SettingsTest, AWindowPartlyOffTheRightEdgeIsKept) {
+    Put("Left", "28800");
+    Put("Top", "16200");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 28800);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 16200);
+}
+
+TEST_F(SettingsTest, ASavedSizeIsCentredByItself) {
+    Put("Width", "14400");
+    Put("Height", "9600.5");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 14400);
+    EXPECT_DOUBLE_EQ(form.Form1.Height(), 9600.5);
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 7200);
+}
+
+TEST_F(SettingsTest, AWindowClosedMaximisedComesBackMaximised) {
+    Put("WindowState", "1");
+    Restore();
+    EXPECT_EQ(form.Form1.State(), WindowState::Maximized);
+    EXPECT_EQ(form.Form1.ShowCount, 1);
+}
+
+TEST_F(SettingsTest, TheHandlesComeBackAndTheListsBetweenThem) {
+    Put("Handle1", "2120");
+    Put("Handle2", "7120");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.lstArtists.Width(), 2000);
+    EXPECT_DOUBLE_EQ(form.lstAlbums.Left(), 2165);
+    EXPECT_DOUBLE_EQ(form.lstAlbums.Width(), 4955);
+    EXPECT_DOUBLE_EQ(form.lstSongs.Left(), 7165);
+}
+
+TEST_F(SettingsTest, ATextWhereANumberIsExpectedStopsTheStartNamingTheKey) {
+    for (const char* key :
+         {"DestFolders", "TrackNames", "Width", "Height", "Left", "Top", "Handle1", "Handle2"}) {
+        store.Values.clear();
+        Put(key, "wide");
+        try {
+            Restore();
+            FAIL() << key;
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number, 13);
+            EXPECT_TRUE(error.Description.contains(QLatin1Char('"') + QLatin1String(key) +
+                                                   QLatin1Char('"')))
+                << error.Description.toStdString();
+        }
+        EXPECT_TRUE(store.Writes.isEmpty());
+    }
+}
+
+TEST_F(SettingsTest, EverythingSavedIsText) {
+    form.chkAlbum.SetValue(1);
+    form.chkAlbumName.SetValue(1);
+    form.chkTrackNum.SetValue(1);
+    form.txtDestination.SetText(QStringLiteral("/no/such; folder, really"));
+    form.Form1.MoveTo(300, 450.5);
+    settings.Save();
+    EXPECT_EQ(Saved("DestFolders"), QStringLiteral("2"));
+    EXPECT_EQ(Saved("TrackNames"), QStringLiteral("6"));
+    EXPECT_EQ(Saved("DestPath"), QStringLiteral("/no/such; folder, really"));
+    EXPECT_EQ(Saved("Handle1"), QStringLiteral("3120"));
+    EXPECT_EQ(Saved("Handle2"), QStringLiteral("6165"));
+    EXPECT_EQ(Saved("WindowState"), QStringLiteral("0"));
+    EXPECT_EQ(Saved("Left"), QStringLiteral("300"));
+    EXPECT_EQ(Saved("Top"), QStringLiteral("450.5"));
+    EXPECT_EQ(Saved("Width"), QStringLiteral("12000"));
+    EXPECT_EQ(Saved("Height"), QStringLiteral("9000"));
+    EXPECT_EQ(store.Values.size(), 10);
+}
+
+TEST_F(SettingsTest, ClosingWhileMinimisedFromMaximisedKeepsTheNormalSizeOfAnEarlierExit) {
+    Put("Left", "111");
+    Put("Top", "222");
+    Put("Width", "13000");
+    Put("Height", "9999");
+    form.Form1.SetState(WindowState::Maximized);
+    form.Form1.SetState(WindowState::Minimized);
+    settings.Save();
+    EXPECT_EQ(Saved("WindowState"), QStringLiteral("1"));
+    EXPECT_EQ(Saved("Left"), QStringLiteral("111"));
+    EXPECT_EQ(Saved("Top"), QStringLiteral("222"));
+    EXPECT_EQ(Saved("Width"), QStringLiteral("13000"));
+    EXPECT_EQ(Saved("Height"), QStringLiteral("9999"));
+}
+
+TEST_F(SettingsTest, ClosingWhileMinimisedFromNormalSavesTheNormalWindow) {
+    form.Form1.SetState(WindowState::Minimized);
+    settings.Save();
+    EXPECT_EQ(Saved("WindowState"), QStringLiteral("0"));
+    EXPECT_EQ(Saved("Width"), QStringLiteral("12000"));
+}

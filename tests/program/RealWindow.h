@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/Form1.h"
+#include "app/Form1Window.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtWindowManager.h"
+#include "tests/fakes/FakeControls.h"
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/FakeServices.h"
+#include "tests/fakes/FakeWindow.h"
+#include "tests/support/SampleTrack.h"
+
+/// The program on its real window, and a user with mouse and keyboard before it.
+class RealWindow {
+public:
+    RealWindow();
+
+    /// Plugs in an iPod at E: and starts the program.
+    void Start(const std::vector<SampleTrack>& tracks);
+
+    QWidget& Top() { return *window.Window().Widget(); }
+    template <class WidgetType = QWidget>
+    WidgetType& Widget(const char* name) {
+        return *Top().findChild<WidgetType*>(QString::fromLatin1(name));
+    }
+
+    void ClickRow(const char* list, int row);
+    void TickRow(const char* list, int row);
+    void ClickOn(const char* control);
+    void ClickTab(int index);
+    /// Types at whatever has the focus.
+    void Type(const char* text);
+    void Key(Qt::Key key);
+    /// Drags from the middle of a control by so many pixels.
+    void Drag(const char* control, int dx);
+
+    QStringList Rows(const ListControl& list) const;
+
+    FakeFileSystem files;
+    FakeDriveService drives;
+    FakeSettingsStore store;
+    FakeShell shell;
+    FakeMessages messages;
+    QtEventLoop events;
+    QtWindowManager windowManager;
+    Form1Window window{windowManager};
+    Form1Controls& controls = window.Controls();
+    FakeWindow frmPreview;
+    FakeMediaPlayerControl player;
+    PreviewControls preview{frmPreview, player};
+    std::function<void(OverwritePrompt&)> AtPrompt;
+    Services services{files, drives, store, shell, windowManager, messages, events};
+    Form1 program{services, controls, preview,
+                  [this](OverwritePrompt& prompt) { AtPrompt(prompt); }};
+};

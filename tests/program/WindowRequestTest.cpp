@@ -1,0 +1,147 @@
+// Whole requests on the real window, with the mouse and the keys of a user.
+
+#include "tests/app/ProgramFixture.h"
+#include "tests/program/RealWindow.h"
+
+#include <QLineEdit>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class WindowRequest : public testing::Test, protected RealWindow {
+protected:
+    static QString Q(const char* text) { return QString::fromUtf8(text); }
+};
+
+} // namespace
+
+TEST_F(WindowRequest, TickingAnAlbumAndASongAndPressingCopyCopiesThem) {
+    Start(SmallLibrary());
+    TickRow("lstAlbums", 1); // Deep
+    ClickRow("lstArtists", 2);
+    TickRow("lstSongs", 2); // Night Bus
+    EXPECT_EQ(controls.lblMessage.Caption(), Q("Selected: 3.0 MB of 3.5 MB"));
+    ClickOn("cmdCopy");
+    EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
+    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")),
+              QStringList({Q("D:\\Music\\Blue River\\Deep\\01 Source.mp3"),
+                           Q("D:\\Music\\Blue River\\Deep\\02 Delta.mp3"),
+                           Q("D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3")}));
+}
+
+TEST_F(WindowRequest, TheSameWithoutAMouse) {
+    Start(SmallLibrary());
+    Key(Qt::Key_Down); // from the first artist, which has the focus, to The Lamps
+    EXPECT_EQ(controls.lblFullName.Caption(), Q("The Lamps"));
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Tab); // the songs
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Space);
+    EXPECT_EQ(controls.lblMessage.Caption(), Q("Selected: 2 KB of 3.5 MB"));
+    EXPECT_TRUE(controls.lstArtists.Selected(2));
+    for (int tab = 0; tab < 8; ++tab) {
+        Key(Qt::Key_Tab);
+    }
+    ASSERT_TRUE(Widget("cmdCopy").hasFocus());
+    Key(Qt::Key_Space);
+    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")),
+              QStringList({Q("D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3")}));
+}
+
+TEST_F(WindowRequest, TypingSearchesAndDeletingTheTextEndsTheSearch) {
+    Start(SmallLibrary());
+    ClickOn("txtSearch");
+    Type("dusk");
+    EXPECT_EQ(Rows(controls.lstArtists), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
+    EXPECT_TRUE(Widget("txtSearch").hasFocus());
+    for (int letter = 0; letter < 4; ++letter) {
+        Key(Qt::Key_Backspace);
+    }
+    EXPECT_EQ(controls.lstArtists.ListCount(), 3);
+    EXPECT_TRUE(Widget("txtSearch").hasFocus());
+    EXPECT_FALSE(controls.cmdClear.Enabled());
+}
+
+TEST_F(WindowRequest, AMarkMadeInAResultSurvivesTheSearch) {
+    Start(SmallLibrary());
+    ClickOn("txtSearch");
+    Type("dusk");
+    TickRow("lstSongs", 1);
+    ClickOn("cmdClear");
+    EXPECT_EQ(controls.lblMessage.Caption(), Q("Selected: 1 KB of 3.5 MB"));
+    EXPECT_TRUE(controls.lstArtists.Selected(2));
+    EXPECT_TRUE(Widget("txtSearch").hasFocus());
+}
+
+TEST_F(WindowRequest, TheVideoTabShowsTheFilmAlone) {
+    Start(SmallLibrary());
+    ClickTab(2);
+    EXPECT_EQ(Rows(controls.lstArtists), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
+    ClickRow("lstArtists", 1);
+    EXPECT_EQ(Rows(controls.lstSongs), QStringList({Q("All (1 Video)"), Q("Film")}));
+    ClickTab(0);
+    EXPECT_EQ(controls.lstArtists.ListCount(), 3);
+}
+
+TEST_F(WindowRequest, TheLastOfManyTicksIsStillInView) {
+    std::vector<SampleTrack> tracks;
+    for (int i = 0; i < 300; ++i) {
+        tracks.push_back({QStringLiteral("Artist"), QStringLiteral("Album"),
+                          QStringLiteral("Song %1").arg(i), i + 1, 1000,
+                          QStringLiteral("F00/%1.mp3").arg(i)});
+    }
+    Start(tracks);
+    auto& songs = Widget<QListView>("lstSongs");
+    TickRow("lstSongs", 250);
+    const QRect before = songs.visualRect(songs.model()->index(250, 0));
+    TickRow("lstSongs", 250);
+    EXPECT_EQ(songs.visualRect(songs.model()->index(250, 0)), before);
+    EXPECT_TRUE(songs.viewport()->rect().contains(before.center()));
+}
+
+TEST_F(WindowRequest, PressingCancelDuringTheJobStopsIt) {
+    Start(SmallLibrary());
+    TickRow("lstArtists", 0);
+    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call == FileCall::CopyFile) {
+            files.BeforeCall = {};
+            EXPECT_EQ(controls.cmdCopy.Caption(), Q("&Cancel"));
+            ClickOn("cmdCopy");
+        }
+    };
+    ClickOn("cmdCopy");
+    EXPECT_TRUE(messages.Shown.empty());
+    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 1);
+    EXPECT_TRUE(controls.lstArtists.Enabled());
+}
+
+TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJob) {
+    Start(SmallLibrary());
+    TickRow("lstArtists", 0);
+    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call == FileCall::CopyFile) {
+            TickRow("lstArtists", 1);
+            ClickTab(1);
+            ClickOn("chkArtist");
+            ClickOn("cmdClear");
+        }
+    };
+    ClickOn("cmdCopy");
+    files.BeforeCall = {};
+    EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
+    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
+    EXPECT_EQ(controls.tbsFilter.SelectedCaption(), Q("All Files"));
+    EXPECT_EQ(controls.chkArtist.Value(), 1);
+}
+
+TEST_F(WindowRequest, AnIpodPluggedInLaterLoadsByItself) {
+    program.Form_Load();
+    ASSERT_EQ(controls.lblMessage.Caption(), Q("No compatible iPod detected."));
+    ASSERT_TRUE(controls.timScan.Enabled());
+    drives.Mounted.clear();
+    files.AddDrive(Q("E:"));
+    Start(SmallLibrary());
+    EXPECT_EQ(controls.lstArtists.ListCount(), 3);
+}
