@@ -1,0 +1,167 @@
+// Draws the pictures of the documentation: the program on its real windows, offscreen, with the
+// sample iPod attached, in a light and a dark palette.
+//   make-screenshots <sample iPod> <folder for the pictures>
+
+#include "app/Form1.h"
+#include "app/Form1Window.h"
+#include "app/PreviewWindow.h"
+#include "platform/linux/LinuxDrives.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtShell.h"
+#include "platform/qt/QtWindowManager.h"
+#include "tests/fakes/FakeServices.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+QPalette DarkPalette() {
+    QPalette palette(QColor(45, 47, 51));
+    palette.setColor(QPalette::Base, QColor(30, 31, 34));
+    palette.setColor(QPalette::Highlight, QColor(52, 111, 186));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(125, 127, 130));
+    }
+    return palette;
+}
+
+class Photographer {
+public:
+    Photographer(const QString& folder, const QString& suffix)
+        : m_folder(folder), m_suffix(suffix) {}
+
+    void Take(QWidget& window, const char* name) {
+        QCoreApplication::processEvents();
+        const QString file = m_folder.filePath(QString::fromLatin1(name) + m_suffix);
+        if (!window.grab().save(file)) {
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+        }
+    }
+
+private:
+    QDir m_folder;
+    QString m_suffix;
+};
+
+/// One program with the sample attached, photographed in each of its states.
+class Session {
+public:
+    explicit Session(Photographer photographer) : m_photographer(photographer) {
+        m_shell.Documents = m_target.path();
+        m_form.Form_Load();
+        m_window.Window().SetSize(980 * 15, 660 * 15);
+        m_window.Controls().txtDestination.SetText(QStringLiteral("/home/ana/Music"));
+        Controls().lstSongs.SetListIndex(0);
+    }
+
+    void Library() {
+        Controls().lstArtists.SetListIndex(2);
+        Controls().lstAlbums.SetSelected(1, true);
+        Controls().lstAlbums.SetListIndex(1);
+        m_photographer.Take(*m_window.Window().Widget(), "window");
+    }
+
+    void Search() {
+        Controls().txtSearch.SetText(QStringLiteral("the"));
+        Controls().txtSearch.Select(3, 0); // as after typing
+        m_photographer.Take(*m_window.Window().Widget(), "search");
+        Controls().txtSearch.SetText(QString());
+    }
+
+    void Copying() {
+        Controls().txtDestination.SetText(m_target.path());
+        Controls().lstArtists.SetListIndex(0);
+        Controls().lstArtists.SetSelected(0, true);
+        bool taken = false;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            if (!taken && Controls().prgCopy.Value() > 0.4F * Controls().prgCopy.Max()) {
+                taken = true;
+                m_photographer.Take(*m_window.Window().Widget(), "copying");
+            }
+        });
+        timer.start(0);
+        Raise(Controls().cmdCopy.Click);
+    }
+
+    void Preview(const QString& film) {
+        m_preview.Controls().QTControl.SetSource(film);
+        Window& window = m_preview.Controls().frmPreview;
+        window.SetSize(m_preview.Controls().QTControl.Width(),
+                       m_preview.Controls().QTControl.Height());
+        window.Show();
+        QElapsedTimer clock;
+        clock.start();
+        while (clock.elapsed() < 1200) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        }
+        m_photographer.Take(*m_preview.Widget(), "preview");
+        m_preview.Controls().QTControl.SetSource(QString());
+    }
+
+    /// The first file of that extension on the sample.
+    QString FilmOnSample(const QString& sample) {
+        const QDir music(sample + QStringLiteral("/iPod_Control/Music"));
+        for (const QString& folder : music.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            const QStringList films =
+                QDir(music.filePath(folder))
+                    .entryList({QStringLiteral("*.m4v"), QStringLiteral("*.mp4")});
+            if (!films.isEmpty()) {
+                return music.filePath(folder + QLatin1Char('/') + films.first());
+            }
+        }
+        return {};
+    }
+
+private:
+    Form1Controls& Controls() { return m_window.Controls(); }
+
+    Photographer m_photographer;
+    QTemporaryDir m_target;
+    LinuxDrives m_drives;
+    LinuxFileSystem m_files{m_drives};
+    FakeSettingsStore m_store;
+    FakeShell m_shell;
+    QtWindowManager m_windowManager;
+    QtEventLoop m_events;
+    FakeMessages m_messages;
+    Form1Window m_window{m_windowManager};
+    PreviewWindow m_preview{m_window.Window().Widget(), m_files};
+    Services m_services{m_files, m_drives, m_store, m_shell, m_windowManager, m_messages, m_events};
+    Form1 m_form{m_services, m_window.Controls(), m_preview.Controls(), [](OverwritePrompt&) {}};
+};
+
+void Photograph(const QString& sample, const QString& folder, const QString& suffix) {
+    Session session{Photographer(folder, suffix)};
+    session.Library();
+    session.Search();
+    session.Copying();
+    session.Preview(session.FilmOnSample(sample));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) {
+        std::fprintf(stderr, "make-screenshots <sample iPod> <folder for the pictures>\n");
+        return 2;
+    }
+    qputenv("SONGLIFT_DRIVES", arguments[1].toUtf8());
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    Photograph(arguments[1], arguments[2], QStringLiteral(".png"));
+    QApplication::setPalette(DarkPalette());
+    Photograph(arguments[1], arguments[2], QStringLiteral("-dark.png"));
+    return 0;
+}
