@@ -1,0 +1,46 @@
+"""Closing the window while a job runs asks first; No lets the job go on, Yes ends the program."""
+
+import sys
+
+from ipod import assert_copied, tree
+from scenario import load_small_sample, main, tick_album
+
+QUESTION = "Are you sure you want to quit?"
+FILES = {
+    "VoltAmpere/Live 1999/01 Opening.mp3": 0,
+    "VoltAmpere/Live 1999/02 Song.mp3": 1,
+    "VoltAmpere/Live 1999/02 Song (2).mp3": 2,
+}
+
+
+def close_while_copying(window, button):
+    """Starts a job and asks for the close before the job has come to its first file."""
+    area = window.area(window.button(button))
+    window.freeze()
+    window.click_area(area)
+    window.request_close()
+    window.thaw()
+
+
+def play(stage):
+    ipod, started = stage.start_with_small_ipod()
+    with started as window:
+        load_small_sample(window, stage.destination)
+        tick_album(window, "Volt/Ampere", "Live: 1999?")
+        close_while_copying(window, "Copy to Destination")
+        window.answer("Songlift", QUESTION, "No")
+        window.answer("Songlift", "Copy completed!", "OK")
+        assert_copied(ipod, stage.destination, FILES)
+
+        other = stage.work / "other"
+        other.mkdir()
+        window.set_text("Destination", str(other))
+        close_while_copying(window, "Copy to destination")
+        window.press("Yes", window.message("Songlift", QUESTION))
+        assert window.exit_code() == 0
+        assert tree(other) == []
+    ipod.assert_untouched()
+
+
+if __name__ == "__main__":
+    sys.exit(main(play))
