@@ -1,0 +1,97 @@
+// Loading a library, beside what cannot be saved: reading the file, stepping the statement.
+
+#include "tests/bench/BenchLibrary.h"
+#include "tests/bench/BenchWindow.h"
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <QFile>
+
+namespace {
+
+constexpr int Sizes[] = {1000, 4000, 16000, 32767};
+
+void ForEverySize(benchmark::internal::Benchmark* benchmark) {
+    for (const int size : Sizes) {
+        benchmark->Arg(size);
+    }
+    benchmark->Unit(benchmark::kMillisecond)->Complexity();
+}
+
+QString DatabaseFile(const BenchWindow& window, const char* name) {
+    return window.DeviceFolder() + QStringLiteral("/iPod_Control/iTunes/") +
+           QString::fromLatin1(name);
+}
+
+void ReadTheFile(benchmark::State& state) {
+    const BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    for (auto _ : state) {
+        QFile file(DatabaseFile(window, "iTunesDB"));
+        file.open(QIODevice::ReadOnly);
+        QByteArray bytes = file.readAll();
+        benchmark::DoNotOptimize(bytes.data());
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(ReadTheFile)->Apply(ForEverySize);
+
+void LoadBinaryDatabase(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    LoadMusic loadMusic(window.Files(), window.MessageBoxes(), window.Controls());
+    for (auto _ : state) {
+        loadMusic.LoadITunesDB(QStringLiteral("E:"));
+        if (loadMusic.Library.TrackCount != state.range(0)) {
+            state.SkipWithError("the library did not load");
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(LoadBinaryDatabase)->Apply(ForEverySize);
+
+void StepTheStatement(benchmark::State& state) {
+    const BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), true);
+    const QByteArray library =
+        QFile::encodeName(DatabaseFile(window, "iTunes Library.itlp/Library.itdb"));
+    const QByteArray attach =
+        "Attach '" + QFile::encodeName(DatabaseFile(window, "iTunes Library.itlp/Locations.itdb")) +
+        "' As main2";
+    for (auto _ : state) {
+        sqlite3* database = nullptr;
+        sqlite3_open_v2(library.constData(), &database, SQLITE_OPEN_READONLY, nullptr);
+        sqlite3_exec(database, attach.constData(), nullptr, nullptr, nullptr);
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(database,
+                           "Select item.title, item.artist, item.album, item.track_number, "
+                           "location.file_size, location.location, location.kind_id From location "
+                           "Inner Join item On location.item_pid = item.pid Order By item.artist, "
+                           "item.album",
+                           -1, &statement, nullptr);
+        int64_t rows = 0;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            ++rows;
+        }
+        if (rows != state.range(0)) {
+            state.SkipWithError("the statement gave other rows");
+        }
+        sqlite3_finalize(statement);
+        sqlite3_close(database);
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(StepTheStatement)->Apply(ForEverySize);
+
+void LoadSqliteLibrary(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), true);
+    LoadMusic loadMusic(window.Files(), window.MessageBoxes(), window.Controls());
+    for (auto _ : state) {
+        loadMusic.LoadSQLiteLibrary(QStringLiteral("E:"));
+        if (loadMusic.Library.TrackCount != state.range(0)) {
+            state.SkipWithError("the library did not load");
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(LoadSqliteLibrary)->Apply(ForEverySize);
+
+} // namespace
