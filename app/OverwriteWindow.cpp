@@ -2,8 +2,12 @@
 
 #include "platform/qt/Twips.h"
 
+#include <QScreen>
+
+#include <algorithm>
+
 OverwriteWindow::OverwriteWindow(QWidget* owner, OverwritePrompt& prompt)
-    : m_window(owner, QStringLiteral("frmOverwrite")),
+    : m_window(owner, QStringLiteral("frmOverwrite"), Qt::Dialog),
       m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
       m_chkSame(m_window.Widget(), QStringLiteral("chkSame"),
                 QStringLiteral("Do the same for all files")),
@@ -41,5 +45,25 @@ void OverwriteWindow::LayOut() {
 
 void OverwriteWindow::Ask() {
     m_form.Form_Load();
+    KeepInside();
+    PlaceOverOwner();
     m_window.ShowModal();
+}
+
+/// The size set so far counts as the outer one once the window has its borders; the question and
+/// the buttons need it inside.
+void OverwriteWindow::KeepInside() {
+    m_window.SetMinimumSize(m_window.ScaleWidth(), m_window.ScaleHeight());
+}
+
+void OverwriteWindow::PlaceOverOwner() {
+    QWidget& window = *m_window.Widget();
+    const QRect owner = window.parentWidget()->frameGeometry();
+    const QRect screen = window.parentWidget()->screen()->availableGeometry();
+    QRect place(QPoint(), window.size());
+    place.moveCenter(owner.center());
+    // A long path makes the window wider than the screen; its beginning and the buttons are seen.
+    place.moveLeft(std::max(place.left(), screen.left()));
+    place.moveTop(std::max(place.top(), screen.top()));
+    window.move(place.topLeft());
 }

@@ -19,6 +19,8 @@ public:
 
 private:
     void LayOut();
+    void KeepInside();
+    void PlaceOverOwner();
 
     QtWindow m_window;
     QtLabelControl m_lblMessage;

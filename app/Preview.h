@@ -22,7 +22,7 @@ public:
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 
 private:
-    void FitWindowToPlayer();
+    void FitWindowAround(double width, double height);
 
     const BrowserState& m_state;
     LinkedLists& m_lists;
