@@ -16,8 +16,8 @@ double Bottom(const Control& control) {
 class Design {
 public:
     Design(Form1Controls& controls, WindowManager& windowManager)
-        : m_controls(controls), m_pixel(windowManager.TwipsPerPixelX()),
-          m_lineHeight(controls.lblMessage.Height()) {}
+        : m_controls(controls), m_windowManager(windowManager),
+          m_pixel(windowManager.TwipsPerPixelX()), m_lineHeight(controls.lblMessage.Height()) {}
 
     void LayOut() {
         LayOutDeviceRow();
@@ -33,8 +33,9 @@ private:
     double Px(double pixels) const { return pixels * m_pixel; }
     double Margin() const { return Px(10); }
     double Gap() const { return Px(6); }
-    double InnerWidth() const { return Px(980); }
-    double InnerHeight() const { return Px(660); }
+    // On a small screen, or with a large scale, the window still shows all of itself.
+    double InnerWidth() const { return std::min(Px(980), m_windowManager.ScreenWidth() * 0.95); }
+    double InnerHeight() const { return std::min(Px(660), m_windowManager.ScreenHeight() * 0.9); }
     double RightEdge() const { return InnerWidth() - Margin(); }
 
     /// Puts a control beside another one: same middle line, at the given left edge.
@@ -158,6 +159,7 @@ private:
     }
 
     Form1Controls& m_controls;
+    WindowManager& m_windowManager;
     double m_pixel;
     double m_lineHeight;
 };

@@ -273,23 +273,36 @@ TEST(ArtistList, TheFullLibraryComesBackWholeAndIsKeptNowhereElse) {
     EXPECT_FALSE(browser.State.Restoring);
 }
 
-TEST(ArtistList, ClearWhileSearchIsTruePutsTheLibraryBackAndShowsNothingYet) {
+TEST(ArtistList, ClearWhileSearchIsTruePutsTheLibraryAndItsTablesBackAndShowsNothingYet) {
     BrowserFixture browser(TwoArtists);
+    browser.Click(browser.lstArtists, "All");
     const BrowserState before = browser.State;
-    browser.Type("nowhere");
+    browser.Type("bijou");
+    ASSERT_NE(browser.State.AlbumRowArtist, before.AlbumRowArtist);
+    ASSERT_NE(browser.State.AlbumRowAlbum, before.AlbumRowAlbum);
+    ASSERT_NE(browser.State.SongRowTrack, before.SongRowTrack);
+    ASSERT_NE(browser.State.SongRowAlbumRow, before.SongRowAlbumRow);
     const int fills = browser.lstArtists.FillCount;
-    browser.Artists.Clear(true);
+    browser.Artists.Clear();
     EXPECT_EQ(browser.Library.Artists.size(), 2U);
     EXPECT_EQ(browser.State.AlbumRowArtist, before.AlbumRowArtist);
     EXPECT_EQ(browser.State.AlbumRowAlbum, before.AlbumRowAlbum);
     EXPECT_EQ(browser.State.SongRowTrack, before.SongRowTrack);
     EXPECT_EQ(browser.State.SongRowAlbumRow, before.SongRowAlbumRow);
+    EXPECT_EQ(browser.State.AllSongsCache.SongRowTrack, before.AllSongsCache.SongRowTrack);
     EXPECT_EQ(browser.lstArtists.FillCount, fills);
-    EXPECT_EQ(browser.lstArtists.ListCount(), 0);
+    EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Queen");
+    EXPECT_FALSE(browser.State.Building);
+}
+
+TEST(ArtistList, ClearWhileSearchIsTrueEnablesTheListsThatASearchHadDisabled) {
+    BrowserFixture browser(TwoArtists);
+    browser.Type("nowhere");
+    browser.Artists.Clear(true);
     EXPECT_TRUE(browser.lstArtists.Enabled());
     EXPECT_TRUE(browser.lstAlbums.Enabled());
     EXPECT_TRUE(browser.lstSongs.Enabled());
-    EXPECT_FALSE(browser.State.Building);
+    EXPECT_EQ(browser.lstArtists.ListCount(), 0);
 }
 
 TEST(ArtistList, ClearForARunningSearchNeitherRemembersRowsNorWritesMarksBack) {

@@ -14,7 +14,7 @@ QString Folder() {
 }
 
 QString Make(const QString& name, const QStringList& arguments) {
-    const QString path = Folder() + QLatin1Char('/') + name;
+    QString path = Folder() + QLatin1Char('/') + name;
     if (QFile::exists(path)) {
         return path;
     }

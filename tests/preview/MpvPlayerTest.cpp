@@ -89,7 +89,7 @@ TEST_F(PlayerSize, ATallFilmIsScaledDownUntilWindowAndBarFitTheScreen) {
     player.SetSource(Film(QStringLiteral("tall.mp4"), QStringLiteral("400x1600"), 2));
     // 48 pixels are left to the window's frame.
     EXPECT_EQ(PixelHeight(), 752);
-    EXPECT_NEAR(PixelWidth(), (752 - Bar()) / 4, 1);
+    EXPECT_NEAR(PixelWidth(), (752 - Bar()) / 4.0, 1);
 }
 
 TEST_F(PlayerSize, PixelsThatAreNotSquareWidenTheFilm) {
@@ -216,7 +216,7 @@ TEST_F(PlayerFile, StoppingIsAtOnce) {
     QElapsedTimer time;
     time.start();
     player.SetSource(QString());
-    EXPECT_LT(time.elapsed(), 200);
+    EXPECT_LT(time.elapsed(), 500);
     EXPECT_FALSE(IsPlaying());
     EXPECT_EQ(Position().value(), 0);
     EXPECT_FALSE(PlayButton().isEnabled());

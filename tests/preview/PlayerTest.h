@@ -31,7 +31,10 @@ protected:
 
     static constexpr double twipsPerPixel = 15; // the tests' screen has 96 dots per inch
 
-    PlayerTest() { window.resize(640, 480); }
+    PlayerTest() {
+        window.resize(640, 480);
+        player.Widget()->Patience = 20'000; // a busy machine fails no test
+    }
 
     /// Handles events until it is so, at most for the time given.
     template <class Condition>

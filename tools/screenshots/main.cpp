@@ -86,6 +86,7 @@ public:
         QObject::connect(&timer, &QTimer::timeout, [&] {
             if (!taken && Controls().prgCopy.Value() > 0.4F * Controls().prgCopy.Max()) {
                 taken = true;
+                Controls().txtDestination.SetText(QStringLiteral("/home/ana/Music"));
                 m_photographer.Take(*m_window.Window().Widget(), "copying");
             }
         });
