@@ -65,7 +65,7 @@ bool LinuxDrives::IsRemovable(const Drive& drive) {
 
 QString LinuxDrives::VolumeName(const Drive& drive) {
     const Volume& volume = Require(drive.Letter);
-    const QString label = m_devices.LabelOf(volume.DeviceName);
+    QString label = m_devices.LabelOf(volume.DeviceName);
     if (!label.isEmpty()) {
         return label;
     }

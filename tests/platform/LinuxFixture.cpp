@@ -108,7 +108,7 @@ TestMount TestMount::Bind(const QString& source, const QString& folder, bool isR
 }
 
 TestMount::TestMount(TestMount&& other) noexcept
-    : m_folder(other.m_folder), m_isMounted(std::exchange(other.m_isMounted, false)) {
+    : m_folder(std::move(other.m_folder)), m_isMounted(std::exchange(other.m_isMounted, false)) {
 }
 
 TestMount::~TestMount() {
