@@ -3,6 +3,7 @@
 #include "copy/ControlLock.h"
 #include "platform/Paths.h"
 
+#include <new>
 #include <utility>
 
 namespace {
@@ -11,9 +12,10 @@ QString CancelCaption() {
     return QStringLiteral("&Cancel");
 }
 
-/// Names of folders that differ only in letter case are one folder on many drives.
+/// Names of folders that differ only in letter case are one folder on many drives. Safe names have
+/// no blanks at their ends.
 bool IsSameFolder(const QString& name, const QString& otherName) {
-    return name.trimmed().toLower() == otherName.trimmed().toLower();
+    return name.toLower() == otherName.toLower();
 }
 
 } // namespace
@@ -168,6 +170,8 @@ bool CopyJob::Try(const Event& action, ErrorAnswer& answer) {
             return true;
         } catch (const RuntimeError& error) {
             answer = AskAboutError(m_messages, error, m_place);
+        } catch (const std::bad_alloc&) {
+            answer = AskAboutError(m_messages, RuntimeError(ErrorNumber::OutOfMemory), m_place);
         }
     } while (answer == ErrorAnswer::Retry);
     return false;

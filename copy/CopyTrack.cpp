@@ -125,5 +125,13 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target)
         Step([&] { copied = m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit); });
     // A stop asked for during a large file is a stop request like any other, so that a window
     // closed meanwhile gets its question.
-    return copied ? next : StopRequest();
+    if (copied) {
+        return next;
+    }
+    if (CUnload) {
+        // A window that closes now leaves no half of a large file behind.
+        ErrorAnswer answer;
+        Try([this] { DeleteTemporaryFolder(); }, answer);
+    }
+    return StopRequest();
 }

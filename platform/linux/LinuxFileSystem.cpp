@@ -37,8 +37,12 @@ void CheckFolderName(const QString& path) {
     const QString name = isDrive ? QString() : Paths::FileName(trimmed);
     const bool isRefused = std::any_of(
         name.begin(), name.end(), [](QChar c) { return QStringView(u":*?\"<>|").contains(c); });
-    if (isRefused || !EncodeName(name)) {
+    if (isRefused) {
         throw RuntimeError(ErrorNumber::BadFileName);
+    }
+    if (!EncodeName(name)) {
+        // As for a file: one odd name must not end a whole job.
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
 }
 

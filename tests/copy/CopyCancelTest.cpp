@@ -105,6 +105,17 @@ TEST_F(CopyCancelTest, ClosingTheWindowKeepsItAndAsksToQuitAtTheNextCheck) {
     EXPECT_EQ(messages.Shown.front(), QuitQuestion);
 }
 
+TEST_F(CopyCancelTest, YesDuringALargeFileLeavesNoHalfOfItBehind) {
+    AddLargeTrack("Abba", "Arrival", "Film", 120000000);
+    CloseAtYield(5); // the large file's first chunk
+    messages.Answers = {MessageAnswer::Yes};
+    Press();
+    EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
+    EXPECT_TRUE(form.Form1.Closed);
+    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Film.mp3")));
+}
+
 TEST_F(CopyCancelTest, YesLeavesTheJobAtOnceWithoutCleanupAndEndsTheProgram) {
     CloseAtYield(2);
     files.AddFolder(Text("D:\\Music\\tmp"));

@@ -76,13 +76,13 @@ TEST_F(FoldersFixture, OnlyTheNewNameIsLookedAt) {
     EXPECT_EQ(NamesIn(odd), QStringList({QStringLiteral("new"), QStringLiteral("x")}));
 }
 
-TEST_F(FoldersFixture, AFolderNameThatCannotBeWrittenDownIsABadName) {
+TEST_F(FoldersFixture, AFolderNameThatCannotBeWrittenDownIsADeniedPermission) {
     const QString half = QStringLiteral("a") + QChar(0xD800);
     const QString cut = QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b');
     for (const QString& name : {half, cut}) {
-        EXPECT_EQ(CreationError(Native(name)), 52);
-        EXPECT_EQ(CreationError(QStringLiteral("E:\\") + name), 52);
-        EXPECT_EQ(ChainError(Native(QStringLiteral("above/") + name)), 52);
+        EXPECT_EQ(CreationError(Native(name)), 70);
+        EXPECT_EQ(CreationError(QStringLiteral("E:\\") + name), 70);
+        EXPECT_EQ(ChainError(Native(QStringLiteral("above/") + name)), 70);
     }
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
