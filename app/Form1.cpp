@@ -138,6 +138,7 @@ void Form1::ForgetLibrary() {
     m_state = BrowserState();
     m_mediaFilter.ResetState();
     m_search.ResetState();
+    m_textFitting.AdjustText(QString()); // else a resize would bring the old name back
 }
 
 void Form1::ShowLibrary() {

@@ -29,7 +29,7 @@ void OverwriteWindow::LayOut() {
     const double pixel = Twips::PerPixelX();
     const double margin = 14 * pixel;
     const double gap = 8 * pixel;
-    const double buttonWidth = 96 * pixel;
+    const double buttonWidth = 84 * pixel;
 
     m_lblMessage.Move(margin, margin, 3 * buttonWidth + 2 * gap, m_lblMessage.Height());
     m_chkSame.Move(margin, margin + m_lblMessage.Height() + gap, m_chkSame.Width(),

@@ -17,9 +17,26 @@
 
 namespace {
 
-void ShowError(Messages& messages, int number, const QString& description) {
-    messages.Show(QStringLiteral("Error %1: %2").arg(number).arg(description),
+void ShowError(Messages& messages, const RuntimeError& error) {
+    messages.Show(QStringLiteral("Error ") + QString::number(error.Number) + QStringLiteral(": ") +
+                      error.Description,
                   QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Critical);
+}
+
+/// Runs `work` and tells the user what it fails with. False when it failed.
+template <class Work>
+bool TellFailure(Messages& messages, const Work& work) {
+    try {
+        work();
+        return true;
+    } catch (const RuntimeError& error) {
+        ShowError(messages, error);
+    } catch (const std::out_of_range&) {
+        ShowError(messages, RuntimeError(ErrorNumber::SubscriptOutOfRange));
+    } catch (const std::bad_alloc&) {
+        ShowError(messages, RuntimeError(ErrorNumber::OutOfMemory));
+    }
+    return false;
 }
 
 /// A handler that fails unexpectedly ends with a message, and the program goes on.
@@ -30,18 +47,9 @@ public:
     Messages* MessageBoxes = nullptr;
 
     bool notify(QObject* receiver, QEvent* event) override {
-        try {
-            return QApplication::notify(receiver, event);
-        } catch (const RuntimeError& error) {
-            ShowError(*MessageBoxes, error.Number, error.Description);
-        } catch (const std::out_of_range&) {
-            const RuntimeError error(ErrorNumber::SubscriptOutOfRange);
-            ShowError(*MessageBoxes, error.Number, error.Description);
-        } catch (const std::bad_alloc&) {
-            const RuntimeError error(ErrorNumber::OutOfMemory);
-            ShowError(*MessageBoxes, error.Number, error.Description);
-        }
-        return false;
+        bool handled = false;
+        TellFailure(*MessageBoxes, [&] { handled = QApplication::notify(receiver, event); });
+        return handled;
     }
 };
 
@@ -66,10 +74,7 @@ int main(int argc, char** argv) {
     Form1 form(services, window.Controls(), preview.Controls(), [&](OverwritePrompt& prompt) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });
-    try {
-        form.Form_Load();
-    } catch (const RuntimeError& error) {
-        ShowError(messages, error.Number, error.Description);
+    if (!TellFailure(messages, [&form] { form.Form_Load(); })) {
         return 1;
     }
     return QApplication::exec();

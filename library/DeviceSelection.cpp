@@ -89,6 +89,9 @@ void DeviceSelection::Combo1_Click() {
     PrepareBrowser();
     // The binary database is required even where the SQLite library is used.
     if (!HasDatabase(driveRoot)) {
+        // Nothing of this device is loaded: should it come back, choosing it again loads it.
+        LoadedDevice.clear();
+        m_loadMusic.Library.TrackCount = 0;
         ReportLostDevice();
         Combo1_DropDown();
         return;

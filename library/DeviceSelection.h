@@ -23,7 +23,8 @@ public:
     QString LoadedDevice;
     /// The list is being changed by code, so that Combo1_Click does nothing.
     bool SuppressComboClick = false;
-    /// The first filter tab is being selected by code, so that the media filter does nothing.
+    /// The media filter does nothing: the first tab is being selected by code, or no device is
+    /// chosen.
     bool FilterLocked = false;
 
     /// Rebuilds the list of devices.

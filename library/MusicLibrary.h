@@ -8,6 +8,7 @@
 /// What a track's file is, as the media filter sees it.
 enum Kind : qint16 { KindOther = 0, KindAudio = 1, KindVideo = 2 };
 
+/// One song or video.
 struct TrackRecord {
     /// Full path on the mounted device, in drive form.
     QString Location;
@@ -23,6 +24,7 @@ struct TrackRecord {
     qint32 SourceIndex = 0;
 };
 
+/// An album; it has at least one track.
 struct AlbumRecord {
     QString Name;
     std::vector<TrackRecord> Tracks;
@@ -31,6 +33,7 @@ struct AlbumRecord {
     qint32 SourceIndex = 0;
 };
 
+/// An artist; it has at least one album.
 struct ArtistRecord {
     QString Name;
     std::vector<AlbumRecord> Albums;

@@ -116,8 +116,9 @@ void Search::DoSearch() {
         RestartOnNewText();
     }
     EndSearch();
-    if (tabsHadFocus) {
-        m_controls.tbsFilter.SetFocus(); // lost when the tabs were disabled
+    // Disabled, the tabs lost it; a user who types meanwhile keeps it.
+    if (tabsHadFocus && m_windowManager.GetFocus() != m_controls.txtSearch.Handle()) {
+        m_controls.tbsFilter.SetFocus();
     }
     ShowResult();
     if (!m_state.SearchingText && m_controls.tbsFilter.SelectedCaption() == AllFilesTab()) {

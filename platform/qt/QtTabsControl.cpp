@@ -3,9 +3,23 @@
 #include "platform/RuntimeError.h"
 
 #include <QScopedValueRollback>
+#include <QWheelEvent>
+
+namespace {
+
+/// A turn of the wheel over the tabs is meant for a list near by, not for a search.
+class Tabs : public QTabBar {
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+} // namespace
 
 QtTabsControl::QtTabsControl(QWidget* parent, const QString& name, const QStringList& captions)
-    : QtControl(new QTabBar(parent), name), m_captions(captions) {
+    : QtControl(new Tabs(parent), name), m_captions(captions) {
     for (const QString& caption : captions) {
         Widget()->addTab(caption);
     }

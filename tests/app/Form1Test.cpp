@@ -133,11 +133,28 @@ TEST_F(Form1Test, UnpluggingDuringASearchEmptiesTheWindowForGood) {
     EXPECT_FALSE(form.txtSearch.Enabled());
     EXPECT_FALSE(form.cmdCopy.Enabled());
     EXPECT_FALSE(form.Picture1.ShowsDevice);
+    form.Form1.UserResize(13000, 9000);
+    EXPECT_EQ(form.lblFullName.Caption(), QString());
+    EXPECT_EQ(form.lblFullName.ToolTip(), QString());
 
     PlugIn(QLatin1Char('E'), Q("MY IPOD"), SmallLibrary());
     form.timScan.Elapse();
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
     EXPECT_EQ(form.lstArtists.ListIndex(), 1);
+}
+
+TEST_F(Form1Test, ADeviceThatWasGoneForAnInstantLoadsWhenItIsChosenAgain) {
+    PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
+    PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+    Start();
+    files.FailNthCall(FileCall::FileExists, 1, 68);
+    form.Combo1.UserChoose(1);
+    EXPECT_EQ(messages.Texts(), QStringList({Q("Error loading iPod.")}));
+    EXPECT_EQ(form.lstArtists.ListCount(), 0);
+    form.tbsFilter.UserSelectTab(1); // must not show what the first device left
+    EXPECT_EQ(form.lstArtists.ListCount(), 0);
+    form.Combo1.UserChoose(1);
+    EXPECT_EQ(form.lstArtists.ListCount(), 3);
 }
 
 TEST_F(Form1Test, AFilterTabWorksAgainAfterAnotherDeviceWasChosen) {
