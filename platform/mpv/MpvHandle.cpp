@@ -179,6 +179,7 @@ void MpvHandle::ForgetFile(Playback::Stage stage) {
     m_state.Shows = Playback::Picture::None;
     m_state.PictureSize = {};
     m_state.Rotation = 0;
+    m_seeking = false;
 }
 
 void MpvHandle::Fail() {
@@ -206,6 +207,9 @@ void MpvHandle::SetPaused(bool paused) {
 }
 
 void MpvHandle::SeekTo(double position) {
+    // Until the player is there it may still report where it was.
+    m_seeking = true;
+    m_state.Position = position;
     const QByteArray seconds = QByteArray::number(position, 'f', 3);
     const char* command[] = {"seek", seconds.constData(), "absolute", nullptr};
     mpv_command_async(m_mpv.get(), 0, command);
@@ -240,6 +244,9 @@ bool MpvHandle::Handle(const mpv_event& event) {
     case MPV_EVENT_FILE_LOADED:
         m_loadedEntry = m_startedEntry;
         AskForPicture();
+        return false;
+    case MPV_EVENT_PLAYBACK_RESTART:
+        m_seeking = false;
         return false;
     case MPV_EVENT_VIDEO_RECONFIG:
         AskForPicture();
@@ -339,12 +346,15 @@ bool MpvHandle::HandleProperty(const mpv_event& event) {
         m_state.Paused = flag;
         return true;
     case Position:
-        m_state.Position = std::isfinite(number) ? std::max(0.0, number) : 0;
+        if (!m_seeking) {
+            m_state.Position = std::isfinite(number) ? std::max(0.0, number) : 0;
+        }
         return true;
     case Duration:
         m_state.Duration = std::isfinite(number) ? std::max(0.0, number) : 0;
         return true;
     case AtEnd:
+        m_seeking = m_seeking && !flag;
         m_state.AtEnd = flag;
         return true;
     default:

@@ -83,6 +83,8 @@ private:
     QByteArray m_address;
 
     Playback m_state;
+    /// The player is on its way to another position.
+    bool m_seeking = false;
     /// Counts the files, so that late answers about an earlier one are known.
     quint64 m_load = 0;
     /// The player's own numbers of the file that counts, and of those that it began to open and
