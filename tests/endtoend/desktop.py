@@ -88,6 +88,12 @@ class Desktop:
             timeout=PATIENCE, check=True)
         return result.stdout.strip()
 
+    def close_active_window(self):
+        """Asks the window manager to close the window in front, as a task bar does."""
+        subprocess.run(
+            ["wmctrl", "-i", "-c", self.xdotool("getactivewindow")], env=self.environment,
+            check=True, timeout=PATIENCE)
+
     def screenshot(self, path, area=None):
         """Takes a picture of the whole screen or of an area of it."""
         crop = []

@@ -333,8 +333,8 @@ class Songlift:
         self.wait_for(f"the message {text!r} to go", lambda: not self.says(text))
 
     def request_close(self):
-        """Asks the window manager to close the active window."""
-        self.desktop.xdotool("key", "alt+F4")
+        """Asks the window manager to close the active window, as a task bar does."""
+        self.desktop.close_active_window()
 
     def exit_code(self):
         """What the program ends with, waited for."""
