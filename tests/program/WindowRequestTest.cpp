@@ -2,8 +2,10 @@
 
 #include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
+#include "tests/window/QtInput.h"
 
-#include <QLineEdit>
+#include <QApplication>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -134,6 +136,51 @@ TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJob) {
     EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
     EXPECT_EQ(controls.tbsFilter.SelectedCaption(), Q("All Files"));
     EXPECT_EQ(controls.chkArtist.Value(), 1);
+}
+
+TEST_F(WindowRequest, ARightClickOnASongOffersItsPreview) {
+    Start(SmallLibrary());
+    auto& songs = Widget<QListView>("lstSongs");
+    QtInput::Click(songs, QtInput::TextOf(songs, 3), Qt::RightButton); // Source
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    EXPECT_EQ(player.Source(), Q("E:\\iPod_Control\\Music\\F00\\AAAA.mp3"));
+    EXPECT_TRUE(frmPreview.Visible);
+    EXPECT_EQ(frmPreview.Caption(), Q("Source"));
+    EXPECT_EQ(controls.lblFullName.Caption(), Q("Blue River / Deep / Source"));
+}
+
+TEST_F(WindowRequest, ARightClickOnTheAllRowOpensNoMenu) {
+    Start(SmallLibrary());
+    auto& songs = Widget<QListView>("lstSongs");
+    QtInput::Click(songs, QtInput::TextOf(songs, 0), Qt::RightButton);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(WindowRequest, ALongNameIsShortenedAndWholeInTheTooltip) {
+    SampleTrack track = SmallLibrary().front();
+    track.Title = QString(300, QLatin1Char('x'));
+    Start({track});
+    ClickRow("lstSongs", 1);
+    const QString whole = Q("Blue River / Deep / ") + track.Title;
+    EXPECT_TRUE(controls.lblFullName.Caption().endsWith(Q("...")));
+    EXPECT_EQ(controls.lblFullName.ToolTip(), whole);
+    Top().resize(3000, 700);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controls.lblFullName.Caption(), whole);
+    EXPECT_EQ(controls.lblFullName.ToolTip(), QString());
+}
+
+TEST_F(WindowRequest, TheFocusFollowsTheMouseAmongTheListsOnly) {
+    Start(SmallLibrary());
+    QWidget& songs = Widget("lstSongs");
+    QtInput::MoveTo(songs, songs.rect().center());
+    EXPECT_TRUE(songs.hasFocus());
+    ClickOn("txtSearch");
+    QtInput::MoveTo(songs, songs.rect().center() + QPoint(5, 5));
+    EXPECT_TRUE(Widget("txtSearch").hasFocus());
 }
 
 TEST_F(WindowRequest, AnIpodPluggedInLaterLoadsByItself) {

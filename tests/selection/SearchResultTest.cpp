@@ -91,6 +91,22 @@ TEST_F(SearchResultTest, WithoutHiddenTicksCopyGoesByTheResultAlone) {
     EXPECT_FALSE(form.cmdCopy.Enabled());
 }
 
+TEST_F(SearchResultTest, EverySearchAndEveryWayBackSetsTheCopyButtonAnew) {
+    form.cmdCopy.SetEnabled(true);
+    browser.Type("money");
+    EXPECT_FALSE(form.cmdCopy.Enabled());
+    browser.Tick(songs, "Money");
+    form.cmdCopy.SetEnabled(false);
+    browser.Type("stone");
+    EXPECT_TRUE(form.cmdCopy.Enabled());
+    form.cmdCopy.SetEnabled(false);
+    browser.Type("nowhere");
+    EXPECT_TRUE(form.cmdCopy.Enabled());
+    form.cmdCopy.SetEnabled(false);
+    form.cmdClear.UserPress();
+    EXPECT_TRUE(form.cmdCopy.Enabled());
+}
+
 TEST_F(SearchResultTest, HiddenTicksAreForgottenWithTheResult) {
     browser.Tick(songs, "Money");
     browser.Type("stone");
