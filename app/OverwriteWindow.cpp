@@ -2,10 +2,6 @@
 
 #include "platform/qt/Twips.h"
 
-#include <QScreen>
-
-#include <algorithm>
-
 OverwriteWindow::OverwriteWindow(QWidget* owner, OverwritePrompt& prompt)
     : m_window(owner, QStringLiteral("frmOverwrite"), Qt::Dialog),
       m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
@@ -46,7 +42,6 @@ void OverwriteWindow::LayOut() {
 void OverwriteWindow::Ask() {
     m_form.Form_Load();
     KeepInside();
-    PlaceOverOwner();
     m_window.ShowModal();
 }
 
@@ -54,16 +49,4 @@ void OverwriteWindow::Ask() {
 /// the buttons need it inside.
 void OverwriteWindow::KeepInside() {
     m_window.SetMinimumSize(m_window.ScaleWidth(), m_window.ScaleHeight());
-}
-
-void OverwriteWindow::PlaceOverOwner() {
-    QWidget& window = *m_window.Widget();
-    const QRect owner = window.parentWidget()->frameGeometry();
-    const QRect screen = window.parentWidget()->screen()->availableGeometry();
-    QRect place(QPoint(), window.size());
-    place.moveCenter(owner.center());
-    // A long path makes the window wider than the screen; its beginning and the buttons are seen.
-    place.moveLeft(std::max(place.left(), screen.left()));
-    place.moveTop(std::max(place.top(), screen.top()));
-    window.move(place.topLeft());
 }

@@ -20,7 +20,6 @@ public:
 private:
     void LayOut();
     void KeepInside();
-    void PlaceOverOwner();
 
     QtWindow m_window;
     QtLabelControl m_lblMessage;

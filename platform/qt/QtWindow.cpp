@@ -7,8 +7,11 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QFontMetricsF>
+#include <QScreen>
 #include <QThread>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace {
 
@@ -111,6 +114,7 @@ double QtWindow::ScaleHeight() const {
 void QtWindow::MoveTo(double left, double top) {
     m_left = left;
     m_top = top;
+    m_placed = true;
     m_widget->move(Twips::ToPixels(left, top, 0, 0).topLeft());
 }
 
@@ -167,7 +171,23 @@ void QtWindow::FrameMayHaveChanged() {
     }
 }
 
+/// Where a window that was never placed appears: over its owner, so that it is seen. Of one that is
+/// larger than the screen the beginning is seen.
+void QtWindow::PlaceOverOwner() {
+    m_placed = true;
+    const QWidget* owner = m_widget->parentWidget();
+    const QRect screen = owner->screen()->availableGeometry();
+    QRect place(QPoint(), m_widget->size());
+    place.moveCenter(owner->frameGeometry().center());
+    place.moveLeft(std::max(place.left(), screen.left()));
+    place.moveTop(std::max(place.top(), screen.top()));
+    m_widget->move(place.topLeft());
+}
+
 void QtWindow::Show() {
+    if (!m_placed && m_widget->parentWidget() != nullptr) {
+        PlaceOverOwner();
+    }
     if (m_widget->isVisible() && State() == WindowState::Minimized) {
         SetState(WindowState::Normal);
     }

@@ -54,6 +54,8 @@ private:
     double m_left = 0, m_top = 0, m_width = 0, m_height = 0;
     /// The size waits for the window to become normal.
     bool m_sizeWaits = false;
+    /// The window was given a place, by MoveTo or when it was first shown.
+    bool m_placed = false;
     /// Border and title bar, as last known.
     QMargins m_frame;
     int m_resizes = 0;
@@ -72,4 +74,5 @@ private:
     void RaiseResize();
     bool MayClose();
     void WaitForScreen();
+    void PlaceOverOwner();
 };
