@@ -67,6 +67,8 @@ Form1Window::Form1Window(WindowManager& windowManager)
 /// Labels, buttons and boxes speak their own text.
 void Form1Window::NameForScreenReaders() {
     m_Combo1.Widget()->setAccessibleName(QStringLiteral("iPod"));
+    // On Linux a combo box speaks its chosen entry in place of its name.
+    m_Combo1.Widget()->setAccessibleDescription(QStringLiteral("iPod"));
     m_txtSearch.Widget()->setAccessibleName(QStringLiteral("Search"));
     m_tbsFilter.Widget()->setAccessibleName(QStringLiteral("Filter"));
     m_lstArtists.Widget()->setAccessibleName(QStringLiteral("Artists"));

@@ -3,19 +3,11 @@
 #include "browser/SortedOrder.h"
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
+#include "tests/bench/Sizes.h"
 
 #include <benchmark/benchmark.h>
 
 namespace {
-
-constexpr int Sizes[] = {1000, 4000, 16000, 32767};
-
-void ForEverySize(benchmark::internal::Benchmark* benchmark) {
-    for (const int size : Sizes) {
-        benchmark->Arg(size);
-    }
-    benchmark->Unit(benchmark::kMillisecond)->Complexity();
-}
 
 /// One sort of all titles, which the list of all songs cannot do without.
 void SortTitles(benchmark::State& state) {
@@ -30,6 +22,48 @@ void SortTitles(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(SortTitles)->Apply(ForEverySize);
+
+/// The parts of the program that these cases run by themselves, on the window's controls.
+struct Parts {
+    explicit Parts(BenchWindow& window)
+        : Music(window.Files(), window.MessageBoxes(), window.Controls()),
+          Fitting(Windows, window.Controls()),
+          Lists(State, Music.Library, Fitting, window.Controls()),
+          Artists(State, Music.Library, Lists, window.Controls()),
+          Summary(State, Music.Library, window.Controls()) {
+        Music.LoadITunesDB(QStringLiteral("E:"));
+    }
+
+    QtWindowManager Windows;
+    BrowserState State;
+    LoadMusic Music;
+    TextFitting Fitting;
+    LinkedLists Lists;
+    ArtistList Artists;
+    SelectionSummary Summary;
+};
+
+void BuildArtistList(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    Parts parts(window);
+    for (auto _ : state) {
+        parts.Artists.BuildArtistList();
+        parts.Artists.FillArtists();
+        BenchWindow::Paint();
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BuildArtistList)->Apply(ForEverySize);
+
+void Summary(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    Parts parts(window);
+    for (auto _ : state) {
+        parts.Summary.CalculateSize(false);
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(Summary)->Apply(ForEverySize);
 
 /// Choosing a device: load, artist list, first artist, summary.
 void ChooseDevice(benchmark::State& state) {

@@ -2,6 +2,7 @@
 
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
+#include "tests/bench/Sizes.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -9,15 +10,6 @@
 #include <QFile>
 
 namespace {
-
-constexpr int Sizes[] = {1000, 4000, 16000, 32767};
-
-void ForEverySize(benchmark::internal::Benchmark* benchmark) {
-    for (const int size : Sizes) {
-        benchmark->Arg(size);
-    }
-    benchmark->Unit(benchmark::kMillisecond)->Complexity();
-}
 
 QString DatabaseFile(const BenchWindow& window, const char* name) {
     return window.DeviceFolder() + QStringLiteral("/iPod_Control/iTunes/") +

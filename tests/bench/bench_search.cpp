@@ -2,19 +2,11 @@
 
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
+#include "tests/bench/Sizes.h"
 
 #include <benchmark/benchmark.h>
 
 namespace {
-
-constexpr int Sizes[] = {1000, 4000, 16000, 32767};
-
-void ForEverySize(benchmark::internal::Benchmark* benchmark) {
-    for (const int size : Sizes) {
-        benchmark->Arg(size);
-    }
-    benchmark->Unit(benchmark::kMillisecond)->Complexity();
-}
 
 /// A keystroke, taken while another search is shown.
 void Keystroke(benchmark::State& state, const QString& before, const QString& after,
