@@ -179,6 +179,7 @@ void MpvHandle::ForgetFile(Playback::Stage stage) {
     m_state.Shows = Playback::Picture::None;
     m_state.PictureSize = {};
     m_state.Rotation = 0;
+    m_started = false;
     m_seeking = false;
 }
 
@@ -210,6 +211,12 @@ void MpvHandle::SeekTo(double position) {
     // Until the player is there it may still report where it was.
     m_seeking = true;
     m_state.Position = position;
+    if (m_started) {
+        SendSeek(position);
+    }
+}
+
+void MpvHandle::SendSeek(double position) {
     const QByteArray seconds = QByteArray::number(position, 'f', 3);
     const char* command[] = {"seek", seconds.constData(), "absolute", nullptr};
     mpv_command_async(m_mpv.get(), 0, command);
@@ -246,7 +253,12 @@ bool MpvHandle::Handle(const mpv_event& event) {
         AskForPicture();
         return false;
     case MPV_EVENT_PLAYBACK_RESTART:
-        m_seeking = false;
+        if (!m_started && m_seeking) {
+            SendSeek(m_state.Position); // asked for before the player could
+        } else {
+            m_seeking = false;
+        }
+        m_started = true;
         return false;
     case MPV_EVENT_VIDEO_RECONFIG:
         AskForPicture();

@@ -51,6 +51,7 @@ public:
     void SetVolume(int percent);
 
 private:
+    void SendSeek(double position);
     struct Terminate {
         void operator()(mpv_handle* mpv) const { mpv_terminate_destroy(mpv); }
     };
@@ -83,6 +84,8 @@ private:
     QByteArray m_address;
 
     Playback m_state;
+    /// The file plays, or stands at a picture; before that the player drops every seek.
+    bool m_started = false;
     /// The player is on its way to another position.
     bool m_seeking = false;
     /// Counts the files, so that late answers about an earlier one are known.
