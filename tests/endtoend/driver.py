@@ -324,8 +324,19 @@ class Songlift:
                       lambda: self._has(field, self.atspi.StateType.FOCUSED))
         self.desktop.xdotool("key", "ctrl+a", "type", "--delay", 4, text)
         self.wait_for(f'{name} to hold "{text}"', lambda: self.text_of(name) == text)
-        # Folder names offered below the field would lie over what is clicked next.
+        # Folder names offered below the field would lie over what is clicked next, and appear late.
+        # The first Tab may do no more than close them.
+        self.wait_for(f"the focus to leave {name}", lambda: self._leaves(field))
+
+    def _leaves(self, field):
+        """Presses Tab in a field; whether the focus went on."""
         self.desktop.xdotool("key", "Tab")
+        try:
+            self.wait_for("the focus to go on",
+                          lambda: not self._has(field, self.atspi.StateType.FOCUSED), 1)
+        except Waited:
+            return False
+        return True
 
     def answer(self, title, text, button):
         """Waits for a message of a title and a text, and answers it."""
