@@ -3,7 +3,6 @@
 #include "platform/RuntimeError.h"
 
 #include <algorithm>
-#include <new>
 
 ChunkedCopy::ChunkedCopy(FileSystem& files, EventLoop& events, ProgressControl& prgCopy,
                          const double& CopiedBytes, const bool& CancelCopy)
@@ -34,10 +33,6 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
 
 /// Fills the temporary file with the bytes of `source`; false when cancelled.
 bool ChunkedCopy::CopyToTemp(const QString& source, const QString& temp, qint32 bytesAtOnce) {
-    const std::unique_ptr<char[]> buffer(new (std::nothrow) char[bytesAtOnce]);
-    if (!buffer) {
-        throw RuntimeError(ErrorNumber::OutOfMemory);
-    }
     const qint64 size = m_files.FileLength(source);
     const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(source);
     const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
@@ -45,8 +40,7 @@ bool ChunkedCopy::CopyToTemp(const QString& source, const QString& temp, qint32 
         const qint64 chunk = std::min<qint64>(size - done, bytesAtOnce);
         const bool isLast = size - done <= bytesAtOnce;
         if (chunk > 0) {
-            reading->Read(buffer.get(), chunk);
-            writing->Write(buffer.get(), chunk);
+            writing->WriteFrom(*reading, chunk);
         }
         done += chunk;
         const bool cancelled = !isLast && CancelledAfterChunk(done);

@@ -15,6 +15,9 @@ public:
     virtual void Read(char* buffer, qint64 size) = 0;
     /// Writes exactly `size` bytes.
     virtual void Write(const char* buffer, qint64 size) = 0;
+    /// Writes the next `size` bytes of `source`, a file of the same file system service. A source
+    /// that ends earlier is a device that fails: DeviceIOError.
+    virtual void WriteFrom(BinaryFile& source, qint64 size) = 0;
     /// Cuts the file off behind its first `size` bytes.
     virtual void Truncate(qint64 size) = 0;
     /// Closes the file. Writing errors that the system reports late are raised here.

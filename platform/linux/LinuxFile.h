@@ -17,6 +17,7 @@ public:
 
     void Read(char* buffer, qint64 size) override;
     void Write(const char* buffer, qint64 size) override;
+    void WriteFrom(BinaryFile& source, qint64 size) override;
     void Truncate(qint64 size) override;
     void Close() override;
 

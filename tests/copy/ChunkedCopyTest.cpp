@@ -7,11 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
-
 namespace {
-
-bool noMemoryForArrays = false;
 
 QString Text(const char* text) {
     return QString::fromUtf8(text);
@@ -59,17 +55,6 @@ protected:
 };
 
 } // namespace
-
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    if (noMemoryForArrays) {
-        return nullptr;
-    }
-    try {
-        return ::operator new[](size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
 
 TEST_F(ChunkedCopyTest, AFileOf50000001BytesTakesOneChunkAndALastStepOfOneByte) {
     files.AddLargeFile(Source, 50000001);
@@ -232,15 +217,6 @@ TEST_F(ChunkedCopyTest, ASourceThatEndsEarlyRaisesDeviceIOError) {
         }
     };
     EXPECT_EQ(ErrorOfCopy(4), 57);
-    EXPECT_FALSE(files.HasFile(Target));
-}
-
-TEST_F(ChunkedCopyTest, WithoutMemoryForAChunkErrorSevenIsRaised) {
-    files.AddFile(Source, "0123456789");
-    noMemoryForArrays = true;
-    const int error = ErrorOfCopy(4);
-    noMemoryForArrays = false;
-    EXPECT_EQ(error, 7);
     EXPECT_FALSE(files.HasFile(Target));
 }
 

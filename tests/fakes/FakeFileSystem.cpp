@@ -54,6 +54,12 @@ public:
         }
     }
 
+    void WriteFrom(BinaryFile& source, qint64 size) override {
+        QByteArray bytes(size, Qt::Uninitialized);
+        source.Read(bytes.data(), size);
+        Write(bytes.constData(), size);
+    }
+
     void Truncate(qint64 size) override {
         Begin(FileCall::Truncate, size);
         const qint64 before = m_entry->Content.Length();

@@ -55,6 +55,31 @@ TEST_F(FilesFixture, AFileThatEndsEarlyIsADeviceThatFails) {
     EXPECT_EQ(NumberOf([&] { file->Read(bytes, 4); }), 57);
 }
 
+TEST_F(FilesFixture, AFileIsWrittenFromAnotherStepByStep) {
+    for (const qsizetype step : {qsizetype{7}, qsizetype{300000}, qsizetype{3000000}}) {
+        QByteArray bytes(2 * step, Qt::Uninitialized);
+        for (qsizetype i = 0; i < bytes.size(); ++i) {
+            bytes[i] = static_cast<char>(i * 7 + i / 1000);
+        }
+        WriteFile(Native(QStringLiteral("film.m4v")), bytes);
+        const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
+        const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
+        to->WriteFrom(*from, step);
+        EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))).left(step), bytes.left(step));
+        to->WriteFrom(*from, step);
+        EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), bytes);
+    }
+}
+
+TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceThatFails) {
+    for (const qsizetype size : {qsizetype{10}, qsizetype{3000000}}) {
+        WriteFile(Native(QStringLiteral("film.m4v")), QByteArray(size, 'x'));
+        const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
+        const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
+        EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, size + 1); }), 57);
+    }
+}
+
 TEST_F(FilesFixture, WhatIsOpenForReadingCannotBeWritten) {
     WriteFile(Native(QStringLiteral("song.mp3")), "abc");
     const std::unique_ptr<BinaryFile> file =
