@@ -24,6 +24,10 @@ public:
     void lstAlbums_Click();
     void lstSongs_Click();
 
+    /// Fill the lists from the row tables.
+    void FillAlbums();
+    void FillSongs();
+
     /// The album of a real album row (1 and up).
     AlbumRecord& Album(qint32 albumRow);
     /// The track of a real song row (1 and up).
@@ -43,8 +47,6 @@ private:
     AlbumKey AlbumOfRow(qint32 albumRow) const;
     SongKey SongOfRow(qint32 songRow) const;
     void RememberSong();
-    void FillAlbums();
-    void FillSongs();
     void BuildSongRows();
     void BuildAllSongRows();
     void SortSongsOfAllAlbumRows();

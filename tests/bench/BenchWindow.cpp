@@ -2,18 +2,7 @@
 
 #include "tests/bench/BenchLibrary.h"
 
-#include <QApplication>
-
-namespace {
-
-/// A place on a disk: copying within a memory file system would measure nothing that users do.
-/// SONGLIFT_BENCH_FOLDER names another disk.
-QString ScratchTemplate() {
-    return qEnvironmentVariable("SONGLIFT_BENCH_FOLDER", QCoreApplication::applicationDirPath()) +
-           QStringLiteral("/scratch-XXXXXX");
-}
-
-} // namespace
+#include <QCoreApplication>
 
 BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
     : m_folder(ScratchTemplate()) {
@@ -21,12 +10,7 @@ BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
     MakeDevice(DeviceFolder(), tracks, sqlite);
     MakeDevice(other, tracks, sqlite);
     qputenv("SONGLIFT_DRIVES", (DeviceFolder() + QLatin1Char(':') + other).toUtf8());
-    const Services services{m_files,         m_drives,   m_store, m_shell,
-                            m_windowManager, m_messages, m_events};
-    m_form = std::make_unique<Form1>(services, m_window.Controls(), m_preview.Controls(),
-                                     [](OverwritePrompt&) {});
-    m_form->Form_Load();
-    Paint();
+    m_program = std::make_unique<BenchProgram>();
 }
 
 void BenchWindow::Reload() {
@@ -34,6 +18,7 @@ void BenchWindow::Reload() {
     devices.SetText(devices.List(devices.Text() == devices.List(0) ? 1 : 0));
 }
 
-void BenchWindow::Paint() {
-    QCoreApplication::processEvents();
+QString ScratchTemplate() {
+    return qEnvironmentVariable("SONGLIFT_BENCH_FOLDER", QCoreApplication::applicationDirPath()) +
+           QStringLiteral("/scratch-XXXXXX");
 }

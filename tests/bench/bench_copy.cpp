@@ -3,12 +3,12 @@
 
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
+#include "tests/bench/Measuring.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QDir>
 #include <QDirIterator>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 
@@ -16,7 +16,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -32,18 +32,6 @@ void MakeMedia(const BenchWindow& window, const std::vector<SampleTrack>& tracks
         file.open(QIODevice::WriteOnly);
         file.write(content);
     }
-}
-
-double Seconds(const std::function<void()>& work) {
-    QElapsedTimer clock;
-    clock.start();
-    work();
-    return static_cast<double>(clock.nsecsElapsed()) / 1e9;
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 /// The program on a device of `count` files of `bytes` bytes each, all ticked.

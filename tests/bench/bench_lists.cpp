@@ -1,27 +1,81 @@
 // The three lists and the check marks, from the user's event to the painted window.
 
-#include "browser/SortedOrder.h"
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
 #include "tests/bench/Sizes.h"
 
 #include <benchmark/benchmark.h>
+#include <unicode/ucol.h>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
 
 namespace {
 
-/// One sort of all titles, which the list of all songs cannot do without.
-void SortTitles(benchmark::State& state) {
-    const std::vector<SampleTrack> tracks = MakeLibrary(static_cast<int>(state.range(0)));
-    std::vector<const QString*> titles;
-    for (const SampleTrack& track : tracks) {
-        titles.push_back(&track.Title);
-    }
+/// One sort of names by ICU: what a list in the user's order cannot do without.
+void SortByIcu(benchmark::State& state, const std::vector<QString>& names) {
+    UErrorCode status = U_ZERO_ERROR;
+    UCollator* collator = ucol_open("", &status);
     for (auto _ : state) {
-        benchmark::DoNotOptimize(SortedOrder(titles, 1));
+        std::vector<std::string> keys(names.size());
+        for (size_t i = 0; i < names.size(); ++i) {
+            const auto* text = reinterpret_cast<const char16_t*>(names[i].utf16());
+            const auto size = static_cast<int32_t>(names[i].size());
+            std::array<uint8_t, 1024> key{};
+            const int32_t length =
+                ucol_getSortKey(collator, text, size, key.data(), static_cast<int32_t>(key.size()));
+            keys[i].assign(reinterpret_cast<const char*>(key.data()), static_cast<size_t>(length));
+        }
+        std::vector<qint32> order(names.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::sort(order.begin(), order.end(),
+                  [&](qint32 left, qint32 right) { return keys[left] < keys[right]; });
+        benchmark::DoNotOptimize(order.data());
     }
+    ucol_close(collator);
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(SortTitles)->Apply(ForEverySize);
+
+/// The names of the groups that the tracks form, each once.
+std::vector<QString> Names(int count, bool (*isNew)(const SampleTrack&, const SampleTrack&),
+                           QString SampleTrack::*name) {
+    std::vector<QString> names;
+    const std::vector<SampleTrack> tracks = MakeLibrary(count);
+    for (size_t i = 0; i < tracks.size(); ++i) {
+        if (i == 0 || isNew(tracks[i - 1], tracks[i])) {
+            names.push_back(tracks[i].*name);
+        }
+    }
+    return names;
+}
+
+bool IsNewArtist(const SampleTrack& before, const SampleTrack& track) {
+    return before.Artist != track.Artist;
+}
+
+bool IsNewAlbum(const SampleTrack& before, const SampleTrack& track) {
+    return IsNewArtist(before, track) || before.Album != track.Album;
+}
+
+bool IsNewSong(const SampleTrack&, const SampleTrack&) {
+    return true;
+}
+
+void SortArtists(benchmark::State& state) {
+    SortByIcu(state, Names(static_cast<int>(state.range(0)), IsNewArtist, &SampleTrack::Artist));
+}
+BENCHMARK(SortArtists)->Apply(ForEverySize);
+
+void SortAlbums(benchmark::State& state) {
+    SortByIcu(state, Names(static_cast<int>(state.range(0)), IsNewAlbum, &SampleTrack::Album));
+}
+BENCHMARK(SortAlbums)->Apply(ForEverySize);
+
+void SortSongs(benchmark::State& state) {
+    SortByIcu(state, Names(static_cast<int>(state.range(0)), IsNewSong, &SampleTrack::Title));
+}
+BENCHMARK(SortSongs)->Apply(ForEverySize);
 
 /// The parts of the program that these cases run by themselves, on the window's controls.
 struct Parts {
@@ -43,17 +97,42 @@ struct Parts {
     SelectionSummary Summary;
 };
 
-void BuildArtistList(benchmark::State& state) {
+/// From the records to the rows of a shown list; what is painted of them is the same for all sizes.
+void ArtistListShown(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
     Parts parts(window);
     for (auto _ : state) {
         parts.Artists.BuildArtistList();
         parts.Artists.FillArtists();
-        BenchWindow::Paint();
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(BuildArtistList)->Apply(ForEverySize);
+BENCHMARK(ArtistListShown)->Apply(ForEverySize);
+
+void AllAlbumsShown(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    Parts parts(window);
+    Ordering ordering(parts.State, parts.Music.Library);
+    for (auto _ : state) {
+        ordering.SortAlbums(true);
+        parts.Lists.FillAlbums();
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(AllAlbumsShown)->Apply(ForEverySize);
+
+void AllSongsShown(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    Parts parts(window);
+    Ordering ordering(parts.State, parts.Music.Library);
+    ordering.SortAlbums(true);
+    for (auto _ : state) {
+        ordering.SortTracks5();
+        parts.Lists.FillSongs();
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(AllSongsShown)->Apply(ForEverySize);
 
 void Summary(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
@@ -64,6 +143,25 @@ void Summary(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(Summary)->Apply(ForEverySize);
+
+/// One pass over the records.
+void AddSizes(benchmark::State& state) {
+    BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
+    const Parts parts(window);
+    for (auto _ : state) {
+        double size = 0;
+        for (const ArtistRecord& artist : parts.Music.Library.Artists) {
+            for (const AlbumRecord& album : artist.Albums) {
+                for (const TrackRecord& track : album.Tracks) {
+                    size += track.FileSize;
+                }
+            }
+        }
+        benchmark::DoNotOptimize(size);
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(AddSizes)->Apply(ForEverySize);
 
 /// Choosing a device: load, artist list, first artist, summary.
 void ChooseDevice(benchmark::State& state) {
