@@ -12,6 +12,8 @@
 #include "platform/qt/QtWindowManager.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 
 #include <stdexcept>
 
@@ -53,11 +55,23 @@ public:
     }
 };
 
+/// The icon as it is installed, in the user's theme; else the one that the program carries.
+QIcon ProgramIcon() {
+    QIcon carried;
+    const QDir sizes(QStringLiteral(":/icon"));
+    for (const QString& size : sizes.entryList()) {
+        carried.addFile(sizes.filePath(size));
+    }
+    return QIcon::fromTheme(QStringLiteral(SONGLIFT_ID), carried);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Songlift"));
+    QApplication::setDesktopFileName(QStringLiteral(SONGLIFT_ID));
+    QApplication::setWindowIcon(ProgramIcon());
 
     LinuxDrives drives;
     LinuxFileSystem files(drives);
