@@ -1,0 +1,26 @@
+# The Debian package: "scripts/package" makes it.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME songlift)
+set(CPACK_PACKAGE_VENDOR "Songlift developers")
+set(CPACK_PACKAGE_CONTACT "Songlift developers <songlift@songlift.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "copy music and video off an iPod into folders")
+set(CPACK_PACKAGE_DESCRIPTION
+  "Songlift gets the music and video off an iPod and into ordinary, well-named
+folders. It finds the iPod, shows its library at once, lets you tick what you
+want by artist, album or song, and copies every byte under the right name, or
+says plainly why not. Search, preview and a media filter help to choose.
+
+It only ever reads from the iPod.")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
+  GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+# Qt's own package brings what X11 needs; on Wayland alone nothing that is linked would pull its plugin in.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "hicolor-icon-theme, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS udisks2)
+include(CPack)
