@@ -19,8 +19,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Qt's own package brings what X11 needs; on Wayland alone nothing that is linked would pull its plugin in.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Qt's own package brings the plugin for X11; nothing that is linked brings the one for Wayland.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "hicolor-icon-theme, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS udisks2)
 include(CPack)

@@ -55,9 +55,9 @@ class Stage:
         subprocess.run([self._sample_maker, "--small", *options, folder], check=True)
         return Ipod(folder)
 
-    def start(self, *drives):
-        """Starts the program with folders attached as drives."""
-        return Songlift(self.desktop, self._bus, self._program, drives)
+    def start(self, *drives, program=None):
+        """Starts the program, or another build of it, with folders attached as drives."""
+        return Songlift(self.desktop, self._bus, program or self._program, drives)
 
     def start_with_small_ipod(self):
         """The program with the small sample loaded, its destination an empty folder; and the sample."""
