@@ -10,6 +10,26 @@
 #include "platform/qt/QtWindowManager.h"
 #include "tests/fakes/FakeServices.h"
 
+#include <QElapsedTimer>
+
+/// The real event loop, and a clock beside it.
+class TimedEventLoop : public EventLoop {
+public:
+    TimedEventLoop();
+    void Yield() override;
+
+    /// Seconds spent in yields: painting, and looking for what the user does.
+    double InYields = 0;
+    /// The longest time between two yields, in seconds: a user may wait so long for an answer.
+    double LongestPause = 0;
+    /// Begins anew.
+    void Start();
+
+private:
+    QtEventLoop m_events;
+    QElapsedTimer m_sinceYield;
+};
+
 /// The program, started, with real services and windows; only its message boxes answer themselves,
 /// and nothing is kept in the user's settings. SONGLIFT_DRIVES names its devices.
 class BenchProgram {
@@ -19,6 +39,7 @@ public:
     Form1Controls& Controls() { return m_window.Controls(); }
     FileSystem& Files() { return m_files; }
     FakeMessages& MessageBoxes() { return m_messages; }
+    TimedEventLoop& Events() { return m_events; }
     /// Lets the window paint what has changed.
     static void Paint();
 
@@ -28,7 +49,7 @@ private:
     FakeSettingsStore m_store;
     QtShell m_shell;
     QtWindowManager m_windowManager;
-    QtEventLoop m_events;
+    TimedEventLoop m_events;
     FakeMessages m_messages;
     Form1Window m_window{m_windowManager};
     PreviewWindow m_preview{m_window.Window().Widget(), m_files};

@@ -15,6 +15,7 @@ public:
 
     Form1Controls& Controls() { return m_program->Controls(); }
     FileSystem& Files() { return m_program->Files(); }
+    TimedEventLoop& Events() { return m_program->Events(); }
     FakeMessages& MessageBoxes() { return m_program->MessageBoxes(); }
     /// The folder of the first device.
     QString DeviceFolder() const { return m_folder.filePath(QStringLiteral("one")); }

@@ -60,8 +60,11 @@ public:
     /// Copies into an empty folder; returns the seconds that it took.
     double Run() {
         m_window.Controls().txtDestination.SetText(NewTarget());
+        m_window.Events().Start();
         return Seconds([this] { Raise(m_window.Controls().cmdCopy.Click); });
     }
+
+    const TimedEventLoop& Events() { return m_window.Events(); }
 
     bool IsCompleted() {
         return m_window.MessageBoxes().Texts().contains(QStringLiteral("Copy completed!"));
@@ -91,9 +94,11 @@ private:
 /// Runs the job and its yardstick in turn, and reports the medians.
 void InTurn(benchmark::State& state, Job& job,
             const std::function<void(const QString& target)>& yardstick) {
-    std::vector<double> speeds, yardsticks;
+    std::vector<double> speeds, yardsticks, paintings, pauses;
     for (auto _ : state) {
         const double jobTime = job.Run();
+        paintings.push_back(job.Events().InYields / jobTime * 100);
+        pauses.push_back(job.Events().LongestPause * 1000);
         const QString target = job.NewTarget();
         const double plain = Seconds([&] { yardstick(target); });
         state.SetIterationTime(jobTime);
@@ -104,6 +109,8 @@ void InTurn(benchmark::State& state, Job& job,
         state.SkipWithError("the job did not complete");
     }
     state.counters["yardstick_ms"] = Median(yardsticks);
+    state.counters["painting_percent"] = Median(paintings);
+    state.counters["longest_pause_ms"] = Median(pauses);
     state.counters["speed"] = Median(speeds);
 }
 
