@@ -1,8 +1,6 @@
 #pragma once
 
-#include "library/MusicLibrary.h"
-
-#include <QStringList>
+#include "tests/library/LibraryLines.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +9,6 @@
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
 }
-
-/// One line a track, in library order: "artist | album | number title | size | kind | location".
-QStringList Lines(const MusicLibrary& library);
 
 /// What holds for every library that holds tracks: no empty group and no empty name, TrackCount and
 /// TotalSize are the number and the size of the tracks, and nothing is ticked.
