@@ -1,6 +1,7 @@
 #include "library/SqliteDatabase.h"
 
 #include "platform/Numbers.h"
+#include "platform/ProcessorTime.h"
 
 #include <QDir>
 #include <QUrl>
@@ -10,7 +11,9 @@
 namespace {
 
 // What a device's own library never comes near, and a hostile one cannot pass.
-constexpr int MaxStatementSeconds = 2;
+// The time is counted from the opening on, over all statements.
+constexpr double MaxProcessorSeconds = 2;
+constexpr std::chrono::seconds MaxDuration(60); // a slow device is no hostile one
 constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
 constexpr qsizetype MaxResultBytes = 64 << 20;
 constexpr int MaxValueBytes = 65536;
@@ -104,7 +107,8 @@ QByteArrayView SqliteRows::TextBytes(const Cell& cell) const {
     return QByteArrayView(m_bytes).sliced(cell.Value, cell.Length);
 }
 
-SqliteDatabase::SqliteDatabase(const QString& nativePath) {
+SqliteDatabase::SqliteDatabase(const QString& nativePath)
+    : m_processorStart(ThreadProcessorSeconds()), m_start(std::chrono::steady_clock::now()) {
     sqlite3_hard_heap_limit64(MaxEngineBytes); // for the whole program; nothing else uses SQLite
     sqlite3* database = nullptr;
     const int result =
@@ -167,7 +171,6 @@ void SqliteDatabase::Execute(const QByteArray& sql) {
 }
 
 SqliteDatabase::Statement SqliteDatabase::Prepare(const char* sql) {
-    m_statementStart = std::clock();
     sqlite3_stmt* statement = nullptr;
     const int result = sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr);
     Statement owned(statement);
@@ -195,10 +198,10 @@ void SqliteDatabase::Check(int result) {
     throw RuntimeError(result, QString::fromUtf8(sqlite3_errmsg(m_database.get())));
 }
 
-/// The time that counts is the processor's, so that a slow device is not taken for a hostile one.
 int SqliteDatabase::StopWhenLate(void* self) {
-    const std::clock_t start = static_cast<SqliteDatabase*>(self)->m_statementStart;
-    return std::clock() - start > MaxStatementSeconds * CLOCKS_PER_SEC;
+    const auto* database = static_cast<const SqliteDatabase*>(self);
+    return ThreadProcessorSeconds() - database->m_processorStart > MaxProcessorSeconds ||
+           std::chrono::steady_clock::now() - database->m_start > MaxDuration;
 }
 
 void SqliteDatabase::Close::operator()(sqlite3* database) const {

@@ -8,7 +8,7 @@
 #include <QString>
 #include <QtGlobal>
 
-#include <ctime>
+#include <chrono>
 #include <memory>
 
 struct sqlite3;
@@ -81,5 +81,6 @@ private:
     static int StopWhenLate(void* self);
 
     std::unique_ptr<sqlite3, Close> m_database;
-    std::clock_t m_statementStart = 0;
+    double m_processorStart;
+    std::chrono::steady_clock::time_point m_start;
 };

@@ -1,6 +1,8 @@
 // Missing, damaged and hostile databases: a load ends soon, with an error box, and what it leaves
 // is a library that can be walked.
 
+#include "library/SqliteDatabase.h"
+#include "platform/ProcessorTime.h"
 #include "tests/library/SqliteDevice.h"
 
 #include <ctime>
@@ -235,6 +237,22 @@ TEST_F(HostileSQLiteLibrary, ViewsThatDoubleEachOtherEnd) {
     LoadSoon();
 
     EXPECT_NE(Error(), 0);
+}
+
+TEST_F(HostileSQLiteLibrary, StatementsThatAreEachSoonDoneEndTogether) {
+    SqliteDatabase database(LibraryFile());
+    const double start = ThreadProcessorSeconds();
+    int number = 0;
+    while (number == 0 && ThreadProcessorSeconds() - start < 10) {
+        try {
+            database.Query("With Recursive c(n) As (Select 1 Union All Select n + 1 From c Limit "
+                           "100000) Select Count(*) From c");
+        } catch (const RuntimeError& error) {
+            number = error.Number;
+        }
+    }
+    EXPECT_EQ(number, 9);
+    EXPECT_GT(ThreadProcessorSeconds() - start, 1);
 }
 
 // ---- use of memory

@@ -1,0 +1,9 @@
+#include "platform/ProcessorTime.h"
+
+#include <ctime>
+
+double ThreadProcessorSeconds() {
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
