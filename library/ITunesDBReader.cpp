@@ -3,7 +3,7 @@
 #include "library/LoadMusic.h"
 #include "platform/Numbers.h"
 
-#include <QHash>
+#include <QHashFunctions>
 #include <QStringBuilder>
 #include <QtEndian>
 
@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <string_view>
+#include <unordered_map>
 
 namespace {
 
@@ -25,18 +26,23 @@ struct PendingTrack {
     qint16 Kind = KindOther;
 };
 
-/// Indices of groups by their lower-cased names.
-using GroupTable = QHash<QString, qsizetype>;
+struct NameHash {
+    size_t operator()(const QString& name) const { return qHash(name, QHashSeed::globalSeed()); }
+};
+
+/// Indices of groups by their lower-cased names. No QHash, which ends the program when it is out of
+/// memory.
+using GroupTable = std::unordered_map<QString, qsizetype, NameHash>;
 
 template <class Record>
 qsizetype FindOrAdd(GroupTable& groups, std::vector<Record>& records, const QString& name) {
     const QString key = name.toLower();
-    const auto found = groups.constFind(key);
-    if (found != groups.cend()) {
-        return *found;
+    const auto found = groups.find(key);
+    if (found != groups.end()) {
+        return found->second;
     }
     records.emplace_back();
-    return *groups.insert(key, static_cast<qsizetype>(records.size()) - 1);
+    return groups.emplace(key, static_cast<qsizetype>(records.size()) - 1).first->second;
 }
 
 /// Adds tracks to the library, grouped by the lower-cased names of artist and album.
@@ -45,10 +51,12 @@ public:
     TrackGrouping(MusicLibrary& library, const QString& driveRoot)
         : m_library(library), m_driveRoot(driveRoot) {}
 
-    /// Throws Overflow, and adds nothing, when the library is full.
+    /// Throws, and adds nothing, when the library is full (Overflow) or memory runs out.
     void Add(PendingTrack&& track);
 
 private:
+    void Put(TrackRecord&& record, QString artistName, QString albumName);
+    void DropEmptyGroups();
     qsizetype FindArtist(const QString& name);
     qsizetype FindAlbum(const QString& name);
 
@@ -67,27 +75,51 @@ void TrackGrouping::Add(PendingTrack&& track) {
     if (m_library.TrackCount == std::numeric_limits<qint16>::max()) {
         throw RuntimeError(ErrorNumber::Overflow);
     }
-    if (m_library.TrackCount < 1) {
-        m_library.Artists.clear();
-    }
-    QString artistName = track.Artist.isEmpty() ? UnknownName() : std::move(track.Artist);
-    QString albumName = track.Album.isEmpty() ? UnknownName() : std::move(track.Album);
-    m_artist = FindArtist(artistName);
-    m_album = FindAlbum(albumName);
-    ArtistRecord& artist = m_library.Artists[m_artist];
-    AlbumRecord& album = artist.Albums[m_album];
-
-    TrackRecord& record = album.Tracks.emplace_back();
-    m_library.TotalSize += track.FileSize;
+    TrackRecord record;
     track.Location.replace(QLatin1Char(':'), QLatin1Char('\\'));
     record.Location = m_driveRoot % track.Location;
     record.TrackNumber = track.TrackNumber;
     record.FileSize = track.FileSize;
     record.Kind = track.Kind;
     record.Title = track.Title.isEmpty() ? UnknownName() : std::move(track.Title);
+    if (m_library.TrackCount < 1) {
+        m_library.Artists.clear();
+    }
+    try {
+        Put(std::move(record), track.Artist.isEmpty() ? UnknownName() : std::move(track.Artist),
+            track.Album.isEmpty() ? UnknownName() : std::move(track.Album));
+    } catch (...) {
+        DropEmptyGroups();
+        throw;
+    }
+}
+
+void TrackGrouping::Put(TrackRecord&& record, QString artistName, QString albumName) {
+    m_artist = FindArtist(artistName);
+    m_album = FindAlbum(albumName);
+    ArtistRecord& artist = m_library.Artists[m_artist];
+    AlbumRecord& album = artist.Albums[m_album];
+    const qint32 fileSize = record.FileSize;
+    album.Tracks.push_back(std::move(record));
+    // From here on nothing fails.
+    m_library.TotalSize += fileSize;
     album.Name = std::move(albumName);
     artist.Name = std::move(artistName);
     ++m_library.TrackCount;
+}
+
+/// Takes away the artist and the album that were made for a track that then did not fit into the
+/// memory. The load ends with it, so the tables of names need not follow.
+void TrackGrouping::DropEmptyGroups() {
+    std::vector<ArtistRecord>& artists = m_library.Artists;
+    for (ArtistRecord& artist : artists) {
+        if (!artist.Albums.empty() && artist.Albums.back().Tracks.empty()) {
+            artist.Albums.pop_back();
+        }
+    }
+    if (!artists.empty() && artists.back().Albums.empty()) {
+        artists.pop_back();
+    }
 }
 
 qsizetype TrackGrouping::FindArtist(const QString& name) {

@@ -1,17 +1,27 @@
 #include "library/MusicLibrary.h"
 
-#include <QHash>
+#include <utility>
+
+namespace {
+
+constexpr std::pair<QLatin1String, Kind> Kinds[] = {
+    {QLatin1String("MPEG audio file"), KindAudio},
+    {QLatin1String("AAC audio file"), KindAudio},
+    {QLatin1String("WAV audio file"), KindAudio},
+    {QLatin1String("AIFF audio file"), KindAudio},
+    {QLatin1String("MPEG-4 video file"), KindVideo},
+    {QLatin1String("QuickTime movie file"), KindVideo},
+};
+
+} // namespace
 
 Kind KindFromTypeText(const QString& text) {
-    static const QHash<QString, Kind> kinds = {
-        {QStringLiteral("MPEG audio file"), KindAudio},
-        {QStringLiteral("AAC audio file"), KindAudio},
-        {QStringLiteral("WAV audio file"), KindAudio},
-        {QStringLiteral("AIFF audio file"), KindAudio},
-        {QStringLiteral("MPEG-4 video file"), KindVideo},
-        {QStringLiteral("QuickTime movie file"), KindVideo},
-    };
-    return kinds.value(text, KindOther);
+    for (const auto& [known, kind] : Kinds) {
+        if (known == text) {
+            return kind;
+        }
+    }
+    return KindOther;
 }
 
 const QString& UnknownName() {

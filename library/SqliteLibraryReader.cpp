@@ -5,10 +5,13 @@
 
 #include <QStringBuilder>
 
-#include <algorithm>
 #include <limits>
 
 namespace {
+
+/// What the paths of the largest library come to many times over. Each begins with the base path,
+/// so that a long one could make gigabytes of a small file.
+constexpr qint64 MaxLocationBytes = 256 << 20;
 
 /// The columns of the query for the tracks.
 enum Column { Title, Artist, Album, TrackNumber, FileSize, Location, KindId };
@@ -22,18 +25,18 @@ QString NativeFile(FileSystem& files, const QString& path) {
     return files.NativePath(path);
 }
 
-/// The file-type texts, from index 1 on in the order of their ids; index 0 is empty. There is no
-/// entry at all when the device knows no kinds.
-std::vector<QString> ReadKindNames(SqliteDatabase& database) {
-    const SqliteRows kinds = database.Query("Select kind From location_kind_map Order By id");
-    std::vector<QString> kindNames;
-    if (kinds.RowCount() > 0) {
-        kindNames.resize(kinds.RowCount() + 1);
+/// What the file-type texts stand for, from index 1 on in the order of their ids; index 0 is the
+/// empty text's. There is no entry at all when the device knows no kinds.
+std::vector<Kind> ReadKinds(SqliteDatabase& database) {
+    const SqliteRows texts = database.Query("Select kind From location_kind_map Order By id");
+    std::vector<Kind> kinds;
+    if (texts.RowCount() > 0) {
+        kinds.resize(texts.RowCount() + 1);
     }
-    for (qsizetype row = 0; row < kinds.RowCount(); ++row) {
-        kindNames[row + 1] = kinds.Text(row, 0);
+    for (qsizetype row = 0; row < texts.RowCount(); ++row) {
+        kinds[row + 1] = KindFromTypeText(texts.Text(row, 0));
     }
-    return kindNames;
+    return kinds;
 }
 
 QString WithBackslashes(QString path) {
@@ -51,49 +54,58 @@ QString ReadBasePath(SqliteDatabase& database, const QString& driveRoot) {
 /// each other; a new group begins where the name changes, whatever its case.
 class RowGrouping {
 public:
-    RowGrouping(const SqliteRows& rows, const std::vector<QString>& kindNames,
-                const QString& basePath, MusicLibrary& library);
+    RowGrouping(const SqliteRows& rows, const std::vector<Kind>& kinds, const QString& basePath,
+                MusicLibrary& library)
+        : m_rows(rows), m_kinds(kinds), m_basePath(basePath), m_library(library) {}
 
-    /// Throws, and adds nothing, when the row makes no track or the library is full.
+    /// Throws, and adds nothing, when the row makes no track, the library is full or memory runs
+    /// out.
     void Add(qsizetype row);
 
 private:
     TrackRecord ReadTrack(qsizetype row) const;
     Kind KindOf(qsizetype row) const;
     QString NameAt(qsizetype row, Column column) const;
-    void EnterArtist(qsizetype row);
-    void EnterAlbum(qsizetype row);
+    bool BeginsArtist(qsizetype row) const;
+    bool BeginsAlbum(qsizetype row) const;
 
     const SqliteRows& m_rows;
-    /// The kinds of kindNames.
-    std::vector<Kind> m_kinds;
+    const std::vector<Kind>& m_kinds;
     const QString& m_basePath;
     MusicLibrary& m_library;
-    QString m_previousArtist;
-    QString m_previousAlbum;
-    size_t m_track = 0;
+    qint64 m_locationBytes = 0;
 };
-
-RowGrouping::RowGrouping(const SqliteRows& rows, const std::vector<QString>& kindNames,
-                         const QString& basePath, MusicLibrary& library)
-    : m_rows(rows), m_kinds(kindNames.size()), m_basePath(basePath), m_library(library) {
-    std::transform(kindNames.begin(), kindNames.end(), m_kinds.begin(), KindFromTypeText);
-}
 
 void RowGrouping::Add(qsizetype row) {
     TrackRecord track = ReadTrack(row);
+    const qint32 fileSize = track.FileSize;
+    m_locationBytes += track.Location.size() * qsizetype(sizeof(QChar));
+    if (m_locationBytes > MaxLocationBytes) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
     if (m_library.TrackCount == std::numeric_limits<qint16>::max()) {
         throw RuntimeError(ErrorNumber::Overflow);
     }
-    EnterArtist(row);
-    EnterAlbum(row);
-    std::vector<TrackRecord>& tracks = m_library.Artists.back().Albums.back().Tracks;
-    if (m_track > 0) {
-        tracks.emplace_back();
+    if (BeginsArtist(row)) {
+        ArtistRecord artist;
+        artist.Name = NameAt(row, Artist);
+        AlbumRecord& album = artist.Albums.emplace_back();
+        album.Name = NameAt(row, Album);
+        album.Tracks.push_back(std::move(track));
+        if (m_library.TrackCount < 1) {
+            m_library.Artists.back() = std::move(artist); // in place of the blank one
+        } else {
+            m_library.Artists.push_back(std::move(artist));
+        }
+    } else if (BeginsAlbum(row)) {
+        AlbumRecord album;
+        album.Name = NameAt(row, Album);
+        album.Tracks.push_back(std::move(track));
+        m_library.Artists.back().Albums.push_back(std::move(album));
+    } else {
+        m_library.Artists.back().Albums.back().Tracks.push_back(std::move(track));
     }
-    m_library.TotalSize += track.FileSize;
-    tracks[m_track] = std::move(track);
-    ++m_track;
+    m_library.TotalSize += fileSize;
     ++m_library.TrackCount;
 }
 
@@ -120,38 +132,17 @@ QString RowGrouping::NameAt(qsizetype row, Column column) const {
     return name.isEmpty() ? UnknownName() : name;
 }
 
-void RowGrouping::EnterArtist(qsizetype row) {
-    if (m_rows.IsRepeated(row, Artist)) {
-        return;
+bool RowGrouping::BeginsArtist(qsizetype row) const {
+    if (m_library.TrackCount < 1) {
+        return true;
     }
-    const QString artist = NameAt(row, Artist);
-    if (m_previousArtist.toLower() == artist.toLower()) {
-        return;
-    }
-    if (!m_previousArtist.isEmpty()) {
-        m_track = 0;
-        m_library.Artists.emplace_back().Albums.emplace_back().Tracks.emplace_back();
-        m_previousAlbum.clear();
-    }
-    m_previousArtist = artist;
-    m_library.Artists.back().Name = artist;
+    return !m_rows.IsRepeated(row, Artist) &&
+           m_library.Artists.back().Name.toLower() != NameAt(row, Artist).toLower();
 }
 
-void RowGrouping::EnterAlbum(qsizetype row) {
-    if (!m_previousAlbum.isEmpty() && m_rows.IsRepeated(row, Album)) {
-        return;
-    }
-    const QString album = NameAt(row, Album);
-    if (m_previousAlbum.toLower() == album.toLower()) {
-        return;
-    }
-    std::vector<AlbumRecord>& albums = m_library.Artists.back().Albums;
-    if (!m_previousAlbum.isEmpty()) {
-        m_track = 0;
-        albums.emplace_back().Tracks.emplace_back();
-    }
-    m_previousAlbum = album;
-    albums.back().Name = album;
+bool RowGrouping::BeginsAlbum(qsizetype row) const {
+    return !m_rows.IsRepeated(row, Album) &&
+           m_library.Artists.back().Albums.back().Name.toLower() != NameAt(row, Album).toLower();
 }
 
 } // namespace
@@ -161,7 +152,7 @@ void ReadSQLiteLibrary(FileSystem& files, const QString& driveRoot, MusicLibrary
     SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
     database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)),
                     QStringLiteral("main2"));
-    const std::vector<QString> kindNames = ReadKindNames(database);
+    const std::vector<Kind> kinds = ReadKinds(database);
     const QString basePath = ReadBasePath(database, driveRoot);
     // The number of rows is needed before the first one is shown. Sorting makes SQLite work through
     // all of them before the first anyway, so keeping them costs less than counting them apart.
@@ -173,7 +164,7 @@ void ReadSQLiteLibrary(FileSystem& files, const QString& driveRoot, MusicLibrary
 
     library.Artists.assign(1, ArtistRecord());
     library.Artists.back().Albums.emplace_back().Tracks.emplace_back();
-    RowGrouping grouping(rows, kindNames, basePath, library);
+    RowGrouping grouping(rows, kinds, basePath, library);
     for (qsizetype row = 0; row < rows.RowCount(); ++row) {
         grouping.Add(row);
         progress.TrackLoaded();

@@ -295,6 +295,20 @@ TEST_F(HostileSQLiteLibrary, OneLongTitleOnManyTracksThatNeedNoSortingIsOutOfMem
     EXPECT_EQ(Library.TrackCount, 0);
 }
 
+TEST_F(HostileSQLiteLibrary, ALongBaseLocationOnManyTracksIsOutOfMemory) {
+    // 32,000 paths of 130,010 bytes each from a file of less than a megabyte; 256 MB hold 2,064.
+    InLocations(
+        u"Update base_location Set path = replace(hex(zeroblob(32500)), '0', 'x');"
+        "Update location Set location = '1';"
+        "Insert Into location With Recursive c(n) As (Select 1 Union All Select n + 1 "
+        "From c Limit 16000) Select item_pid, n, 1, '1', NULL, 1, NULL, 1 From location, c"_s);
+
+    LoadSoon();
+
+    ExpectError(u"Error 7: Out of memory"_s);
+    EXPECT_EQ(Library.TrackCount, 2064);
+}
+
 // ---- what a schema could call upon
 
 TEST_F(HostileSQLiteLibrary, AVirtualTableIsNotOpened) {
