@@ -2,6 +2,7 @@
 
 #include "tests/library/LibraryLines.h"
 #include "tests/library/PlainITunesDBWalk.h"
+#include "tests/library/PlainSqliteRead.h"
 
 #include <QDir>
 #include <QFile>
@@ -136,6 +137,15 @@ QString LoadCheck::LoadSqlite(const QByteArray& bytes) {
         if (lines != QStringList{BlankLine} &&
             (lines != QStringList{EarlierLine} || Boxes.Shown.empty())) {
             return u"a load without a track changed the records"_s;
+        }
+    }
+    if (Boxes.Shown.empty()) {
+        const PlainSqliteRead plain(DeviceFiles::LibraryFile(), DeviceFiles::LocationsFile());
+        if (!plain.Error.isEmpty()) {
+            return u"read what cannot be read: "_s + plain.Error;
+        }
+        if (Lines(library) != Lines(plain.Library)) {
+            return u"other tracks than the plain reader's"_s;
         }
     }
     const QString wrong = device.WrongWithTheFiles();
