@@ -175,6 +175,9 @@ SqliteDatabase::Statement SqliteDatabase::Prepare(const char* sql) {
     const int result = sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr);
     Statement owned(statement);
     Check(result);
+    if (StopWhenLate(this)) { // views that multiply each other cost much before the first step
+        Check(SQLITE_INTERRUPT);
+    }
     return owned;
 }
 
@@ -192,7 +195,7 @@ void SqliteDatabase::Check(int result) {
     if (result == SQLITE_OK) {
         return;
     }
-    if (!m_database) {
+    if (!m_database || result == SQLITE_INTERRUPT) {
         throw RuntimeError(result, QString::fromUtf8(sqlite3_errstr(result)));
     }
     throw RuntimeError(result, QString::fromUtf8(sqlite3_errmsg(m_database.get())));

@@ -255,6 +255,38 @@ TEST_F(HostileSQLiteLibrary, StatementsThatAreEachSoonDoneEndTogether) {
     EXPECT_GT(ThreadProcessorSeconds() - start, 1);
 }
 
+TEST_F(HostileSQLiteLibrary, NoStatementBeginsWhenTheTimeIsOver) {
+    SqliteDatabase database(LibraryFile());
+    const double start = ThreadProcessorSeconds();
+    while (ThreadProcessorSeconds() - start < 2.5) {
+    }
+    try {
+        database.Query("Select 1");
+        FAIL() << "a statement was run";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number, 9);
+        EXPECT_EQ(error.Description, u"interrupted"_s);
+    }
+}
+
+TEST_F(HostileSQLiteLibrary, SubqueriesThatMultiplyEnd) {
+    // Each of three statements has some 60,000 tables to work out before its first step.
+    QString views = u"Create Table v0 (id, kind); Create Index ids On v0 (id);"_s;
+    for (int i = 1; i < 11; ++i) {
+        views +=
+            u"Create View v%1 As Select a.id As id, (Select b.id From v%2 b Where b.id = a.id "
+            "Or b.kind = a.kind) As kind From v%2 a Where a.id In (Select id From v%2);"_s.arg(i)
+                .arg(i - 1);
+    }
+    InLocations(views + u"Drop Table location_kind_map; Drop Table base_location;"
+                        "Create View location_kind_map As Select * From v10;"
+                        "Create View base_location As Select * From v10"_s);
+
+    LoadSoon();
+
+    EXPECT_NE(Error(), 0);
+}
+
 // ---- use of memory
 
 TEST_F(HostileSQLiteLibrary, AValueThatIsTooLongIsReported) {
