@@ -18,6 +18,9 @@ constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
 constexpr qsizetype MaxResultBytes = 64 << 20;
 constexpr int MaxValueBytes = 65536;
 constexpr int MaxPatternBytes = 100;
+/// Of a failure's text, in which SQLite names what it found: 60 KB would be a box beyond the
+/// screen.
+constexpr qsizetype MaxDescriptionLength = 300;
 
 /// Steps of SQLite's machine between two looks at the clock.
 constexpr int StepsBetweenChecks = 4000;
@@ -198,7 +201,8 @@ void SqliteDatabase::Check(int result) {
     if (!m_database || result == SQLITE_INTERRUPT) {
         throw RuntimeError(result, QString::fromUtf8(sqlite3_errstr(result)));
     }
-    throw RuntimeError(result, QString::fromUtf8(sqlite3_errmsg(m_database.get())));
+    const QString description = QString::fromUtf8(sqlite3_errmsg(m_database.get()));
+    throw RuntimeError(result, description.simplified().left(MaxDescriptionLength));
 }
 
 int SqliteDatabase::StopWhenLate(void* self) {

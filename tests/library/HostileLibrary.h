@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tests/library/SqliteDevice.h"
+
+#include <ctime>
+
+inline QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+inline void WriteAll(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+/// An SQLite library of two tracks that a test makes hostile.
+class HostileSQLiteLibrary : public SqliteDevice {
+protected:
+    HostileSQLiteLibrary() {
+        Write({{QStringLiteral("A"), QStringLiteral("X"), QStringLiteral("first"), 1, 10,
+                QStringLiteral("1")},
+               {QStringLiteral("B"), QStringLiteral("Y"), QStringLiteral("second"), 2, 20,
+                QStringLiteral("2")}});
+    }
+
+    void LoadSoon() {
+        const std::clock_t start = std::clock();
+        Load();
+        EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 20);
+        ExpectEnded();
+        if (Library.TrackCount > 0) {
+            ExpectConsistent(Library);
+        }
+    }
+
+    /// The number in the one error box, 0 when there is none.
+    int Error() const {
+        EXPECT_LE(Boxes.Shown.size(), 1U);
+        return Boxes.Shown.empty()
+                   ? 0
+                   : Boxes.Shown[0].Text.mid(6).section(QLatin1Char(':'), 0, 0).toInt();
+    }
+
+    /// Loads both files with one of them replaced by `bytes`.
+    void LoadWith(const QString& file, const QByteArray& bytes) {
+        WriteAll(file, bytes);
+        Library.Artists.clear();
+        LoadSoon();
+    }
+};
