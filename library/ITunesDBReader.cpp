@@ -81,13 +81,13 @@ void TrackGrouping::Add(PendingTrack&& track) {
     record.TrackNumber = track.TrackNumber;
     record.FileSize = track.FileSize;
     record.Kind = track.Kind;
-    record.Title = track.Title.isEmpty() ? UnknownName() : std::move(track.Title);
+    record.Title = track.Title.isEmpty() ? UnknownName() : track.Title;
     if (m_library.TrackCount < 1) {
         m_library.Artists.clear();
     }
     try {
-        Put(std::move(record), track.Artist.isEmpty() ? UnknownName() : std::move(track.Artist),
-            track.Album.isEmpty() ? UnknownName() : std::move(track.Album));
+        Put(std::move(record), track.Artist.isEmpty() ? UnknownName() : track.Artist,
+            track.Album.isEmpty() ? UnknownName() : track.Album);
     } catch (...) {
         DropEmptyGroups();
         throw;

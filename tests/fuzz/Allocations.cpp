@@ -7,11 +7,13 @@
 
 #include <malloc.h>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef SONGLIFT_SANITIZED
 // The sanitizer's own header for these is not in every compiler's package.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*, size_t),
                                                          void (*)(const volatile void*));
 extern "C" size_t __sanitizer_get_allocated_size(const volatile void*);
+// NOLINTEND(bugprone-reserved-identifier)
 #endif
 
 namespace {
@@ -56,7 +58,7 @@ bool HasFailed() {
 
 } // namespace Allocations
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef SONGLIFT_SANITIZED
 
 namespace {
 
@@ -70,11 +72,14 @@ const int Installed = __sanitizer_install_malloc_and_free_hooks(
 
 extern "C" {
 
+// The C library's own, under the names it has for programs that bring another malloc.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* block, size_t size);
 void* __libc_memalign(size_t alignment, size_t size);
 void __libc_free(void* block);
+// NOLINTEND(bugprone-reserved-identifier)
 
 static bool Fails() {
     if (ToGo == 0 || --ToGo != 0) {

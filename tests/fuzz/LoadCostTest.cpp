@@ -35,6 +35,7 @@ struct Cost {
 /// `perAlbum` tracks an album, and three albums an artist.
 std::vector<SampleTrack> Tracks(int count, int perAlbum) {
     std::vector<SampleTrack> tracks;
+    tracks.reserve(size_t(count));
     for (int i = 0; i < count; ++i) {
         tracks.push_back({u"Artist %1"_s.arg(i / perAlbum / 3), u"Album %1"_s.arg(i / perAlbum),
                           u"A title of middling length %1"_s.arg(i), i % perAlbum, 1000 + i,

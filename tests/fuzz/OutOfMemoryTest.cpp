@@ -22,6 +22,7 @@ protected:
 
     static std::vector<SampleTrack> Tracks() {
         std::vector<SampleTrack> tracks;
+        tracks.reserve(7);
         for (int i = 0; i < 6; ++i) {
             tracks.push_back({u"Artist %1"_s.arg(i / 2), u"Album %1"_s.arg(i / 2 * 2 + i % 2),
                               u"Title %1"_s.arg(i), i, 1000 + i, u"F00/%1.mp3"_s.arg(i)});
