@@ -30,7 +30,7 @@ const QString EarlierLine = u"Earlier | Earlier | 0 Earlier | 0 | 0 | "_s;
 /// What the SQLite reader makes before its first row.
 const QString BlankLine = u" |  | 0  | 0 | 0 | "_s;
 
-/// The two files of a device, rewritten for each load.
+/// The two files of a device, in a folder of their own that goes with them.
 class DeviceFiles {
 public:
     DeviceFiles(const QByteArray& library, const QByteArray& locations)
@@ -39,11 +39,12 @@ public:
         Write(LocationsFile(), locations);
     }
 
-    static QString LibraryFile() { return Folder() + u"/Library.itdb"_s; }
-    static QString LocationsFile() { return Folder() + u"/Locations.itdb"_s; }
+    QString LibraryFile() const { return m_folder.filePath(u"Library.itdb"_s); }
+    QString LocationsFile() const { return m_folder.filePath(u"Locations.itdb"_s); }
 
     QString WrongWithTheFiles() const {
-        if (QDir(Folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot) !=
+        if (QDir(m_folder.path())
+                .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot) !=
             QStringList{u"Library.itdb"_s, u"Locations.itdb"_s}) {
             return u"a file appeared or vanished beside the databases"_s;
         }
@@ -54,11 +55,9 @@ public:
     }
 
 private:
-    static QString Folder() {
-        static const QString memory = u"/dev/shm"_s;
-        static const QTemporaryDir folder(
-            (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/songlift-XXXXXX"_s);
-        return folder.path();
+    static QString Template() {
+        const QString memory = u"/dev/shm"_s;
+        return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
     }
     static void Write(const QString& path, const QByteArray& bytes) {
         QFile file(path);
@@ -73,6 +72,7 @@ private:
 
     const QByteArray& m_library;
     const QByteArray& m_locations;
+    const QTemporaryDir m_folder{Template()};
 };
 
 /// Whether the binary database has a head of its track list that tells no track: a load stops there
@@ -123,9 +123,8 @@ QString LoadCheck::LoadSqlite(const QByteArray& bytes) {
     const QByteArray libraryBytes = second < 0 ? bytes : bytes.left(second);
     const QByteArray locationsBytes = second < 0 ? QByteArray() : bytes.mid(second);
     const DeviceFiles device(libraryBytes, locationsBytes);
-    for (const auto& [name, native] :
-         {std::pair(u"Library.itdb"_s, DeviceFiles::LibraryFile()),
-          std::pair(u"Locations.itdb"_s, DeviceFiles::LocationsFile())}) {
+    for (const auto& [name, native] : {std::pair(u"Library.itdb"_s, device.LibraryFile()),
+                                       std::pair(u"Locations.itdb"_s, device.LocationsFile())}) {
         Files.AddFile(OnDevice + u"iTunes Library.itlp\\"_s + name, {});
         Files.SetNativePath(OnDevice + u"iTunes Library.itlp\\"_s + name, native);
     }
@@ -140,7 +139,7 @@ QString LoadCheck::LoadSqlite(const QByteArray& bytes) {
         }
     }
     if (Boxes.Shown.empty()) {
-        const PlainSqliteRead plain(DeviceFiles::LibraryFile(), DeviceFiles::LocationsFile());
+        const PlainSqliteRead plain(device.LibraryFile(), device.LocationsFile());
         if (!plain.Error.isEmpty()) {
             return u"read what cannot be read: "_s + plain.Error;
         }
