@@ -71,8 +71,7 @@ bool SqliteRows::IsRepeated(qsizetype row, int column) const {
     if (cell.ValueType != before.ValueType) {
         return false;
     }
-    return cell.ValueType == Type::Text ? TextBytes(cell) == TextBytes(before)
-                                        : cell.Value == before.Value;
+    return cell.Value == before.Value && cell.Length == before.Length;
 }
 
 void SqliteRows::Add(sqlite3_stmt* statement) {
@@ -87,9 +86,7 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
         default: {
             const auto* text =
                 reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            const int length = sqlite3_column_bytes(statement, column);
-            m_cells.push_back({Type::Text, length, m_bytes.size()});
-            m_bytes.append(text, length);
+            AddText({text, sqlite3_column_bytes(statement, column)});
         }
         }
     }
@@ -97,6 +94,19 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
     if (m_bytes.size() + m_cells.size() * qsizetype(sizeof(Cell)) > MaxResultBytes) {
         throw RuntimeError(ErrorNumber::OutOfMemory);
     }
+}
+
+/// Rows that come sorted repeat much of the row before; its bytes then serve both.
+void SqliteRows::AddText(QByteArrayView text) {
+    if (m_rowCount > 0) {
+        const Cell& above = m_cells[m_cells.size() - m_columnCount];
+        if (above.ValueType == Type::Text && TextBytes(above) == text) {
+            m_cells.push_back(Cell(above));
+            return;
+        }
+    }
+    m_cells.push_back({Type::Text, static_cast<qint32>(text.size()), m_bytes.size()});
+    m_bytes.append(text.data(), text.size());
 }
 
 const SqliteRows::Cell& SqliteRows::At(qsizetype row, int column) const {

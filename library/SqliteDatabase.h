@@ -40,6 +40,7 @@ private:
     };
 
     void Add(sqlite3_stmt* statement);
+    void AddText(QByteArrayView text);
     const Cell& At(qsizetype row, int column) const;
     QByteArrayView TextBytes(const Cell& cell) const;
 

@@ -50,13 +50,38 @@ QString ReadBasePath(SqliteDatabase& database, const QString& driveRoot) {
     return driveRoot + QLatin1Char('\\') + base + QLatin1Char('\\');
 }
 
+/// What a device's two databases tell.
+struct DeviceRows {
+    std::vector<Kind> Kinds;
+    QString BasePath;
+    SqliteRows Tracks;
+};
+
+/// The databases are closed again by the end, so that what SQLite keeps of them is gone before the
+/// library is built.
+DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot) {
+    SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
+    database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)),
+                    QStringLiteral("main2"));
+    DeviceRows device;
+    device.Kinds = ReadKinds(database);
+    device.BasePath = ReadBasePath(database, driveRoot);
+    // The number of rows is needed before the first one is shown. Sorting makes SQLite work through
+    // all of them before the first anyway, so keeping them costs less than counting them apart.
+    device.Tracks = database.Query(
+        "Select item.title, item.artist, item.album, item.track_number, location.file_size, "
+        "location.location, location.kind_id From location Inner Join item On location.item_pid = "
+        "item.pid Order By item.artist, item.album");
+    return device;
+}
+
 /// Adds the rows of the tracks to the library. They come sorted, so that each group's rows follow
 /// each other; a new group begins where the name changes, whatever its case.
 class RowGrouping {
 public:
-    RowGrouping(const SqliteRows& rows, const std::vector<Kind>& kinds, const QString& basePath,
-                MusicLibrary& library)
-        : m_rows(rows), m_kinds(kinds), m_basePath(basePath), m_library(library) {}
+    RowGrouping(const DeviceRows& device, MusicLibrary& library)
+        : m_rows(device.Tracks), m_kinds(device.Kinds), m_basePath(device.BasePath),
+          m_library(library) {}
 
     /// Throws, and adds nothing, when the row makes no track, the library is full or memory runs
     /// out.
@@ -149,23 +174,13 @@ bool RowGrouping::BeginsAlbum(qsizetype row) const {
 
 void ReadSQLiteLibrary(FileSystem& files, const QString& driveRoot, MusicLibrary& library,
                        LoadProgress& progress) {
-    SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
-    database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)),
-                    QStringLiteral("main2"));
-    const std::vector<Kind> kinds = ReadKinds(database);
-    const QString basePath = ReadBasePath(database, driveRoot);
-    // The number of rows is needed before the first one is shown. Sorting makes SQLite work through
-    // all of them before the first anyway, so keeping them costs less than counting them apart.
-    const SqliteRows rows = database.Query(
-        "Select item.title, item.artist, item.album, item.track_number, location.file_size, "
-        "location.location, location.kind_id From location Inner Join item On location.item_pid = "
-        "item.pid Order By item.artist, item.album");
-    progress.SetTotal(rows.RowCount());
+    const DeviceRows device = ReadDevice(files, driveRoot);
+    progress.SetTotal(device.Tracks.RowCount());
 
     library.Artists.assign(1, ArtistRecord());
     library.Artists.back().Albums.emplace_back().Tracks.emplace_back();
-    RowGrouping grouping(rows, kinds, basePath, library);
-    for (qsizetype row = 0; row < rows.RowCount(); ++row) {
+    RowGrouping grouping(device, library);
+    for (qsizetype row = 0; row < device.Tracks.RowCount(); ++row) {
         grouping.Add(row);
         progress.TrackLoaded();
     }
