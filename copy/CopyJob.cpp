@@ -71,6 +71,7 @@ void CopyJob::Start() {
     m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
     m_naming.FolderChanged = true;
     m_fileIndex = 0;
+    m_clearedFolder.clear();
 }
 
 /// Puts the full library in the place of the shown search result, or the result back in its place.

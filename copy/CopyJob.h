@@ -67,6 +67,7 @@ private:
     Next CountTrack();
     Next MakeFolders();
     Next MakeFolder(const CheckControl& option, const QString& name);
+    void ClearFolder();
     void NameFile(const TrackRecord& track);
     Next PutFile(const TrackRecord& track);
     Next CopyFile(const TrackRecord& track, const QString& target);
@@ -92,6 +93,8 @@ private:
 
     /// The destination folder, with a separator at its end.
     QString m_destRoot;
+    /// The last folder that leftovers were looked for in.
+    QString m_clearedFolder;
     /// The track at hand: where it comes from and goes to.
     CopyPlace m_place;
     QString m_artistFolder;

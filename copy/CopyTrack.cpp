@@ -31,6 +31,7 @@ CopyJob::Next CopyJob::CopyTrack(const TrackRecord& track) {
             next = MakeFolders();
         }
         if (next == Next::Step) {
+            ClearFolder();
             NameFile(track);
             next = PutFile(track);
         }
@@ -76,6 +77,15 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
     }
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;
+}
+
+/// Removes what a killed job has left in the folder of the track at hand, also where all its files
+/// are going to be skipped.
+void CopyJob::ClearFolder() {
+    if (m_place.DestFolder != m_clearedFolder) {
+        m_clearedFolder = m_place.DestFolder;
+        m_files.RemoveLeftovers(m_clearedFolder);
+    }
 }
 
 void CopyJob::NameFile(const TrackRecord& track) {

@@ -25,7 +25,7 @@ public:
 };
 
 /// Files and folders, by paths in drive form or native form. The tests of existence never throw;
-/// everything else throws RuntimeError with the number that fits.
+/// everything else throws RuntimeError with the number that fits, unless it says otherwise.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -47,6 +47,9 @@ public:
     /// Renames a file. An earlier `target` is replaced in the same instant, so that there is never
     /// a moment with neither.
     virtual void MoveFile(const QString& source, const QString& target) = 0;
+    /// Removes what a killed CopyFile has left in a folder, unless another copy is at work there.
+    /// Never throws.
+    virtual void RemoveLeftovers(const QString& folder) = 0;
 
     /// Length in bytes.
     virtual qint64 FileLength(const QString& path) = 0;

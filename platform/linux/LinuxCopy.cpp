@@ -89,18 +89,6 @@ void LockPart(int file, int folder) {
     }
 }
 
-/// Removes what a killed copy has left.
-void RemoveLeftover(int folder) {
-    const FileDescriptor leftover(
-        openat(folder, PartName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (leftover.IsOpen()) {
-        LockPart(leftover.Get(), folder);
-    }
-    if (unlinkat(folder, PartName, 0) != 0 && errno != ENOENT) {
-        ThrowCreationError(errno);
-    }
-}
-
 /// Gives an open file that has no name yet a name; as linkat.
 int LinkNameless(int folder, int file, const char* name) {
     // The short way is open to root, and on newer kernels to everyone.
@@ -193,6 +181,20 @@ void CopyWhole(const CopySource& source, int folder, const QByteArray& name) {
     }
     if (!CopyNameless(source, folder, name, target)) {
         CopyUnderPartName(source, folder, name);
+    }
+}
+
+void RemoveLeftover(int folder) {
+    const FileDescriptor leftover(
+        openat(folder, PartName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (leftover.Error() == ENOENT) {
+        return;
+    }
+    if (leftover.IsOpen()) {
+        LockPart(leftover.Get(), folder);
+    }
+    if (unlinkat(folder, PartName, 0) != 0 && errno != ENOENT) {
+        ThrowCreationError(errno);
     }
 }
 

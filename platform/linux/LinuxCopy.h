@@ -25,6 +25,10 @@ void CopyWhole(const CopySource& source, int folder, const QByteArray& name);
 /// What CopyWhole does on file systems that know no files without a name (FAT).
 void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name);
 
+/// Removes what a killed copy has left in `folder`. Throws PermissionDenied where another copy is
+/// at work there.
+void RemoveLeftover(int folder);
+
 /// What may stand where a file is to be made.
 enum class Target {
     Missing,

@@ -145,6 +145,18 @@ void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
     }
 }
 
+void LinuxFileSystem::RemoveLeftovers(const QString& folder) {
+    const FileDescriptor opened = m_paths.Open(folder, O_PATH | O_DIRECTORY);
+    if (!opened.IsOpen()) {
+        return;
+    }
+    try {
+        RemoveLeftover(opened.Get());
+    } catch (const RuntimeError&) {
+        // The next copy into this folder says what is wrong with it.
+    }
+}
+
 qint64 LinuxFileSystem::FileLength(const QString& path) {
     const FileDescriptor file = m_paths.Open(path, O_PATH);
     if (!file.IsOpen()) {

@@ -19,6 +19,7 @@ public:
 
     void CopyFile(const QString& source, const QString& target) override;
     void MoveFile(const QString& source, const QString& target) override;
+    void RemoveLeftovers(const QString& folder) override;
 
     qint64 FileLength(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;

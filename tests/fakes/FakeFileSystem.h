@@ -88,6 +88,10 @@ public:
     /// The calls that would change something at or below `folder`, as in CallTexts.
     QStringList ChangesBelow(const QString& folder) const;
 
+    /// The folders that RemoveLeftovers was called for, in order. It never fails, and is no
+    /// recorded call: nothing is left over here.
+    QStringList ClearedFolders;
+
     // ---- failures. A test of existence that is made to fail answers false.
 
     /// Runs before each call, after it was recorded; may throw, or change anything.
@@ -118,6 +122,7 @@ public:
     void DeleteFolder(const QString& path) override;
     void CopyFile(const QString& source, const QString& target) override;
     void MoveFile(const QString& source, const QString& target) override;
+    void RemoveLeftovers(const QString& folder) override { ClearedFolders += folder; }
     qint64 FileLength(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;

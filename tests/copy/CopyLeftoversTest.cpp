@@ -1,0 +1,49 @@
+// What a killed job has left is looked for in each folder that the job comes to.
+
+#include "tests/copy/CopyFixture.h"
+
+namespace {
+
+class CopyLeftovers : public CopyFixture, public testing::Test {
+protected:
+    CopyLeftovers() {
+        AddTrack("Abba", "Arrival", "One", "one");
+        AddTrack("Abba", "Arrival", "Two", "two");
+        AddTrack("Abba", "Live", "Three", "three");
+        AddTrack("Beck", "Guero", "Girl", "girl");
+    }
+};
+
+} // namespace
+
+TEST_F(CopyLeftovers, EachFolderIsClearedOnceBeforeItsFirstFile) {
+    SetOptions("AB");
+    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call == FileCall::CopyFile) {
+            ASSERT_FALSE(files.ClearedFolders.isEmpty());
+            EXPECT_TRUE(call.Target.startsWith(files.ClearedFolders.back()));
+        }
+    };
+    Press();
+    EXPECT_EQ(files.ClearedFolders,
+              QStringList({Text("D:\\Music\\Abba\\Arrival\\"), Text("D:\\Music\\Abba\\Live\\"),
+                           Text("D:\\Music\\Beck\\Guero\\")}));
+}
+
+TEST_F(CopyLeftovers, WithoutFoldersTheRootIsClearedOnceAJob) {
+    Press();
+    EXPECT_EQ(files.ClearedFolders, QStringList(Text("D:\\Music\\")));
+    promptUses = {PromptUse::SkipAll};
+    Press();
+    EXPECT_EQ(files.ClearedFolders, QStringList({Text("D:\\Music\\"), Text("D:\\Music\\")}));
+}
+
+TEST_F(CopyLeftovers, AFolderOfWhichEveryFileIsSkippedIsClearedToo) {
+    SetOptions("A");
+    files.AddFile(Text("D:\\Music\\Beck\\Girl.mp3"), "old");
+    promptUses = {PromptUse::Skip};
+    Press();
+    EXPECT_EQ(Bytes("D:\\Music\\Beck\\Girl.mp3"), QByteArray("old"));
+    EXPECT_EQ(files.ClearedFolders,
+              QStringList({Text("D:\\Music\\Abba\\"), Text("D:\\Music\\Beck\\")}));
+}
