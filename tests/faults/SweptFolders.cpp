@@ -1,0 +1,85 @@
+#include "tests/faults/SweptFolders.h"
+
+#include "tests/platform/LinuxFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <cerrno>
+#include <fcntl.h>
+
+namespace {
+
+/// Long enough for the kernel's own copy.
+const QByteArray LongBytes = Pattern(1200000);
+
+} // namespace
+
+QString FolderForJobs() {
+    const QStorageInfo memory(QStringLiteral("/dev/shm"));
+    const bool hasRoom = memory.isReady() && memory.bytesAvailable() > qint64{1} << 30 &&
+                         QFileInfo(memory.rootPath()).isWritable();
+    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + QStringLiteral("/songlift-XXXXXX");
+}
+
+SweptFolders::SweptFolders() : SweptFolders(std::make_unique<QTemporaryDir>(FolderForJobs())) {
+}
+
+SweptFolders::SweptFolders(std::unique_ptr<QTemporaryDir> work)
+    : JobFolders(work->path()), m_work(std::move(work)) {
+    AddTrack("Abba", "Arrival", "One", "one");
+    AddTrack("Abba", "Arrival", "Two", "new two");
+    AddTrack("Abba", "Arrival", "Blocks", LongBytes.left(300000));
+    AddTrack("Abba", "Arrival", "Kernel", LongBytes);
+    AddFilm("Abba", "Live", "Film", LongBytes.left(70000));
+    AddFilm("Abba", "Live", "Extra", "extra");
+    AddTrack("Beck", "Guero", "Girl", "girl");
+    AddOld(Destination + Text("/Abba/Arrival/Two.mp3"), "old two");
+    AddOld(Destination + Text("/Abba/Live/Film.mp3"), "old film");
+    AddOwn(Destination + Text("/mine.txt"), "mine");
+    AddOwn(Destination + Text("/Abba/Arrival/cover.jpg"), "cover");
+    AddLeft(Destination + Text("/Abba/Arrival/.songlift.part"), "half of a song");
+    AddLeft(Destination + Text("/tmp/copy.tmp"), LongBytes.left(100000));
+}
+
+QString PlaceOf(const SystemCall& call) {
+    const QString folder =
+        call.File >= 0 ? QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(call.File))
+                       : QString();
+    const QString name = QString::fromUtf8(call.Path);
+    return call.Path == nullptr || name.startsWith(QLatin1Char('/')) ? folder + name
+                                                                     : folder + Text("/") + name;
+}
+
+int RefusalOf(const SystemCall& call, Disk disk) {
+    const bool isNameless = (call.Flags & O_TMPFILE) == O_TMPFILE;
+    return disk == Disk::WithoutNamelessFiles && isNameless ? EOPNOTSUPP : 0;
+}
+
+namespace {
+
+int CountCalls(Disk disk) {
+    const SweptFolders folders;
+    RealJob job(folders);
+    int calls = 0;
+    {
+        const HookedSystemCalls hooked([&](SystemCall& call) {
+            ++calls;
+            return RefusalOf(call, disk);
+        });
+        job.Press();
+    }
+    EXPECT_EQ(job.messages.Texts(), QStringList(Text("Copy completed!")));
+    EXPECT_EQ(job.prompted.size(), 2);
+    folders.ExpectAllCopied();
+    return calls;
+}
+
+} // namespace
+
+int CallsOfJob(Disk disk) {
+    CountCalls(disk); // the first job asks the kernel what it knows, once for all
+    return CountCalls(disk);
+}
