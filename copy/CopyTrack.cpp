@@ -69,11 +69,14 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
         return Next::Step;
     }
     const QString folder = m_place.DestFolder + name;
-    if (!m_files.FolderExists(folder)) {
-        const Next next = Step([&] { m_files.CreateFolder(folder); });
-        if (next != Next::Step) {
-            return next;
+    // Looked for again by every attempt: a disk that comes back may bring the folder along.
+    const Next next = Step([&] {
+        if (!m_files.FolderExists(folder)) {
+            m_files.CreateFolder(folder);
         }
+    });
+    if (next != Next::Step) {
+        return next;
     }
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;

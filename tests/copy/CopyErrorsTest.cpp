@@ -252,6 +252,17 @@ TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolder) {
     ExpectIdle();
 }
 
+TEST_F(CopyErrorsTest, AFailedFolderThatIsBackByTheTimeOfTheRetryIsUsed) {
+    SetOptions("A");
+    files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PathNotFound);
+    messages.WhileShown = [this](const ShownMessage&) { files.AddFolder(Text("D:\\Music\\Abba")); };
+    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
+    Press();
+    EXPECT_TRUE(messages.Texts()[0].startsWith(Text("Path not found: ")));
+    EXPECT_EQ(messages.Texts().mid(1), QStringList(Text("Copy completed!")));
+    EXPECT_EQ(Copied().size(), 3);
+}
+
 TEST_F(CopyErrorsTest, AFailedFolderAbortedStopsTheJob) {
     SetOptions("A");
     files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PathNotFound);
