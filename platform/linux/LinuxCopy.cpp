@@ -45,19 +45,25 @@ off_t CopyInKernel(int source, int target) {
     }
 }
 
-void CopyInBlocks(int source, int target) {
+off_t CopyInBlocks(int source, int target) {
+    off_t copied = 0;
     const std::unique_ptr<char[]> block(new char[BlockSize]);
     while (const ssize_t count = ReadSome(source, block.get(), BlockSize)) {
         WriteAll(target, block.get(), static_cast<size_t>(count));
+        copied += count;
     }
+    return copied;
 }
 
 /// Copies from the start to the end that reading finds.
 void CopyContent(const CopySource& source, int target) {
     const off_t length = source.Info.st_size;
-    const off_t copied = length > BlocksAreFaster ? CopyInKernel(source.File, target) : 0;
+    off_t copied = length > BlocksAreFaster ? CopyInKernel(source.File, target) : 0;
     if (copied == 0 || copied < length) {
-        CopyInBlocks(source.File, target);
+        copied += CopyInBlocks(source.File, target);
+    }
+    if (copied < length) { // it has lost its end meanwhile: half of a song is none
+        throw RuntimeError(ErrorNumber::DeviceIOError);
     }
     // File systems that write late (over a network) report what went wrong when a descriptor is
     // closed. Closing a second one tells it while the target can still be given up.
