@@ -1,0 +1,315 @@
+// A destination that fails in the middle of a job: a disk that is full at any byte, a quota, one
+// that is read-only, one that goes away, a folder that may not be written.
+
+#include "tests/faults/SweptFolders.h"
+#include "tests/platform/LinuxFixture.h"
+
+#include <QDir>
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const QString Full = Text("This drive is full.");
+const QString Completed = Text("Copy completed!");
+const QString NotEnoughSpace = Text("There is not enough space");
+
+/// Lets so many bytes be written, then refuses with `error` until it is lifted.
+class Room {
+public:
+    Room(qint64 bytes, int error) : m_left(bytes), m_error(error) {}
+
+    int Take(SystemCall& call) {
+        const bool isWriting = call.Size > 0 && Text(call.Name) != Text("read");
+        if (!isWriting || m_isLifted) {
+            return 0;
+        }
+        if (m_left == 0) {
+            return m_error;
+        }
+        call.Size = std::min(call.Size, static_cast<size_t>(m_left));
+        // The kernel copies no further than to the end of the source.
+        struct stat info {};
+        if (call.Source >= 0 && fstat(call.Source, &info) == 0) {
+            const off_t rest = info.st_size - lseek(call.Source, 0, SEEK_CUR);
+            call.Size = std::min(call.Size, static_cast<size_t>(std::max<off_t>(rest, 0)));
+        }
+        m_left -= static_cast<qint64>(call.Size);
+        return 0;
+    }
+    void Lift() { m_isLifted = true; }
+
+private:
+    qint64 m_left;
+    int m_error;
+    bool m_isLifted = false;
+};
+
+/// All bytes that the job writes when nothing fails.
+qint64 BytesOf(const JobFolders& folders) {
+    qint64 bytes = 0;
+    for (const auto& [path, content] : folders.Wanted) {
+        bytes += content.size();
+    }
+    return bytes;
+}
+
+/// Answers every failure so until the cause is gone.
+void RetryAfter(RealJob& job, const std::function<void()>& mend) {
+    job.AnswerBy(Policy::Retry);
+    const auto answer = job.messages.WhileShown;
+    job.messages.WhileShown = [answer, mend](const ShownMessage& message) {
+        answer(message);
+        if (message.Title == Text("Error")) {
+            mend();
+        }
+    };
+}
+
+class FullDisk : public testing::TestWithParam<Disk> {};
+
+class TargetFault : public testing::Test {
+protected:
+    SweptFolders m_folders;
+};
+
+/// Nobody's rights in the place of root's, until it is destroyed.
+class AsNobody {
+public:
+    AsNobody() {
+        m_isRoot = geteuid() == 0;
+        m_isDone = !m_isRoot || (setegid(Nobody) == 0 && seteuid(Nobody) == 0);
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+    ~AsNobody() {
+        if (m_isRoot && (seteuid(0) != 0 || setegid(0) != 0)) {
+            std::abort();
+        }
+    }
+    bool IsDone() const { return m_isDone; }
+
+    static constexpr uid_t Nobody = 65534;
+
+private:
+    bool m_isRoot = false;
+    bool m_isDone = false;
+};
+
+void GiveToNobody(const QString& folder) {
+    if (geteuid() == 0) {
+        ASSERT_EQ(chown(folder.toUtf8().constData(), AsNobody::Nobody, AsNobody::Nobody), 0);
+    }
+}
+
+} // namespace
+
+TEST_P(FullDisk, AtAnyByteLeavesWholeFilesOnlyAndRoomLetsTheJobGoOn) {
+    const qint64 all = BytesOf(SweptFolders());
+    ASSERT_EQ(all, 1570019);
+    // The last byte of room, the first of each file, and many in between.
+    std::vector<qint64> rooms = {0,       1,       2,       3,       4,      10,
+                                 11,      262154,  300009,  300010,  300011, 1500010,
+                                 1500011, 1570010, 1570015, 1570016, all - 1};
+    for (qint64 room = 7919; room < all; room += 39119) {
+        rooms.push_back(room);
+    }
+    for (const qint64 bytes : rooms) {
+        for (const Policy policy : {Policy::Stop, Policy::Retry}) {
+            SCOPED_TRACE(testing::Message() << bytes << " bytes of room");
+            const SweptFolders folders;
+            RealJob job(folders);
+            Room room(bytes, bytes % 2 == 0 ? ENOSPC : EDQUOT);
+            job.AnswerBy(policy);
+            if (policy == Policy::Retry) {
+                RetryAfter(job, [&] { room.Lift(); });
+            }
+            {
+                const HookedSystemCalls hooked([&](SystemCall& call) {
+                    const int refusal = RefusalOf(call, GetParam());
+                    return refusal != 0 ? refusal : room.Take(call);
+                });
+                job.Press();
+            }
+            job.ExpectIdle();
+            if (policy == Policy::Retry) {
+                EXPECT_EQ(job.messages.Texts(), QStringList({Full, Completed}));
+                folders.ExpectAllCopied();
+            } else {
+                EXPECT_EQ(
+                    job.messages.Shown,
+                    std::vector{(ShownMessage{Full, Text("Error"), MessageButtons::RetryCancel,
+                                              MessageIcon::Exclamation})});
+                folders.ExpectWholeFilesOnly(Leftovers::Earlier);
+                EXPECT_FALSE(IsThere(folders.Destination + Text("/tmp")));
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Disks, FullDisk,
+                         testing::Values(Disk::WithNamelessFiles, Disk::WithoutNamelessFiles),
+                         [](const auto& disk) {
+                             return disk.param == Disk::WithNamelessFiles ? "WithNamelessFiles"
+                                                                          : "WithoutNamelessFiles";
+                         });
+
+TEST(SmallDisk, OfAnySizeHoldsWholeFilesOnlyAndRoomLetsTheJobGoOn) {
+    int refused = 0;
+    for (int pages = 9; pages < 60; pages += 3) {
+        SCOPED_TRACE(testing::Message() << pages << " pages");
+        const QTemporaryDir work;
+        JobFolders folders(work.path());
+        folders.AddTrack("Abba", "Arrival", "One", Pattern(30000));
+        folders.AddTrack("Abba", "Arrival", "Two", Pattern(45000));
+        folders.AddFilm("Abba", "Live", "Film", Pattern(60000));
+        const TestMount disk = TestMount::Memory(
+            folders.Destination, QByteArray("size=" + QByteArray::number(4096 * 60)).constData());
+        if (!disk.IsMounted()) {
+            GTEST_SKIP() << "no small disk can be mounted here";
+        }
+        const QString ballast = folders.Destination + Text("/ballast");
+        WriteFile(ballast, QByteArray(4096 * (60 - pages), 'x'));
+        RealJob job(folders);
+        job.AnswerBy(Policy::Stop);
+        job.Press();
+        job.ExpectIdle();
+        EXPECT_TRUE(job.messages.Shown.front().Text.startsWith(NotEnoughSpace));
+        const bool isRefused = job.messages.Texts().contains(Full);
+        EXPECT_NE(isRefused, job.IsCompleted());
+        refused += isRefused ? 1 : 0;
+        folders.Own[ballast] = ReadFile(ballast);
+        folders.ExpectWholeFilesOnly(Leftovers::None);
+
+        RealJob again(folders);
+        RetryAfter(again, [&] { QFile::resize(ballast, 0); });
+        again.Press();
+        EXPECT_TRUE(again.IsCompleted());
+        folders.Own[ballast] = ReadFile(ballast);
+        folders.ExpectAllCopied();
+    }
+    EXPECT_GT(refused, 5);
+}
+
+TEST_F(TargetFault, AReadOnlyDiskIsADeniedPermissionUntilItCanBeWritten) {
+    TestMount disk = TestMount::Bind(m_folders.Destination, m_folders.Destination, true);
+    if (!disk.IsMounted()) {
+        GTEST_SKIP() << "no disk can be mounted here";
+    }
+    RealJob job(m_folders);
+    RetryAfter(job, [&] { disk.Unmount(); });
+    job.Press();
+    EXPECT_EQ(
+        job.messages.Shown.front(),
+        (ShownMessage{Text("Unable to create file: \"") + m_folders.Destination +
+                          Text("/Abba/Arrival/One.mp3\""),
+                      Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
+    EXPECT_EQ(job.messages.Shown.size(), 2U);
+    m_folders.ExpectAllCopied();
+}
+
+TEST_F(TargetFault, AReadOnlyDiskOnWhichEveryFailureIsIgnoredStaysAsItIs) {
+    {
+        const TestMount disk = TestMount::Bind(m_folders.Destination, m_folders.Destination, true);
+        if (!disk.IsMounted()) {
+            GTEST_SKIP() << "no disk can be mounted here";
+        }
+        RealJob job(m_folders);
+        job.AnswerBy(Policy::Ignore);
+        job.Press();
+        // Seven files and two more folders, and "tmp", which is deleted twice.
+        EXPECT_EQ(job.messages.Texts().filter(Text("Unable to create file: ")).size(), 9);
+        EXPECT_TRUE(job.IsCompleted());
+        job.ExpectIdle();
+    }
+    m_folders.ExpectWholeFilesOnly(Leftovers::Earlier);
+    for (const auto& [path, bytes] : m_folders.Old) {
+        EXPECT_EQ(ReadFile(path), bytes);
+    }
+}
+
+TEST_F(TargetFault, ADestinationRemovedInTheMiddleIsMissedUntilItIsBack) {
+    RealJob job(m_folders);
+    const QString away = m_folders.Destination + Text(" away");
+    job.events.OnYield = [&](int number) {
+        if (number == 3) {
+            ASSERT_TRUE(QDir().rename(m_folders.Destination, away));
+        }
+    };
+    RetryAfter(job, [&] { QDir().rename(away, m_folders.Destination); });
+    job.Press();
+    const QString source = job.library.Artists[0].Albums[0].Tracks[0].Location;
+    EXPECT_EQ(job.messages.Shown.front(),
+              (ShownMessage{
+                  Text("Path not found: \"") + source.left(source.lastIndexOf(u'\\')) + Text("\""),
+                  Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation}));
+    EXPECT_EQ(job.messages.Shown.size(), 2U);
+    m_folders.ExpectAllCopied();
+}
+
+TEST_F(TargetFault, ADestinationRemovedForGoodEndsWithNothingMadeAnywhere) {
+    RealJob job(m_folders);
+    job.AnswerBy(Policy::Ignore);
+    job.events.OnYield = [&](int number) {
+        if (number == 5) {
+            ASSERT_TRUE(QDir(m_folders.Destination).removeRecursively());
+        }
+    };
+    job.Press();
+    EXPECT_TRUE(job.IsCompleted());
+    job.ExpectIdle();
+    EXPECT_FALSE(IsThere(m_folders.Destination));
+}
+
+TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
+    for (const bool isMended : {false, true}) {
+        SCOPED_TRACE(isMended);
+        const SweptFolders folders;
+        const QString closed = folders.Destination + Text("/Abba/Arrival");
+        QFile::remove(closed + Text("/.songlift.part"));
+        QDir(folders.Destination + Text("/tmp")).removeRecursively();
+        for (const char* below : {"", "/Abba", "/Abba/Arrival", "/Abba/Live"}) {
+            GiveToNobody(folders.Destination + Text(below));
+        }
+        for (const char* file : {"/Abba/Arrival/Two.mp3", "/Abba/Live/Film.mp3"}) {
+            GiveToNobody(folders.Destination + Text(file));
+        }
+        SetMode(closed, 0555);
+        SetMode(folders.Destination + Text("/.."), 0755);
+        RealJob job(folders);
+        job.AnswerBy(Policy::Ignore);
+        if (isMended) {
+            RetryAfter(job, [&] { SetMode(closed, 0755); });
+        }
+        bool isNobody = false;
+        {
+            const AsNobody nobody;
+            isNobody = nobody.IsDone();
+            if (isNobody) {
+                job.Press();
+            }
+        }
+        SetMode(closed, 0755);
+        if (!isNobody) {
+            GTEST_SKIP() << "this process cannot become another user";
+        }
+        EXPECT_EQ(
+            job.messages.Shown.front(),
+            (ShownMessage{Text("Unable to create file: \"") + closed + Text("/One.mp3\""),
+                          Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
+        EXPECT_TRUE(job.IsCompleted());
+        EXPECT_EQ(job.messages.Shown.size(), isMended ? 2U : 5U); // four files are in that folder
+        if (isMended) {
+            folders.ExpectAllCopied();
+            continue;
+        }
+        folders.ExpectWholeFilesOnly(Leftovers::None);
+        EXPECT_EQ(NamesIn(closed), QStringList({Text("Two.mp3"), Text("cover.jpg")}));
+        EXPECT_EQ(ReadFile(closed + Text("/Two.mp3")), "old two");
+        EXPECT_EQ(NamesIn(folders.Destination + Text("/Abba/Live")),
+                  QStringList({Text("Extra.mp3"), Text("Film.mp3")}));
+        EXPECT_TRUE(IsThere(folders.Destination + Text("/Beck/Guero/Girl.mp3")));
+    }
+}
