@@ -9,17 +9,25 @@
 
 namespace {
 
-enum class Policy { Retry, Ignore, Stop };
+enum class Policy { Retry, Ignore, Stop, StopAndQuit };
+
+/// The large file of the job: one that goes by the way of large files in spite of its length, since
+/// whole ones take their time.
+enum class Large { None, Short, Whole };
 
 /// The job that is swept: two artists, an existing file to be replaced, a folder "tmp" of an
 /// earlier job, and a file of the user's own. A search shows only the first artist.
 class SweptJob : public CopyFixture {
 public:
-    SweptJob(Policy policy, bool withLargeFile) {
+    SweptJob(Policy policy, Large large) {
         Expect(AddTrack("Abba", "Arrival", "One", "one"), "D:\\Music\\Abba\\Arrival\\One.mp3");
         Expect(AddTrack("Abba", "Arrival", "Two", "new two"), "D:\\Music\\Abba\\Arrival\\Two.mp3");
-        if (withLargeFile) {
-            Expect(AddLargeTrack("Abba", "Live", "Film", 50000001), Film);
+        if (large != Large::None) {
+            TrackRecord& film = large == Large::Whole
+                                    ? AddLargeTrack("Abba", "Live", "Film", 50000001)
+                                    : AddTrack("Abba", "Live", "Film", "a short film");
+            film.FileSize = 50000001;
+            Expect(film, Film);
             AddOld(Film, "old film");
         }
         Expect(AddTrack("Beck", "Guero", "Girl", "girl"), "D:\\Music\\Beck\\Guero\\Girl.mp3");
@@ -43,10 +51,24 @@ public:
 
     const FakeFileSystem::RecordedCall& Struck(int nth) const { return files.Calls.at(nth - 1); }
 
+    /// Runs the job with its `nth` call failing after the user has closed the window.
+    void RunClosed(int nth, int errorNumber) {
+        int count = 0;
+        files.BeforeCall = [this, nth, count](const FakeFileSystem::RecordedCall&) mutable {
+            if (++count == nth && job.Copying) {
+                form.Form1.UserClose();
+            }
+        };
+        Run(nth, errorNumber);
+    }
+
     bool IsCompleted() const { return messages.Texts().contains(Text("Copy completed!")); }
 
     void ExpectNothingHarmed() const {
         for (const QString& path : Copied()) {
+            if (path == Text("D:\\Music\\tmp\\copy.tmp") && closed != 0) {
+                continue; // a program that quits leaves it to the next job
+            }
             if (path == Text("D:\\Music\\tmp\\copy.tmp") && job.CopiedBytes == 0) {
                 EXPECT_EQ(files.Bytes(path), QByteArray("left behind")); // no job came to its end
                 continue;
@@ -62,8 +84,9 @@ public:
         EXPECT_EQ(Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
         EXPECT_EQ(Bytes("D:\\other.txt"), QByteArray("other"));
         EXPECT_EQ(files.ChangesBelow(Text("E:")), QStringList());
-        EXPECT_EQ(library.Artists.size(), 1U);
-        EXPECT_EQ(state.SavedArtists.size(), 2U);
+        const bool isOpen = closed == 0; // else the program ends with the window
+        EXPECT_EQ(library.Artists.size(), isOpen ? 1U : 2U);
+        EXPECT_EQ(state.SavedArtists.size(), isOpen ? 2U : 1U);
     }
 
     /// The job ran and is over.
@@ -112,7 +135,7 @@ private:
         case MessageButtons::RetryCancel:
             return policy == Policy::Retry ? MessageAnswer::Retry : MessageAnswer::Cancel;
         case MessageButtons::YesNo:
-            return MessageAnswer::No;
+            return policy == Policy::StopAndQuit ? MessageAnswer::Yes : MessageAnswer::No;
         default:
             return MessageAnswer::OK;
         }
@@ -122,13 +145,15 @@ private:
     std::map<QString, QByteArray> m_old;  // what stands in the destination before the job
 };
 
+const QString Quit = Text("Are you sure you want to quit?");
+
 bool IsExistenceTest(FileCall call) {
     return call == FileCall::FileExists || call == FileCall::FolderExists;
 }
 
 /// Number of calls of the job when nothing fails.
-int CallsOfJob(bool withLargeFile) {
-    SweptJob job(Policy::Stop, withLargeFile);
+int CallsOfJob(Large large) {
+    SweptJob job(Policy::Stop, large);
     job.Press();
     EXPECT_TRUE(job.IsCompleted());
     job.ExpectNothingHarmed();
@@ -160,12 +185,12 @@ bool IsLeftOut(const QString& target, const FakeFileSystem::RecordedCall& call) 
     }
 }
 
-void SweepRetry(bool withLargeFile, const std::vector<int>& numbers) {
-    const int calls = CallsOfJob(withLargeFile);
+void SweepRetry(Large large, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(large);
     for (const int number : numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Retry, withLargeFile);
+            SweptJob job(Policy::Retry, large);
             job.Run(nth, number);
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
@@ -180,12 +205,12 @@ void SweepRetry(bool withLargeFile, const std::vector<int>& numbers) {
     }
 }
 
-void SweepIgnore(bool withLargeFile, const std::vector<int>& numbers) {
-    const int calls = CallsOfJob(withLargeFile);
+void SweepIgnore(Large large, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(large);
     for (const int number : numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Ignore, withLargeFile);
+            SweptJob job(Policy::Ignore, large);
             job.Run(nth, number);
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
@@ -202,12 +227,12 @@ void SweepIgnore(bool withLargeFile, const std::vector<int>& numbers) {
 }
 
 /// Abort and Cancel where the failure asks, OK where it only tells.
-void SweepStop(bool withLargeFile, const std::vector<int>& numbers) {
-    const int calls = CallsOfJob(withLargeFile);
+void SweepStop(Large large, const std::vector<int>& numbers) {
+    const int calls = CallsOfJob(large);
     for (const int number : numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Stop, withLargeFile);
+            SweptJob job(Policy::Stop, large);
             job.Run(nth, number);
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
@@ -236,45 +261,90 @@ void SweepStop(bool withLargeFile, const std::vector<int>& numbers) {
     }
 }
 
+/// A failure in a job whose window was closed: the question whether to quit comes with the answer
+/// that stops the job, and No begins the track at hand once more.
+void SweepClosed(Large large, const std::vector<int>& numbers, Policy policy) {
+    const int calls = CallsOfJob(large);
+    int quitted = 0;
+    for (const int number : numbers) {
+        for (int nth = 1; nth <= calls; ++nth) {
+            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
+            SweptJob job(policy, large);
+            job.RunClosed(nth, number);
+            EXPECT_EQ(job.files.FailuresStruck, 1);
+            job.ExpectNothingHarmed();
+            EXPECT_FALSE(job.job.Copying);
+            const bool wasAsked = job.messages.Texts().contains(Quit);
+            EXPECT_EQ(job.closed, wasAsked && policy == Policy::StopAndQuit ? 1 : 0);
+            quitted += job.closed;
+            if (job.closed == 0) {
+                EXPECT_TRUE(job.form.lstArtists.Enabled());
+            } else {
+                EXPECT_EQ(job.messages.Texts().back(), Quit);
+            }
+            if (wasAsked && policy == Policy::Stop && job.IsCompleted()) {
+                for (const QString& target : job.Targets()) {
+                    EXPECT_TRUE(job.IsCopied(target)) << target.toStdString();
+                }
+            }
+        }
+    }
+    EXPECT_EQ(quitted > 0, policy == Policy::StopAndQuit);
+}
+
 } // namespace
 
 TEST(FaultSweep, RetryAfterTheCauseIsGoneCompletesTheJob) {
-    SweepRetry(false, {53, 61, 70, 76});
+    SweepRetry(Large::None, {53, 61, 70, 76});
 }
 
 TEST(FaultSweep, IgnoreLeavesOutWhatTheFailedStepWasFor) {
-    SweepIgnore(false, {53, 70, 76});
+    SweepIgnore(Large::None, {53, 70, 76});
 }
 
 TEST(FaultSweep, AbortAndCancelStopTheJobWhereItIs) {
-    SweepStop(false, {53, 61, 70, 76});
+    SweepStop(Large::None, {53, 61, 70, 76});
 }
 
 TEST(FaultSweep, AnyOtherErrorEndsTheJobWhereItIs) {
-    SweepStop(false, {5, 57, 58, 68, 75});
+    SweepStop(Large::None, {5, 57, 58, 68, 75});
+}
+
+TEST(FaultSweep, EveryAnswerToEveryFailureOfAShortLargeFile) {
+    SweepRetry(Large::Short, {53, 61, 70, 76});
+    SweepIgnore(Large::Short, {53, 70, 76});
+    SweepStop(Large::Short, {53, 61, 70, 76});
+    SweepStop(Large::Short, {5, 57, 58, 68, 75});
+}
+
+TEST(FaultSweep, AClosedWindowAndAFailureAtAnyCallQuitOrGoOnAsTheUserSays) {
+    for (const Large large : {Large::None, Large::Short}) {
+        SweepClosed(large, {53, 57, 61, 70, 75, 76}, Policy::StopAndQuit);
+        SweepClosed(large, {53, 57, 61, 70, 75, 76}, Policy::Stop);
+    }
 }
 
 TEST(FaultSweep, RetryCompletesALargeFile) {
-    SweepRetry(true, {61});
+    SweepRetry(Large::Whole, {61});
 }
 
 TEST(FaultSweep, IgnoreLeavesOutALargeFile) {
-    SweepIgnore(true, {70});
+    SweepIgnore(Large::Whole, {70});
 }
 
 TEST(FaultSweep, AbortStopsALargeFile) {
-    SweepStop(true, {70});
+    SweepStop(Large::Whole, {70});
 }
 
 TEST(FaultSweep, AnyOtherErrorEndsALargeFile) {
-    SweepStop(true, {57});
+    SweepStop(Large::Whole, {57});
 }
 
 TEST(FaultSweep, ADiskThatFillsUpAtAnyByteLeavesWholeFilesOnly) {
     // 14 bytes are copied; the file that does not fit leaves nothing behind.
     for (int room = 0; room <= 14; ++room) {
         SCOPED_TRACE(room);
-        SweptJob job(Policy::Stop, false);
+        SweptJob job(Policy::Stop, Large::None);
         job.files.DiskFullAfter(room);
         job.Press();
         job.ExpectNothingHarmed();
@@ -284,10 +354,10 @@ TEST(FaultSweep, ADiskThatFillsUpAtAnyByteLeavesWholeFilesOnly) {
 }
 
 TEST(FaultSweep, ADriveThatIsPulledAtAnyCallLeavesTheDeviceAndTheWindowWell) {
-    const int calls = CallsOfJob(false);
+    const int calls = CallsOfJob(Large::None);
     for (int nth = 1; nth <= calls; ++nth) {
         SCOPED_TRACE(nth);
-        SweptJob job(Policy::Stop, false);
+        SweptJob job(Policy::Stop, Large::None);
         int count = 0;
         job.files.BeforeCall = [&](const FakeFileSystem::RecordedCall&) {
             if (++count == nth) {
@@ -307,7 +377,7 @@ TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
         for (int nth = 1; nth <= 40; ++nth) {
             for (const Policy policy : {Policy::Retry, Policy::Ignore, Policy::Stop}) {
                 SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-                SweptJob job(policy, false);
+                SweptJob job(policy, Large::None);
                 job.form.txtDestination.SetText(Text("D:\\Music\\New\\Sub"));
                 // The chain that was not made would be missed for ever.
                 int asked = 0;
