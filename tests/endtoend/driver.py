@@ -48,9 +48,9 @@ class Bus:
 
 
 class Songlift:
-    """One run of the program."""
+    """One run of the program; `under` is a command that runs it and keeps its process id."""
 
-    def __init__(self, desktop, bus, program, drives=()):
+    def __init__(self, desktop, bus, program, drives=(), under=()):
         self.desktop = desktop
         self.bus = bus
         self.atspi = bus.atspi
@@ -63,7 +63,7 @@ class Songlift:
         self.output_path = desktop.folder / "output"
         with open(self.output_path, "ab") as output:
             self.process = subprocess.Popen(
-                [str(program)], env=environment, stdin=subprocess.DEVNULL, stdout=output,
+                [*under, str(program)], env=environment, stdin=subprocess.DEVNULL, stdout=output,
                 stderr=subprocess.STDOUT, preexec_fn=die_with_parent)
         self.application = None
         self._last_click = (0, 0, 0.0)
@@ -191,6 +191,13 @@ class Songlift:
                     return window
             return None
         return self.wait_for(f"the message {text!r} titled {title!r}", standing)
+
+    def active_window(self):
+        """The title of the window in front; None where none is."""
+        for window in self._windows():
+            if self._is_active(window):
+                return window.get_name()
+        return None
 
     def enabled(self, control):
         """Whether a control takes the mouse."""

@@ -55,9 +55,15 @@ class Stage:
         subprocess.run([self._sample_maker, "--small", *options, folder], check=True)
         return Ipod(folder)
 
-    def start(self, *drives, program=None):
+    def sample_ipod(self, name, *options):
+        """Makes the sample that people see, with real music and videos."""
+        folder = self.work / name
+        subprocess.run([self._sample_maker, *options, folder], check=True)
+        return Ipod(folder)
+
+    def start(self, *drives, program=None, under=()):
         """Starts the program, or another build of it, with folders attached as drives."""
-        return Songlift(self.desktop, self._bus, program or self._program, drives)
+        return Songlift(self.desktop, self._bus, program or self._program, drives, under)
 
     def start_with_small_ipod(self):
         """The program with the small sample loaded, its destination an empty folder; and the sample."""
