@@ -73,8 +73,8 @@ void CopyContent(const CopySource& source, int target) {
         ThrowError(error);
     }
     // A file system that refuses the time (FAT, when another user mounted it) has the bytes at
-    // least.
-    const timespec times[2] = {{0, UTIME_OMIT}, source.Info.st_mtim};
+    // least. Some that run outside the kernel heed no time unless both are set.
+    const timespec times[2] = {{0, UTIME_NOW}, source.Info.st_mtim};
     futimens(target, times);
 }
 

@@ -197,7 +197,7 @@ void LinuxFileSystem::CopyModificationTime(const QString& source, const QString&
     const FolderEntry to = m_paths.EntryOf(target);
     struct stat info {};
     if (from.IsOpen() && to.Folder.IsOpen() && fstat(from.Get(), &info) == 0) {
-        const timespec times[2] = {{0, UTIME_OMIT}, info.st_mtim};
+        const timespec times[2] = {{0, UTIME_NOW}, info.st_mtim};
         utimensat(to.Folder.Get(), to.Name.constData(), times, AT_SYMLINK_NOFOLLOW);
     }
 }
