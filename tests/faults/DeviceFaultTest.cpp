@@ -17,14 +17,19 @@ ShownMessage ErrorBox(const QString& text, MessageButtons buttons, MessageIcon i
 
 const QString Completed = Text("Copy completed!");
 
-/// The two ways to copy a file, and for the first one the block-wise and the kernel's own.
+/// The two ways to copy a file, each with a length that goes block by block and one that the kernel
+/// may copy by itself.
 struct SizeClass {
     const char* Name;
     bool IsFilm;
     qsizetype Length;
 };
 constexpr SizeClass SizeClasses[] = {
-    {"Blocks", false, 300000}, {"Kernel", false, 1200000}, {"Film", true, 300000}};
+    {"Blocks", false, 300000},
+    {"Kernel", false, 1200000},
+    {"Film", true, 300000},
+    {"LongFilm", true, 1200000},
+};
 
 /// Three tracks, of which the second one has trouble.
 class DeviceFault : public testing::TestWithParam<SizeClass> {

@@ -153,7 +153,7 @@ TEST_P(Kill, InTheMiddleOfAnyWriteHarmsNothing) {
         });
         job.Press();
     }
-    ASSERT_GT(writes.size(), 8U);
+    ASSERT_GE(writes.size(), 7U); // one for each file at least
     ASSERT_LE(writes.back(), calls);
     for (const int nth : writes) {
         KillAtCall(nth, true);
