@@ -2,14 +2,9 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/PrintText.h"
 
 #include <gtest/gtest.h>
-
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace {
 

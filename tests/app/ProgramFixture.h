@@ -4,14 +4,8 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/PrintText.h"
 #include "tests/support/SampleTrack.h"
-
-#include <ostream>
-
-/// How GoogleTest prints a text that is not the expected one.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 /// The whole program on fakes: every subsystem, wired as it is delivered.
 class ProgramFixture {

@@ -3,6 +3,7 @@
 #include "platform/mpv/MpvPlayer.h"
 #include "platform/mpv/VideoArea.h"
 #include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/PrintText.h"
 #include "tests/preview/MediaSamples.h"
 
 #include <QApplication>
@@ -16,11 +17,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <ostream>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 /// A player in a window, on real files.
 class PlayerTest : public testing::Test {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "tests/fakes/PrintText.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +9,6 @@
 #include <ostream>
 #include <string>
 #include <vector>
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 /// One control of each sort, visible and enabled in one active window, with a user to act on them.
 /// There is a kit of fakes and a kit of the real controls; what holds for both is the contract.
