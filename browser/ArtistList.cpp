@@ -102,7 +102,7 @@ void ArtistList::Clear(bool NoFound) {
 
 void ArtistList::RebuildLists() {
     m_state.Building = true;
-    SetListsVisible(false);
+    SetListsVisible(m_controls, false);
     m_controls.lstArtists.Clear();
     m_controls.lstAlbums.Clear();
     m_controls.lstSongs.Clear();
@@ -117,7 +117,7 @@ void ArtistList::RebuildLists() {
     m_state.Restoring = false;
     m_state.Building = false;
     m_lists.lstSongs_Click();
-    SetListsVisible(true);
+    SetListsVisible(m_controls, true);
 }
 
 void ArtistList::RememberRows(bool allRows) {
@@ -237,10 +237,4 @@ qint32 ArtistList::AlbumId(qint32 albumRow) const {
 qint32 ArtistList::SongId(qint32 songRow) const {
     return m_state.SavedArtists.empty() ? m_state.SongRowTrack.at(songRow)
                                         : m_lists.Track(songRow).SourceIndex;
-}
-
-void ArtistList::SetListsVisible(bool visible) {
-    m_controls.lstArtists.SetVisible(visible);
-    m_controls.lstAlbums.SetVisible(visible);
-    m_controls.lstSongs.SetVisible(visible);
 }

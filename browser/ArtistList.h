@@ -47,7 +47,6 @@ private:
     qint32 ArtistId(qint32 artist) const;
     qint32 AlbumId(qint32 albumRow) const;
     qint32 SongId(qint32 songRow) const;
-    void SetListsVisible(bool visible);
 
     BrowserState& m_state;
     MusicLibrary& m_library;

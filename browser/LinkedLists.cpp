@@ -16,6 +16,12 @@ void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun)
     list.Fill(std::move(rows));
 }
 
+void SetListsVisible(Form1Controls& controls, bool visible) {
+    controls.lstArtists.SetVisible(visible);
+    controls.lstAlbums.SetVisible(visible);
+    controls.lstSongs.SetVisible(visible);
+}
+
 LinkedLists::LinkedLists(BrowserState& state, MusicLibrary& library, TextFitting& textFitting,
                          Form1Controls& controls)
     : m_state(state), m_library(library), m_textFitting(textFitting), m_controls(controls),

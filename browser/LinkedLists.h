@@ -13,6 +13,9 @@ QString AllRowText(qsizetype rows, const QString& noun);
 /// when there are no others. `rows` begins with a free place for the "All" row.
 void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun);
 
+/// Shows or hides the three lists together.
+void SetListsVisible(Form1Controls& controls, bool visible);
+
 /// Makes the albums follow the current artist row, the songs the current album row, and the full
 /// name the current song row.
 class LinkedLists {

@@ -65,11 +65,11 @@ void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) 
     const int artistRow = m_controls.lstArtists.ListIndex();
     const int albumRow = m_controls.lstAlbums.ListIndex();
     const int songRow = m_controls.lstSongs.ListIndex();
-    SetListsVisible(false);
+    SetListsVisible(m_controls, false);
 
     propagate();
 
-    SetListsVisible(true);
+    SetListsVisible(m_controls, true);
     m_controls.lstArtists.SetListIndex(artistRow);
     m_controls.lstAlbums.SetListIndex(albumRow);
     m_controls.lstSongs.SetListIndex(songRow);
@@ -210,10 +210,4 @@ void CheckPropagation::UpdateOneArtist(int albumRow) {
             return;
         }
     }
-}
-
-void CheckPropagation::SetListsVisible(bool visible) {
-    m_controls.lstArtists.SetVisible(visible);
-    m_controls.lstAlbums.SetVisible(visible);
-    m_controls.lstSongs.SetVisible(visible);
 }

@@ -25,7 +25,6 @@ private:
     /// Rolls the album list's state up into the artist list and the artist records.
     void UpdateArtistCheck(int AlbumRow);
     void UpdateOneArtist(int albumRow);
-    void SetListsVisible(bool visible);
 
     BrowserState& m_state;
     MusicLibrary& m_library;
