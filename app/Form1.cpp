@@ -11,7 +11,7 @@ Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls&
       m_artistList(m_state, m_loadMusic.Library, m_lists, controls),
       m_mediaFilter(m_state, m_loadMusic.Library, m_devices, m_artistList, controls),
       m_summary(m_state, m_loadMusic.Library, controls),
-      m_checks(m_state, m_loadMusic.Library, m_lists, m_summary, controls),
+      m_checks(m_state, m_loadMusic.Library, m_lists, m_artistList, m_summary, controls),
       m_search(m_state, m_loadMusic.Library, m_artistList, m_summary, services.Events,
                services.Windows, controls),
       m_destination(services.Files, services.Desktop, services.Windows, controls),

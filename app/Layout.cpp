@@ -1,6 +1,7 @@
 #include "app/Layout.h"
 
 #include "app/ListWidths.h"
+#include "platform/ScopeGuard.h"
 
 #include <algorithm>
 
@@ -186,6 +187,7 @@ void Layout::Form_Resize() {
         return;
     }
     m_resizing = true;
+    ScopeGuard resizing([this] { m_resizing = false; });
     WasMaximized = window.State() == WindowState::Maximized;
     window.SetCaption(QStringLiteral("Songlift"));
 
@@ -204,7 +206,6 @@ void Layout::Form_Resize() {
     PlaceSearchAndDestination();
     PlaceHeights();
     PlaceBelowLists();
-    m_resizing = false;
 }
 
 void Layout::ShareListWidth() {

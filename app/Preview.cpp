@@ -1,5 +1,7 @@
 #include "app/Preview.h"
 
+#include "platform/ScopeGuard.h"
+
 Preview::Preview(const BrowserState& state, LinkedLists& lists, FileSystem& files,
                  Messages& messages, Form1Controls& controls, PreviewControls& preview)
     : m_state(state), m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
@@ -17,7 +19,9 @@ void Preview::mnuPreview_Click() {
                         MessageButtons::OK, MessageIcon::Exclamation);
         return;
     }
+    ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
+    ScopeGuard failed([this] { m_preview.QTControl.SetSource(QString()); });
     m_preview.QTControl.SetSource(path);
     const double width = m_preview.QTControl.Width();
     const double height = m_preview.QTControl.Height();
@@ -27,7 +31,8 @@ void Preview::mnuPreview_Click() {
     // A window that was never shown gets its borders only on the screen.
     m_preview.frmPreview.Refresh();
     FitWindowAround(width, height);
-    m_controls.Form1.SetMousePointer(MousePointer::Default);
+    failed.Dismiss();
+    pointer.Run();
 }
 
 /// Border and title bar are kept: the inside takes the player's size.

@@ -2,6 +2,7 @@
 
 #include "browser/MediaFilter.h"
 #include "browser/SortedOrder.h"
+#include "platform/ScopeGuard.h"
 
 #include <algorithm>
 
@@ -34,20 +35,25 @@ void ArtistList::FillArtists() {
 
 void ArtistList::ShowLibrary() {
     m_state.Building = true;
+    ScopeGuard building([this] { m_state.Building = false; });
+    ScopeGuard hidden([this] { m_controls.lstArtists.SetVisible(true); });
     m_controls.lstArtists.SetVisible(false);
     BuildArtistList();
     FillArtists();
     m_controls.lstArtists.SetListIndex(1);
-    m_controls.lstArtists.SetVisible(true);
+    hidden.Run();
     m_state.RefreshAlbums = true;
-    m_state.Building = false;
+    building.Run();
     m_lists.lstArtists_Click();
 }
 
 void ArtistList::UpdateOldArtists() {
-    if (m_controls.lstArtists.ListCount() == 0) {
-        return;
+    if (m_controls.lstArtists.ListCount() > 0 && !m_state.SavedArtists.empty()) {
+        CopyMarks();
     }
+}
+
+void ArtistList::CopyMarks() {
     for (const ArtistRecord& shown : m_library.Artists) {
         ArtistRecord& artist = m_state.SavedArtists.at(shown.SourceIndex);
         artist.Checked = shown.Checked;
@@ -72,11 +78,30 @@ void ArtistList::UpdateOldArtists() {
 }
 
 void ArtistList::Clear(bool NoFound) {
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
     if (!m_state.SearchRunning) {
         UpdateOldArtists();
         RememberRows(NoFound);
     }
 
+    PutLibraryBack();
+    m_state.Building = true;
+    m_controls.lstArtists.SetEnabled(true);
+    m_controls.lstAlbums.SetEnabled(true);
+    m_controls.lstSongs.SetEnabled(true);
+    if (m_state.Search) {
+        m_state.Building = false;
+    } else {
+        RebuildLists();
+        EnableCopy();
+    }
+    failed.Dismiss();
+}
+
+void ArtistList::PutLibraryBack() {
+    if (m_state.SavedArtists.empty()) {
+        return; // no result is shown: a search failed before this
+    }
     m_library.Artists = std::move(m_state.SavedArtists);
     m_state.SavedArtists.clear();
     m_state.CheckedHidden = false;
@@ -87,20 +112,52 @@ void ArtistList::Clear(bool NoFound) {
     m_state.AllSongsCache = m_state.SavedRows.AllSongsCache;
     // Not simply true: the list of all songs may never have been built before the search.
     m_state.AllSongsCached = m_state.SavedRows.AllSongsCached;
-    m_state.Building = true;
-    m_controls.lstArtists.SetEnabled(true);
-    m_controls.lstAlbums.SetEnabled(true);
-    m_controls.lstSongs.SetEnabled(true);
-    if (m_state.Search) {
-        m_state.Building = false;
-        return;
-    }
+}
 
+void ArtistList::ShowLibraryAgain() {
+    m_state.Search = m_state.SearchRunning = m_state.SearchPending = m_state.SearchingText = false;
+    m_state.SearchString.clear();
+    m_state.AllRowWasCurrent = {true, true, true};
+    if (!m_state.SavedArtists.empty()) {
+        CopyMarks();
+        PutLibraryBack();
+    }
+    m_state.AllSongsCached = false;
+    RollUpMarks();
+
+    m_state.Building = true;
+    ScopeGuard building([this] { m_state.Building = false; });
+    m_controls.cmdClear.SetEnabled(false);
+    m_controls.Picture2.SetEnabled(true);
+    m_controls.tbsFilter.SetEnabled(true);
+    for (ListControl* list :
+         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
+        list->SetEnabled(true);
+        list->Clear();
+    }
+    if (m_controls.tbsFilter.SelectedCaption() != AllFilesTab()) {
+        m_controls.tbsFilter.Select(0);
+    }
     RebuildLists();
     EnableCopy();
 }
 
+void ArtistList::RollUpMarks() {
+    const auto anyChecked = [](const auto& records) {
+        return std::any_of(records.begin(), records.end(),
+                           [](const auto& record) { return record.Checked; });
+    };
+    for (ArtistRecord& artist : m_library.Artists) {
+        for (AlbumRecord& album : artist.Albums) {
+            album.Checked = anyChecked(album.Tracks);
+        }
+        artist.Checked = anyChecked(artist.Albums);
+    }
+}
+
 void ArtistList::RebuildLists() {
+    ScopeGuard hidden([this] { SetListsVisible(m_controls, true); });
+    ScopeGuard restoring([this] { m_state.Restoring = m_state.Building = false; });
     m_state.Building = true;
     SetListsVisible(m_controls, false);
     m_controls.lstArtists.Clear();
@@ -114,10 +171,9 @@ void ArtistList::RebuildLists() {
     RestoreArtistRow();
     RestoreAlbumRow();
     RestoreSongRow();
-    m_state.Restoring = false;
-    m_state.Building = false;
+    restoring.Run();
     m_lists.lstSongs_Click();
-    SetListsVisible(m_controls, true);
+    hidden.Run();
 }
 
 void ArtistList::RememberRows(bool allRows) {
@@ -216,8 +272,9 @@ void ArtistList::cmdClear_Click() {
     m_state.SearchingText = false;
     m_state.SearchString.clear();
     if (m_controls.tbsFilter.SelectedCaption() == AllFilesTab()) {
+        const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
         m_state.Search = false;
-        Clear(m_controls.lstArtists.ListCount() == 0);
+        Clear(nothingShown);
     } else {
         Raise(RunSearch);
     }

@@ -28,6 +28,9 @@ public:
     void UpdateOldArtists();
     /// Ends a search.
     void cmdClear_Click();
+    /// The way out for a handler that failed with the lists half changed: shows the full library
+    /// from its records, unfiltered, with every list on its "All" row.
+    void ShowLibraryAgain();
 
     /// Remembers whether each list stands on its "All" row and which records the others stand on;
     /// with `allRows` all three count as standing on "All".
@@ -44,6 +47,9 @@ private:
     void RestoreArtistRow();
     void RestoreAlbumRow();
     void RestoreSongRow();
+    void CopyMarks();
+    void RollUpMarks();
+    void PutLibraryBack();
     qint32 ArtistId(qint32 artist) const;
     qint32 AlbumId(qint32 albumRow) const;
     qint32 SongId(qint32 songRow) const;

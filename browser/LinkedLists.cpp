@@ -1,6 +1,7 @@
 #include "browser/LinkedLists.h"
 
 #include "browser/MediaFilter.h"
+#include "platform/ScopeGuard.h"
 
 #include <algorithm>
 
@@ -58,6 +59,8 @@ void LinkedLists::lstArtists_Click() {
         return;
     }
     m_state.Building = true;
+    ScopeGuard building([this] { m_state.Building = false; });
+    ScopeGuard failed([this] { EmptyAlbums(); });
 
     // Only on the way from or to "All" can the same album be listed again.
     std::optional<AlbumKey> album;
@@ -68,6 +71,7 @@ void LinkedLists::lstArtists_Click() {
         RememberSong();
     }
 
+    ScopeGuard hidden([this] { m_controls.lstAlbums.SetVisible(true); });
     m_controls.lstAlbums.SetVisible(false);
     m_controls.lstAlbums.Clear();
     if (artistRow >= 1) {
@@ -77,13 +81,14 @@ void LinkedLists::lstArtists_Click() {
     }
     FillAlbums();
     m_controls.lstAlbums.SetListIndex(0);
-    m_controls.lstAlbums.SetVisible(true);
+    hidden.Run();
     MakeRememberedAlbumCurrent(album);
 
-    m_state.Building = false;
+    building.Run();
     m_state.LastArtistRow = static_cast<qint16>(artistRow);
     m_state.RefreshSongs = true;
     m_state.RefreshAlbums = false;
+    failed.Dismiss();
     if (!m_state.Restoring) {
         lstAlbums_Click();
     }
@@ -117,28 +122,47 @@ void LinkedLists::lstAlbums_Click() {
     if (m_state.Building || (albumRow == m_state.LastAlbumRow && !m_state.RefreshSongs)) {
         return;
     }
+    ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
     m_state.Building = true;
+    ScopeGuard building([this] { m_state.Building = false; });
+    ScopeGuard failed([this] { EmptySongs(); });
 
     if (!m_state.RefreshSongs && !m_state.Restoring &&
         (albumRow == 0 || m_state.LastAlbumRow == 0)) {
         RememberSong();
     }
 
+    ScopeGuard hidden([this] { m_controls.lstSongs.SetVisible(true); });
     m_controls.lstSongs.SetVisible(false);
     m_controls.lstSongs.Clear();
     BuildSongRows();
     FillSongs();
     m_controls.lstSongs.SetListIndex(0);
-    m_controls.lstSongs.SetVisible(true);
+    hidden.Run();
     MakeRememberedSongCurrent();
 
     m_state.LastAlbumRow = static_cast<qint16>(albumRow);
     m_state.RefreshSongs = false;
-    m_state.Building = false;
+    building.Run();
+    failed.Dismiss();
     if (!m_state.Restoring) {
         lstSongs_Click();
     }
-    m_controls.Form1.SetMousePointer(MousePointer::Default);
+    pointer.Run();
+}
+
+/// Rows of a list that could not be built would stand for other records than the tables say. The
+/// next click builds it.
+void LinkedLists::EmptyAlbums() {
+    m_state.RefreshAlbums = true;
+    m_controls.lstAlbums.Clear();
+    EmptySongs();
+}
+
+void LinkedLists::EmptySongs() {
+    m_state.RefreshSongs = true;
+    m_rememberedSong.reset();
+    m_controls.lstSongs.Clear();
 }
 
 void LinkedLists::BuildSongRows() {
@@ -168,7 +192,8 @@ void LinkedLists::SortSongsOfAllAlbumRows() {
 /// afterwards. The song list stays suspended meanwhile: shown empty for an instant it would
 /// flicker.
 void LinkedLists::BuildAllSongRows() {
-    const QString message = m_controls.lblMessage.Caption();
+    const QString summary = m_controls.lblMessage.Caption();
+    ScopeGuard message([&] { m_controls.lblMessage.SetCaption(summary); });
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
     m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
     m_controls.lblMessage.Refresh();
@@ -176,7 +201,7 @@ void LinkedLists::BuildAllSongRows() {
     SortSongsOfAllAlbumRows();
     m_state.AllSongsCache = {m_state.SongRowTrack, m_state.SongRowAlbumRow};
     m_state.AllSongsCached = true;
-    m_controls.lblMessage.SetCaption(message);
+    message.Run();
 }
 
 void LinkedLists::FillSongs() {

@@ -50,6 +50,8 @@ private:
     AlbumKey AlbumOfRow(qint32 albumRow) const;
     SongKey SongOfRow(qint32 songRow) const;
     void RememberSong();
+    void EmptyAlbums();
+    void EmptySongs();
     void BuildSongRows();
     void BuildAllSongRows();
     void SortSongsOfAllAlbumRows();

@@ -42,8 +42,9 @@ void MediaFilter::tbsFilter_Click() {
     }
     m_lastCaption = caption;
     if (!m_state.SearchingText && caption == AllFilesTab()) {
+        const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
         m_state.Search = false;
-        m_artistList.Clear(m_controls.lstArtists.ListCount() == 0);
+        m_artistList.Clear(nothingShown);
     } else {
         Raise(RunSearch);
     }

@@ -22,6 +22,8 @@ bool CopyJob::DestinationIsReady() {
 }
 
 bool CopyJob::OfferToCreate(const QString& folder) {
+    // Nor may the probe of a click that failed unexpectedly be deleted: it may be in use by now.
+    m_destination.ProbeFolder.clear();
     const bool isValid = m_destination.ValidatePath(folder);
     // Forgotten before it is deleted: should that fail, a later job may have filled the folder.
     const QString probe = std::exchange(m_destination.ProbeFolder, QString());

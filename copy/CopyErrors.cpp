@@ -39,9 +39,7 @@ ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const C
                        Quoted(place.DestFolder + place.FileName),
                    MessageButtons::AbortRetryIgnore, MessageIcon::Critical);
     default:
-        messages.Show(QStringLiteral("Error ") + QString::number(error.Number) +
-                          QStringLiteral(": ") + error.Description,
-                      QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Critical);
+        ShowError(messages, error);
         return ErrorAnswer::Cleanup;
     }
 }

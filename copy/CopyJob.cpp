@@ -2,6 +2,7 @@
 
 #include "copy/ControlLock.h"
 #include "platform/Paths.h"
+#include "platform/ScopeGuard.h"
 
 #include <new>
 #include <utility>
@@ -44,14 +45,26 @@ void CopyJob::cmdCopy_Click() {
     if (!DestinationIsReady()) {
         return;
     }
-    Start();
-    Next next = Walk();
-    if (next == Next::Step) {
-        next = FinishWalk();
+    ScopeGuard cleanup([this] { Cleanup(); });
+    if (Run() == Next::Leave) {
+        cleanup.Dismiss();
+    } else {
+        cleanup.Run();
     }
-    if (next != Next::Leave) {
-        Cleanup();
+}
+
+/// The whole job. What fails in it outside of any step cannot be tried again, so it ends the job.
+CopyJob::Next CopyJob::Run() {
+    try {
+        Start();
+        const Next next = Walk();
+        return next == Next::Step ? FinishWalk() : next;
+    } catch (const RuntimeError& error) {
+        ShowError(m_messages, error);
+    } catch (const std::bad_alloc&) {
+        ShowError(m_messages, RuntimeError(ErrorNumber::OutOfMemory));
     }
+    return Next::Cleanup;
 }
 
 void CopyJob::Start() {
@@ -77,6 +90,7 @@ void CopyJob::Start() {
 /// Puts the full library in the place of the shown search result, or the result back in its place.
 void CopyJob::ExchangeLibraries() {
     std::swap(m_library.Artists, m_state.SavedArtists);
+    m_resultIsAside = !m_resultIsAside;
 }
 
 CopyJob::Next CopyJob::Walk() {
@@ -152,7 +166,7 @@ void CopyJob::Cleanup() {
     CancelCopy = false;
     Copying = false;
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
-    if (m_state.Search) {
+    if (m_resultIsAside) {
         ExchangeLibraries();
     }
     EnableControls(m_controls, m_state.SearchingText);

@@ -53,6 +53,7 @@ private:
     bool AcceptFreeSpace(const QString& folder);
 
     // The job.
+    Next Run();
     void Start();
     void ExchangeLibraries();
     Next Walk();
@@ -103,4 +104,6 @@ private:
     qint16 m_fileIndex = 0;
     /// Number of ticked tracks.
     qint32 m_fileTotal = 0;
+    /// The job has put the full library in the place of the shown search result.
+    bool m_resultIsAside = false;
 };

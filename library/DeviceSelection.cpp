@@ -1,6 +1,9 @@
 #include "library/DeviceSelection.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ScopeGuard.h"
+
+#include <exception>
 
 namespace {
 
@@ -11,22 +14,11 @@ void IgnoringErrors(const Step& step) {
     try {
         step();
     } catch (const RuntimeError&) {
+        return;
+    } catch (const std::exception&) {
+        return; // no memory, say
     }
 }
-
-/// Shows the hourglass for as long as it lives.
-class HourglassPointer {
-public:
-    explicit HourglassPointer(Window& window) : m_window(window) {
-        m_window.SetMousePointer(MousePointer::Hourglass);
-    }
-    ~HourglassPointer() { m_window.SetMousePointer(MousePointer::Default); }
-    HourglassPointer(const HourglassPointer&) = delete;
-    HourglassPointer& operator=(const HourglassPointer&) = delete;
-
-private:
-    Window& m_window;
-};
 
 /// The drive of an entry, as "E:" of "(E:) MY IPOD".
 QString DriveOfEntry(const QString& entry) {
@@ -43,20 +35,21 @@ DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives, Fil
 }
 
 void DeviceSelection::Combo1_DropDown() {
+    ScopeGuard suppressed([this] { SuppressComboClick = false; });
     SuppressComboClick = true;
-    m_controls.Combo1.Clear();
+    IgnoringErrors([this] { m_controls.Combo1.Clear(); });
     IgnoringErrors([this] { ListDevices(); });
-    m_controls.Combo1.SetText(SelectedDevice);
+    IgnoringErrors([this] { m_controls.Combo1.SetText(SelectedDevice); });
     if (m_controls.Combo1.Text().isEmpty()) {
         ResetWindow();
     }
-    if (m_controls.Combo1.ListCount() == 0) {
-        m_controls.lblMessage.SetCaption(QStringLiteral("No compatible iPod detected."));
-        m_controls.timScan.SetEnabled(true);
-    } else {
-        m_controls.timScan.SetEnabled(false);
+    const bool isEmpty = m_controls.Combo1.ListCount() == 0;
+    if (isEmpty) {
+        IgnoringErrors([this] {
+            m_controls.lblMessage.SetCaption(QStringLiteral("No compatible iPod detected."));
+        });
     }
-    SuppressComboClick = false;
+    IgnoringErrors([this, isEmpty] { m_controls.timScan.SetEnabled(isEmpty); });
 }
 
 void DeviceSelection::timScan_Timer() {
@@ -67,9 +60,9 @@ void DeviceSelection::timScan_Timer() {
     }
     const QString first = m_controls.Combo1.List(0);
     m_controls.Combo1.SetText(first);
+    ScopeGuard suppressed([this] { SuppressComboClick = false; });
     SuppressComboClick = true;
     m_controls.Combo1.SetText(first);
-    SuppressComboClick = false;
 }
 
 void DeviceSelection::Combo1_Click() {
@@ -85,6 +78,7 @@ void DeviceSelection::Combo1_Click() {
         }
         return;
     }
+    ScopeGuard failed([this] { ForgetDevice(); });
     SelectedDevice = LoadedDevice = device;
     PrepareBrowser();
     // The binary database is required even where the SQLite library is used.
@@ -94,15 +88,25 @@ void DeviceSelection::Combo1_Click() {
         m_loadMusic.Library.TrackCount = 0;
         ReportLostDevice();
         Combo1_DropDown();
+        failed.Dismiss();
         return;
     }
-    const HourglassPointer hourglass(m_controls.Form1);
+    ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
+    m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
     if (m_files.FileExists(DevicePaths::LibraryDatabase(driveRoot))) {
         m_loadMusic.LoadSQLiteLibrary(driveRoot);
     } else {
         m_loadMusic.LoadITunesDB(driveRoot);
     }
     ShowLibrary();
+    failed.Dismiss();
+    pointer.Run();
+}
+
+/// What failed half loaded is not shown; choosing the device again loads it.
+void DeviceSelection::ForgetDevice() {
+    m_loadMusic.Library.TrackCount = 0;
+    ResetWindow();
 }
 
 void DeviceSelection::ListDevices() {
@@ -129,20 +133,22 @@ void DeviceSelection::ResetWindow() {
     if (hadDevice) {
         IgnoringErrors([this] { Raise(LibraryLeaves); });
     }
-    if (m_controls.Combo1.ListCount() > 0) {
-        m_controls.lblMessage.SetCaption({}); // else it is about to say that there is no device
+    if (m_controls.Combo1.ListCount() > 0) { // else it is about to say that there is no device
+        IgnoringErrors([this] { m_controls.lblMessage.SetCaption({}); });
     }
-    m_controls.lblFullName.SetCaption({});
-    m_controls.Picture1.Clear();
+    IgnoringErrors([this] { m_controls.lblFullName.SetCaption({}); });
+    IgnoringErrors([this] { m_controls.Picture1.Clear(); });
     for (ListControl* list :
          {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
-        list->Clear();
-        list->SetEnabled(false);
+        IgnoringErrors([list] { list->Clear(); });
+        IgnoringErrors([list] { list->SetEnabled(false); });
     }
-    m_controls.cmdCopy.SetEnabled(false);
-    m_controls.cmdSearch.SetEnabled(false);
-    m_controls.cmdClear.SetEnabled(false);
-    m_controls.txtSearch.SetEnabled(false);
+    for (Control* control :
+         {static_cast<Control*>(&m_controls.cmdCopy), static_cast<Control*>(&m_controls.cmdSearch),
+          static_cast<Control*>(&m_controls.cmdClear),
+          static_cast<Control*>(&m_controls.txtSearch)}) {
+        IgnoringErrors([control] { control->SetEnabled(false); });
+    }
     IgnoringErrors([this] { m_controls.txtSearch.SetText({}); });
     FilterLocked = true; // until a device is chosen
     IgnoringErrors([this] { m_controls.tbsFilter.Select(0); });

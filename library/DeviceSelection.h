@@ -36,6 +36,7 @@ public:
 
 private:
     void ListDevices();
+    void ForgetDevice();
     void ResetWindow();
     void PrepareBrowser();
     void ShowLibrary();

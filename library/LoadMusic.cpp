@@ -3,6 +3,7 @@
 #include "library/ITunesDBReader.h"
 #include "library/LoadProgress.h"
 #include "library/SqliteLibraryReader.h"
+#include "platform/ScopeGuard.h"
 
 #include <new>
 
@@ -29,21 +30,25 @@ LoadMusic::LoadMusic(FileSystem& files, Messages& messages, Form1Controls& contr
 
 void LoadMusic::LoadITunesDB(const QString& driveRoot) {
     LoadProgress progress(Library, m_messages, m_controls);
+    ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
     // An empty track list is meant to stop the load where it is: LoadingMusic and the message stay.
     if (RunReader(progress, [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
-        progress.End();
+        loading.Run();
+    } else {
+        loading.Dismiss();
     }
 }
 
 void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
     LoadProgress progress(Library, m_messages, m_controls);
+    ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
     RunReader(progress, [&] {
         ReadSQLiteLibrary(m_files, driveRoot, Library, progress);
         return true;
     });
-    progress.End();
+    loading.Run();
 }
 
 namespace DevicePaths {

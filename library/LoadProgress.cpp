@@ -37,14 +37,12 @@ void LoadProgress::TrackLoaded() {
 }
 
 void LoadProgress::ShowError(const RuntimeError& error) {
-    m_messages.Show(QStringLiteral("Error ") + QString::number(error.Number) +
-                        QStringLiteral(": ") + error.Description,
-                    QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Critical);
+    ::ShowError(m_messages, error);
 }
 
 void LoadProgress::End() {
-    m_controls.prgCopy.SetValue(0);
     m_library.LoadingMusic = false;
+    m_controls.prgCopy.SetValue(0);
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
+
 #include <QString>
 
 enum class MessageButtons { OK, OKCancel, YesNo, RetryCancel, AbortRetryIgnore };
@@ -16,3 +18,6 @@ public:
     virtual MessageAnswer Show(const QString& text, const QString& title, MessageButtons buttons,
                                MessageIcon icon) = 0;
 };
+
+/// Tells the user of a failure that there is no question about.
+void ShowError(Messages& messages, const RuntimeError& error);

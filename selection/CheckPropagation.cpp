@@ -1,5 +1,7 @@
 #include "selection/CheckPropagation.h"
 
+#include "platform/ScopeGuard.h"
+
 #include <algorithm>
 
 namespace {
@@ -30,31 +32,45 @@ bool AnyChecked(const Records& records) {
 } // namespace
 
 CheckPropagation::CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
-                                   SelectionSummary& summary, Form1Controls& controls)
-    : m_state(state), m_library(library), m_lists(lists), m_summary(summary), m_controls(controls) {
+                                   ArtistList& artistList, SelectionSummary& summary,
+                                   Form1Controls& controls)
+    : m_state(state), m_library(library), m_lists(lists), m_artistList(artistList),
+      m_summary(summary), m_controls(controls) {
 }
 
 void CheckPropagation::lstArtists_ItemCheck(int Item) {
     if (m_state.Building) {
         return;
     }
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
     m_lists.lstArtists_Click();
     ChangeChecks(m_controls.lstArtists, [this, Item] { PropagateArtist(Item); });
+    failed.Dismiss();
 }
 
 void CheckPropagation::lstAlbums_ItemCheck(int Item) {
     if (m_state.Building) {
         return;
     }
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
     m_lists.lstAlbums_Click();
     ChangeChecks(m_controls.lstAlbums, [this, Item] { PropagateAlbum(Item); });
+    failed.Dismiss();
 }
 
 void CheckPropagation::lstSongs_ItemCheck(int Item) {
     if (m_state.Building) {
         return;
     }
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
     ChangeChecks(m_controls.lstSongs, [this, Item] { PropagateSong(Item); });
+    failed.Dismiss();
+}
+
+/// Half done, a change has left marks that fit neither each other nor the lists.
+void CheckPropagation::ShowLibraryAgain() {
+    m_artistList.ShowLibraryAgain();
+    m_summary.CalculateSize(false);
 }
 
 /// The frame around every change: each SetSelected in `propagate` raises ItemCheck again, which
@@ -62,19 +78,21 @@ void CheckPropagation::lstSongs_ItemCheck(int Item) {
 template <class Propagate>
 void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) {
     m_state.Building = true;
+    ScopeGuard building([this] { m_state.Building = false; });
     const int artistRow = m_controls.lstArtists.ListIndex();
     const int albumRow = m_controls.lstAlbums.ListIndex();
     const int songRow = m_controls.lstSongs.ListIndex();
+    ScopeGuard hidden([this] { SetListsVisible(m_controls, true); });
     SetListsVisible(m_controls, false);
 
     propagate();
 
-    SetListsVisible(m_controls, true);
+    hidden.Run();
     m_controls.lstArtists.SetListIndex(artistRow);
     m_controls.lstAlbums.SetListIndex(albumRow);
     m_controls.lstSongs.SetListIndex(songRow);
     m_summary.CalculateSize(false);
-    m_state.Building = false;
+    building.Run();
     m_controls.cmdCopy.SetEnabled(m_controls.lstArtists.SelCount() >= 1 || m_state.CheckedHidden);
     raisedBy.SetFocus();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/LinkedLists.h"
+#include "browser/ArtistList.h"
 #include "selection/SelectionSummary.h"
 
 /// Keeps the check marks of the three lists and the Checked flags of the records in step: a change
@@ -9,7 +9,7 @@
 class CheckPropagation {
 public:
     CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
-                     SelectionSummary& summary, Form1Controls& controls);
+                     ArtistList& artistList, SelectionSummary& summary, Form1Controls& controls);
 
     void lstArtists_ItemCheck(int Item);
     void lstAlbums_ItemCheck(int Item);
@@ -18,6 +18,7 @@ public:
 private:
     template <class Propagate>
     void ChangeChecks(ListControl& raisedBy, Propagate propagate);
+    void ShowLibraryAgain();
     void PropagateArtist(int Item);
     void PropagateAlbum(int Item);
     void PropagateSong(int Item);
@@ -29,6 +30,7 @@ private:
     BrowserState& m_state;
     MusicLibrary& m_library;
     LinkedLists& m_lists;
+    ArtistList& m_artistList;
     SelectionSummary& m_summary;
     Form1Controls& m_controls;
 };

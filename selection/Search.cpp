@@ -1,8 +1,10 @@
 #include "selection/Search.h"
 
 #include "browser/MediaFilter.h"
+#include "platform/ScopeGuard.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -107,6 +109,10 @@ void Search::DoSearch() {
         return;
     }
     const bool tabsHadFocus = m_windowManager.GetFocus() == m_controls.tbsFilter.Handle();
+    ScopeGuard failed([this] {
+        m_artistList.ShowLibraryAgain();
+        m_summary.CalculateSize(false);
+    });
     BeginSearch();
     for (;;) {
         ReplaceLibrary(BuildResult());
@@ -121,6 +127,7 @@ void Search::DoSearch() {
         m_controls.tbsFilter.SetFocus();
     }
     ShowResult();
+    failed.Dismiss();
     if (!m_state.SearchingText && m_controls.tbsFilter.SelectedCaption() == AllFilesTab()) {
         m_artistList.cmdClear_Click(); // the text was deleted while the search ran
     }
@@ -166,9 +173,10 @@ void Search::LowerNames() {
     if (!m_lowered.empty()) {
         return;
     }
-    m_lowered.reserve(m_library.Artists.size());
+    std::vector<LoweredArtist> artists;
+    artists.reserve(m_library.Artists.size());
     for (const ArtistRecord& artist : m_library.Artists) {
-        LoweredArtist& lowered = m_lowered.emplace_back();
+        LoweredArtist& lowered = artists.emplace_back();
         lowered.Name = artist.Name.toLower();
         lowered.Albums.reserve(artist.Albums.size());
         for (const AlbumRecord& album : artist.Albums) {
@@ -180,6 +188,7 @@ void Search::LowerNames() {
             }
         }
     }
+    m_lowered = std::move(artists); // all of them or none
 }
 
 std::vector<ArtistRecord> Search::BuildResult() {

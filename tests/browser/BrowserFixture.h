@@ -52,7 +52,7 @@ public:
     ArtistList Artists{State, Library, Linked, Form.Controls};
     MediaFilter Filter{State, Library, Devices, Artists, Form.Controls};
     SelectionSummary Summary{State, Library, Form.Controls};
-    CheckPropagation Checks{State, Library, Linked, Summary, Form.Controls};
+    CheckPropagation Checks{State, Library, Linked, Artists, Summary, Form.Controls};
     Search WordSearch{State, Library, Artists, Summary, Events, Form.WindowManager, Form.Controls};
 
     /// Shows the described library; nothing is shown of one without artists.

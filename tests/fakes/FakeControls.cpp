@@ -35,6 +35,7 @@ QString FakeListControl::List(int row) const {
 }
 
 void FakeListControl::SetListIndex(int row) {
+    FakeFaults::Call();
     if (row != -1) {
         Require(row);
     }
@@ -49,6 +50,7 @@ bool FakeListControl::Selected(int row) const {
 }
 
 void FakeListControl::SetSelected(int row, bool ticked) {
+    FakeFaults::Call();
     Require(row);
     if (Selected(row) != ticked) {
         Check(row, ticked);
@@ -65,6 +67,7 @@ void FakeListControl::Check(int row, bool ticked) {
 }
 
 void FakeListControl::Clear() {
+    FakeFaults::Call();
     ++ClearCount;
     m_rows.clear();
     m_listIndex = -1;
@@ -73,6 +76,7 @@ void FakeListControl::Clear() {
 }
 
 void FakeListControl::Fill(std::vector<ListRow> rows) {
+    FakeFaults::Call();
     ++FillCount;
     m_rows = std::move(rows);
     m_listIndex = -1;
@@ -174,6 +178,7 @@ QString FakeComboControl::List(int index) const {
 }
 
 void FakeComboControl::Clear() {
+    FakeFaults::Call();
     m_entries.clear();
     m_chosen = -1;
 }
@@ -183,6 +188,7 @@ QString FakeComboControl::Text() const {
 }
 
 void FakeComboControl::SetText(const QString& text) {
+    FakeFaults::Call();
     m_chosen = int(m_entries.indexOf(text));
     if (m_chosen != -1) {
         Raise(Click);
@@ -204,6 +210,7 @@ void FakeComboControl::UserChoose(int index) {
 }
 
 void FakeTextControl::SetText(const QString& text) {
+    FakeFaults::Call();
     if (text == m_text) {
         return;
     }
@@ -213,6 +220,7 @@ void FakeTextControl::SetText(const QString& text) {
 }
 
 void FakeTextControl::Select(int start, int length) {
+    FakeFaults::Call();
     SelectionStart = std::clamp(start, 0, int(m_text.size()));
     SelectionLength = std::clamp(length, 0, int(m_text.size()) - SelectionStart);
 }
@@ -242,6 +250,7 @@ void FakeTextControl::UserReplace(const QString& text) {
 }
 
 void FakeLabelControl::SetCaption(const QString& caption) {
+    FakeFaults::Call();
     if (caption != m_caption) {
         m_caption = caption;
         Captions.append(caption);
@@ -249,6 +258,7 @@ void FakeLabelControl::SetCaption(const QString& caption) {
 }
 
 void FakeLabelControl::SizeToCaption() {
+    FakeFaults::Call();
     int characters = 0;
     for (qsizetype i = 0; i < m_caption.size(); ++i) {
         const bool isMark = m_caption[i] == QLatin1Char('&');
@@ -266,6 +276,7 @@ void FakeLabelControl::UserClick() {
 }
 
 void FakeButtonControl::SetCaption(const QString& caption) {
+    FakeFaults::Call();
     if (caption != m_caption) {
         m_caption = caption;
         Captions.append(caption);
@@ -286,6 +297,7 @@ void FakeCheckControl::UserPress() {
 }
 
 void FakeTabsControl::Select(int index) {
+    FakeFaults::Call();
     RequireIndex(index, Captions.size());
     m_selected = index;
     Raise(Click);
@@ -299,6 +311,7 @@ void FakeTabsControl::UserSelectTab(int index) {
 }
 
 void FakeProgressControl::SetValue(float value) {
+    FakeFaults::Call();
     m_value = value;
     Values.push_back(value);
 }
@@ -328,11 +341,13 @@ void FakeTimerControl::Elapse() {
 }
 
 void FakePopupMenu::PopUp() {
+    FakeFaults::Call();
     ++PopUpCount;
     Raise(WhileOpen);
 }
 
 void FakeMediaPlayerControl::SetSource(const QString& path) {
+    FakeFaults::Call();
     m_source = path;
     Sources.append(path);
     if (path.isEmpty()) {

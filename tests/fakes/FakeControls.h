@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "tests/fakes/FakeFaults.h"
 #include "tests/fakes/FakeFocus.h"
 
 #include <QStringList>
@@ -34,12 +35,14 @@ public:
 
     bool Enabled() const override { return m_enabled; }
     void SetEnabled(bool enabled) override {
+        FakeFaults::Call();
         EnabledChanges += enabled != m_enabled ? 1 : 0;
         m_enabled = enabled;
         GiveUpFocusUnlessUsable();
     }
     bool Visible() const override { return m_visible; }
     void SetVisible(bool visible) override {
+        FakeFaults::Call();
         VisibleChanges += visible != m_visible ? 1 : 0;
         m_visible = visible;
         GiveUpFocusUnlessUsable();
@@ -50,6 +53,7 @@ public:
     double Width() const override { return m_width; }
     double Height() const override { return m_height; }
     void Move(double left, double top, double width, double height) override {
+        FakeFaults::Call();
         const bool same = left == m_left && top == m_top && width == m_width && height == m_height;
         MoveChanges += same ? 0 : 1;
         m_left = left;
@@ -59,6 +63,7 @@ public:
     }
 
     void SetFocus() override {
+        FakeFaults::Call();
         if (Usable()) {
             m_focus->Give(
                 m_handle, [this] { OnGotFocus(); }, [this] { OnLostFocus(); });
@@ -68,8 +73,14 @@ public:
     bool NobodyHasFocus() const { return m_focus->Current() == 0; }
     WindowHandle Handle() const override { return m_handle; }
     QString ToolTip() const override { return m_toolTip; }
-    void SetToolTip(const QString& text) override { m_toolTip = text; }
-    void Refresh() override { ++RefreshCount; }
+    void SetToolTip(const QString& text) override {
+        FakeFaults::Call();
+        m_toolTip = text;
+    }
+    void Refresh() override {
+        FakeFaults::Call();
+        ++RefreshCount;
+    }
 
     /// Whether the user can act on the control.
     bool Usable() const {
@@ -176,7 +187,10 @@ public:
     int ListCount() const override { return int(m_entries.size()); }
     QString List(int index) const override;
     void Clear() override;
-    void AddItem(const QString& text) override { m_entries.append(text); }
+    void AddItem(const QString& text) override {
+        FakeFaults::Call();
+        m_entries.append(text);
+    }
     QString Text() const override;
     void SetText(const QString& text) override;
 
@@ -250,7 +264,10 @@ public:
     QString Caption() const override { return m_caption; }
     void SetCaption(const QString& caption) override;
     bool Default() const override { return m_default; }
-    void SetDefault(bool isDefault) override { m_default = isDefault; }
+    void SetDefault(bool isDefault) override {
+        FakeFaults::Call();
+        m_default = isDefault;
+    }
 
     void UserPress();
 
@@ -301,7 +318,10 @@ public:
     std::vector<float> Values;
 
     float Max() const override { return m_max; }
-    void SetMax(float max) override { m_max = max; }
+    void SetMax(float max) override {
+        FakeFaults::Call();
+        m_max = max;
+    }
     float Value() const override { return m_value; }
     void SetValue(float value) override;
 
@@ -316,8 +336,14 @@ public:
 
     bool ShowsDevice = false;
 
-    void ShowDevice() override { ShowsDevice = true; }
-    void Clear() override { ShowsDevice = false; }
+    void ShowDevice() override {
+        FakeFaults::Call();
+        ShowsDevice = true;
+    }
+    void Clear() override {
+        FakeFaults::Call();
+        ShowsDevice = false;
+    }
 };
 
 class FakeHandleControl : public FakeControlBase<HandleControl> {
@@ -325,7 +351,10 @@ public:
     using FakeControlBase::FakeControlBase;
 
     SystemColor BackColor() const override { return m_color; }
-    void SetBackColor(SystemColor color) override { m_color = color; }
+    void SetBackColor(SystemColor color) override {
+        FakeFaults::Call();
+        m_color = color;
+    }
 
     /// The left mouse button at `x` twips from the handle's left edge.
     void UserMouseDown(double x);
@@ -339,7 +368,10 @@ private:
 class FakeTimerControl : public TimerControl {
 public:
     bool Enabled() const override { return m_enabled; }
-    void SetEnabled(bool enabled) override { m_enabled = enabled; }
+    void SetEnabled(bool enabled) override {
+        FakeFaults::Call();
+        m_enabled = enabled;
+    }
 
     /// Lets the interval pass: raises Timer if the timer is enabled.
     void Elapse();

@@ -5,6 +5,7 @@
 
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
+#include "tests/fakes/FakeFaults.h"
 
 #include <stdexcept>
 
@@ -258,6 +259,7 @@ void FakeFileSystem::Record(FileCall call, const QString& path, const QString& t
                             qint64 size) {
     Calls.push_back({call, path, target, size});
     const RecordedCall recorded = Calls.back();
+    FakeFaults::Call();
     if (BeforeCall) {
         BeforeCall(recorded);
     }

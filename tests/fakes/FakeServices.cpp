@@ -1,6 +1,7 @@
 #include "tests/fakes/FakeServices.h"
 
 #include "platform/RuntimeError.h"
+#include "tests/fakes/FakeFaults.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -29,6 +30,7 @@ std::vector<MessageAnswer> AnswersOf(MessageButtons buttons) {
 
 MessageAnswer FakeMessages::Show(const QString& text, const QString& title, MessageButtons buttons,
                                  MessageIcon icon) {
+    FakeFaults::Call();
     const ShownMessage message{text, title, buttons, icon};
     Shown.push_back(message);
     if (WhileShown) {
@@ -55,6 +57,7 @@ QStringList FakeMessages::Texts() const {
 }
 
 void FakeEventLoop::Yield() {
+    FakeFaults::Call();
     const int number = ++Yields;
     if (OnYield) {
         OnYield(number);
@@ -62,17 +65,20 @@ void FakeEventLoop::Yield() {
 }
 
 QString FakeSettingsStore::Read(const QString& key, const QString& defaultValue) {
+    FakeFaults::Call();
     Reads.append(key);
     return Values.value(key, defaultValue);
 }
 
 void FakeSettingsStore::Write(const QString& key, const QString& value) {
+    FakeFaults::Call();
     Writes.append(key);
     Values.insert(key, value);
 }
 
 QString FakeShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                    const QString& startFolder) {
+    FakeFaults::Call();
     ++BrowseCount;
     Owner = owner;
     Prompt = prompt;
@@ -81,6 +87,7 @@ QString FakeShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
 }
 
 std::vector<Drive> FakeDriveService::Drives() {
+    FakeFaults::Call();
     ++Listed;
     std::vector<Drive> drives;
     for (const FakeDrive& mounted : Mounted) {
@@ -90,6 +97,7 @@ std::vector<Drive> FakeDriveService::Drives() {
 }
 
 bool FakeDriveService::IsRemovable(const Drive& drive) {
+    FakeFaults::Call();
     const FakeDrive& mounted = Find(drive);
     if (mounted.IsRemovableFails) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
@@ -98,6 +106,7 @@ bool FakeDriveService::IsRemovable(const Drive& drive) {
 }
 
 QString FakeDriveService::VolumeName(const Drive& drive) {
+    FakeFaults::Call();
     const FakeDrive& mounted = Find(drive);
     if (mounted.VolumeNameFails) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 void FakeWindow::SetCaption(const QString& caption) {
+    FakeFaults::Call();
     if (caption != m_caption) {
         m_caption = caption;
         Captions.append(caption);
@@ -10,6 +11,7 @@ void FakeWindow::SetCaption(const QString& caption) {
 }
 
 void FakeWindow::SetState(WindowState state) {
+    FakeFaults::Call();
     if (state != m_state) {
         m_state = state;
         Raise(Resize);
@@ -33,11 +35,13 @@ double FakeWindow::Height() const {
 }
 
 void FakeWindow::MoveTo(double left, double top) {
+    FakeFaults::Call();
     m_left = left;
     m_top = top;
 }
 
 void FakeWindow::SetSize(double width, double height) {
+    FakeFaults::Call();
     if (width == m_width && height == m_height) {
         return;
     }
@@ -55,6 +59,7 @@ void FakeWindow::SetMinimumSize(double scaleWidth, double scaleHeight) {
 }
 
 void FakeWindow::Show() {
+    FakeFaults::Call();
     ++ShowCount;
     Visible = true;
     Closed = false;
@@ -74,6 +79,7 @@ void FakeWindow::ShowModal() {
 }
 
 void FakeWindow::Hide() {
+    FakeFaults::Call();
     ++HideCount;
     Visible = false;
 }

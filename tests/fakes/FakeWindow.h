@@ -3,6 +3,7 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 #include "platform/WindowManager.h"
+#include "tests/fakes/FakeFaults.h"
 #include "tests/fakes/FakeFocus.h"
 
 #include <QString>
@@ -63,8 +64,14 @@ public:
     void Hide() override;
     void Unload() override { Close(UnloadMode::Program); }
 
-    void Refresh() override { ++RefreshCount; }
-    void SetMousePointer(MousePointer pointer) override { MousePointers.push_back(pointer); }
+    void Refresh() override {
+        FakeFaults::Call();
+        ++RefreshCount;
+    }
+    void SetMousePointer(MousePointer pointer) override {
+        FakeFaults::Call();
+        MousePointers.push_back(pointer);
+    }
     double TextWidth(const QString& text) override { return double(text.size()) * CharacterWidth; }
 
     /// The pointer set last.

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Messages.h"
+
+#include <QApplication>
+
+#include <functional>
+
+/// Runs `work` and tells the user what it fails with. False when it failed.
+bool TellFailure(Messages& messages, const std::function<void()>& work);
+
+/// The program's event loop. A handler that fails unexpectedly ends with a message, and the program
+/// goes on.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    /// Where failures are told; must be set before the first event.
+    Messages* MessageBoxes = nullptr;
+
+    bool notify(QObject* receiver, QEvent* event) override;
+};

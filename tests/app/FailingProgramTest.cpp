@@ -1,0 +1,261 @@
+// The whole program, with one call after another of a window, a control or a service failing in
+// ways that nobody expects. Whatever fails, the next request must work.
+
+#include "tests/app/ProgramFixture.h"
+#include "tests/fakes/UnexpectedFailure.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString Q(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+const char* const Targets[][2] = {
+    {"D:\\Music\\Blue River\\Deep\\01 Source.mp3", "E:\\iPod_Control\\Music\\F00\\AAAA.mp3"},
+    {"D:\\Music\\Blue River\\Deep\\02 Delta.mp3", "E:\\iPod_Control\\Music\\F00\\AAAB.mp3"},
+    {"D:\\Music\\Blue River\\Wide\\01 Estuary.mp3", "E:\\iPod_Control\\Music\\F00\\AAAC.mp3"},
+    {"D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3", "E:\\iPod_Control\\Music\\F01\\AAAE.mp3"},
+    {"D:\\Music\\The Lamps\\Evening\\02 Dusk.mp3", "E:\\iPod_Control\\Music\\F01\\AAAD.mp3"},
+    {"D:\\Music\\The Lamps\\Evening\\Film.m4v", "E:\\iPod_Control\\Music\\F01\\AAAF.m4v"},
+};
+
+class FailingProgram : public ProgramFixture {
+public:
+    FailingProgram() {
+        AtPrompt = [](OverwritePrompt& prompt) {
+            prompt.OverwriteAnswer = OverwritePrompt::Replace;
+            prompt.OverwriteAll = true;
+        };
+    }
+
+    void StartWithTwoDevices() {
+        PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
+        PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+        Start();
+        form.txtDestination.SetText(Q("D:\\Music"));
+    }
+
+    /// Nothing is hidden, nothing is busy, and no file is half copied.
+    void ExpectAtRest() {
+        for (const FakeListControl* list : {&form.lstArtists, &form.lstAlbums, &form.lstSongs}) {
+            EXPECT_TRUE(list->Visible());
+        }
+        EXPECT_EQ(form.Form1.Pointer(), MousePointer::Default);
+        EXPECT_NE(form.cmdCopy.Caption(), Q("&Cancel"));
+        for (const FakeControl* control : {&form.Picture2, &form.frmDP, &form.frmTN}) {
+            EXPECT_TRUE(control->Enabled());
+        }
+        EXPECT_TRUE(form.tbsFilter.Enabled());
+        EXPECT_TRUE(form.Combo1.Enabled());
+        EXPECT_TRUE(form.txtDestination.Enabled());
+        EXPECT_EQ(files.ChangesBelow(Q("E:")), QStringList());
+        EXPECT_EQ(files.OpenFiles, 0);
+        for (const QString& file : files.FilesBelow(Q("D:\\Music"))) {
+            EXPECT_TRUE(IsWhole(file)) << file.toStdString();
+        }
+    }
+
+    /// Chooses the last device listed, as a user does who finds the window empty.
+    void ChooseDevice() {
+        if (form.Combo1.ListCount() == 0) {
+            form.timScan.Elapse();
+        }
+        form.Combo1.UserDropDown();
+        form.Combo1.UserChoose(form.Combo1.ListCount() - 1);
+        EXPECT_EQ(form.lstArtists.Texts(),
+                  QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
+    }
+
+    /// Ticks all and copies all, through a search and back.
+    void ExpectNextRequestsWork() {
+        form.txtSearch.UserReplace(Q("dusk"));
+        EXPECT_EQ(form.lstSongs.Texts().last(), Q("Dusk"));
+        form.txtSearch.UserReplace(QString());
+        form.tbsFilter.UserSelectTab(2);
+        EXPECT_EQ(form.lstSongs.Texts().last(), Q("Film"));
+        form.tbsFilter.UserSelectTab(0);
+        if (!form.lstArtists.Selected(0)) {
+            form.lstArtists.UserTick(0, true);
+        }
+        EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 3.5 MB of 3.5 MB"));
+        messages.Shown.clear();
+        form.cmdCopy.UserPress();
+        EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
+        for (const auto& [target, source] : Targets) {
+            EXPECT_TRUE(files.HasFile(Q(target))) << target;
+        }
+        ExpectAtRest();
+        form.Form1.UserClose();
+        EXPECT_TRUE(form.Form1.Closed);
+        EXPECT_EQ(store.Values.size(), 10);
+    }
+
+private:
+    bool IsWhole(const QString& file) {
+        for (const auto& [target, source] : Targets) {
+            if (Q(target) == file) {
+                return files.SameContent(file, Q(source));
+            }
+        }
+        return false;
+    }
+};
+
+using Act = std::function<void(FailingProgram&)>;
+
+struct Scenario {
+    const char* Name;
+    Act Prepare;
+    Act Handler;
+    /// What the user does about it; nothing where the window shows the library all along.
+    Act Remedy;
+};
+
+void PrintTo(const Scenario& scenario, std::ostream* out) {
+    *out << scenario.Name;
+}
+
+const Act Nothing = [](FailingProgram&) {};
+const Act Start = [](FailingProgram& program) { program.StartWithTwoDevices(); };
+const Act StartAndTick = [](FailingProgram& program) {
+    program.StartWithTwoDevices();
+    program.form.lstArtists.UserTick(0, true);
+};
+const Act StartAndSearch = [](FailingProgram& program) {
+    StartAndTick(program);
+    program.form.txtSearch.UserReplace(Q("river"));
+};
+const Act StartEmpty = [](FailingProgram& program) {
+    program.Start();
+    program.form.txtDestination.SetText(Q("D:\\Music"));
+    program.PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
+};
+const Act Copy = [](FailingProgram& program) { program.form.cmdCopy.UserPress(); };
+const Act ChooseAgain = [](FailingProgram& program) { program.ChooseDevice(); };
+
+const Scenario Scenarios[] = {
+    {"choose another device", Start,
+     [](FailingProgram& program) { program.form.Combo1.UserChoose(1); }, ChooseAgain},
+    {"choose another device during a search", StartAndSearch,
+     [](FailingProgram& program) { program.form.Combo1.UserChoose(1); }, ChooseAgain},
+    {"open the list of devices", Start,
+     [](FailingProgram& program) { program.form.Combo1.UserDropDown(); }, ChooseAgain},
+    {"choose a device that is gone",
+     [](FailingProgram& program) {
+         Start(program);
+         program.Unplug(QLatin1Char('F'));
+     },
+     [](FailingProgram& program) { program.form.Combo1.UserChoose(1); }, ChooseAgain},
+    {"poll for devices", StartEmpty, [](FailingProgram& program) { program.form.timScan.Elapse(); },
+     ChooseAgain},
+    {"copy", StartAndTick, Copy, Nothing},
+    {"copy over earlier files",
+     [](FailingProgram& program) {
+         StartAndTick(program);
+         Copy(program);
+     },
+     Copy, Nothing},
+    {"copy while a result is shown", StartAndSearch, Copy, Nothing},
+    {"cancel a copy", StartAndTick,
+     [](FailingProgram& program) {
+         program.events.OnYield = [&program](int yield) {
+             if (yield == 3) {
+                 RunHandler([&program] { program.form.cmdCopy.UserPress(); });
+             }
+         };
+         Copy(program);
+     },
+     Nothing},
+    {"quit a copy, on second thoughts not", StartAndTick,
+     [](FailingProgram& program) {
+         program.messages.Answers = {MessageAnswer::No};
+         program.events.OnYield = [&program](int yield) {
+             if (yield == 3) {
+                 RunHandler([&program] { program.form.Form1.UserClose(); });
+             }
+         };
+         Copy(program);
+     },
+     Nothing},
+    {"preview", Start,
+     [](FailingProgram& program) {
+         program.form.lstSongs.UserClick(1);
+         program.form.mnuPreview.Click();
+     },
+     [](FailingProgram& program) {
+         program.form.lstArtists.UserClick(0);
+         program.form.lstSongs.UserClick(1);
+         program.form.mnuPreview.Click();
+         EXPECT_EQ(program.player.Source(), Q("E:\\iPod_Control\\Music\\F00\\AAAB.mp3"));
+         EXPECT_TRUE(program.frmPreview.Visible);
+     }},
+    {"close the preview",
+     [](FailingProgram& program) {
+         Start(program);
+         program.form.lstSongs.UserClick(1);
+         program.form.mnuPreview.Click();
+     },
+     [](FailingProgram& program) { program.frmPreview.UserClose(); },
+     [](FailingProgram& program) {
+         program.frmPreview.UserClose();
+         EXPECT_FALSE(program.frmPreview.Visible);
+         EXPECT_EQ(program.player.Source(), QString());
+     }},
+    {"resize", Start, [](FailingProgram& program) { program.form.Form1.UserResize(15000, 10000); },
+     [](FailingProgram& program) {
+         program.form.Form1.UserResize(16000, 11000);
+         FailingProgram other;
+         Start(other);
+         other.form.Form1.UserResize(16000, 11000);
+         EXPECT_EQ(program.form.prgCopy.Width(), other.form.prgCopy.Width());
+         EXPECT_EQ(program.form.lstSongs.Height(), other.form.lstSongs.Height());
+         EXPECT_EQ(program.form.cmdCopy.Top(), other.form.cmdCopy.Top());
+     }},
+    {"minimise and come back", Start,
+     [](FailingProgram& program) {
+         program.form.Form1.SetState(WindowState::Minimized);
+         program.form.Form1.SetState(WindowState::Normal);
+     },
+     [](FailingProgram& program) { program.form.Form1.SetState(WindowState::Normal); }},
+    {"drag a splitter", Start,
+     [](FailingProgram& program) {
+         program.form.Handle0.UserMouseDown(10);
+         program.form.Handle0.UserMouseMove(500);
+         program.form.Handle0.UserMouseUp(500);
+     },
+     [](FailingProgram& program) {
+         program.form.Handle0.UserMouseDown(10);
+         program.form.Handle0.UserMouseUp(10);
+         EXPECT_EQ(program.form.Handle0.BackColor(), SystemColor::ButtonFace);
+     }},
+    {"close", Start, [](FailingProgram& program) { program.form.Form1.UserClose(); },
+     [](FailingProgram& program) { program.form.Form1.Show(); }},
+};
+
+class FailingProgramTest : public testing::TestWithParam<Scenario> {};
+
+} // namespace
+
+TEST_P(FailingProgramTest, TheNextRequestWorks) {
+    int nth = 0;
+    for (bool struck = true; struck && !HasFailure();) {
+        ++nth;
+        for (int kind = 0; kind < 3; ++kind) {
+            SCOPED_TRACE(testing::Message() << "call " << nth << ", kind " << kind);
+            FailingProgram program;
+            GetParam().Prepare(program);
+            struck = RunFailing([&] { GetParam().Handler(program); }, nth, kind);
+            program.events.OnYield = {};
+            program.messages.Answers.clear();
+            program.ExpectAtRest();
+            GetParam().Remedy(program);
+            program.ExpectNextRequestsWork();
+        }
+    }
+    EXPECT_GT(nth, 1);
+    RecordProperty("failures", 3 * (nth - 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Handlers, FailingProgramTest, testing::ValuesIn(Scenarios));
