@@ -57,12 +57,13 @@ public:
         }
     }
 
-    /// Chooses the last device listed, as a user does who finds the window empty.
+    /// Chooses another device and the last one again, as a user does who finds the window empty: a
+    /// device that was loaded as far as its database could be read is not loaded again before.
     void ChooseDevice() {
-        if (form.Combo1.ListCount() == 0) {
-            form.timScan.Elapse();
-        }
+        form.timScan.Elapse();
         form.Combo1.UserDropDown();
+        ASSERT_GT(form.Combo1.ListCount(), 0);
+        form.Combo1.UserChoose(0);
         form.Combo1.UserChoose(form.Combo1.ListCount() - 1);
         EXPECT_EQ(form.lstArtists.Texts(),
                   QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
@@ -76,6 +77,7 @@ public:
         form.tbsFilter.UserSelectTab(2);
         EXPECT_EQ(form.lstSongs.Texts().last(), Q("Film"));
         form.tbsFilter.UserSelectTab(0);
+        ASSERT_EQ(form.lstArtists.ListCount(), 3);
         if (!form.lstArtists.Selected(0)) {
             form.lstArtists.UserTick(0, true);
         }
@@ -131,6 +133,7 @@ const Act StartEmpty = [](FailingProgram& program) {
     program.Start();
     program.form.txtDestination.SetText(Q("D:\\Music"));
     program.PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
+    program.PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
 };
 const Act Copy = [](FailingProgram& program) { program.form.cmdCopy.UserPress(); };
 const Act ChooseAgain = [](FailingProgram& program) { program.ChooseDevice(); };
@@ -157,7 +160,12 @@ const Scenario Scenarios[] = {
          Copy(program);
      },
      Copy, Nothing},
-    {"copy while a result is shown", StartAndSearch, Copy, Nothing},
+    {"copy while a result is shown", StartAndSearch, Copy,
+     [](FailingProgram& program) {
+         EXPECT_EQ(program.form.lstArtists.Texts(),
+                   QStringList({Q("All (1 Artist)"), Q("Blue River")}));
+         program.form.cmdClear.UserPress();
+     }},
     {"cancel a copy", StartAndTick,
      [](FailingProgram& program) {
          program.events.OnYield = [&program](int yield) {
@@ -170,7 +178,6 @@ const Scenario Scenarios[] = {
      Nothing},
     {"quit a copy, on second thoughts not", StartAndTick,
      [](FailingProgram& program) {
-         program.messages.Answers = {MessageAnswer::No};
          program.events.OnYield = [&program](int yield) {
              if (yield == 3) {
                  RunHandler([&program] { program.form.Form1.UserClose(); });
@@ -241,21 +248,18 @@ class FailingProgramTest : public testing::TestWithParam<Scenario> {};
 TEST_P(FailingProgramTest, TheNextRequestWorks) {
     int nth = 0;
     for (bool struck = true; struck && !HasFailure();) {
-        ++nth;
-        for (int kind = 0; kind < 3; ++kind) {
-            SCOPED_TRACE(testing::Message() << "call " << nth << ", kind " << kind);
-            FailingProgram program;
-            GetParam().Prepare(program);
-            struck = RunFailing([&] { GetParam().Handler(program); }, nth, kind);
-            program.events.OnYield = {};
-            program.messages.Answers.clear();
-            program.ExpectAtRest();
-            GetParam().Remedy(program);
-            program.ExpectNextRequestsWork();
-        }
+        SCOPED_TRACE(testing::Message() << "call " << ++nth);
+        FailingProgram program;
+        GetParam().Prepare(program);
+        struck = RunFailing([&] { GetParam().Handler(program); }, nth, nth);
+        program.events.OnYield = {};
+        program.ExpectAtRest();
+        GetParam().Remedy(program);
+        ASSERT_EQ(program.form.lstArtists.ListCount(), 3);
+        program.ExpectNextRequestsWork();
     }
     EXPECT_GT(nth, 1);
-    RecordProperty("failures", 3 * (nth - 1));
+    RecordProperty("failures", nth - 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Handlers, FailingProgramTest, testing::ValuesIn(Scenarios));
