@@ -10,8 +10,8 @@ Preview::Preview(const BrowserState& state, LinkedLists& lists, FileSystem& file
 
 void Preview::mnuPreview_Click() {
     const int row = m_controls.lstSongs.ListIndex();
-    if (row < 1 || m_state.Building) {
-        return; // the row went while the menu stood open
+    if (row < 1 || m_state.Building || !m_controls.lstSongs.Enabled()) {
+        return; // the row went, or a job began, while the menu stood open
     }
     const QString path = m_lists.Track(row).Location;
     if (!m_files.FileExists(path)) {
