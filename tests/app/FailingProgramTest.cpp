@@ -57,13 +57,15 @@ public:
         }
     }
 
-    /// Chooses another device and the last one again, as a user does who finds the window empty: a
-    /// device that was loaded as far as its database could be read is not loaded again before.
+    /// Chooses the last device, as a user does who finds the window empty. One whose database could
+    /// be read only so far counts as loaded, and is loaded again only after another one.
     void ChooseDevice() {
         form.timScan.Elapse();
         form.Combo1.UserDropDown();
         ASSERT_GT(form.Combo1.ListCount(), 0);
-        form.Combo1.UserChoose(0);
+        if (FailsInReader) {
+            form.Combo1.UserChoose(0);
+        }
         form.Combo1.UserChoose(form.Combo1.ListCount() - 1);
         EXPECT_EQ(form.lstArtists.Texts(),
                   QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
@@ -93,6 +95,9 @@ public:
         EXPECT_TRUE(form.Form1.Closed);
         EXPECT_EQ(store.Values.size(), 10);
     }
+
+    /// A failure of this kind is told by the reader of a database, if it strikes there.
+    bool FailsInReader = false;
 
 private:
     bool IsWhole(const QString& file) {
@@ -251,6 +256,7 @@ TEST_P(FailingProgramTest, TheNextRequestWorks) {
         SCOPED_TRACE(testing::Message() << "call " << ++nth);
         FailingProgram program;
         GetParam().Prepare(program);
+        program.FailsInReader = nth % 3 != 2; // the third kind is a programming error
         struck = RunFailing([&] { GetParam().Handler(program); }, nth, nth);
         program.events.OnYield = {};
         program.ExpectAtRest();

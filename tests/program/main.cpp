@@ -1,0 +1,16 @@
+#include "app/Application.h"
+#include "tests/fakes/FakeServices.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    // The tests press keys and buttons of their own; nobody else's may come between.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    Application application(argc, argv);
+    FakeMessages messages;
+    application.MessageBoxes = &messages;
+    testing::InitGoogleTest(&argc, argv);
+    const int result = RUN_ALL_TESTS();
+    // A failure that no test waits for is one too.
+    return messages.Shown.empty() ? result : 1;
+}
