@@ -17,15 +17,27 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override {
         event->accept();
+        m_held = true;
         Pressed(MouseInput::OfButton(*event, event->position()));
     }
     void mouseMoveEvent(QMouseEvent* event) override {
         event->accept();
+        if (m_held && event->buttons() == Qt::NoButton) {
+            Release(*event); // a message opened over the drag, and the release went there
+        }
         Moved(MouseInput::OfMove(*event, event->position()));
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
         event->accept();
-        Released(MouseInput::OfButton(*event, event->position()));
+        Release(*event);
+    }
+
+private:
+    bool m_held = false;
+
+    void Release(const QMouseEvent& event) {
+        m_held = false;
+        Released(MouseInput::OfButton(event, event.position()));
     }
 };
 

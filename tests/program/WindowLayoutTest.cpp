@@ -2,7 +2,9 @@
 
 #include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
+#include "tests/window/QtInput.h"
 
+#include <QDialog>
 #include <QGroupBox>
 #include <QTest>
 
@@ -125,6 +127,25 @@ TEST_F(WindowLayout, ASplitterIsDarkOnlyWhileItIsHeld) {
     Start(SmallLibrary());
     Drag("Handle0", 10);
     EXPECT_EQ(controls.Handle0.BackColor(), SystemColor::ButtonFace);
+}
+
+TEST_F(WindowLayout, ASplitterLetsGoWhenAMessageTakesTheMouseAway) {
+    Start(SmallLibrary());
+    QWidget& handle = Widget("Handle0");
+    QtInput::Press(handle, handle.rect().center());
+    ASSERT_EQ(controls.Handle0.BackColor(), SystemColor::DarkShadow3D);
+    {
+        QDialog message(&Top());
+        message.setWindowModality(Qt::ApplicationModal);
+        message.show();
+        QCoreApplication::processEvents();
+        QtInput::Release(handle, handle.rect().center());
+    }
+    const double width = controls.lstArtists.Width();
+    QtInput::MoveTo(handle, QPoint(0, 30));
+    QtInput::MoveTo(handle, QPoint(2, 40));
+    EXPECT_EQ(controls.Handle0.BackColor(), SystemColor::ButtonFace);
+    EXPECT_EQ(controls.lstArtists.Width(), width);
 }
 
 TEST_F(WindowLayout, TheGenreBoxThatDoesNothingIsNotShown) {
