@@ -56,6 +56,11 @@ void SetMayHaveFocus(QWidget& widget, bool mayHaveFocus) {
     widget.setProperty(MayHaveFocus, mayHaveFocus);
 }
 
+bool IsReached(const QWidget& widget) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return widget.isEnabled() && (modal == nullptr || modal == widget.window());
+}
+
 void Place(QWidget& widget, double left, double top, double width, double height) {
     widget.setGeometry(Twips::ToPixels(left, top, width, height));
 }

@@ -20,6 +20,10 @@ WindowHandle ControlOf(const QWidget* widget);
 /// Whether the control may count as the one that has the focus.
 void SetMayHaveFocus(QWidget& widget, bool mayHaveFocus);
 
+/// Whether a click of the user reaches the widget now. A button pressed by its shortcut, or by a
+/// screen reader, is clicked a moment later, when it may be disabled or stand behind a message.
+bool IsReached(const QWidget& widget);
+
 /// Places the widget by twips.
 void Place(QWidget& widget, double left, double top, double width, double height);
 

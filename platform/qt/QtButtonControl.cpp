@@ -27,7 +27,11 @@ protected:
 QtButtonControl::QtButtonControl(QWidget* parent, const QString& name, const QString& caption)
     : QtControl(new PushButton(caption, parent), name) {
     Widget()->setAutoDefault(false);
-    QObject::connect(Widget(), &QPushButton::clicked, Widget(), [this] { Raise(Click); });
+    QObject::connect(Widget(), &QPushButton::clicked, Widget(), [this] {
+        if (ControlWidget::IsReached(*Widget())) {
+            Raise(Click);
+        }
+    });
 }
 
 void QtButtonControl::SetDefault(bool isDefault) {

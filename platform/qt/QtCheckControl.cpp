@@ -2,8 +2,28 @@
 
 #include "platform/qt/BoxPalette.h"
 
+namespace {
+
+class CheckBox : public QCheckBox {
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void nextCheckState() override {
+        if (ControlWidget::IsReached(*this)) {
+            QCheckBox::nextCheckState();
+        }
+    }
+};
+
+} // namespace
+
 QtCheckControl::QtCheckControl(QWidget* parent, const QString& name, const QString& caption)
-    : QtControl(new QCheckBox(caption, parent), name) {
+    : QtControl(new CheckBox(caption, parent), name) {
     Widget()->setPalette(WithVisibleBoxes(Widget()->palette()));
-    QObject::connect(Widget(), &QCheckBox::clicked, Widget(), [this] { Raise(Click); });
+    QObject::connect(Widget(), &QCheckBox::clicked, Widget(), [this] {
+        if (ControlWidget::IsReached(*Widget())) {
+            Raise(Click);
+        }
+    });
 }

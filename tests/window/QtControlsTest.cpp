@@ -1,4 +1,5 @@
 #include "platform/qt/QtButtonControl.h"
+#include "platform/qt/QtCheckControl.h"
 #include "platform/qt/QtComboControl.h"
 #include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtProgressControl.h"
@@ -53,6 +54,54 @@ TEST_F(QtControls, NonsenseGeometryDoesNoHarm) {
 TEST_F(QtControls, EveryWidgetBearsTheNameOfItsControl) {
     QtTextControl text(&window, QStringLiteral("txtSearch"));
     EXPECT_EQ(window.findChild<QLineEdit*>(QStringLiteral("txtSearch")), text.Widget());
+}
+
+/// Longer than a button that was pressed by its shortcut stays down.
+constexpr int AfterTheClick = 250;
+
+TEST_F(QtControls, AShortcutsClickThatComesLateIsLostOnAButtonThatWasDisabled) {
+    QtButtonControl button(&window, QStringLiteral("button"), QStringLiteral("&Go"));
+    int clicks = 0;
+    button.Click = [&clicks] { ++clicks; };
+    Show();
+    QTest::keyClick(&window, Qt::Key_G, Qt::AltModifier);
+    EXPECT_TRUE(button.Widget()->isDown());
+    button.SetEnabled(false);
+    QTest::qWait(AfterTheClick);
+    EXPECT_EQ(clicks, 0);
+    button.SetEnabled(true);
+    QTest::keyClick(&window, Qt::Key_G, Qt::AltModifier);
+    QTest::qWait(AfterTheClick);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtControls, AShortcutsClickThatComesLateIsLostBehindAMessage) {
+    QtButtonControl button(&window, QStringLiteral("button"), QStringLiteral("&Go"));
+    int clicks = 0;
+    button.Click = [&clicks] { ++clicks; };
+    Show();
+    QTest::keyClick(&window, Qt::Key_G, Qt::AltModifier);
+    QDialog message(&window);
+    message.setWindowModality(Qt::ApplicationModal);
+    message.show();
+    QTest::qWait(AfterTheClick);
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(QtControls, ALateClickOfAScreenReaderTicksNoDisabledBox) {
+    QtCheckControl box(&window, QStringLiteral("box"), QStringLiteral("Artist"));
+    int clicks = 0;
+    box.Click = [&clicks] { ++clicks; };
+    Show();
+    box.Widget()->animateClick();
+    box.SetEnabled(false);
+    QTest::qWait(AfterTheClick);
+    EXPECT_EQ(box.Value(), 0);
+    box.SetEnabled(true);
+    box.Widget()->animateClick();
+    QTest::qWait(AfterTheClick);
+    EXPECT_EQ(box.Value(), 1);
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(QtControls, EnterInATextBoxPressesTheDefaultButton) {
