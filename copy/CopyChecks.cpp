@@ -15,10 +15,21 @@ bool CopyJob::DestinationIsReady() {
         m_controls.txtDestination.SetFocus();
         return false;
     }
+    // The iPod is only read, whatever path leads there.
+    if (m_files.IsOnIpod(folder)) {
+        RefuseDestination(folder);
+        return false;
+    }
     if (!m_files.FolderExists(folder) && !OfferToCreate(folder)) {
         return false;
     }
     return AcceptFreeSpace(folder);
+}
+
+void CopyJob::RefuseDestination(const QString& folder) {
+    Ask(QStringLiteral("Invalid destination path."), MessageButtons::OK, MessageIcon::Exclamation);
+    m_controls.txtDestination.SetFocus();
+    m_controls.txtDestination.Select(0, static_cast<int>(folder.size()));
 }
 
 bool CopyJob::OfferToCreate(const QString& folder) {
@@ -31,10 +42,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
         return false;
     }
     if (!isValid) {
-        Ask(QStringLiteral("Invalid destination path."), MessageButtons::OK,
-            MessageIcon::Exclamation);
-        m_controls.txtDestination.SetFocus();
-        m_controls.txtDestination.Select(0, static_cast<int>(folder.size()));
+        RefuseDestination(folder);
         return false;
     }
     if (Ask(QStringLiteral("Destination folder does not exist. Create?"), MessageButtons::OKCancel,

@@ -49,6 +49,7 @@ private:
 
     // Checks before a job.
     bool DestinationIsReady();
+    void RefuseDestination(const QString& folder);
     bool OfferToCreate(const QString& folder);
     bool AcceptFreeSpace(const QString& folder);
 

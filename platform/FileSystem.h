@@ -61,6 +61,10 @@ public:
     /// system lets it. Never throws: a copy is whole without it.
     virtual void CopyModificationTime(const QString& source, const QString& target) = 0;
 
+    /// Whether `path` lies, or would lie, on a drive that is an iPod, whatever leads there. Nothing
+    /// is ever changed on one: what would do so throws PermissionDenied. Never throws.
+    virtual bool IsOnIpod(const QString& path) = 0;
+
     /// The drive that holds `path`, as it is named to the user: the first two characters in drive
     /// form, the mount point in native form.
     virtual QString DriveOf(const QString& path) = 0;

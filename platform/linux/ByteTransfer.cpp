@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <memory>
 #include <unistd.h>
 
@@ -52,10 +53,11 @@ off_t TransferInKernel(int source, int target, off_t size) {
 }
 
 off_t TransferInBlocks(int source, int target, off_t size) {
-    const std::unique_ptr<char[]> block(new char[static_cast<size_t>(BlockSize)]);
+    const off_t blockSize = std::min(size, BlockSize);
+    const std::unique_ptr<char[]> block(new char[static_cast<size_t>(blockSize)]);
     off_t copied = 0;
     while (copied < size) {
-        const auto step = static_cast<size_t>(std::min(size - copied, BlockSize));
+        const auto step = static_cast<size_t>(std::min(size - copied, blockSize));
         const ssize_t count = ReadSome(source, block.get(), step);
         if (count == 0) {
             break;
@@ -71,4 +73,8 @@ off_t TransferInBlocks(int source, int target, off_t size) {
 off_t TransferBytes(int source, int target, off_t size) {
     const off_t copied = size > BlocksAreFaster ? TransferInKernel(source, target, size) : 0;
     return copied + TransferInBlocks(source, target, size - copied);
+}
+
+void TransferRest(int source, int target) {
+    TransferInBlocks(source, target, std::numeric_limits<off_t>::max());
 }

@@ -2,12 +2,11 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/linux/BeneathOpen.h"
+#include "platform/linux/ByteTransfer.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/LinuxErrors.h"
-#include "platform/linux/LinuxFile.h"
 
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,54 +15,54 @@ namespace {
 
 /// The umask takes its bits away. The source's own mode means nothing: on FAT all is executable.
 constexpr mode_t NewFileMode = 0666;
-constexpr size_t KernelStep = size_t{1} << 30;
-/// Measured: larger blocks are not read faster, and these stay in the processor's cache until they
-/// are written.
-constexpr size_t BlockSize = size_t{256} << 10;
-/// Up to this length blocks are faster than the kernel's own copy, which pays off where a disk can
-/// share the bytes of two files or a server copies by itself.
-constexpr off_t BlocksAreFaster = off_t{1} << 20;
 
-bool IsDiskFailure(int error) {
-    return error == ENOSPC || error == EDQUOT || error == EIO;
-}
-
-/// Lets the kernel copy what it can; returns the number of bytes. It may stop early without an
-/// error: between two file systems, or where a file system reports no length.
-off_t CopyInKernel(int source, int target) {
-    off_t copied = 0;
-    while (true) {
-        const ssize_t count = copy_file_range(source, nullptr, target, nullptr, KernelStep, 0);
-        if (count > 0) {
-            copied += count;
-        } else if (count == 0 || errno != EINTR) {
-            if (count < 0 && IsDiskFailure(errno)) {
-                ThrowError(errno);
-            }
-            return copied;
-        }
+void SeekTo(int file, off_t position) {
+    if (lseek(file, position, SEEK_SET) != position) {
+        ThrowError(errno);
     }
 }
 
-off_t CopyInBlocks(int source, int target) {
-    off_t copied = 0;
-    const std::unique_ptr<char[]> block(new char[BlockSize]);
-    while (const ssize_t count = ReadSome(source, block.get(), BlockSize)) {
-        WriteAll(target, block.get(), static_cast<size_t>(count));
-        copied += count;
-    }
-    return copied;
-}
-
-/// Copies from the start to the end that reading finds.
-void CopyContent(const CopySource& source, int target) {
-    const off_t length = source.Info.st_size;
-    off_t copied = length > BlocksAreFaster ? CopyInKernel(source.File, target) : 0;
-    if (copied == 0 || copied < length) {
-        copied += CopyInBlocks(source.File, target);
-    }
-    if (copied < length) { // it has lost its end meanwhile: half of a song is none
+void TransferAll(int source, int target, off_t size) {
+    if (TransferBytes(source, target, size) < size) {
+        // It has lost its end meanwhile, and half of a song is none.
         throw RuntimeError(ErrorNumber::DeviceIOError);
+    }
+}
+
+/// Copies a file that takes less room on its disk than its length says, without its holes: written
+/// out, those of a file that claims to be huge would fill any disk. False, with nothing copied,
+/// where the file system does not tell where they are.
+bool CopyWithoutHoles(const CopySource& source, int target) {
+    const off_t length = source.Info.st_size;
+    if (static_cast<off_t>(source.Info.st_blocks) * 512 >= length) {
+        return false;
+    }
+    off_t end = 0;
+    while (end < length) {
+        const off_t begin = lseek(source.File, end, SEEK_DATA);
+        if (begin < 0 && errno == ENXIO) {
+            break; // no more than a hole is left
+        }
+        end = begin < 0 ? -1 : lseek(source.File, begin, SEEK_HOLE);
+        if (end < 0) {
+            SeekTo(source.File, 0);
+            SeekTo(target, 0);
+            return false;
+        }
+        SeekTo(source.File, begin);
+        SeekTo(target, begin);
+        TransferAll(source.File, target, end - begin);
+    }
+    if (ftruncate(target, length) != 0) {
+        ThrowError(errno);
+    }
+    return true;
+}
+
+void CopyContent(const CopySource& source, int target) {
+    if (!CopyWithoutHoles(source, target)) {
+        TransferAll(source.File, target, source.Info.st_size);
+        TransferRest(source.File, target); // some file systems report no length
     }
     // File systems that write late (over a network) report what went wrong when a descriptor is
     // closed. Closing a second one tells it while the target can still be given up.
@@ -205,9 +204,7 @@ void RemoveLeftover(int folder) {
 }
 
 void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name) {
-    if (lseek(source.File, 0, SEEK_SET) != 0) {
-        ThrowError(errno);
-    }
+    SeekTo(source.File, 0);
     PartFile part(folder);
     FileDescriptor file = part.Create();
     CopyContent(source, file.Get());
@@ -217,7 +214,14 @@ void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& n
     }
 }
 
+bool IsPartName(const QByteArray& name) {
+    return name.compare(PartName, Qt::CaseInsensitive) == 0;
+}
+
 Target CheckTarget(int folder, const QByteArray& name) {
+    if (IsPartName(name)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
     struct stat info {};
     if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno == ENOENT) {
@@ -230,7 +234,7 @@ Target CheckTarget(int folder, const QByteArray& name) {
         return Target::Replaceable;
     }
     if (!S_ISREG(info.st_mode)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     if (faccessat(folder, name.constData(), W_OK, AT_EACCESS) != 0) {
         ThrowCreationError(errno);

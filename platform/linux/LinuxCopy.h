@@ -11,6 +11,10 @@
 /// folder removes what a killed one has left.
 inline constexpr char PartName[] = ".songlift.part";
 
+/// Whether a name is PartName on some disk. Nothing may be given that name: the next copy into the
+/// folder would take it for its own leftover.
+bool IsPartName(const QByteArray& name);
+
 /// A regular file that is open for reading, and what the system told about it.
 struct CopySource {
     int File;
@@ -19,7 +23,7 @@ struct CopySource {
 
 /// Copies the whole of `source` to `name` in the open folder `folder`, with its
 /// modification time. Throws RuntimeError: PermissionDenied where an earlier target may not be
-/// written or is the source itself, PathFileAccessError where it is no regular file.
+/// written, is no regular file or is the source itself.
 void CopyWhole(const CopySource& source, int folder, const QByteArray& name);
 
 /// What CopyWhole does on file systems that know no files without a name (FAT).
@@ -36,6 +40,6 @@ enum class Target {
     Replaceable,
 };
 
-/// Looks at `name` in `folder`. Throws RuntimeError where a file cannot be made there: for a folder
-/// and the like PathFileAccessError, for a file that this user may not write PermissionDenied.
+/// Looks at `name` in `folder`. Throws PermissionDenied where a file cannot be made there: for a
+/// folder and the like, for a file that this user may not write, and for PartName.
 Target CheckTarget(int folder, const QByteArray& name);

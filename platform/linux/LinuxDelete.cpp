@@ -14,7 +14,7 @@ namespace {
 
 class TreeDeleter {
 public:
-    explicit TreeDeleter(int parent) : m_parent(parent) {}
+    TreeDeleter(int parent, const FolderTest& isKept) : m_parent(parent), m_isKept(isKept) {}
 
     void Delete(const QByteArray& name) {
         Enter(m_parent, m_parentInfo, name);
@@ -62,6 +62,7 @@ private:
     }
 
     int m_parent;
+    const FolderTest& m_isKept;
     struct stat m_parentInfo {};
     FileDescriptor m_current;
     std::vector<Level> m_levels;
@@ -95,7 +96,7 @@ void TreeDeleter::Enter(int folder, const struct stat& folderInfo, const QByteAr
         return;
     }
     const bool isShared = (level.Info.st_mode & S_ISVTX) != 0;
-    if (isShared || IsMountPoint(entered.Get(), level.Info, folderInfo)) {
+    if (isShared || m_isKept(level.Info) || IsMountPoint(entered.Get(), level.Info, folderInfo)) {
         KeepAbove();
         return;
     }
@@ -159,8 +160,8 @@ void TreeDeleter::Remove(int folder, const QByteArray& name, int flags) {
 
 } // namespace
 
-void DeleteTree(int parent, const QByteArray& name) {
-    TreeDeleter deleter(parent);
+void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept) {
+    TreeDeleter deleter(parent, isKept);
     deleter.ReadParent();
     deleter.Delete(name);
 }

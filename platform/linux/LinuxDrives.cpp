@@ -1,6 +1,8 @@
 #include "platform/linux/LinuxDrives.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/linux/BeneathOpen.h"
+#include "platform/linux/LinuxNames.h"
 
 #include <QFile>
 
@@ -32,6 +34,18 @@ bool LiesWhereDesktopsMount(const QByteArray& folder) {
 bool IsFolder(const QByteArray& path) {
     struct stat info {};
     return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+FileDescriptor OpenFolder(const QByteArray& path) {
+    return FileDescriptor(open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+/// An iPod whose database is just being renewed is still one.
+bool HoldsIpod(const QByteArray& drive) {
+    const QByteArray name = "iPod_Control";
+    const FileDescriptor root = OpenFolder(drive);
+    return root.IsOpen() && (faccessat(root.Get(), name.constData(), F_OK, 0) == 0 ||
+                             !FindNameIgnoringCase(root.Get(), name).isEmpty());
 }
 
 QChar UpperCase(QChar letter) {
@@ -80,7 +94,28 @@ FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
     if (volume == nullptr) {
         return FileDescriptor::Failed(ENOENT);
     }
-    return FileDescriptor(open(volume->Folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    return OpenFolder(volume->Folder);
+}
+
+bool LinuxDrives::IsOnIpod(int folder) {
+    RefreshIfNeeded();
+    const auto isHeldBy = [&, place = PlaceOf(m_mounts, PathOfOpen(folder))](const Volume& volume) {
+        if (!volume.IsPresent || !volume.IsIpod) {
+            return false;
+        }
+        const FileDescriptor root = OpenFolder(volume.Folder);
+        return root.IsOpen() && place.IsIn(PlaceOf(m_mounts, PathOfOpen(root.Get())));
+    };
+    return std::any_of(m_volumes.begin(), m_volumes.end(), isHeldBy);
+}
+
+bool LinuxDrives::IsRoot(const struct stat& folder) {
+    RefreshIfNeeded();
+    return std::any_of(m_volumes.begin(), m_volumes.end(), [&](const Volume& volume) {
+        struct stat root {};
+        return volume.IsPresent && stat(volume.Folder.constData(), &root) == 0 &&
+               root.st_dev == folder.st_dev && root.st_ino == folder.st_ino;
+    });
 }
 
 QByteArray LinuxDrives::MountFolderOf(const QByteArray& path) const {
@@ -97,15 +132,18 @@ bool LinuxDrives::IsSame(const Volume& one, const Volume& other) {
     return uuidsAreKnown ? one.Uuid == other.Uuid : one.Source == other.Source;
 }
 
-std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes() const {
+std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes(const std::vector<Mount>& mounts) const {
     std::vector<Volume> volumes;
-    AddMounted(volumes);
+    AddMounted(volumes, mounts);
     AddAttached(volumes);
+    for (Volume& volume : volumes) {
+        volume.IsIpod = HoldsIpod(volume.Folder);
+    }
     return volumes;
 }
 
-void LinuxDrives::AddMounted(std::vector<Volume>& volumes) const {
-    for (const Mount& mount : ReadMountTable(m_sources.MountTable)) {
+void LinuxDrives::AddMounted(std::vector<Volume>& volumes, const std::vector<Mount>& mounts) const {
+    for (const Mount& mount : mounts) {
         if (IsPseudo(mount.Type)) {
             continue;
         }
@@ -143,8 +181,10 @@ void LinuxDrives::Refresh() {
     for (Volume& volume : m_volumes) {
         volume.IsPresent = false;
     }
+    m_mounts = ReadMountTable(m_sources.MountTable);
+    m_isRefreshed = true;
     std::vector<Volume> fresh;
-    for (const Volume& found : FindVolumes()) {
+    for (const Volume& found : FindVolumes(m_mounts)) {
         const auto known =
             std::find_if(m_volumes.begin(), m_volumes.end(),
                          [&](const Volume& volume) { return IsSame(volume, found); });
@@ -163,6 +203,12 @@ void LinuxDrives::Refresh() {
         if (!volume.Letter.isNull()) {
             m_volumes.push_back(volume);
         }
+    }
+}
+
+void LinuxDrives::RefreshIfNeeded() {
+    if (!m_isRefreshed || TableHasChanged()) {
+        Refresh();
     }
 }
 

@@ -37,6 +37,11 @@ public:
     /// Opens the folder where a drive is mounted (O_PATH); not open with ENOENT where no drive has
     /// the letter. To be closed soon, since an open folder keeps its volume from being unmounted.
     FileDescriptor OpenRoot(QChar letter);
+    /// Whether an open folder lies on a drive that holds an iPod's folder, by whatever mount or
+    /// link it was reached.
+    bool IsOnIpod(int folder);
+    /// Whether a folder is where one of the drives is mounted or attached.
+    bool IsRoot(const struct stat& folder);
     /// The folder of the mount that holds `path` (absolute, without links).
     QByteArray MountFolderOf(const QByteArray& path) const;
 
@@ -50,13 +55,16 @@ private:
         /// Null until it has one.
         QChar Letter;
         bool IsPresent = false;
+        /// It held the folder that makes a drive an iPod when the drives were last looked at.
+        bool IsIpod = false;
     };
 
     static bool IsSame(const Volume& one, const Volume& other);
-    std::vector<Volume> FindVolumes() const;
-    void AddMounted(std::vector<Volume>& volumes) const;
+    std::vector<Volume> FindVolumes(const std::vector<Mount>& mounts) const;
+    void AddMounted(std::vector<Volume>& volumes, const std::vector<Mount>& mounts) const;
     static void AddAttached(std::vector<Volume>& volumes);
     void Refresh();
+    void RefreshIfNeeded();
     QChar TakeLetter();
     const Volume* Present(QChar letter) const;
     const Volume& Require(QChar letter) const;
@@ -65,6 +73,9 @@ private:
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
     FileDescriptor m_tableWatch;
+    /// The table when the drives were last looked at.
+    std::vector<Mount> m_mounts;
+    bool m_isRefreshed = false;
     /// Every volume that has a letter, also those that are gone.
     std::vector<Volume> m_volumes;
 };

@@ -16,6 +16,7 @@ int ErrorNumberOf(int error) {
     case EACCES:
     case EPERM:
     case EROFS:
+    case EFBIG: // past the longest file of the file system, on FAT 4 GB
         return ErrorNumber::PermissionDenied;
     case EIO:
         return ErrorNumber::DeviceIOError;
@@ -33,7 +34,7 @@ void ThrowError(int error) {
 }
 
 void ThrowCreationError(int error) {
-    if (error == ENAMETOOLONG || error == EINVAL || error == EILSEQ) {
+    if (error == ENAMETOOLONG || error == EINVAL || error == EILSEQ || error == EISDIR) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     if (IsMissing(error)) {

@@ -46,12 +46,15 @@ void CheckFolderName(const QString& path) {
     }
 }
 
-void RequireRegular(const FileDescriptor& file, struct stat& info) {
+/// What is already under the name of a file that is to be written must be a file of that name
+/// alone: neither a pipe nor the second name of some other file may take the bytes.
+void RequireOwnFile(const FileDescriptor& file) {
+    struct stat info {};
     if (fstat(file.Get(), &info) != 0) {
         ThrowError(errno);
     }
-    if (!S_ISREG(info.st_mode)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (!S_ISREG(info.st_mode) || info.st_nlink > 1) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
 }
 
@@ -69,7 +72,10 @@ bool LinuxFileSystem::FolderExists(const QString& path) {
 
 void LinuxFileSystem::CreateFolder(const QString& path) {
     CheckFolderName(path);
-    const FolderEntry entry = m_paths.EntryOf(path);
+    const FolderEntry entry = EntryToChange(path);
+    if (IsPartName(entry.Name)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
     int error = entry.Folder.Error();
     if (error == 0 && mkdirat(entry.Folder.Get(), entry.Name.constData(), NewFolderMode) != 0) {
         error = errno;
@@ -99,7 +105,7 @@ void LinuxFileSystem::CreateFolderChain(const QString& path) {
 }
 
 void LinuxFileSystem::DeleteFolder(const QString& path) {
-    const FolderEntry entry = m_paths.EntryOf(path);
+    const FolderEntry entry = EntryToChange(path);
     if (entry.Folder.Error() == EISDIR) {
         return; // a root, which is a mount point
     }
@@ -107,7 +113,9 @@ void LinuxFileSystem::DeleteFolder(const QString& path) {
     if (!isFolder || !entry.Folder.IsOpen()) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
-    DeleteTree(entry.Folder.Get(), entry.Name);
+    // A folder that is attached as a drive is as good as a mount point.
+    DeleteTree(entry.Folder.Get(), entry.Name,
+               [this](const struct stat& folder) { return m_drives.IsRoot(folder); });
 }
 
 void LinuxFileSystem::CopyFile(const QString& source, const QString& target) {
@@ -118,7 +126,7 @@ void LinuxFileSystem::CopyFile(const QString& source, const QString& target) {
 }
 
 void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
-    const FolderEntry from = m_paths.EntryOf(source);
+    const FolderEntry from = EntryToChange(source);
     struct stat info {};
     if (!from.Folder.IsOpen()) {
         ThrowOpeningError(source, from.Folder.Error());
@@ -163,7 +171,12 @@ qint64 LinuxFileSystem::FileLength(const QString& path) {
         ThrowOpeningError(path, file.Error());
     }
     struct stat info {};
-    RequireRegular(file, info);
+    if (fstat(file.Get(), &info) != 0) {
+        ThrowError(errno);
+    }
+    if (!S_ISREG(info.st_mode)) {
+        ThrowOpeningError(path, ENOENT);
+    }
     return info.st_size;
 }
 
@@ -174,21 +187,18 @@ std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReading(const QString& path)
 
 std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReadingAndWriting(const QString& path) {
     const FolderEntry entry = RequireEntry(path);
+    RequireNoLink(Paths::ParentFolder(path));
     // A link that someone has planted under the name must not lead the bytes elsewhere.
     FileDescriptor file(openat(entry.Folder.Get(), entry.Name.constData(),
                                O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
                                NewFileMode));
     if (file.Error() == ELOOP) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     if (!file.IsOpen()) {
         ThrowCreationError(file.Error());
     }
-    struct stat info {};
-    RequireRegular(file, info);
-    if (info.st_nlink > 1) { // nor must a second name of some other file
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
+    RequireOwnFile(file);
     return std::make_unique<LinuxFile>(std::move(file));
 }
 
@@ -196,10 +206,16 @@ void LinuxFileSystem::CopyModificationTime(const QString& source, const QString&
     const FileDescriptor from = m_paths.Open(source, O_PATH);
     const FolderEntry to = m_paths.EntryOf(target);
     struct stat info {};
-    if (from.IsOpen() && to.Folder.IsOpen() && fstat(from.Get(), &info) == 0) {
+    const bool isThere = from.IsOpen() && to.Folder.IsOpen();
+    if (isThere && !m_drives.IsOnIpod(to.Folder.Get()) && fstat(from.Get(), &info) == 0) {
         const timespec times[2] = {{0, UTIME_NOW}, info.st_mtim};
         utimensat(to.Folder.Get(), to.Name.constData(), times, AT_SYMLINK_NOFOLLOW);
     }
+}
+
+bool LinuxFileSystem::IsOnIpod(const QString& path) {
+    const FileDescriptor folder = OpenNearestFolder(path);
+    return folder.IsOpen() && m_drives.IsOnIpod(folder.Get());
 }
 
 QString LinuxFileSystem::DriveOf(const QString& path) {
@@ -243,7 +259,9 @@ FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& in
     if (!file.IsOpen()) {
         ThrowOpeningError(path, file.Error());
     }
-    RequireRegular(file, info);
+    if (fstat(file.Get(), &info) != 0) {
+        ThrowError(errno);
+    }
     posix_fadvise(file.Get(), 0, 0, POSIX_FADV_SEQUENTIAL); // the kernel then reads further ahead
     return file;
 }
@@ -258,13 +276,34 @@ FileDescriptor LinuxFileSystem::OpenNearestFolder(const QString& path) {
     return folder;
 }
 
+/// The place for something to be changed, which is never on an iPod.
+FolderEntry LinuxFileSystem::EntryToChange(const QString& path) {
+    FolderEntry entry = m_paths.EntryOf(path);
+    if (entry.Folder.IsOpen() && m_drives.IsOnIpod(entry.Folder.Get())) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    return entry;
+}
+
 /// The place for something to be made or replaced.
 FolderEntry LinuxFileSystem::RequireEntry(const QString& path) {
-    FolderEntry entry = m_paths.EntryOf(path);
+    FolderEntry entry = EntryToChange(path);
     if (!entry.Folder.IsOpen()) {
         ThrowCreationError(entry.Folder.Error());
     }
     return entry;
+}
+
+/// Throws PermissionDenied where the last name of a folder's path is a link: bytes that replace
+/// others without a question must stay where the path says.
+void LinuxFileSystem::RequireNoLink(const QString& folder) {
+    const FolderEntry entry = m_paths.EntryOf(folder);
+    struct stat info {};
+    if (entry.Folder.IsOpen() &&
+        fstatat(entry.Folder.Get(), entry.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
+        S_ISLNK(info.st_mode)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
 }
 
 /// Throws what reading a file raises: a file is missing in a folder that exists, or its folder is.

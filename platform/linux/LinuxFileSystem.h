@@ -26,6 +26,7 @@ public:
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
     void CopyModificationTime(const QString& source, const QString& target) override;
 
+    bool IsOnIpod(const QString& path) override;
     QString DriveOf(const QString& path) override;
     double FreeBytes(const QString& path) override;
 
@@ -34,7 +35,9 @@ public:
 private:
     FileDescriptor OpenRegular(const QString& path, struct stat& info);
     FileDescriptor OpenNearestFolder(const QString& path);
+    FolderEntry EntryToChange(const QString& path);
     FolderEntry RequireEntry(const QString& path);
+    void RequireNoLink(const QString& folder);
     [[noreturn]] void ThrowOpeningError(const QString& path, int error);
 
     LinuxDrives& m_drives;

@@ -126,10 +126,22 @@ FileDescriptor LinuxPaths::Open(const QString& path, int flags) {
 }
 
 FileDescriptor LinuxPaths::OpenForReading(const QString& path) {
-    constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY;
-    FileDescriptor file = Open(path, flags | O_NOATIME);
+    FileDescriptor place = Open(path, O_PATH);
+    if (!place.IsOpen()) {
+        return place;
+    }
+    struct stat info {};
+    if (fstat(place.Get(), &info) != 0) {
+        return FileDescriptor::Failed(errno);
+    }
+    if (!S_ISREG(info.st_mode)) {
+        return FileDescriptor::Failed(ENOENT);
+    }
+    const QByteArray found = DescriptorPath(place.Get());
+    constexpr int flags = O_RDONLY | O_CLOEXEC;
+    FileDescriptor file(open(found.constData(), flags | O_NOATIME));
     // Only a file's owner may leave the time of the last access as it is.
-    return file.Error() == EPERM ? Open(path, flags) : std::move(file);
+    return file.Error() == EPERM ? FileDescriptor(open(found.constData(), flags)) : std::move(file);
 }
 
 FolderEntry LinuxPaths::EntryOf(const QString& path) {

@@ -24,8 +24,9 @@ public:
 
     /// Opens what exists at `path`, with the flags of open(2).
     FileDescriptor Open(const QString& path, int flags);
-    /// Opens a file at `path` for reading, without a trace on its device and without waiting where
-    /// it is a pipe or the like.
+    /// Opens the regular file at `path` for reading, without a trace on its device. Anything else
+    /// there (a folder, a pipe, a device) counts as missing and is not touched: opening a pipe
+    /// could wait for ever.
     FileDescriptor OpenForReading(const QString& path);
     /// The folder and the name where `path` stands or would stand.
     FolderEntry EntryOf(const QString& path);

@@ -28,6 +28,11 @@ QByteArray Unescaped(const QByteArray& field) {
     return text;
 }
 
+/// A folder to which "/" and a name can be added.
+QByteArray WithoutRoot(const QByteArray& folder) {
+    return folder == "/" ? QByteArray() : folder;
+}
+
 /// Fields: id, parent, device, root, folder, options, any number of tags, "-", type, source, ...
 bool ParseLine(const QByteArray& line, Mount& mount) {
     const QList<QByteArray> fields = line.split(' ');
@@ -36,6 +41,7 @@ bool ParseLine(const QByteArray& line, Mount& mount) {
         return false;
     }
     mount.Device = fields[2];
+    mount.Root = Unescaped(fields[3]);
     mount.Folder = Unescaped(fields[4]);
     mount.Type = fields[dash + 1];
     mount.Source = Unescaped(fields[dash + 2]);
@@ -59,6 +65,21 @@ std::vector<Mount> ReadMountTable(const QString& file) {
         }
     }
     return mounts;
+}
+
+bool FilePlace::IsIn(const FilePlace& folder) const {
+    return Device == folder.Device && (Path == folder.Path || Path.startsWith(folder.Path + '/'));
+}
+
+FilePlace PlaceOf(const std::vector<Mount>& mounts, const QByteArray& path) {
+    const QByteArray folder = MountFolderOf(mounts, path);
+    const auto mount = std::find_if(mounts.begin(), mounts.end(),
+                                    [&](const Mount& m) { return m.Folder == folder; });
+    const QByteArray below = path.mid(WithoutRoot(folder).size());
+    if (mount == mounts.end()) {
+        return {QByteArray(), WithoutRoot(below)};
+    }
+    return {mount->Device, WithoutRoot(mount->Root) + WithoutRoot(below)};
 }
 
 QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path) {

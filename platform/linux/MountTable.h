@@ -9,6 +9,8 @@
 struct Mount {
     /// The device's numbers, for example "8:18"; the first is 0 where there is no block device.
     QByteArray Device;
+    /// The folder of the device's file system that is mounted, "/" for the whole.
+    QByteArray Root;
     QByteArray Folder;
     /// For example "vfat".
     QByteArray Type;
@@ -19,6 +21,19 @@ struct Mount {
 /// The mounts in mount order, without those that a later one at the same folder hides. Lines that
 /// make no sense are passed over; a table that cannot be read is empty.
 std::vector<Mount> ReadMountTable(const QString& file);
+
+/// Where a path lies in its file system: the same for whatever mount shows it.
+struct FilePlace {
+    QByteArray Device;
+    /// Below the root of the file system; empty for that root.
+    QByteArray Path;
+
+    /// Whether this is `folder` or lies below it.
+    bool IsIn(const FilePlace& folder) const;
+};
+
+/// The place of `path` (absolute, without links).
+FilePlace PlaceOf(const std::vector<Mount>& mounts, const QByteArray& path);
 
 /// The folder of the mount that holds `path` (absolute, without links); "/" where none is known.
 QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path);

@@ -49,6 +49,21 @@ TEST_F(CopyChecksTest, AnInvalidDestinationIsSelectedForTheUserToMend) {
     ExpectNothingStarted();
 }
 
+TEST_F(CopyChecksTest, ADestinationOnTheIpodIsInvalidWhetherItExistsOrNot) {
+    files.IpodRoot = Text("E:");
+    for (const char* path : {"E:\\", "e:\\iPod_Control", "E:\\New\\Sub"}) {
+        messages.Shown.clear();
+        SetDestination(path);
+        Press();
+        EXPECT_EQ(messages.Shown, std::vector{InvalidPath}) << path;
+        EXPECT_TRUE(form.txtDestination.HasFocus());
+        EXPECT_EQ(form.txtDestination.SelectionLength, Text(path).size());
+        EXPECT_TRUE(files.Calls.empty());
+        EXPECT_FALSE(destination.CreateFailed);
+        ExpectNothingStarted();
+    }
+}
+
 TEST_F(CopyChecksTest, TheTestFolderIsRemovedAtOnceThenTheQuestionIsAskedAndOKCreatesTheChain) {
     SetDestination("D:\\New\\Sub");
     messages.Answers = {MessageAnswer::OK, MessageAnswer::OK};

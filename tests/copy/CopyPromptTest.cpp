@@ -118,6 +118,15 @@ TEST_F(CopyPromptTest, AFileThatDiffersOnlyInLetterCaseIsAskedAbout) {
     EXPECT_EQ(files.Bytes(one), QByteArray("new one"));
 }
 
+TEST_F(CopyPromptTest, AFileWhoseAccentsAreComposedOtherwiseIsAskedAbout) {
+    library.Artists[0].Albums[0].Tracks[0].Title = Text("Bj\u00F6rk");
+    library.Artists[0].Albums[0].Tracks[1].Title = Text("BJO\u0308RK");
+    promptUses = {PromptUse::Skip, PromptUse::Skip};
+    Press();
+    EXPECT_EQ(prompted, QStringList({Text("D:\\Music\\BJO\u0308RK.mp3"), three}));
+    EXPECT_EQ(files.Bytes(Text("D:\\Music\\Bj\u00F6rk.mp3")), QByteArray("new one"));
+}
+
 TEST_F(CopyPromptTest, ALargeFileReplacesAnExistingOneOnlyWhenAsked) {
     AddLargeTrack("Abba", "Arrival", "Film", 50000001);
     files.AddFile(Text("D:\\Music\\Film.mp3"), "old film");

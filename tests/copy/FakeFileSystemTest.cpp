@@ -41,6 +41,8 @@ TEST_F(FakeFileSystemTest, DriveFormIsFoundWhateverItsCaseAndNativeFormExactly) 
     files.AddFile(Text("/home/ana/A.mp3"), "a");
     EXPECT_TRUE(files.FileExists(Text("e:\\music\\A.MP3")));
     EXPECT_TRUE(files.FolderExists(Text("e:\\MUSIC\\")));
+    files.AddFile(Text("E:\\Music\\R\u00F3s.mp3"), "a");
+    EXPECT_TRUE(files.FileExists(Text("E:\\Music\\RO\u0301S.mp3")));
     EXPECT_TRUE(files.FileExists(Text("/home/ana/A.mp3")));
     EXPECT_FALSE(files.FileExists(Text("/home/ana/a.mp3")));
     EXPECT_FALSE(files.FileExists(Text("E:\\Music")));
@@ -48,6 +50,15 @@ TEST_F(FakeFileSystemTest, DriveFormIsFoundWhateverItsCaseAndNativeFormExactly) 
     EXPECT_FALSE(files.FolderExists(QString()));
     EXPECT_TRUE(files.FolderExists(Text("E:")));
     EXPECT_TRUE(files.FolderExists(Text("/")));
+}
+
+TEST_F(FakeFileSystemTest, TheIpodHoldsWhatLiesBelowItsRoot) {
+    EXPECT_FALSE(files.IsOnIpod(Text("E:\\Music")));
+    files.IpodRoot = Text("E:");
+    EXPECT_TRUE(files.IsOnIpod(Text("e:\\")));
+    EXPECT_TRUE(files.IsOnIpod(Text("E:\\Music\\nix")));
+    EXPECT_FALSE(files.IsOnIpod(Text("D:\\Music")));
+    EXPECT_FALSE(files.IsOnIpod(Text("/Music")));
 }
 
 TEST_F(FakeFileSystemTest, WhatIsMissingIsAFileOrItsFolder) {

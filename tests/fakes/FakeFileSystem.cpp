@@ -107,7 +107,9 @@ QString FakeFileSystem::Key(const QString& path) {
         key.chop(1);
     }
     if (Paths::IsDriveForm(path)) {
-        return key.toCaseFolded();
+        return key.normalized(QString::NormalizationForm_D)
+            .toCaseFolded()
+            .normalized(QString::NormalizationForm_D);
     }
     // A relative path is on no drive; the root's key is empty but not null.
     return path.startsWith(separator) ? (key.isEmpty() ? QStringLiteral("") : key)
@@ -346,6 +348,11 @@ std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QStri
 void FakeFileSystem::CopyModificationTime(const QString& source, const QString& target) {
     Record(FileCall::CopyModificationTime, source, target);
     RequireFile(target)->ModificationTime = RequireFile(source)->ModificationTime;
+}
+
+bool FakeFileSystem::IsOnIpod(const QString& path) {
+    const QString root = Key(IpodRoot);
+    return !IpodRoot.isNull() && (Key(path) == root || IsBelow(Key(path), root));
 }
 
 QString FakeFileSystem::DriveOf(const QString& path) {

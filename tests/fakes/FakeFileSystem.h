@@ -32,8 +32,9 @@ enum class FileCall {
     Close
 };
 
-/// Files and folders in memory. Paths in drive form are found whatever their case, those in native
-/// form exactly. Everything lies on drives; the folders and files a test adds bring theirs along.
+/// Files and folders in memory. Paths in drive form are found whatever their case and however their
+/// accents are composed, those in native form exactly. Everything lies on drives; the folders and
+/// files a test adds bring theirs along.
 class FakeFileSystem : public FileSystem {
 public:
     struct RecordedCall {
@@ -62,6 +63,9 @@ public:
     void Remove(const QString& path);
     /// What NativePath answers for `path`; without this, the path itself.
     void SetNativePath(const QString& path, const QString& native);
+
+    /// The drive or folder that is an iPod; null for none. Changes there are not refused.
+    QString IpodRoot;
 
     // ---- looking at the tree; none of this is recorded or can fail
 
@@ -127,6 +131,7 @@ public:
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
     void CopyModificationTime(const QString& source, const QString& target) override;
+    bool IsOnIpod(const QString& path) override;
     QString DriveOf(const QString& path) override;
     double FreeBytes(const QString& path) override;
     QString NativePath(const QString& path) override;

@@ -22,6 +22,7 @@ TEST(SystemError, HasTheNumberThatFits) {
     EXPECT_EQ(ErrorNumberOf(EACCES), 70);
     EXPECT_EQ(ErrorNumberOf(EPERM), 70);
     EXPECT_EQ(ErrorNumberOf(EROFS), 70);
+    EXPECT_EQ(ErrorNumberOf(EFBIG), 70);
     EXPECT_EQ(ErrorNumberOf(EIO), 57);
     EXPECT_EQ(ErrorNumberOf(ENODEV), 68);
     EXPECT_EQ(ErrorNumberOf(ENXIO), 68);
@@ -32,7 +33,6 @@ TEST(SystemError, IsAnAccessErrorWhereNothingElseFits) {
     EXPECT_EQ(ErrorNumberOf(EBUSY), 75);
     EXPECT_EQ(ErrorNumberOf(EISDIR), 75);
     EXPECT_EQ(ErrorNumberOf(EMFILE), 75);
-    EXPECT_EQ(ErrorNumberOf(EFBIG), 75);
     EXPECT_EQ(ErrorNumberOf(EINVAL), 75);
 }
 
@@ -40,6 +40,7 @@ TEST(CreationError, OfANameThatTheFileSystemRefusesIsADeniedPermission) {
     EXPECT_EQ(CreationNumberOf(ENAMETOOLONG), 70);
     EXPECT_EQ(CreationNumberOf(EINVAL), 70);
     EXPECT_EQ(CreationNumberOf(EILSEQ), 70);
+    EXPECT_EQ(CreationNumberOf(EISDIR), 70);
 }
 
 TEST(CreationError, OfAMissingPlaceIsAMissingFolder) {
@@ -52,5 +53,5 @@ TEST(CreationError, OfAMissingPlaceIsAMissingFolder) {
 TEST(CreationError, OfAnotherKindKeepsItsNumber) {
     EXPECT_EQ(CreationNumberOf(ENOSPC), 61);
     EXPECT_EQ(CreationNumberOf(EIO), 57);
-    EXPECT_EQ(CreationNumberOf(EISDIR), 75);
+    EXPECT_EQ(CreationNumberOf(EBUSY), 75);
 }
