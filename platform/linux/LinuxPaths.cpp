@@ -7,6 +7,7 @@
 #include <QList>
 #include <QStringList>
 
+#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -89,10 +90,19 @@ FolderEntry Failed(int error) {
     return {FileDescriptor::Failed(error), {}};
 }
 
+/// Below an open folder a longer path could be made, but nobody would find it again: the next copy
+/// would replace it without a question.
+bool IsTooLong(const QByteArray& path) {
+    return path.size() >= PATH_MAX;
+}
+
 FolderEntry EntryOfNative(const QString& path) {
     std::optional<QByteArray> encoded = EncodeName(path);
     if (!encoded) {
         return Failed(EILSEQ);
+    }
+    if (IsTooLong(*encoded)) {
+        return Failed(ENAMETOOLONG);
     }
     while (encoded->endsWith('/')) {
         encoded->chop(1);
@@ -167,6 +177,9 @@ FolderEntry LinuxPaths::EntryOnDrive(const QString& path) {
     DriveNames split = SplitDrivePath(path);
     if (split.Error != 0) {
         return Failed(split.Error);
+    }
+    if (IsTooLong(split.Names.join('/'))) {
+        return Failed(ENAMETOOLONG);
     }
     FileDescriptor root = m_drives.OpenRoot(path[0]);
     if (!root.IsOpen() || split.Names.isEmpty()) {

@@ -162,3 +162,20 @@ TEST_F(FoldersFixture, AChainThatCannotBeMadeSaysWhy) {
     EXPECT_EQ(ChainError(QStringLiteral("a/b")), 76);
     EXPECT_EQ(ChainError(QString()), 76);
 }
+
+TEST_F(FoldersFixture, NothingIsMadeWhereItsPathWouldBeTooLongToBeFoundAgain) {
+    QString drivePath = QStringLiteral("E:");
+    QString nativePath = Native();
+    for (int level = 0; level < 16; ++level) {
+        drivePath += QLatin1Char('\\') + QString(250, u'd');
+        nativePath += QLatin1Char('/') + QString(250, u'd');
+    }
+    EXPECT_EQ(ChainError(drivePath.chopped(251)), 0);
+    EXPECT_EQ(CreationError(drivePath), 0);
+    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(78, u'e')), 0);
+    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(80, u'e')), 70);
+    const qsizetype room = 4095 - nativePath.size();
+    EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room, u'f')), 70);
+    EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room - 1, u'f')), 0);
+    m_files.DeleteFolder(QStringLiteral("E:\\") + QString(250, u'd')); // nobody else could
+}
