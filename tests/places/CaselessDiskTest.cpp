@@ -1,0 +1,164 @@
+#include "tests/places/CaselessDisk.h"
+#include "tests/places/JobOnDisk.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+const QString Completed = Text("Songlift: Copy completed!");
+
+/// Jobs whose destination is such a disk; the parameter is the length of file that the database
+/// tells, so that both ways of copying are tried.
+class OnCaselessDisk : public JobOnDisk, public testing::WithParamInterface<qint64> {
+protected:
+    void SetUp() override {
+        if (!m_disk.Impossible().isEmpty()) {
+            GTEST_SKIP() << qPrintable(m_disk.Impossible());
+        }
+        ASSERT_TRUE(m_disk.IsMounted());
+    }
+
+    SampleTrack& Add(const char* title, const char* bytes) {
+        return AddSong(Text(title), bytes, GetParam());
+    }
+    void ExpectCopied(const QStringList& names) {
+        EXPECT_EQ(Copied(), names);
+        EXPECT_EQ(FilesIn(Destination()).filter(Text("songlift")), QStringList());
+        ExpectRestUntouched();
+    }
+
+private:
+    CaselessDisk m_disk{Destination()};
+};
+
+} // namespace
+
+TEST_P(OnCaselessDisk, ItIsOne) {
+    WriteFile(Destination("Song.mp3"), "song");
+    EXPECT_EQ(ReadFile(Destination("SONG.MP3")), "song");
+    WriteFile(Destination("Bj\u00F6rk"), "composed");
+    EXPECT_EQ(ReadFile(Destination("Bjo\u0308rk.")), "composed");
+    const QByteArray folder = Destination().toUtf8();
+    EXPECT_LT(open(folder.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600), 0);
+    EXPECT_LT(symlink("Song.mp3", (folder + "/link").constData()), 0);
+    EXPECT_LT(link((folder + "/Song.mp3").constData(), (folder + "/link").constData()), 0);
+    EXPECT_LT(open((folder + "/a\nb").constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), 0);
+    EXPECT_EQ(errno, EINVAL);
+}
+
+TEST_P(OnCaselessDisk, TitlesThatDifferOnlyInCaseMeetThePrompt) {
+    Add("Song", "first");
+    Add("SONG", "second");
+    Add("song", "third");
+    Run();
+    EXPECT_EQ(prompted, QStringList({Destination("SONG.mp3"), Destination("song.mp3")}));
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(CopiedBytes("Song.mp3"), "first");
+    ExpectCopied({Text("Song.mp3")});
+
+    onPrompt = OverwritePrompt::Replace;
+    prompted.clear();
+    Press();
+    EXPECT_EQ(prompted, QStringList({Destination("Song.mp3"), Destination("SONG.mp3"),
+                                     Destination("song.mp3")}));
+    EXPECT_EQ(CopiedBytes("Song.mp3"), "third");
+    ExpectCopied({Text("Song.mp3")});
+}
+
+TEST_P(OnCaselessDisk, TitlesWhoseAccentsAreComposedOtherwiseMeetThePrompt) {
+    Add("Bj\u00F6rk", "first");
+    Add("Bjo\u0308rk", "second");
+    Add("BJO\u0308RK", "third");
+    Run();
+    EXPECT_EQ(prompted,
+              QStringList({Destination("Bjo\u0308rk.mp3"), Destination("BJO\u0308RK.mp3")}));
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(CopiedBytes("Bj\u00F6rk.mp3"), "first");
+    ExpectCopied({Text("Bj\u00F6rk.mp3")});
+}
+
+TEST_P(OnCaselessDisk, AnEarlierFileMeetsThePromptWhateverItsSpelling) {
+    WriteFile(Destination("SONG.MP3"), "earlier");
+    WriteFile(Destination("o\u0308"), "earlier");
+    Add("Song", "new");
+    SampleTrack& bare = Add("\u00D6", "new");
+    ASSERT_EQ(rename(Music("2.mp3").toUtf8().constData(), Music("2").toUtf8().constData()), 0);
+    bare.Location = Text("F00/2"); // the copy's name ends in a dot
+    Run();
+    EXPECT_EQ(prompted, QStringList({Destination("Song.mp3"), Destination("\u00D6.")}));
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(CopiedBytes("SONG.MP3"), "earlier");
+    EXPECT_EQ(CopiedBytes("o\u0308"), "earlier");
+    ExpectCopied({Text("SONG.MP3"), Text("o\u0308")});
+}
+
+TEST_P(OnCaselessDisk, ItsDriveLetterMakesNoDifference) {
+    qputenv("SONGLIFT_DRIVES", (Ipod() + u':' + Destination()).toUtf8());
+    form.txtDestination.SetText(Text("F:\\"));
+    WriteFile(Destination("BJO\u0308RK.mp3"), "earlier");
+    Add("Bj\u00F6rk", "new");
+    Add("Song", "first");
+    Add("SONG", "second");
+    Run();
+    EXPECT_EQ(prompted, QStringList({Text("F:\\Bj\u00F6rk.mp3"), Text("F:\\SONG.mp3")}));
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(CopiedBytes("BJO\u0308RK.mp3"), "earlier");
+    EXPECT_EQ(CopiedBytes("Song.mp3"), "first");
+    ExpectCopied({Text("BJO\u0308RK.mp3"), Text("Song.mp3")});
+}
+
+TEST_P(OnCaselessDisk, ArtistsOfOneFolderShareIt) {
+    form.chkArtist.SetValue(1);
+    for (const char* artist : {"Bj\u00F6rk", "BJ\u00D6RK?", "Bjo\u0308rk"}) {
+        Add("Song", artist).Artist = Text(artist);
+    }
+    Run();
+    // Letter case does not begin another folder, so that the second is numbered.
+    EXPECT_EQ(prompted, QStringList(Destination("Bjo\u0308rk/Song.mp3")));
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(CopiedBytes("Bj\u00F6rk/Song.mp3"), "Bj\u00F6rk");
+    EXPECT_EQ(CopiedBytes("Bj\u00F6rk/Song (2).mp3"), "BJ\u00D6RK?");
+    ExpectCopied({Text("Bj\u00F6rk/Song (2).mp3"), Text("Bj\u00F6rk/Song.mp3")});
+}
+
+TEST_P(OnCaselessDisk, ARefusedCharacterCostsOnlyItsFile) {
+    const QString unable = Text("Error: Unable to create file: \"");
+    Add("two\nlines", "x");
+    Add("\ttab", "x");
+    Add("Song", "song");
+    Run();
+    EXPECT_EQ(MessagesShown(), QStringList({unable + Destination("two\nlines.mp3") + u'"',
+                                            unable + Destination("\ttab.mp3") + u'"', Completed}));
+    ExpectCopied({Text("Song.mp3")});
+}
+
+TEST_P(OnCaselessDisk, ARefusedCharacterInAFolderCostsOnlyItsFiles) {
+    form.chkArtist.SetValue(1);
+    Add("Song", "x").Artist = Text("two\nlines");
+    Add("Song", "song");
+    Run();
+    EXPECT_EQ(
+        MessagesShown(),
+        QStringList({Text("Error: Unable to create file: \"") + Destination() + Text("/\""),
+                     Text("Error: Path not found: \"E:\\iPod_Control\\Music\\F00\""), Completed}));
+    ExpectCopied({Text("Artist/Song.mp3")});
+}
+
+TEST_P(OnCaselessDisk, LongNamesAndManyBytesArriveWhole) {
+    const QByteArray bytes = Pattern(3000000);
+    AddSong(QString(251, u'a'), bytes, GetParam());
+    AddSong(QString(252, u'a'), bytes, GetParam());
+    Run();
+    EXPECT_EQ(MessagesShown(),
+              QStringList({Text("Error: Unable to create file: \"") + Destination() + u'/' +
+                               QString(252, u'a') + Text(".mp3\""),
+                           Completed}));
+    EXPECT_TRUE(CopiedBytes((QByteArray(251, 'a') + ".mp3").constData()) == bytes);
+    ExpectCopied({QString(251, u'a') + Text(".mp3")});
+}
+
+INSTANTIATE_TEST_SUITE_P(EitherWay, OnCaselessDisk, testing::Values(5, InChunks),
+                         [](const auto& size) {
+                             return size.param == InChunks ? "InChunks" : "Whole";
+                         });
