@@ -21,6 +21,8 @@ namespace {
 
 constexpr mode_t NewFileMode = 0666;
 constexpr mode_t NewFolderMode = 0777;
+/// Longer texts are no paths.
+constexpr qsizetype LongestPath = 32767;
 
 QString WithoutEndingSeparators(const QString& path) {
     QString trimmed = path;
@@ -269,6 +271,10 @@ FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& in
 /// The folder at `path`, or the nearest one above it that exists.
 FileDescriptor LinuxFileSystem::OpenNearestFolder(const QString& path) {
     FileDescriptor folder = m_paths.Open(path, O_PATH | O_DIRECTORY);
+    const bool isHopeless = path.size() > LongestPath || !FolderExists(Paths::DrivePart(path));
+    if (isHopeless) { // trying thousands of folders would take minutes
+        return folder;
+    }
     for (QString above = Paths::ParentFolder(path); !folder.IsOpen() && !above.isEmpty();
          above = Paths::ParentFolder(above)) {
         folder = m_paths.Open(above, O_PATH | O_DIRECTORY);

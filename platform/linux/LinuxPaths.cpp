@@ -92,17 +92,14 @@ FolderEntry Failed(int error) {
 
 /// Below an open folder a longer path could be made, but nobody would find it again: the next copy
 /// would replace it without a question.
-bool IsTooLong(const QByteArray& path) {
-    return path.size() >= PATH_MAX;
+bool IsTooLong(const QString& path) {
+    return path.size() >= PATH_MAX || path.toUtf8().size() >= PATH_MAX;
 }
 
 FolderEntry EntryOfNative(const QString& path) {
     std::optional<QByteArray> encoded = EncodeName(path);
     if (!encoded) {
         return Failed(EILSEQ);
-    }
-    if (IsTooLong(*encoded)) {
-        return Failed(ENAMETOOLONG);
     }
     while (encoded->endsWith('/')) {
         encoded->chop(1);
@@ -122,6 +119,9 @@ FolderEntry EntryOfNative(const QString& path) {
 } // namespace
 
 FileDescriptor LinuxPaths::Open(const QString& path, int flags) {
+    if (IsTooLong(path)) {
+        return FileDescriptor::Failed(ENAMETOOLONG);
+    }
     if (Paths::IsDriveForm(path)) {
         return OpenOnDrive(path, flags);
     }
@@ -155,6 +155,9 @@ FileDescriptor LinuxPaths::OpenForReading(const QString& path) {
 }
 
 FolderEntry LinuxPaths::EntryOf(const QString& path) {
+    if (IsTooLong(path)) {
+        return Failed(ENAMETOOLONG);
+    }
     if (Paths::IsDriveForm(path)) {
         return EntryOnDrive(path);
     }
@@ -177,9 +180,6 @@ FolderEntry LinuxPaths::EntryOnDrive(const QString& path) {
     DriveNames split = SplitDrivePath(path);
     if (split.Error != 0) {
         return Failed(split.Error);
-    }
-    if (IsTooLong(split.Names.join('/'))) {
-        return Failed(ENAMETOOLONG);
     }
     FileDescriptor root = m_drives.OpenRoot(path[0]);
     if (!root.IsOpen() || split.Names.isEmpty()) {

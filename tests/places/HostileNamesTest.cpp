@@ -1,5 +1,7 @@
 #include "tests/places/JobOnDisk.h"
 
+#include <QElapsedTimer>
+
 namespace {
 
 QString Repeated(const char* text, int count) {
@@ -171,5 +173,22 @@ TEST_F(HostileNames, APathThatIsTooLongForTheSystemCostsItsFileOnly) {
     const QStringList copied = Copied();
     ASSERT_EQ(copied.size(), 1);
     EXPECT_TRUE(copied[0].endsWith(Text("/A/B/S.mp3")));
+    ExpectRestUntouched();
+}
+
+TEST_F(HostileNames, ADestinationOfThousandsOfFoldersIsAnsweredAtOnce) {
+    AddSong(Text("Song"), "sound");
+    const QString native = Destination("a") + Text("/a").repeated(500000);
+    for (const QString& path :
+         {Text("Q:") + Text("\\a").repeated(16000), Text("E:") + Text("\\a").repeated(16000),
+          Text("Q:") + Text("\\a").repeated(500000), native}) {
+        form.txtDestination.SetText(path);
+        QElapsedTimer clock;
+        clock.start();
+        Run();
+        EXPECT_EQ(MessagesShown(), QStringList(Text("Songlift: Invalid destination path.")));
+        EXPECT_LT(clock.elapsed(), 20000) << qPrintable(path.left(10));
+        EXPECT_EQ(NamesIn(Destination()), QStringList());
+    }
     ExpectRestUntouched();
 }

@@ -172,8 +172,8 @@ TEST_F(FoldersFixture, NothingIsMadeWhereItsPathWouldBeTooLongToBeFoundAgain) {
     }
     EXPECT_EQ(ChainError(drivePath.chopped(251)), 0);
     EXPECT_EQ(CreationError(drivePath), 0);
-    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(78, u'e')), 0);
-    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(80, u'e')), 70);
+    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(76, u'e')), 0);
+    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(77, u'e')), 70);
     const qsizetype room = 4095 - nativePath.size();
     EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room, u'f')), 70);
     EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room - 1, u'f')), 0);
