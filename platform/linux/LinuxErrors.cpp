@@ -34,8 +34,15 @@ void ThrowError(int error) {
 }
 
 void ThrowCreationError(int error) {
-    if (error == ENAMETOOLONG || error == EINVAL || error == EILSEQ || error == EISDIR) {
+    switch (error) {
+    case ENAMETOOLONG:
+    case EINVAL:
+    case EILSEQ:
+    case EISDIR:
+    case EEXIST:
         throw RuntimeError(ErrorNumber::PermissionDenied);
+    default:
+        break;
     }
     if (IsMissing(error)) {
         throw RuntimeError(ErrorNumber::PathNotFound);

@@ -10,8 +10,8 @@ int ErrorNumberOf(int error);
 [[noreturn]] void ThrowError(int error);
 
 /// Throws the RuntimeError of a failure to make or replace something in a folder: what is missing
-/// then is the folder, and a name that the file system refuses, or that a folder has already, is a
-/// permission it does not give.
+/// then is the folder, and a name that the file system refuses, or that something else has
+/// already, is a permission it does not give.
 [[noreturn]] void ThrowCreationError(int error);
 
 /// Whether a failure to open says that the path leads to nothing. A name too long for the file

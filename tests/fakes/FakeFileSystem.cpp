@@ -189,8 +189,9 @@ void FakeFileSystem::MakeFolder(const QString& path) {
 
 void FakeFileSystem::CreateFolder(const QString& path) {
     Record(FileCall::CreateFolder, path);
-    if (Find(path) != nullptr) {
-        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    if (const Entry* entry = Find(path)) {
+        throw RuntimeError(entry->IsFolder ? ErrorNumber::FileAlreadyExists
+                                           : ErrorNumber::PermissionDenied);
     }
     QString trimmed = path;
     while (trimmed.endsWith(Paths::Separator(path))) {

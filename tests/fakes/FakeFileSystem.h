@@ -119,7 +119,7 @@ public:
 
     bool FileExists(const QString& path) override;
     bool FolderExists(const QString& path) override;
-    /// FileAlreadyExists where the name is taken.
+    /// FileAlreadyExists where there is one, PermissionDenied where something else has the name.
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
     /// A drive's root is left alone.

@@ -15,7 +15,8 @@ protected:
     }
 
     QString Unable(const char* name) const {
-        return Text("Error: Unable to create file: \"") + Destination(name) + Text("\"");
+        return Text("Error: Unable to create file: \"") +
+               (*name == '\0' ? Destination() + u'/' : Destination(name)) + u'"';
     }
     void SetArtistFolders() { form.chkArtist.SetValue(1); }
 
@@ -51,13 +52,20 @@ TEST_F(PlantedLinks, ALinkedArtistFolderIsUsedAndItsFilesAreAskedAbout) {
               QStringList({Text("Song.mp3"), Text("copy.tmp"), Text("letter.txt")}));
 }
 
-TEST_F(PlantedLinks, ALinkedArtistFolderThatLeadsNowhereIsNotMade) {
+TEST_F(PlantedLinks, AnArtistFolderThatCannotBeMadeCostsItsFilesOnly) {
     MakeLink(World("nix"), Destination("Artist"));
+    WriteFile(Destination("Mine"), "mine");
     SetArtistFolders();
     AddSong(Text("Song"), "sound");
+    AddSong(Text("Song"), "sound").Artist = Text("Mine");
+    AddSong(Text("Song"), "sound").Artist = Text("Other");
     Run();
-    EXPECT_EQ(MessagesShown(), QStringList(Text("Error: Error 75: Path/File access error")));
-    EXPECT_EQ(Copied(), QStringList(Text("Artist -> ") + World("nix")));
+    const QString noFolder = Text("Error: Path not found: \"E:\\iPod_Control\\Music\\F00\"");
+    EXPECT_EQ(MessagesShown(),
+              QStringList({Unable(""), noFolder, Unable(""), noFolder, Completed}));
+    EXPECT_EQ(Copied(), QStringList({Text("Artist -> ") + World("nix"), Text("Mine"),
+                                     Text("Other/Song.mp3")}));
+    EXPECT_EQ(CopiedBytes("Mine"), "mine");
     ExpectRestUntouched();
 }
 

@@ -41,6 +41,7 @@ TEST(CreationError, OfANameThatTheFileSystemRefusesIsADeniedPermission) {
     EXPECT_EQ(CreationNumberOf(EINVAL), 70);
     EXPECT_EQ(CreationNumberOf(EILSEQ), 70);
     EXPECT_EQ(CreationNumberOf(EISDIR), 70);
+    EXPECT_EQ(CreationNumberOf(EEXIST), 70);
 }
 
 TEST(CreationError, OfAMissingPlaceIsAMissingFolder) {

@@ -105,12 +105,12 @@ TEST_F(FoldersFixture, AFolderThatExistsIsNotCreatedAgain) {
     EXPECT_EQ(CreationError(QStringLiteral("/")), 58);
 }
 
-TEST_F(FoldersFixture, AFileInTheWayOfAFolderIsAnAccessError) {
+TEST_F(FoldersFixture, AFileInTheWayOfAFolderIsADeniedPermission) {
     WriteFile(Native(QStringLiteral("Music")), "x");
     MakeLink(QStringLiteral("nix"), Native(QStringLiteral("dead")));
-    EXPECT_EQ(CreationError(Native(QStringLiteral("Music"))), 75);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\music")), 75);
-    EXPECT_EQ(CreationError(Native(QStringLiteral("dead"))), 75);
+    EXPECT_EQ(CreationError(Native(QStringLiteral("Music"))), 70);
+    EXPECT_EQ(CreationError(QStringLiteral("E:\\music")), 70);
+    EXPECT_EQ(CreationError(Native(QStringLiteral("dead"))), 70);
     EXPECT_EQ(ReadFile(Native(QStringLiteral("Music"))), "x");
 }
 
@@ -157,7 +157,7 @@ TEST_F(FoldersFixture, AChainMayGoUpAgain) {
 
 TEST_F(FoldersFixture, AChainThatCannotBeMadeSaysWhy) {
     WriteFile(Native(QStringLiteral("file")), "x");
-    EXPECT_EQ(ChainError(Native(QStringLiteral("file/a"))), 75);
+    EXPECT_EQ(ChainError(Native(QStringLiteral("file/a"))), 70);
     EXPECT_EQ(ChainError(QStringLiteral("Q:\\a\\b")), 76);
     EXPECT_EQ(ChainError(QStringLiteral("a/b")), 76);
     EXPECT_EQ(ChainError(QString()), 76);
