@@ -11,9 +11,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/inotify.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -216,57 +214,6 @@ TEST_F(CopyFixture, AFileIsCopiedBetweenTwoDisks) {
         m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("b")));
         EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), Pattern(size)) << size;
     }
-}
-
-TEST_F(CopyFixture, ASocketIsNoFile) {
-    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
-    sockaddr_un address{AF_UNIX, {}};
-    const QByteArray path = Source(QStringLiteral("socket")).toUtf8();
-    ASSERT_LT(static_cast<size_t>(path.size()), sizeof address.sun_path);
-    std::copy(path.begin(), path.end(), address.sun_path);
-    ASSERT_EQ(bind(socket.Get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-    EXPECT_EQ(CopyError(Source(QStringLiteral("socket")), Target(QStringLiteral("x"))), 53);
-}
-
-TEST_F(CopyFixture, NothingIsGivenThePartName) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    for (const char* name : {".songlift.part", ".SongLift.PART"}) {
-        EXPECT_EQ(CopyError(Source(QStringLiteral("a")), Target(QString::fromLatin1(name))), 70);
-        EXPECT_EQ(MoveError(Source(QStringLiteral("a")), Target(QString::fromLatin1(name))), 70);
-        EXPECT_EQ(CreationError(Target(QString::fromLatin1(name))), 70);
-    }
-    EXPECT_EQ(NamesIn(Target()), QStringList());
-}
-
-TEST_F(CopyFixture, AFileThatOnlyClaimsToBeHugeFillsNoDisk) {
-    const TestMount mount = TestMount::Memory(Native(QStringLiteral("target")), "size=2m");
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
-    WriteFile(Source(QStringLiteral("huge")), "begin");
-    ASSERT_EQ(truncate(Source(QStringLiteral("huge")).toUtf8().constData(), off_t{1} << 43), 0);
-    EXPECT_EQ(CopyError(Source(QStringLiteral("huge")), Target(QStringLiteral("huge"))), 0);
-    EXPECT_EQ(m_files.FileLength(Target(QStringLiteral("huge"))), qint64{1} << 43);
-}
-
-TEST_P(CopyInEitherWay, TheBytesBetweenHolesStayInTheirPlaces) {
-    const QByteArray bytes = Pattern(100000);
-    QFile file(Source(QStringLiteral("holes")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    for (const qint64 at : {0, 1 << 20, 3 << 20}) {
-        ASSERT_TRUE(file.seek(at));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
-    ASSERT_TRUE(file.resize(5 << 20));
-    file.close();
-    Copy(Source(QStringLiteral("holes")), QStringLiteral("holes"));
-    const QByteArray copied = ReadFile(Target(QStringLiteral("holes")));
-    EXPECT_TRUE(copied == ReadFile(Source(QStringLiteral("holes"))));
-    EXPECT_EQ(copied.size(), 5 << 20);
-    EXPECT_TRUE(copied.mid(3 << 20, 100000) == bytes);
-    struct stat info {};
-    ASSERT_EQ(stat(Target(QStringLiteral("holes")).toUtf8().constData(), &info), 0);
-    EXPECT_LT(info.st_blocks * 512, 1 << 20);
 }
 
 TEST_F(CopyFixture, ASecondAttemptBeginsAtTheStartAgain) {
