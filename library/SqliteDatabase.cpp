@@ -91,13 +91,14 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
         }
     }
     ++m_rowCount;
-    if (m_bytes.size() + m_cells.size() * qsizetype(sizeof(Cell)) > MaxResultBytes) {
+    if (m_textBytes + m_cells.size() * qsizetype(sizeof(Cell)) > MaxResultBytes) {
         throw RuntimeError(ErrorNumber::OutOfMemory);
     }
 }
 
 /// Rows that come sorted repeat much of the row before; its bytes then serve both.
 void SqliteRows::AddText(QByteArrayView text) {
+    m_textBytes += text.size(); // whoever makes texts of them makes one of each
     if (m_rowCount > 0) {
         const Cell& above = m_cells[m_cells.size() - m_columnCount];
         if (above.ValueType == Type::Text && TextBytes(above) == text) {

@@ -49,6 +49,8 @@ private:
     // Unlike a vector, these grow in place where the system can, without copying.
     QList<Cell> m_cells;
     QByteArray m_bytes;
+    /// Bytes of all texts together.
+    qsizetype m_textBytes = 0;
 };
 
 /// A database from a device: whatever it holds, it is only read, and reading it ends after a
