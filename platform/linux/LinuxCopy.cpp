@@ -153,22 +153,29 @@ private:
     bool m_isThere = false;
 };
 
+/// Throws where the target is, or is a name of, the source.
+void CheckReplacing(const CopySource& source, int folder, const QByteArray& name) {
+    if (CheckTarget(folder, name) == Target::Replaceable &&
+        IsSameFile(source.Info, folder, name.constData(), 0)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+}
+
 /// Copies into a file that has no name until it is whole, so that not even a killed program leaves
 /// anything behind. False where the file system knows no such files.
-bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Target target) {
+bool CopyNameless(const CopySource& source, int folder, const QByteArray& name) {
     const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
     if (!file.IsOpen()) {
         return false;
     }
     CopyContent(source, file.Get());
-    if (target == Target::Missing) {
-        if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
-            return true;
-        }
-        if (errno != EEXIST) { // else something came there meanwhile
-            return false;
-        }
+    if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
+        return true;
     }
+    if (errno != EEXIST) {
+        return false;
+    }
+    CheckReplacing(source, folder, name);
     PartFile part(folder);
     if (!part.Link(file.Get())) {
         return false;
@@ -180,11 +187,8 @@ bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, 
 } // namespace
 
 void CopyWhole(const CopySource& source, int folder, const QByteArray& name) {
-    const Target target = CheckTarget(folder, name);
-    if (target == Target::Replaceable && IsSameFile(source.Info, folder, name.constData(), 0)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    if (!CopyNameless(source, folder, name, target)) {
+    RequireNoPartName(name);
+    if (!CopyNameless(source, folder, name)) {
         CopyUnderPartName(source, folder, name);
     }
 }
@@ -204,6 +208,7 @@ void RemoveLeftover(int folder) {
 }
 
 void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name) {
+    CheckReplacing(source, folder, name);
     SeekTo(source.File, 0);
     PartFile part(folder);
     FileDescriptor file = part.Create();
@@ -214,14 +219,14 @@ void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& n
     }
 }
 
-bool IsPartName(const QByteArray& name) {
-    return name.compare(PartName, Qt::CaseInsensitive) == 0;
+void RequireNoPartName(const QByteArray& name) {
+    if (name.compare(PartName, Qt::CaseInsensitive) == 0) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
 }
 
 Target CheckTarget(int folder, const QByteArray& name) {
-    if (IsPartName(name)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
+    RequireNoPartName(name);
     struct stat info {};
     if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno == ENOENT) {

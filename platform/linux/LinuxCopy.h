@@ -11,9 +11,9 @@
 /// folder removes what a killed one has left.
 inline constexpr char PartName[] = ".songlift.part";
 
-/// Whether a name is PartName on some disk. Nothing may be given that name: the next copy into the
-/// folder would take it for its own leftover.
-bool IsPartName(const QByteArray& name);
+/// Throws PermissionDenied for a name that is PartName on some disk. Nothing may be given it: the
+/// next copy into the folder would take it for its own leftover.
+void RequireNoPartName(const QByteArray& name);
 
 /// A regular file that is open for reading, and what the system told about it.
 struct CopySource {

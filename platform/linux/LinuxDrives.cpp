@@ -40,12 +40,14 @@ FileDescriptor OpenFolder(const QByteArray& path) {
     return FileDescriptor(open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// An iPod whose database is just being renewed is still one.
-bool HoldsIpod(const QByteArray& drive) {
+/// The place of a drive that holds an iPod. One whose database is just being renewed is still one.
+std::optional<FilePlace> PlaceOfIpod(const std::vector<Mount>& mounts, const QByteArray& drive) {
     const QByteArray name = "iPod_Control";
     const FileDescriptor root = OpenFolder(drive);
-    return root.IsOpen() && (faccessat(root.Get(), name.constData(), F_OK, 0) == 0 ||
-                             !FindNameIgnoringCase(root.Get(), name).isEmpty());
+    const bool holdsIpod =
+        root.IsOpen() && (faccessat(root.Get(), name.constData(), F_OK, 0) == 0 ||
+                          !FindNameIgnoringCase(root.Get(), name).isEmpty());
+    return holdsIpod ? std::optional(PlaceOf(mounts, PathOfOpen(root.Get()))) : std::nullopt;
 }
 
 QChar UpperCase(QChar letter) {
@@ -99,14 +101,21 @@ FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
 
 bool LinuxDrives::IsOnIpod(int folder) {
     RefreshIfNeeded();
-    const auto isHeldBy = [&, place = PlaceOf(m_mounts, PathOfOpen(folder))](const Volume& volume) {
-        if (!volume.IsPresent || !volume.IsIpod) {
-            return false;
-        }
-        const FileDescriptor root = OpenFolder(volume.Folder);
-        return root.IsOpen() && place.IsIn(PlaceOf(m_mounts, PathOfOpen(root.Get())));
-    };
-    return std::any_of(m_volumes.begin(), m_volumes.end(), isHeldBy);
+    struct stat info {};
+    if (fstat(folder, &info) != 0) {
+        return FindWhetherOnIpod(folder);
+    }
+    if (info.st_dev != m_asked.Device || info.st_ino != m_asked.Inode) {
+        m_asked = {info.st_dev, info.st_ino, FindWhetherOnIpod(folder)};
+    }
+    return m_asked.IsOnIpod;
+}
+
+bool LinuxDrives::FindWhetherOnIpod(int folder) const {
+    const FilePlace place = PlaceOf(m_mounts, PathOfOpen(folder));
+    return std::any_of(m_volumes.begin(), m_volumes.end(), [&](const Volume& volume) {
+        return volume.IsPresent && volume.IpodPlace && place.IsIn(*volume.IpodPlace);
+    });
 }
 
 bool LinuxDrives::IsRoot(const struct stat& folder) {
@@ -137,7 +146,7 @@ std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes(const std::vector<Moun
     AddMounted(volumes, mounts);
     AddAttached(volumes);
     for (Volume& volume : volumes) {
-        volume.IsIpod = HoldsIpod(volume.Folder);
+        volume.IpodPlace = PlaceOfIpod(mounts, volume.Folder);
     }
     return volumes;
 }
@@ -183,6 +192,7 @@ void LinuxDrives::Refresh() {
     }
     m_mounts = ReadMountTable(m_sources.MountTable);
     m_isRefreshed = true;
+    m_asked = {};
     std::vector<Volume> fresh;
     for (const Volume& found : FindVolumes(m_mounts)) {
         const auto known =

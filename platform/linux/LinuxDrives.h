@@ -55,8 +55,9 @@ private:
         /// Null until it has one.
         QChar Letter;
         bool IsPresent = false;
-        /// It held the folder that makes a drive an iPod when the drives were last looked at.
-        bool IsIpod = false;
+        /// Where it lies, if it held the folder that makes a drive an iPod when the drives were
+        /// last looked at.
+        std::optional<FilePlace> IpodPlace = {};
     };
 
     static bool IsSame(const Volume& one, const Volume& other);
@@ -69,6 +70,7 @@ private:
     const Volume* Present(QChar letter) const;
     const Volume& Require(QChar letter) const;
     bool TableHasChanged();
+    bool FindWhetherOnIpod(int folder) const;
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
@@ -78,4 +80,11 @@ private:
     bool m_isRefreshed = false;
     /// Every volume that has a letter, also those that are gone.
     std::vector<Volume> m_volumes;
+    /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
+    /// into the same folder.
+    struct {
+        dev_t Device = 0;
+        ino_t Inode = 0;
+        bool IsOnIpod = false;
+    } m_asked;
 };

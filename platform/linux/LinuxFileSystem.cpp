@@ -21,6 +21,8 @@ namespace {
 
 constexpr mode_t NewFileMode = 0666;
 constexpr mode_t NewFolderMode = 0777;
+/// So many bytes need no reading ahead.
+constexpr off_t ReadAtOnce = off_t{256} << 10;
 /// Longer texts are no paths.
 constexpr qsizetype LongestPath = 32767;
 
@@ -63,21 +65,19 @@ void RequireOwnFile(const FileDescriptor& file) {
 } // namespace
 
 bool LinuxFileSystem::FileExists(const QString& path) {
-    const FileDescriptor file = m_paths.Open(path, O_PATH);
-    struct stat info {};
-    return file.IsOpen() && fstat(file.Get(), &info) == 0 && S_ISREG(info.st_mode);
+    const std::optional<struct stat> found = m_paths.Look(path);
+    return found && S_ISREG(found->st_mode);
 }
 
 bool LinuxFileSystem::FolderExists(const QString& path) {
-    return m_paths.Open(path, O_PATH | O_DIRECTORY).IsOpen();
+    const std::optional<struct stat> found = m_paths.Look(path);
+    return found && S_ISDIR(found->st_mode);
 }
 
 void LinuxFileSystem::CreateFolder(const QString& path) {
     CheckFolderName(path);
     const FolderEntry entry = EntryToChange(path);
-    if (IsPartName(entry.Name)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
+    RequireNoPartName(entry.Name);
     int error = entry.Folder.Error();
     if (error == 0 && mkdirat(entry.Folder.Get(), entry.Name.constData(), NewFolderMode) != 0) {
         error = errno;
@@ -255,16 +255,23 @@ QString LinuxFileSystem::NativePath(const QString& path) {
     return QFile::decodeName(PathOfOpen(place.Get()));
 }
 
-/// Opens a regular file for reading.
+/// Opens a regular file for reading. Anything else there (a folder, a pipe) counts as missing.
 FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& info) {
     FileDescriptor file = m_paths.OpenForReading(path);
     if (!file.IsOpen()) {
-        ThrowOpeningError(path, file.Error());
+        const bool isSocket = file.Error() == ENXIO;
+        ThrowOpeningError(path, isSocket ? ENOENT : file.Error());
     }
     if (fstat(file.Get(), &info) != 0) {
         ThrowError(errno);
     }
-    posix_fadvise(file.Get(), 0, 0, POSIX_FADV_SEQUENTIAL); // the kernel then reads further ahead
+    if (!S_ISREG(info.st_mode)) {
+        ThrowOpeningError(path, ENOENT);
+    }
+    if (info.st_size > ReadAtOnce) {
+        // The kernel then reads further ahead.
+        posix_fadvise(file.Get(), 0, 0, POSIX_FADV_SEQUENTIAL);
+    }
     return file;
 }
 

@@ -135,23 +135,23 @@ FileDescriptor LinuxPaths::Open(const QString& path, int flags) {
     return FileDescriptor(open(encoded->constData(), flags | O_CLOEXEC));
 }
 
-FileDescriptor LinuxPaths::OpenForReading(const QString& path) {
-    FileDescriptor place = Open(path, O_PATH);
-    if (!place.IsOpen()) {
-        return place;
-    }
+std::optional<struct stat> LinuxPaths::Look(const QString& path) {
     struct stat info {};
-    if (fstat(place.Get(), &info) != 0) {
-        return FileDescriptor::Failed(errno);
+    if (IsNativeForm(path) && !IsTooLong(path)) { // the same in one step
+        const std::optional<QByteArray> encoded = EncodeName(path);
+        const bool isThere = encoded && stat(encoded->constData(), &info) == 0;
+        return isThere ? std::optional(info) : std::nullopt;
     }
-    if (!S_ISREG(info.st_mode)) {
-        return FileDescriptor::Failed(ENOENT);
-    }
-    const QByteArray found = DescriptorPath(place.Get());
-    constexpr int flags = O_RDONLY | O_CLOEXEC;
-    FileDescriptor file(open(found.constData(), flags | O_NOATIME));
+    const FileDescriptor place = Open(path, O_PATH);
+    const bool isThere = place.IsOpen() && fstat(place.Get(), &info) == 0;
+    return isThere ? std::optional(info) : std::nullopt;
+}
+
+FileDescriptor LinuxPaths::OpenForReading(const QString& path) {
+    constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY;
+    FileDescriptor file = Open(path, flags | O_NOATIME);
     // Only a file's owner may leave the time of the last access as it is.
-    return file.Error() == EPERM ? FileDescriptor(open(found.constData(), flags)) : std::move(file);
+    return file.Error() == EPERM ? Open(path, flags) : std::move(file);
 }
 
 FolderEntry LinuxPaths::EntryOf(const QString& path) {

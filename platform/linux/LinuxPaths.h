@@ -6,6 +6,9 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+#include <sys/stat.h>
+
 /// A place for a file or folder that need not exist yet.
 struct FolderEntry {
     /// The folder that holds it (O_PATH), or the reason why there is none; EILSEQ where the name
@@ -24,9 +27,10 @@ public:
 
     /// Opens what exists at `path`, with the flags of open(2).
     FileDescriptor Open(const QString& path, int flags);
-    /// Opens the regular file at `path` for reading, without a trace on its device. Anything else
-    /// there (a folder, a pipe, a device) counts as missing and is not touched: opening a pipe
-    /// could wait for ever.
+    /// What the system tells about what exists at `path`; nothing where nothing does.
+    std::optional<struct stat> Look(const QString& path);
+    /// Opens the file at `path` for reading, without a trace on its device. Does not wait for the
+    /// other end of a pipe.
     FileDescriptor OpenForReading(const QString& path);
     /// The folder and the name where `path` stands or would stand.
     FolderEntry EntryOf(const QString& path);
