@@ -57,10 +57,6 @@ ssize_t RealRead(int, void*, size_t) asm("__real_read");
 ssize_t HookedRead(int, void*, size_t) asm("__wrap_read");
 ssize_t RealWrite(int, const void*, size_t) asm("__real_write");
 ssize_t HookedWrite(int, const void*, size_t) asm("__wrap_write");
-ssize_t RealCopyFileRange(int, off64_t*, int, off64_t*, size_t,
-                          unsigned) asm("__real_copy_file_range");
-ssize_t HookedCopyFileRange(int, off64_t*, int, off64_t*, size_t,
-                            unsigned) asm("__wrap_copy_file_range");
 int RealClose(int) asm("__real_close");
 int HookedClose(int) asm("__wrap_close");
 int RealRenameat(int, const char*, int, const char*) asm("__real_renameat");
@@ -142,12 +138,6 @@ ssize_t HookedRead(int file, void* buffer, size_t size) {
 ssize_t HookedWrite(int file, const void* buffer, size_t size) {
     SystemCall call{"write", file, nullptr, 0, size};
     return Fails(call) ? -1 : RealWrite(file, buffer, call.Size);
-}
-
-ssize_t HookedCopyFileRange(int source, off64_t* from, int target, off64_t* to, size_t size,
-                            unsigned flags) {
-    SystemCall call{"copy_file_range", target, nullptr, 0, size, source};
-    return Fails(call) ? -1 : RealCopyFileRange(source, from, target, to, call.Size, flags);
 }
 
 int HookedClose(int file) {

@@ -7,15 +7,15 @@
 /// all of them come by here: the linker puts these in the place of the C library's (--wrap).
 struct SystemCall {
     const char* Name;
-    /// The open file or folder that it works on, else -1. Of copy_file_range: the target.
+    /// The open file or folder that it works on, else -1.
     int File = -1;
     /// The name in that folder, or the path; null where there is none.
     const char* Path = nullptr;
     /// Of the calls that open a file.
     int Flags = 0;
-    /// Bytes that read, write and copy_file_range are asked for. The hook may take some off.
+    /// Bytes that read and write are asked for. The hook may take some off.
     size_t Size = 0;
-    /// The file that is read, of read and copy_file_range.
+    /// The file that is read, of read.
     int Source = -1;
 };
 
