@@ -25,6 +25,7 @@ Form1Window::Form1Window(WindowManager& windowManager)
       m_lstSongs(m_window.Widget(), QStringLiteral("lstSongs")),
       m_Handle0(m_window.Widget(), QStringLiteral("Handle0")),
       m_Handle1(m_window.Widget(), QStringLiteral("Handle1")),
+      m_pctNoDevice(m_window.Widget(), QStringLiteral("pctNoDevice")),
       m_frmDP(m_window.Widget(), QStringLiteral("frmDP"), QStringLiteral("Sort by Folders:")),
       m_chkArtist(m_frmDP.Widget(), QStringLiteral("chkArtist"), QStringLiteral("Artist")),
       m_chkAlbum(m_frmDP.Widget(), QStringLiteral("chkAlbum"), QStringLiteral("Album")),
@@ -51,24 +52,27 @@ Form1Window::Form1Window(WindowManager& windowManager)
       m_mnuPopup(m_window.Widget(), QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
                  QStringLiteral("Preview")),
       m_controls{
-          m_window,       m_Picture2,    m_Picture1,       m_Combo1,         m_lblSearch,
-          m_txtSearch,    m_cmdSearch,   m_cmdClear,       m_tbsFilter,      m_lstArtists,
-          m_lstAlbums,    m_lstSongs,    m_Handle0,        m_Handle1,        m_frmDP,
-          m_chkArtist,    m_chkAlbum,    m_chkGenre,       m_frmTN,          m_chkArtistName,
-          m_chkAlbumName, m_chkTrackNum, m_frmDestination, m_pctDestination, m_txtDestination,
-          m_cmdBrowse,    m_cmdCopy,     m_prgCopy,        m_lblMessage,     m_Divider,
-          m_lblFullName,  m_timScan,     m_mnuPopup,       m_mnuPopup.Entry} {
+          m_window,         m_Picture2,     m_Picture1,    m_Combo1,         m_lblSearch,
+          m_txtSearch,      m_cmdSearch,    m_cmdClear,    m_tbsFilter,      m_lstArtists,
+          m_lstAlbums,      m_lstSongs,     m_Handle0,     m_Handle1,        m_pctNoDevice,
+          m_frmDP,          m_chkArtist,    m_chkAlbum,    m_chkGenre,       m_frmTN,
+          m_chkArtistName,  m_chkAlbumName, m_chkTrackNum, m_frmDestination, m_pctDestination,
+          m_txtDestination, m_cmdBrowse,    m_cmdCopy,     m_prgCopy,        m_lblMessage,
+          m_Divider,        m_lblFullName,  m_timScan,     m_mnuPopup,       m_mnuPopup.Entry} {
     m_chkGenre.SetVisible(false); // a box that does nothing misleads
     NameForScreenReaders();
     OrderTabs();
+    Explain();
     LayOutDesign(m_controls, windowManager);
 }
 
 /// Labels, buttons and boxes speak their own text.
 void Form1Window::NameForScreenReaders() {
     m_Combo1.Widget()->setAccessibleName(QStringLiteral("iPod"));
-    // On Linux a combo box speaks its chosen entry in place of its name.
-    m_Combo1.Widget()->setAccessibleDescription(QStringLiteral("iPod"));
+    // On Linux a combo box speaks its chosen entry in place of its name, and is named by the label
+    // that belongs to it.
+    m_Picture1.Widget()->setAccessibleName(QStringLiteral("iPod"));
+    m_Picture1.Widget()->setBuddy(m_Combo1.Widget());
     m_txtSearch.Widget()->setAccessibleName(QStringLiteral("Search"));
     m_tbsFilter.Widget()->setAccessibleName(QStringLiteral("Filter"));
     m_lstArtists.Widget()->setAccessibleName(QStringLiteral("Artists"));
@@ -80,13 +84,36 @@ void Form1Window::NameForScreenReaders() {
 
 void Form1Window::OrderTabs() {
     QWidget* const order[] = {
-        m_Combo1.Widget(),      m_txtSearch.Widget(),      m_cmdSearch.Widget(),
-        m_cmdClear.Widget(),    m_tbsFilter.Widget(),      m_lstArtists.Widget(),
-        m_lstAlbums.Widget(),   m_lstSongs.Widget(),       m_chkArtist.Widget(),
-        m_chkAlbum.Widget(),    m_chkArtistName.Widget(),  m_chkAlbumName.Widget(),
-        m_chkTrackNum.Widget(), m_txtDestination.Widget(), m_cmdBrowse.Widget(),
-        m_cmdCopy.Widget()};
+        m_Combo1.Widget(),       m_txtSearch.Widget(),   m_cmdSearch.Widget(),
+        m_cmdClear.Widget(),     m_tbsFilter.Widget(),   m_lstArtists.Widget(),
+        m_lstAlbums.Widget(),    m_lstSongs.Widget(),    m_pctNoDevice.Command(),
+        m_chkArtist.Widget(),    m_chkAlbum.Widget(),    m_chkArtistName.Widget(),
+        m_chkAlbumName.Widget(), m_chkTrackNum.Widget(), m_txtDestination.Widget(),
+        m_cmdBrowse.Widget(),    m_cmdCopy.Widget()};
     for (size_t i = 1; i < std::size(order); ++i) {
         QWidget::setTabOrder(order[i - 1], order[i]);
     }
+}
+
+/// A word where the caption does not say it all. The tool tips of the destination and of the full
+/// name show what does not fit into them.
+void Form1Window::Explain() {
+    m_Combo1.SetToolTip(QStringLiteral("The iPod that is shown; opening the list looks for more"));
+    m_cmdClear.SetToolTip(QStringLiteral("Ends the search and shows everything again"));
+    m_tbsFilter.Widget()->setTabToolTip(0, QStringLiteral("Tracks of every kind"));
+    m_tbsFilter.Widget()->setTabToolTip(1, QStringLiteral("What the iPod itself calls audio"));
+    m_tbsFilter.Widget()->setTabToolTip(2, QStringLiteral("What the iPod itself calls video"));
+    m_chkArtist.SetToolTip(QStringLiteral("Makes a folder for each artist"));
+    m_chkAlbum.SetToolTip(QStringLiteral("Makes a folder for each album, within the artist's"));
+    m_chkArtistName.SetToolTip(QStringLiteral("File names like \"Artist - Title.mp3\""));
+    m_chkAlbumName.SetToolTip(QStringLiteral("File names like \"Album - Title.mp3\""));
+    m_chkTrackNum.SetToolTip(QStringLiteral("File names like \"07 Title.mp3\""));
+    m_cmdCopy.SetToolTip(
+        QStringLiteral("Copies what is ticked in the lists. Large files pass through a folder "
+                       "\"tmp\" in the destination, which is deleted at the end of every job."));
+    m_mnuPopup.SetEntryToolTip(QStringLiteral("Plays it from the iPod, in a window of its own"));
+
+    m_Combo1.Widget()->setPlaceholderText(QStringLiteral("iPod"));
+    m_txtSearch.Widget()->setPlaceholderText(QStringLiteral("Artist, album or title"));
+    m_txtDestination.Widget()->setPlaceholderText(QStringLiteral("The folder to copy into"));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/NoDevicePanel.h"
 #include "platform/Form1Controls.h"
 #include "platform/qt/QtButtonControl.h"
 #include "platform/qt/QtCheckControl.h"
@@ -30,6 +31,7 @@ public:
 private:
     void NameForScreenReaders();
     void OrderTabs();
+    void Explain();
 
     // In the order of the window, top to bottom and left to right: what is made later lies on top.
     QtWindow m_window;
@@ -46,6 +48,7 @@ private:
     QtListControl m_lstSongs;
     QtHandleControl m_Handle0;
     QtHandleControl m_Handle1;
+    NoDevicePanel m_pctNoDevice;
     QtFrameControl m_frmDP;
     QtCheckControl m_chkArtist;
     QtCheckControl m_chkAlbum;

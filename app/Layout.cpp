@@ -255,6 +255,8 @@ void Layout::PlaceHeights() {
           static_cast<Control*>(&m_controls.Handle0), static_cast<Control*>(&m_controls.Handle1)}) {
         control->SetHeight(height);
     }
+    m_controls.pctNoDevice.Move(m_controls.lstArtists.Left(), m_controls.lstArtists.Top(),
+                                RightEdge() - m_controls.lstArtists.Left(), height);
     m_controls.prgCopy.SetWidth(RightEdge() - m_controls.prgCopy.Left());
 }
 

@@ -50,6 +50,7 @@ void DeviceSelection::Combo1_DropDown() {
         });
     }
     IgnoringErrors([this, isEmpty] { m_controls.timScan.SetEnabled(isEmpty); });
+    IgnoringErrors([this, isEmpty] { m_controls.pctNoDevice.SetVisible(isEmpty); });
 }
 
 void DeviceSelection::timScan_Timer() {

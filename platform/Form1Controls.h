@@ -22,6 +22,8 @@ struct Form1Controls {
     ListControl& lstSongs;
     HandleControl& Handle0;
     HandleControl& Handle1;
+    /// What to do while no iPod is listed; it lies over the lists.
+    Control& pctNoDevice;
 
     Control& frmDP;
     CheckControl& chkArtist;

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QTabBar>
 #include <QToolTip>
 #include <QVariant>
 
@@ -23,6 +24,9 @@ protected:
             return false;
         }
         QWidget* widget = static_cast<QWidget*>(watched);
+        if (qobject_cast<QTabBar*>(widget) != nullptr) {
+            return false; // each of its tabs has its own
+        }
         const QPoint position = static_cast<QHelpEvent*>(event)->globalPos();
         QToolTip::showText(position, ShownText::ToolTip(widget->toolTip()), widget);
         return true;

@@ -2,8 +2,11 @@
 
 #include "platform/qt/QtControl.h"
 
-/// A small picture of a music player, drawn in the colours of the desktop.
-class QtPictureControl : public QtControl<PictureControl, QWidget> {
+#include <QLabel>
+
+/// A small picture of a music player, drawn in the colours of the desktop. As a label it can name
+/// its neighbour to screen readers.
+class QtPictureControl : public QtControl<PictureControl, QLabel> {
 public:
     QtPictureControl(QWidget* parent, const QString& name);
 

@@ -4,13 +4,19 @@ QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& en
                          const QString& entryCaption)
     : m_menu(new QMenu(parent)) {
     m_menu->setObjectName(name);
+    m_menu->setToolTipsVisible(true);
     QAction* action = m_menu->addAction(entryCaption);
     action->setObjectName(entryName);
+    action->setToolTip(QString()); // else its caption once more
     QObject::connect(action, &QAction::triggered, m_menu, [this] { Raise(Entry.Click); });
 }
 
 QtPopupMenu::~QtPopupMenu() {
     delete m_menu.data();
+}
+
+void QtPopupMenu::SetEntryToolTip(const QString& text) {
+    m_menu->actions().constFirst()->setToolTip(text);
 }
 
 void QtPopupMenu::PopUp() {

@@ -16,6 +16,8 @@ public:
 
     MenuEntry Entry;
 
+    /// What the entry shows under the mouse.
+    void SetEntryToolTip(const QString& text);
     /// Opens the menu and returns; the choice comes as the entry's Click.
     void PopUp() override;
 

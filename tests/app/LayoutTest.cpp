@@ -171,6 +171,14 @@ TEST_F(LayoutTest, TheListsAndHandlesTakeTheHeightThatTheBottomMarginLeaves) {
     EXPECT_DOUBLE_EQ(form.lblFullName.Top(), 7840);
 }
 
+TEST_F(LayoutTest, WhatToDoWithoutADeviceLiesOverTheThreeLists) {
+    form.Form1.UserResize(14000, 10000); // 2,000 wider and 1,000 higher
+    EXPECT_DOUBLE_EQ(form.pctNoDevice.Left(), 120);
+    EXPECT_DOUBLE_EQ(form.pctNoDevice.Top(), 1200);
+    EXPECT_DOUBLE_EQ(form.pctNoDevice.Width(), 13520);
+    EXPECT_DOUBLE_EQ(form.pctNoDevice.Height(), 4600);
+}
+
 TEST_F(LayoutTest, TheDividerStands7PixelsLeftOfTheFullName) {
     form.Form1.UserResize(14000, 9500);
     EXPECT_DOUBLE_EQ(form.Divider.Left(), 4920 - 105);

@@ -5,6 +5,7 @@ FakeForm1::FakeForm1() {
     SetCaptions();
     LayOut();
     chkGenre.SetVisible(false);
+    pctNoDevice.SetVisible(false);
     chkGenre.VisibleChanges = 0;
     Form1.Visible = true;
     WindowManager.ActiveWindow = Form1.Handle();

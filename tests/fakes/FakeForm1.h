@@ -25,6 +25,7 @@ struct FakeForm1 {
     FakeListControl lstSongs{Focus};
     FakeHandleControl Handle0{Focus};
     FakeHandleControl Handle1{Focus};
+    FakeControl pctNoDevice{Focus};
 
     FakeControl frmDP{Focus};
     FakeCheckControl chkArtist{Focus};
@@ -50,12 +51,12 @@ struct FakeForm1 {
     MenuEntry mnuPreview;
 
     Form1Controls Controls{
-        Form1,          Picture2,      Picture1,     Combo1,      lblSearch,      txtSearch,
-        cmdSearch,      cmdClear,      tbsFilter,    lstArtists,  lstAlbums,      lstSongs,
-        Handle0,        Handle1,       frmDP,        chkArtist,   chkAlbum,       chkGenre,
-        frmTN,          chkArtistName, chkAlbumName, chkTrackNum, frmDestination, pctDestination,
-        txtDestination, cmdBrowse,     cmdCopy,      prgCopy,     lblMessage,     Divider,
-        lblFullName,    timScan,       mnuPopup,     mnuPreview,
+        Form1,          Picture2,       Picture1,      Combo1,       lblSearch,   txtSearch,
+        cmdSearch,      cmdClear,       tbsFilter,     lstArtists,   lstAlbums,   lstSongs,
+        Handle0,        Handle1,        pctNoDevice,   frmDP,        chkArtist,   chkAlbum,
+        chkGenre,       frmTN,          chkArtistName, chkAlbumName, chkTrackNum, frmDestination,
+        pctDestination, txtDestination, cmdBrowse,     cmdCopy,      prgCopy,     lblMessage,
+        Divider,        lblFullName,    timScan,       mnuPopup,     mnuPreview,
     };
 
     FakeForm1();

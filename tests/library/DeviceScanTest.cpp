@@ -132,6 +132,21 @@ TEST_F(DeviceScan, WithADeviceThatIsNotChosenTheWindowIsResetAndTheTimerStands) 
     EXPECT_EQ(Music.Library.TrackCount, 0);
 }
 
+TEST_F(DeviceScan, WhatToDoIsShownJustAsLongAsNoDeviceIsListed) {
+    Devices.Combo1_DropDown();
+    EXPECT_TRUE(Window.pctNoDevice.Visible());
+    AttachIPod('E', u"IPOD"_s, {u"1"_s});
+    Devices.LibraryLeaves = [this] { EXPECT_FALSE(Window.pctNoDevice.Visible()); };
+
+    Window.timScan.Elapse();
+
+    EXPECT_FALSE(Window.pctNoDevice.Visible());
+    Devices.LibraryLeaves = {};
+    Detach('E');
+    Devices.Combo1_DropDown();
+    EXPECT_TRUE(Window.pctNoDevice.Visible());
+}
+
 TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {
     AttachIPod('E', u"IPOD"_s, {u"1"_s});
     Choose(0);

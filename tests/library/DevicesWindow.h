@@ -97,6 +97,7 @@ protected:
         EXPECT_EQ(Window.lblMessage.Caption(), message);
         EXPECT_EQ(Window.lblFullName.Caption(), QString());
         EXPECT_FALSE(Window.Picture1.ShowsDevice);
+        EXPECT_EQ(Window.pctNoDevice.Visible(), !message.isEmpty());
         for (const FakeListControl* list :
              {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
             EXPECT_EQ(list->ListCount(), 0);
