@@ -59,6 +59,7 @@ void Settings::RestoreOptions() {
         destination = Paths::Join(destination, QStringLiteral("My Music"));
     }
     m_controls.txtDestination.SetText(m_store.Read(QStringLiteral("DestPath"), destination));
+    m_controls.txtDestination.CompletePaths();
 }
 
 void Settings::RestoreWindow() {

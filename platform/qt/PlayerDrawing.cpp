@@ -49,9 +49,12 @@ QPainterPath Triangle(QPointF tip, QPointF one, QPointF other) {
 }
 
 void DrawNote(QPainter& painter, const Grid& grid) {
-    painter.drawEllipse(grid.Point(10.4, 14.2), grid.Length(2.4), grid.Length(1.9));
-    painter.drawRect(grid.Area(11.8, 6.2, 1, 8));
-    painter.drawRect(grid.Area(11.8, 6.2, 4, 2));
+    QPainterPath note;
+    note.setFillRule(Qt::WindingFill);
+    note.addEllipse(grid.Point(10.4, 14.2), grid.Length(2.4), grid.Length(1.9));
+    note.addRect(grid.Area(11.8, 6.2, 1, 8));
+    note.addRect(grid.Area(11.8, 6.2, 4, 2));
+    painter.drawPath(note);
 }
 
 /// Back, play and forward.

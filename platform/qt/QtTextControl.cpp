@@ -1,8 +1,8 @@
 #include "platform/qt/QtTextControl.h"
 
+#include "platform/qt/FolderOffers.h"
+
 #include <QApplication>
-#include <QCompleter>
-#include <QFileSystemModel>
 
 #include <algorithm>
 
@@ -32,18 +32,5 @@ void QtTextControl::FocusMovedTo(const QWidget* widget) {
 }
 
 void QtTextControl::CompletePaths() {
-    // Made when the user begins to type: looking at the file system would delay the start.
-    QObject::connect(
-        Widget(), &QLineEdit::textEdited, &m_listener,
-        [this] {
-            auto* completer = new QCompleter(Widget());
-            auto* folders = new QFileSystemModel(completer);
-            folders->setOption(QFileSystemModel::DontWatchForChanges);
-            folders->setOption(QFileSystemModel::DontUseCustomDirectoryIcons);
-            folders->setFilter(QDir::AllDirs | QDir::Drives | QDir::NoDotAndDotDot);
-            folders->setRootPath(QString());
-            completer->setModel(folders);
-            Widget()->setCompleter(completer);
-        },
-        Qt::SingleShotConnection);
+    new FolderOffers(Widget()); // which goes with it
 }

@@ -49,6 +49,7 @@ TEST_F(SettingsTest, AFirstStartTicksArtistAlbumAndTrackNumber) {
 TEST_F(SettingsTest, AFirstStartPointsToMyMusicInTheDocumentsFolder) {
     Restore();
     EXPECT_EQ(form.txtDestination.Text(), QStringLiteral("/home/ana/Documents/My Music"));
+    EXPECT_TRUE(form.txtDestination.CompletesPaths);
 }
 
 TEST_F(SettingsTest, WithoutADocumentsFolderTheDestinationStaysEmpty) {

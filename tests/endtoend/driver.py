@@ -15,7 +15,7 @@ Area = namedtuple("Area", "x y width height")
 
 # Where in a row the check box is, from the row's left edge.
 CHECK_BOX_X = 9
-LISTS = ("Artists", "Albums", "Songs")
+LISTS = ("Artists", "Albums", "Songs", "Folders")
 
 # Two clicks at one place within this time, in seconds, are a double click.
 DOUBLE_CLICK = 0.5
@@ -207,6 +207,14 @@ class Songlift:
         """Whether a check box or a row is ticked."""
         return self._has(control, self.atspi.StateType.CHECKED)
 
+    def has_focus(self, control):
+        """Whether keys go to a control."""
+        return self._has(control, self.atspi.StateType.FOCUSED)
+
+    def offers_folders(self):
+        """Whether folders are offered for the path that is being typed."""
+        return self._search(lambda control: control.get_name() == "Folders") is not None
+
     def progress(self):
         """How much of the progress bar is filled, from 0 to 1."""
         bar = self.control("Progress")
@@ -220,6 +228,12 @@ class Songlift:
     def text_of_device(self):
         """The chosen entry of the list of iPods."""
         return self._device_list().get_name()
+
+    def label_of_device_list(self):
+        """What the list of iPods is called by a screen reader."""
+        box = self._device_list()
+        return [relation.get_target(0).get_name() for relation in box.get_relation_set()
+                if relation.get_relation_type() == self.atspi.RelationType.LABELLED_BY]
 
     def choose_device(self, ends_with):
         """Opens the list of iPods, and chooses an entry by the end of its text."""
@@ -328,22 +342,12 @@ class Songlift:
         self.click(field)
         # Clicks pass through the window manager; keys would overtake them.
         self.wait_for(f"{name} to have the focus",
-                      lambda: self._has(field, self.atspi.StateType.FOCUSED))
+                      lambda: self.has_focus(field))
         self.desktop.xdotool("key", "ctrl+a", "type", "--delay", 4, text)
         self.wait_for(f'{name} to hold "{text}"', lambda: self.text_of(name) == text)
-        # Folder names offered below the field would lie over what is clicked next, and appear late.
-        # The first Tab may do no more than close them.
-        self.wait_for(f"the focus to leave {name}", lambda: self._leaves(field))
-
-    def _leaves(self, field):
-        """Presses Tab in a field; whether the focus went on."""
+        # The folders that are offered while one types would lie over what is clicked next.
         self.desktop.xdotool("key", "Tab")
-        try:
-            self.wait_for("the focus to go on",
-                          lambda: not self._has(field, self.atspi.StateType.FOCUSED), 1)
-        except Waited:
-            return False
-        return True
+        self.wait_for(f"the focus to leave {name}", lambda: not self.has_focus(field))
 
     def answer(self, title, text, button):
         """Waits for a message of a title and a text, and answers it."""

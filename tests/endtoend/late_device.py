@@ -15,17 +15,22 @@ def play(stage):
     with stage.start(drive) as window:
         window.wait_for_text("No compatible iPod detected.")
         assert not window.enabled(window.control("Search"))
+        assert window.says("Connect your iPod")
+        assert window.text_of("Command") == "udisksctl mount -b /dev/sdX2"
         assert not window.text_of_device().startswith("(")
 
         prepared.folder.rename(drive)
         window.wait_for_text("Selected: 0 KB of 623.3 MB", SOON)
         load_small_sample(window)
         assert window.enabled(window.control("Search"))
+        assert not window.says("Connect your iPod")
+        assert window.label_of_device_list() == ["iPod"], window.label_of_device_list()
 
         drive.rename(prepared.folder)
         window.look_for_devices()
         window.wait_for_text("No compatible iPod detected.")
         window.wait_for_rows("Artists", [])
+        assert window.says("Connect your iPod")
         prepared.folder.rename(drive)
         window.wait_for_text("Selected: 0 KB of 623.3 MB", SOON)
         load_small_sample(window)

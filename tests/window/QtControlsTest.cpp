@@ -184,16 +184,4 @@ TEST_F(QtControls, AMenuOrAnotherWindowOnlyBorrowsTheFocusOfATextBox) {
     EXPECT_EQ(lost, 1);
 }
 
-TEST_F(QtControls, ATextBoxThatCompletesPathsTakesTypingAsBefore) {
-    QtTextControl text(&window, QStringLiteral("text"));
-    Show();
-    text.SetFocus();
-    text.CompletePaths();
-    int changes = 0;
-    text.Change = [&] { ++changes; };
-    QtInput::Type(window, QStringLiteral("/tm"));
-    EXPECT_EQ(text.Text(), QStringLiteral("/tm"));
-    EXPECT_EQ(changes, 3);
-}
-
 } // namespace

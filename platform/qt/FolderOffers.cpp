@@ -1,0 +1,173 @@
+#include "platform/qt/FolderOffers.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int MostRows = 8;
+/// More than anybody reads; in a folder of many thousands the rest is not worth the wait.
+constexpr int MostNames = 5000;
+
+/// The names of the folders in a folder, in order; none for what is no absolute path.
+QStringList FoldersIn(const QString& folder) {
+    QStringList names;
+    // What begins with ":" would be one of the program's own resources.
+    if (folder.startsWith(QLatin1Char(':')) || !QDir::isAbsolutePath(folder)) {
+        return names;
+    }
+    QDirIterator entries(folder, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
+    while (entries.hasNext() && names.size() < MostNames) {
+        entries.next();
+        names.append(entries.fileName());
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}
+
+} // namespace
+
+FolderOffers::FolderOffers(QLineEdit* box) : QObject(box), m_box(box) {
+    QObject::connect(box, &QLineEdit::textEdited, this, [this] { Offer(); });
+}
+
+FolderOffers::~FolderOffers() {
+    delete m_list.data();
+}
+
+void FolderOffers::Offer() {
+    m_typed = m_box->text();
+    const QStringList names = Matching(m_typed);
+    if (names.isEmpty() || !m_box->hasFocus()) {
+        Close();
+    } else {
+        Open(names);
+    }
+}
+
+/// The folders that the path may go on with: none where it is complete, and hidden ones only when
+/// asked for.
+QStringList FolderOffers::Matching(const QString& text) {
+    const qsizetype end = text.lastIndexOf(QDir::separator()) + 1;
+    const QString folder = text.left(end);
+    if (folder != m_folder) {
+        m_folder = folder;
+        m_names = FoldersIn(folder);
+    }
+    const QString begun = text.mid(end);
+    QStringList matching;
+    for (const QString& name : m_names) {
+        const bool isHidden = name.startsWith(QLatin1Char('.'));
+        if (name.startsWith(begun, Qt::CaseInsensitive) && (!isHidden || !begun.isEmpty())) {
+            matching.append(name);
+        }
+    }
+    return matching == QStringList(begun) ? QStringList() : matching;
+}
+
+void FolderOffers::Open(const QStringList& names) {
+    if (m_list == nullptr) {
+        m_list = new QListWidget(m_box->window());
+        m_list->setObjectName(QStringLiteral("FolderList"));
+        m_list->setFocusPolicy(Qt::NoFocus);
+        m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        m_list->setUniformItemSizes(true);
+        m_list->setAccessibleName(QStringLiteral("Folders"));
+        QObject::connect(m_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+            m_box->setText(m_folder + item->text());
+            Close();
+        });
+    }
+    if (!IsOpen()) {
+        qApp->installEventFilter(this);
+    }
+    m_list->clear();
+    m_list->addItems(names);
+    m_list->setCurrentRow(-1);
+    Place();
+    m_list->show();
+    m_list->raise();
+}
+
+/// Above or below the box, where there is more room.
+void FolderOffers::Place() {
+    const QWidget* window = m_box->window();
+    const QPoint corner = m_box->mapTo(window, QPoint(0, 0));
+    const int below = window->height() - corner.y() - m_box->height();
+    const int room = std::max(corner.y(), below);
+    const int rows = std::min(m_list->count(), MostRows);
+    const int height = std::min(room, rows * m_list->sizeHintForRow(0) + 2 * m_list->frameWidth());
+    const int top = below > corner.y() ? corner.y() + m_box->height() : corner.y() - height;
+    m_list->setGeometry(corner.x(), top, m_box->width(), height);
+}
+
+void FolderOffers::Close() {
+    // What is known may be out of date when the user types again.
+    m_folder.clear();
+    m_names.clear();
+    if (IsOpen()) {
+        qApp->removeEventFilter(this);
+        m_list->hide();
+    }
+}
+
+bool FolderOffers::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_box && event->type() == QEvent::KeyPress) {
+        return TakesKey(static_cast<QKeyEvent*>(event)->key());
+    }
+    if (ReachesElsewhere(watched, *event)) {
+        Close();
+    }
+    return false;
+}
+
+/// Whether the user turns away from the list, or the window below it changes.
+bool FolderOffers::ReachesElsewhere(const QObject* watched, const QEvent& event) const {
+    switch (event.type()) {
+    case QEvent::FocusOut:
+    case QEvent::EnabledChange:
+        return watched == m_box;
+    case QEvent::Resize:
+        return watched == m_box->window();
+    case QEvent::MouseButtonPress: {
+        const auto* widget = qobject_cast<const QWidget*>(watched);
+        return widget != nullptr && widget != m_list && !m_list->isAncestorOf(widget);
+    }
+    default:
+        return false;
+    }
+}
+
+/// Whether a key in the box was meant for the open list.
+bool FolderOffers::TakesKey(int key) {
+    const bool isChosen = m_list->currentRow() != -1;
+    switch (key) {
+    case Qt::Key_Down:
+        Step(1);
+        return true;
+    case Qt::Key_Up:
+        Step(-1);
+        return true;
+    case Qt::Key_Escape:
+        m_box->setText(m_typed);
+        Close();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Close();
+        return isChosen;
+    default:
+        return false;
+    }
+}
+
+/// To the next row, and over the ends by way of what was typed.
+void FolderOffers::Step(int by) {
+    const int stops = m_list->count() + 1;
+    const int row = (m_list->currentRow() + 1 + by + stops) % stops - 1;
+    m_list->setCurrentRow(row);
+    m_box->setText(row == -1 ? m_typed : m_folder + m_list->item(row)->text());
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+
+/// Offers, while the user types a path into a box, the folders that it may go on with. The list is
+/// a part of the window and takes neither the focus nor the mouse: keys stay with the box, a click
+/// elsewhere arrives there, and what stands in the box is what counts. Goes with the box.
+class FolderOffers : public QObject {
+public:
+    explicit FolderOffers(QLineEdit* box);
+    ~FolderOffers() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QLineEdit* m_box;
+    /// Made when the first folder is offered.
+    QPointer<QListWidget> m_list;
+    /// What the user has typed, which Escape brings back.
+    QString m_typed;
+    /// The folder whose folders are known, up to its last separator, and their names.
+    QString m_folder;
+    QStringList m_names;
+
+    bool IsOpen() const { return m_list != nullptr && m_list->isVisible(); }
+    void Offer();
+    QStringList Matching(const QString& text);
+    void Open(const QStringList& names);
+    void Place();
+    void Close();
+    bool TakesKey(int key);
+    void Step(int by);
+    bool ReachesElsewhere(const QObject* watched, const QEvent& event) const;
+};
