@@ -13,17 +13,26 @@ QString MountingHelp() {
                           "On one that does not, open a terminal and type:");
 }
 
-/// The player that is missing, paler than one that is there.
+/// The player that is missing, paler than one that is there. It is the first to give way where
+/// there is little room.
 class MissingPlayer : public QWidget {
 public:
-    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setFixedSize(60, 95); }
+    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setMaximumHeight(Size.height()); }
+
+    QSize sizeHint() const override { return Size; }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setOpacity(0.5);
-        DrawPlayer(painter, rect(), palette());
+        constexpr int least = 30;
+        if (height() >= least) {
+            QPainter painter(this);
+            painter.setOpacity(0.5);
+            DrawPlayer(painter, rect(), palette());
+        }
     }
+
+private:
+    static constexpr QSize Size{60, 95};
 };
 
 QLabel* NewText(QWidget* parent, const QString& text) {
@@ -66,7 +75,7 @@ NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
     column->setSpacing(0);
     column->addStretch(2);
     column->addWidget(new MissingPlayer(content), 0, Qt::AlignHCenter);
-    column->addSpacing(18);
+    column->addSpacing(12);
     column->addWidget(title);
     column->addSpacing(8);
     column->addWidget(

@@ -2,7 +2,13 @@
 
 #include "platform/RuntimeError.h"
 
+#include <QAbstractItemView>
+#include <QScreen>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,10 +20,31 @@ public:
 
     void showPopup() override {
         Raise(Opening);
+        // The open list is as wide as its longest entry, so that names that begin alike differ.
+        view()->setMinimumWidth(
+            std::min(view()->sizeHintForColumn(0) + 2 * view()->frameWidth() + iconSize().width(),
+                     screen()->availableSize().width()));
         QComboBox::showPopup();
     }
 
 protected:
+    /// The styles would cut off what does not fit, in the middle of a letter.
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        if (currentIndex() == -1) {
+            option.palette.setBrush(QPalette::ButtonText, option.palette.placeholderText());
+            option.currentText = placeholderText();
+        }
+        const QRect area = style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                   QStyle::SC_ComboBoxEditField, this);
+        option.currentText =
+            fontMetrics().elidedText(option.currentText, Qt::ElideRight, area.width() - 2);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+
     void wheelEvent(QWheelEvent* event) override {
         // A turn of the wheel on its way elsewhere must not choose another entry.
         event->ignore();

@@ -5,6 +5,23 @@
 
 #include <QStyle>
 
+namespace {
+
+/// Keys act on the list whose current row is bright; the rows of the others are only tinted.
+QPalette WithTintedRows(QPalette palette) {
+    constexpr float share = 0.35F;
+    const QColor bright = palette.color(QPalette::Highlight);
+    const QColor ground = palette.color(QPalette::Base);
+    const auto mixed = [](float one, float other) { return one * share + other * (1 - share); };
+    palette.setColor(QPalette::Highlight, QColor::fromRgbF(mixed(bright.redF(), ground.redF()),
+                                                           mixed(bright.greenF(), ground.greenF()),
+                                                           mixed(bright.blueF(), ground.blueF())));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    return palette;
+}
+
+} // namespace
+
 QStyleOptionViewItem QtListDelegate::Option(const QListView& view, const QModelIndex& index) const {
     QStyleOptionViewItem option;
     option.initFrom(&view);
@@ -18,6 +35,9 @@ QStyleOptionViewItem QtListDelegate::Option(const QListView& view, const QModelI
 void QtListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
     option->palette = WithVisibleBoxes(option->palette);
+    if (!option->state.testFlag(QStyle::State_HasFocus)) {
+        option->palette = WithTintedRows(option->palette);
+    }
 }
 
 QRect QtListDelegate::CheckArea(const QListView& view, const QModelIndex& index) const {

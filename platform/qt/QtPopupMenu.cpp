@@ -4,10 +4,8 @@ QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& en
                          const QString& entryCaption)
     : m_menu(new QMenu(parent)) {
     m_menu->setObjectName(name);
-    m_menu->setToolTipsVisible(true);
     QAction* action = m_menu->addAction(entryCaption);
     action->setObjectName(entryName);
-    action->setToolTip(QString()); // else its caption once more
     QObject::connect(action, &QAction::triggered, m_menu, [this] { Raise(Entry.Click); });
 }
 
@@ -17,6 +15,7 @@ QtPopupMenu::~QtPopupMenu() {
 
 void QtPopupMenu::SetEntryToolTip(const QString& text) {
     m_menu->actions().constFirst()->setToolTip(text);
+    m_menu->setToolTipsVisible(true);
 }
 
 void QtPopupMenu::PopUp() {

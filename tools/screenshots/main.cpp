@@ -60,10 +60,12 @@ public:
         m_form.Form_Load();
         m_window.Window().SetSize(980 * 15, 660 * 15);
         m_window.Controls().txtDestination.SetText(QStringLiteral("/home/ana/Music"));
-        Controls().lstSongs.SetListIndex(0);
     }
 
+    void NoDevice() { m_photographer.Take(*m_window.Window().Widget(), "no-ipod"); }
+
     void Library() {
+        Controls().lstSongs.SetListIndex(0);
         Controls().lstArtists.SetListIndex(2);
         Controls().lstAlbums.SetSelected(1, true);
         Controls().lstAlbums.SetListIndex(1);
@@ -142,6 +144,9 @@ private:
 };
 
 void Photograph(const QString& sample, const QString& folder, const QString& suffix) {
+    qunsetenv("SONGLIFT_DRIVES");
+    Session(Photographer(folder, suffix)).NoDevice();
+    qputenv("SONGLIFT_DRIVES", sample.toUtf8());
     Session session{Photographer(folder, suffix)};
     session.Library();
     session.Search();
@@ -159,7 +164,6 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "make-screenshots <sample iPod> <folder for the pictures>\n");
         return 2;
     }
-    qputenv("SONGLIFT_DRIVES", arguments[1].toUtf8());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     Photograph(arguments[1], arguments[2], QStringLiteral(".png"));
     QApplication::setPalette(DarkPalette());
