@@ -109,8 +109,8 @@ void Form1Window::Explain() {
     m_chkAlbumName.SetToolTip(QStringLiteral("File names like \"Album - Title.mp3\""));
     m_chkTrackNum.SetToolTip(QStringLiteral("File names like \"07 Title.mp3\""));
     m_cmdCopy.SetToolTip(
-        QStringLiteral("Copies what is ticked in the lists. Large files pass through a folder "
-                       "\"tmp\" in the destination, which is deleted at the end of every job."));
+        QStringLiteral("Copies what is ticked. A folder \"tmp\" in the destination is used on the "
+                       "way, and deleted at the end."));
     m_mnuPopup.SetEntryToolTip(QStringLiteral("Plays it from the iPod, in a window of its own"));
 
     m_Combo1.Widget()->setPlaceholderText(QStringLiteral("iPod"));

@@ -13,26 +13,33 @@ QString MountingHelp() {
                           "On one that does not, open a terminal and type:");
 }
 
-/// The player that is missing, paler than one that is there. It is the first to give way where
-/// there is little room.
+/// The player that is missing, paler than one that is there.
 class MissingPlayer : public QWidget {
 public:
-    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setMaximumHeight(Size.height()); }
-
-    QSize sizeHint() const override { return Size; }
+    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setFixedSize(60, 95); }
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        constexpr int least = 30;
-        if (height() >= least) {
-            QPainter painter(this);
-            painter.setOpacity(0.5);
-            DrawPlayer(painter, rect(), palette());
-        }
+        QPainter painter(this);
+        painter.setOpacity(0.5);
+        DrawPlayer(painter, rect(), palette());
     }
+};
 
-private:
-    static constexpr QSize Size{60, 95};
+/// Scrolls what does not fit, but not because of the picture, which goes first.
+class TextWithPicture : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+
+    QWidget* Picture = nullptr;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        const int shown = widget()->layout()->heightForWidth(viewport()->width());
+        const int whole = Picture->isHidden() ? shown + Picture->height() : shown;
+        Picture->setHidden(whole > viewport()->height());
+    }
 };
 
 QLabel* NewText(QWidget* parent, const QString& text) {
@@ -65,8 +72,10 @@ QLineEdit* NewCommand(QWidget* parent, const QString& text) {
 } // namespace
 
 NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
-    : QtControl(new QScrollArea(parent), name) {
+    : QtControl(new TextWithPicture(parent), name) {
     auto* content = new QWidget(Widget());
+    auto* picture = new MissingPlayer(content);
+    static_cast<TextWithPicture*>(Widget())->Picture = picture;
     auto* title = NewTitle(content, QStringLiteral("Connect your iPod"));
     m_command = NewCommand(content, QStringLiteral("udisksctl mount -b /dev/sdX2"));
 
@@ -74,7 +83,7 @@ NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
     column->setContentsMargins(16, 16, 16, 16);
     column->setSpacing(0);
     column->addStretch(2);
-    column->addWidget(new MissingPlayer(content), 0, Qt::AlignHCenter);
+    column->addWidget(picture, 0, Qt::AlignHCenter);
     column->addSpacing(12);
     column->addWidget(title);
     column->addSpacing(8);
@@ -94,9 +103,6 @@ NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
     Widget()->setFocusPolicy(Qt::NoFocus);
     Widget()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Widget()->setAccessibleName(title->text());
-    // It covers the lists, and has their colours.
-    Widget()->setAutoFillBackground(true);
-    Widget()->viewport()->setBackgroundRole(QPalette::Base);
-    content->setAutoFillBackground(false);
+    Widget()->setAutoFillBackground(true); // over the lists
     SetVisible(false);
 }

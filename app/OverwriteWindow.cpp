@@ -46,7 +46,7 @@ void OverwriteWindow::Ask() {
 }
 
 /// The size set so far counts as the outer one once the window has its borders; the question and
-/// the buttons need it inside.
+/// the buttons need it inside, and have no use for more.
 void OverwriteWindow::KeepInside() {
-    m_window.SetMinimumSize(m_window.ScaleWidth(), m_window.ScaleHeight());
+    m_window.Widget()->setFixedSize(m_window.Widget()->size());
 }

@@ -8,11 +8,13 @@
 namespace {
 
 /// Keys act on the list whose current row is bright; the rows of the others are only tinted.
-QPalette WithTintedRows(QPalette palette) {
-    constexpr float share = 0.35F;
+QPalette WithTintedRows(QPalette palette, bool isEnabled) {
+    const float share = isEnabled ? 0.35F : 0.15F;
     const QColor bright = palette.color(QPalette::Highlight);
     const QColor ground = palette.color(QPalette::Base);
-    const auto mixed = [](float one, float other) { return one * share + other * (1 - share); };
+    const auto mixed = [share](float one, float other) {
+        return one * share + other * (1 - share);
+    };
     palette.setColor(QPalette::Highlight, QColor::fromRgbF(mixed(bright.redF(), ground.redF()),
                                                            mixed(bright.greenF(), ground.greenF()),
                                                            mixed(bright.blueF(), ground.blueF())));
@@ -36,7 +38,8 @@ void QtListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelI
     QStyledItemDelegate::initStyleOption(option, index);
     option->palette = WithVisibleBoxes(option->palette);
     if (!option->state.testFlag(QStyle::State_HasFocus)) {
-        option->palette = WithTintedRows(option->palette);
+        option->palette =
+            WithTintedRows(option->palette, option->state.testFlag(QStyle::State_Enabled));
     }
 }
 

@@ -23,10 +23,12 @@ protected:
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Base));
-        painter.fillRect(QRect(0, 0, value(), height()), palette().color(QPalette::Highlight));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        // Areas only: at a scale like 1.5 a line would not end where they do.
+        const QRect inside = rect().adjusted(1, 1, -1, -1);
+        painter.fillRect(rect(), palette().color(QPalette::Mid));
+        painter.fillRect(inside, palette().color(QPalette::Base));
+        painter.fillRect(inside & QRect(0, 0, value(), height()),
+                         palette().color(QPalette::Highlight));
     }
 };
 

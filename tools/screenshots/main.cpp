@@ -28,6 +28,7 @@ QPalette DarkPalette() {
     palette.setColor(QPalette::Base, QColor(30, 31, 34));
     palette.setColor(QPalette::Highlight, QColor(52, 111, 186));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(125, 127, 130));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, QColor(125, 127, 130));
     }
