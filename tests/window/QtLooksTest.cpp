@@ -5,6 +5,7 @@
 #include "platform/qt/QtListControl.h"
 #include "platform/qt/QtPictureControl.h"
 #include "platform/qt/QtPopupMenu.h"
+#include "platform/qt/QtProgressControl.h"
 #include "platform/qt/QtTabsControl.h"
 #include "tests/window/QtInput.h"
 
@@ -140,6 +141,28 @@ TEST_F(QtLooks, TheListThatHasTheFocusIsTheBrightOne) {
     other.SetFocus();
     EXPECT_GT(distance(colourOfRow()), 60);
     EXPECT_NE(colourOfRow(), window.palette().color(QPalette::Base));
+}
+
+TEST_F(QtLooks, TheProgressBarKeepsItsOutlineAtEveryScale) {
+    QtProgressControl progress(&window, QStringLiteral("prgCopy"));
+    progress.Move(0, 0, 3000, 210); // 200 x 14 pixels
+    QPalette palette;
+    palette.setColor(QPalette::Mid, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::blue);
+    progress.Widget()->setPalette(palette);
+    progress.SetMax(100);
+    progress.SetValue(100);
+    Show();
+    for (const qreal ratio : {1.0, 1.5, 2.0}) {
+        QImage bar(QSize(200, 14) * ratio, QImage::Format_RGB32);
+        bar.setDevicePixelRatio(ratio);
+        progress.Widget()->render(&bar);
+        const int x = bar.width() / 2;
+        EXPECT_EQ(bar.pixelColor(x, 0), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(bar.pixelColor(x, bar.height() / 2), QColor(Qt::blue)) << ratio;
+        EXPECT_EQ(bar.pixelColor(x, bar.height() - 1), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(bar.pixelColor(bar.width() - 1, 10), QColor(Qt::black)) << ratio;
+    }
 }
 
 TEST_F(QtLooks, ATabShowsAToolTipOfItsOwn) {
