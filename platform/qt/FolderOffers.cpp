@@ -128,7 +128,6 @@ bool FolderOffers::eventFilter(QObject* watched, QEvent* event) {
 bool FolderOffers::ReachesElsewhere(const QObject* watched, const QEvent& event) const {
     switch (event.type()) {
     case QEvent::FocusOut:
-    case QEvent::EnabledChange:
         return watched == m_box;
     case QEvent::Resize:
         return watched == m_box->window();

@@ -40,13 +40,13 @@ protected:
         return palette;
     }
 
-    /// The player, 24 x 38 units on so many pixels, on white.
+    /// The player on white, in the main window's place for it.
     static QImage Player(qreal ratio) {
-        QImage image(QSize(qRound(24 * ratio), qRound(38 * ratio)), QImage::Format_RGB32);
+        QImage image(QSize(32, 40) * ratio, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
         image.fill(Qt::white);
         QPainter painter(&image);
-        DrawPlayer(painter, QRectF(0, 0, 24, 38), TwoColours());
+        DrawPlayer(painter, QRectF(0, 0, 32, 40), TwoColours());
         return image;
     }
 
@@ -64,15 +64,19 @@ TEST_F(QtLooks, ThePlayerIsSharpAtEveryScale) {
         const QImage player = Player(ratio);
         const int middle = player.width() / 2;
         const int bottom = player.height() - 1;
+        int left = 0;
+        while (player.pixelColor(left, bottom / 2) == QColor(Qt::white)) {
+            ++left;
+        }
         for (int line = 0; line < width; ++line) {
             EXPECT_EQ(player.pixel(middle, line), black) << ratio;
             EXPECT_EQ(player.pixel(middle, bottom - line), black) << ratio;
-            EXPECT_EQ(player.pixel(line, bottom / 2), black) << ratio;
+            EXPECT_EQ(player.pixel(left + line, bottom / 2), black) << ratio;
         }
         EXPECT_EQ(player.pixel(middle, width), yellow) << ratio;
         EXPECT_EQ(player.pixel(middle, bottom - width), yellow) << ratio;
-        EXPECT_EQ(player.pixel(width, bottom / 2), yellow) << ratio;
-        EXPECT_EQ(player.pixel(qRound(5 * ratio), qRound(6 * ratio)), QColor(Qt::blue).rgb());
+        EXPECT_EQ(player.pixel(left + width, bottom / 2), yellow) << ratio;
+        EXPECT_EQ(player.pixel(qRound(10 * ratio), qRound(7 * ratio)), QColor(Qt::blue).rgb());
     }
 }
 
