@@ -2,13 +2,9 @@
 
 #include "platform/RuntimeError.h"
 
-#include <QAbstractItemView>
-#include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
-
-#include <algorithm>
 
 namespace {
 
@@ -20,10 +16,6 @@ public:
 
     void showPopup() override {
         Raise(Opening);
-        // The open list is as wide as its longest entry, so that names that begin alike differ.
-        view()->setMinimumWidth(
-            std::min(view()->sizeHintForColumn(0) + 2 * view()->frameWidth() + iconSize().width(),
-                     screen()->availableSize().width()));
         QComboBox::showPopup();
     }
 
