@@ -22,5 +22,6 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Qt's own package brings the plugin for X11; nothing that is linked brings the one for Wayland.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "hicolor-icon-theme, qt6-wayland")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS udisks2)
+# GTK desktops lend their folder picker through a plugin of its own.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-gtk-platformtheme, udisks2")
 include(CPack)
