@@ -13,6 +13,8 @@ protected:
     PlayerControls() {
         Preview(Film(QStringLiteral("medium.mp4"), QStringLiteral("320x240")));
         window.activateWindow();
+        // Before the length of the film is known, there is nothing to drag.
+        EXPECT_TRUE(Becomes([&] { return Position().isEnabled(); }));
     }
 
     QPoint PointAt(double share) const {
