@@ -13,8 +13,6 @@ public:
 
     /// Reads exactly `size` bytes. A file that ends earlier is a device that fails: DeviceIOError.
     virtual void Read(char* buffer, qint64 size) = 0;
-    /// Writes exactly `size` bytes.
-    virtual void Write(const char* buffer, qint64 size) = 0;
     /// Writes the next `size` bytes of `source`, a file of the same file system service. A source
     /// that ends earlier is a device that fails: DeviceIOError.
     virtual void WriteFrom(BinaryFile& source, qint64 size) = 0;

@@ -42,12 +42,6 @@ void LinuxFile::Read(char* buffer, qint64 size) {
     }
 }
 
-void LinuxFile::Write(const char* buffer, qint64 size) {
-    if (size > 0) {
-        WriteAll(m_file.Get(), buffer, static_cast<size_t>(size));
-    }
-}
-
 void LinuxFile::WriteFrom(BinaryFile& source, qint64 size) {
     // The one service that makes files here makes no others.
     const int from = static_cast<LinuxFile&>(source).m_file.Get();

@@ -16,7 +16,6 @@ public:
     explicit LinuxFile(FileDescriptor file) : m_file(std::move(file)) {}
 
     void Read(char* buffer, qint64 size) override;
-    void Write(const char* buffer, qint64 size) override;
     void WriteFrom(BinaryFile& source, qint64 size) override;
     void Truncate(qint64 size) override;
     void Close() override;

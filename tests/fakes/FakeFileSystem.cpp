@@ -39,21 +39,6 @@ public:
         m_position += size;
     }
 
-    void Write(const char* buffer, qint64 size) override {
-        Begin(FileCall::Write, size);
-        if (!m_writable) {
-            throw RuntimeError(ErrorNumber::PermissionDenied);
-        }
-        const qint64 inside = std::min(size, m_entry->Content.Length() - m_position);
-        const qint64 fits = inside + m_files.TakeSpace(m_path, size - inside);
-        m_entry->Content.Write(buffer, m_position, fits);
-        m_entry->ModificationTime = ++m_files.m_clock;
-        m_position += fits;
-        if (fits < size) {
-            throw RuntimeError(ErrorNumber::DiskFull);
-        }
-    }
-
     void WriteFrom(BinaryFile& source, qint64 size) override {
         QByteArray bytes(size, Qt::Uninitialized);
         source.Read(bytes.data(), size);
@@ -73,6 +58,21 @@ public:
     }
 
 private:
+    void Write(const char* buffer, qint64 size) {
+        Begin(FileCall::Write, size);
+        if (!m_writable) {
+            throw RuntimeError(ErrorNumber::PermissionDenied);
+        }
+        const qint64 inside = std::min(size, m_entry->Content.Length() - m_position);
+        const qint64 fits = inside + m_files.TakeSpace(m_path, size - inside);
+        m_entry->Content.Write(buffer, m_position, fits);
+        m_entry->ModificationTime = ++m_files.m_clock;
+        m_position += fits;
+        if (fits < size) {
+            throw RuntimeError(ErrorNumber::DiskFull);
+        }
+    }
+
     void Begin(FileCall call, qint64 size) {
         if (m_closed) {
             throw std::logic_error("a closed file was used");

@@ -5,13 +5,22 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QTemporaryFile>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-class FilesFixture : public LinuxFixture {};
+class FilesFixture : public LinuxFixture {
+protected:
+    /// Writes the bytes from a file elsewhere.
+    void Write(BinaryFile& file, const QByteArray& bytes) {
+        QTemporaryFile source;
+        ASSERT_TRUE(source.open() && source.write(bytes) == bytes.size() && source.flush());
+        file.WriteFrom(*m_files.OpenForReading(source.fileName()), bytes.size());
+    }
+};
 
 mode_t ModeOf(const QString& path) {
     struct stat info {};
@@ -84,7 +93,7 @@ TEST_F(FilesFixture, WhatIsOpenForReadingCannotBeWritten) {
     WriteFile(Native(QStringLiteral("song.mp3")), "abc");
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReading(Native(QStringLiteral("song.mp3")));
-    EXPECT_NE(NumberOf([&] { file->Write("x", 1); }), 0);
+    EXPECT_NE(NumberOf([&] { Write(*file, "x"); }), 0);
     EXPECT_NE(NumberOf([&] { file->Truncate(0); }), 0);
     EXPECT_EQ(ReadFile(Native(QStringLiteral("song.mp3"))), "abc");
 }
@@ -113,7 +122,7 @@ TEST_F(FilesFixture, AMissingFileIsCreatedForWriting) {
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReadingAndWriting(QStringLiteral("E:\\copy.tmp"));
     umask(before);
-    file->Write("abcdef", 6);
+    Write(*file, "abcdef");
     file->Truncate(4);
     file->Close();
     file->Close(); // once more is nothing
@@ -125,7 +134,7 @@ TEST_F(FilesFixture, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
     WriteFile(Native(QStringLiteral("copy.tmp")), "old content");
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReadingAndWriting(QStringLiteral("E:\\COPY.tmp"));
-    file->Write("new", 3);
+    Write(*file, "new");
     char rest[8] = {};
     file->Read(rest, 8);
     file->Close();
@@ -217,7 +226,7 @@ TEST_F(FilesFixture, WritingToAFullDiskRaisesDiskFull) {
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
     const QByteArray bytes = Pattern(2000000);
-    EXPECT_EQ(NumberOf([&] { file->Write(bytes.constData(), bytes.size()); }), 61);
+    EXPECT_EQ(NumberOf([&] { Write(*file, bytes); }), 61);
 }
 
 TEST_F(FilesFixture, TheDriveOfADrivePathIsItsFirstTwoCharacters) {
