@@ -33,6 +33,12 @@ bool TellFailure(Messages& messages, const std::function<void()>& work) {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     bool handled = false;
-    TellFailure(*MessageBoxes, [&] { handled = QApplication::notify(receiver, event); });
+    const auto handle = [&] { handled = QApplication::notify(receiver, event); };
+    if (MessageBoxes == nullptr) {
+        handle();
+    } else {
+        // By reference: a copy of it would take memory, and nobody would tell when there is none.
+        TellFailure(*MessageBoxes, std::ref(handle));
+    }
     return handled;
 }

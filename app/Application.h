@@ -15,7 +15,7 @@ class Application : public QApplication {
 public:
     using QApplication::QApplication;
 
-    /// Where failures are told; must be set before the first event.
+    /// Where failures are told; null until the window that shows them is built.
     Messages* MessageBoxes = nullptr;
 
     bool notify(QObject* receiver, QEvent* event) override;

@@ -99,7 +99,7 @@ void Form1Window::OrderTabs() {
 /// name show what does not fit into them.
 void Form1Window::Explain() {
     m_Combo1.SetToolTip(QStringLiteral("The iPod that is shown; opening the list looks for more"));
-    m_cmdClear.SetToolTip(QStringLiteral("Ends the search and shows everything again"));
+    m_cmdClear.SetToolTip(QStringLiteral("Ends the search"));
     m_tbsFilter.Widget()->setTabToolTip(0, QStringLiteral("Tracks of every kind"));
     m_tbsFilter.Widget()->setTabToolTip(1, QStringLiteral("What the iPod itself calls audio"));
     m_tbsFilter.Widget()->setTabToolTip(2, QStringLiteral("What the iPod itself calls video"));
@@ -109,8 +109,8 @@ void Form1Window::Explain() {
     m_chkAlbumName.SetToolTip(QStringLiteral("File names like \"Album - Title.mp3\""));
     m_chkTrackNum.SetToolTip(QStringLiteral("File names like \"07 Title.mp3\""));
     m_cmdCopy.SetToolTip(
-        QStringLiteral("Copies what is ticked. A folder \"tmp\" in the destination is used on the "
-                       "way, and deleted at the end."));
+        QStringLiteral("Starts and stops copying what is ticked. A folder \"tmp\" in the "
+                       "destination is used on the way, and deleted at the end."));
     m_mnuPopup.SetEntryToolTip(QStringLiteral("Plays it from the iPod, in a window of its own"));
 
     m_Combo1.Widget()->setPlaceholderText(QStringLiteral("iPod"));

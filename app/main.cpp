@@ -49,7 +49,9 @@ int main(int argc, char** argv) {
     Form1 form(services, window.Controls(), preview.Controls(), [&](OverwritePrompt& prompt) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });
-    if (!TellFailure(messages, [&form] { form.Form_Load(); })) {
+    const bool isLoaded = TellFailure(messages, [&form] { form.Form_Load(); });
+    // Settings that cannot be read leave no window; a device that fails leaves one for the next.
+    if (!isLoaded && !window.Window().Widget()->isVisible()) {
         return 1;
     }
     return QApplication::exec();

@@ -19,38 +19,37 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
     if (!m_files.FolderExists(Base)) {
         m_files.CreateFolder(Base);
     }
-    if (!CopyToTemp(Source, temp, BytesAtOnce)) {
+    const qint64 size = m_files.FileLength(Source);
+    const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(Source);
+    // Kept until it stands under its final name: so long no other copy takes it.
+    const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
+    if (!CopyChunks(*reading, *writing, size, BytesAtOnce)) {
         return false;
     }
-    try {
-        m_files.CopyModificationTime(Source, temp);
-    } catch (const RuntimeError&) {
-        // The bytes are what matters; some drives keep no times.
-    }
+    m_files.CopyModificationTime(Source, temp);
     m_files.MoveFile(temp, Destination);
     return true;
 }
 
-/// Fills the temporary file with the bytes of `source`; false when cancelled.
-bool ChunkedCopy::CopyToTemp(const QString& source, const QString& temp, qint32 bytesAtOnce) {
-    const qint64 size = m_files.FileLength(source);
-    const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(source);
-    const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
+/// Fills the temporary file with the `size` bytes of `source`, and closes both; false when
+/// cancelled.
+bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size,
+                             qint32 bytesAtOnce) {
     for (qint64 done = 0;;) {
         const qint64 chunk = std::min<qint64>(size - done, bytesAtOnce);
         const bool isLast = size - done <= bytesAtOnce;
         if (chunk > 0) {
-            writing->WriteFrom(*reading, chunk);
+            temp.WriteFrom(source, chunk);
         }
         done += chunk;
         const bool cancelled = !isLast && CancelledAfterChunk(done);
         if (isLast) {
             // A longer file left behind by an earlier copy would keep its tail.
-            writing->Truncate(size);
+            temp.Truncate(size);
         }
         if (isLast || cancelled) {
-            reading->Close();
-            writing->Close();
+            source.Close();
+            temp.Close();
             return !cancelled;
         }
     }

@@ -16,12 +16,12 @@ public:
     /// Copies `Source` to `Destination` by way of "copy.tmp" in the folder `Base`, which ends in
     /// a separator, `BytesAtOnce` bytes at a time. An earlier Destination stays until all bytes are
     /// there. False when cancelled: Destination is untouched then, and the temporary file stays.
-    /// Throws RuntimeError when a step fails, OutOfMemory when there is no room for a chunk.
+    /// Throws RuntimeError when a step fails.
     bool NewCopy(const QString& Source, const QString& Destination, const QString& Base,
                  qint32 BytesAtOnce);
 
 private:
-    bool CopyToTemp(const QString& source, const QString& temp, qint32 bytesAtOnce);
+    bool CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce);
     bool CancelledAfterChunk(qint64 done);
 
     FileSystem& m_files;

@@ -69,6 +69,7 @@ private:
     Next CountTrack();
     Next MakeFolders();
     Next MakeFolder(const CheckControl& option, const QString& name);
+    void CreateFolder(const QString& folder);
     void ClearFolder();
     void NameFile(const TrackRecord& track);
     Next PutFile(const TrackRecord& track);

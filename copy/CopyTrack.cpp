@@ -72,7 +72,7 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
     // Looked for again by every attempt: a disk that comes back may bring the folder along.
     const Next next = Step([&] {
         if (!m_files.FolderExists(folder)) {
-            m_files.CreateFolder(folder);
+            CreateFolder(folder);
         }
     });
     if (next != Next::Step) {
@@ -80,6 +80,17 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
     }
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;
+}
+
+/// That somebody else has made it in the same instant is no error.
+void CopyJob::CreateFolder(const QString& folder) {
+    try {
+        m_files.CreateFolder(folder);
+    } catch (const RuntimeError& error) {
+        if (error.Number != ErrorNumber::FileAlreadyExists) {
+            throw;
+        }
+    }
 }
 
 /// Removes what a killed job has left in the folder of the track at hand, also where all its files

@@ -112,16 +112,16 @@ void DeviceSelection::ForgetDevice() {
 
 void DeviceSelection::ListDevices() {
     for (const Drive& drive : m_drives.Drives()) {
-        bool isRemovable = false;
+        IgnoringErrors([&] { ListDevice(drive); });
+    }
+}
+
+void DeviceSelection::ListDevice(const Drive& drive) {
+    if (drive.Letter > QLatin1Char('B') && m_drives.IsRemovable(drive) && HasDatabase(drive.Path)) {
         QString volumeName;
-        if (drive.Letter > QLatin1Char('B')) {
-            IgnoringErrors([&] { isRemovable = m_drives.IsRemovable(drive); });
-        }
-        if (isRemovable && HasDatabase(drive.Path)) {
-            IgnoringErrors([&] { volumeName = m_drives.VolumeName(drive); });
-            m_controls.Combo1.AddItem(QLatin1Char('(') + drive.Letter + QStringLiteral(":) ") +
-                                      volumeName);
-        }
+        IgnoringErrors([&] { volumeName = m_drives.VolumeName(drive); });
+        m_controls.Combo1.AddItem(QLatin1Char('(') + drive.Letter + QStringLiteral(":) ") +
+                                  volumeName);
     }
 }
 

@@ -36,6 +36,7 @@ public:
 
 private:
     void ListDevices();
+    void ListDevice(const Drive& drive);
     void ForgetDevice();
     void ResetWindow();
     void PrepareBrowser();

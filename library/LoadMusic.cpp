@@ -11,13 +11,13 @@ namespace {
 
 /// Runs a reader and shows what stops it. False when the reader leaves the load open.
 template <class Reader>
-bool RunReader(LoadProgress& progress, const Reader& reader) {
+bool RunReader(Messages& messages, const Reader& reader) {
     try {
         return reader();
     } catch (const RuntimeError& error) {
-        progress.ShowError(error);
+        ShowError(messages, error);
     } catch (const std::bad_alloc&) {
-        progress.ShowError(RuntimeError(ErrorNumber::OutOfMemory));
+        ShowError(messages, RuntimeError(ErrorNumber::OutOfMemory));
     }
     return true;
 }
@@ -29,11 +29,12 @@ LoadMusic::LoadMusic(FileSystem& files, Messages& messages, Form1Controls& contr
 }
 
 void LoadMusic::LoadITunesDB(const QString& driveRoot) {
-    LoadProgress progress(Library, m_messages, m_controls);
+    LoadProgress progress(Library, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
     // An empty track list is meant to stop the load where it is: LoadingMusic and the message stay.
-    if (RunReader(progress, [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
+    if (RunReader(m_messages,
+                  [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
         loading.Run();
     } else {
         loading.Dismiss();
@@ -41,10 +42,10 @@ void LoadMusic::LoadITunesDB(const QString& driveRoot) {
 }
 
 void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
-    LoadProgress progress(Library, m_messages, m_controls);
+    LoadProgress progress(Library, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
-    RunReader(progress, [&] {
+    RunReader(m_messages, [&] {
         ReadSQLiteLibrary(m_files, driveRoot, Library, progress);
         return true;
     });

@@ -1,9 +1,11 @@
 #include "library/LoadProgress.h"
 
 #include "platform/Numbers.h"
+#include "platform/RuntimeError.h"
+#include "platform/ScopeGuard.h"
 
-LoadProgress::LoadProgress(MusicLibrary& library, Messages& messages, Form1Controls& controls)
-    : m_library(library), m_messages(messages), m_controls(controls) {
+LoadProgress::LoadProgress(MusicLibrary& library, Form1Controls& controls)
+    : m_library(library), m_controls(controls) {
 }
 
 void LoadProgress::Start() {
@@ -36,13 +38,10 @@ void LoadProgress::TrackLoaded() {
     }
 }
 
-void LoadProgress::ShowError(const RuntimeError& error) {
-    ::ShowError(m_messages, error);
-}
-
 void LoadProgress::End() {
-    m_library.LoadingMusic = false;
+    ScopeGuard ended([this] { m_library.LoadingMusic = false; });
     m_controls.prgCopy.SetValue(0);
+    ended.Run();
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
 }
 

@@ -2,15 +2,13 @@
 
 #include "library/MusicLibrary.h"
 #include "platform/Form1Controls.h"
-#include "platform/Messages.h"
-#include "platform/RuntimeError.h"
 
 #include <optional>
 
 /// What the window shows while a library loads, and the state of the library that goes with it.
 class LoadProgress {
 public:
-    LoadProgress(MusicLibrary& library, Messages& messages, Form1Controls& controls);
+    LoadProgress(MusicLibrary& library, Form1Controls& controls);
 
     /// Marks the library as loading and empty; its records stay until the reader replaces them.
     void Start();
@@ -19,8 +17,6 @@ public:
     /// Shows that one more track counts in TrackCount. Throws TypeMismatch when there is no total,
     /// and Overflow when the percentage passes 32,767.
     void TrackLoaded();
-    /// Shows why the load has failed.
-    void ShowError(const RuntimeError& error);
     /// Brings bar and caption back, and marks the load as done.
     void End();
 
@@ -29,7 +25,6 @@ private:
     void MirrorInCaption();
 
     MusicLibrary& m_library;
-    Messages& m_messages;
     Form1Controls& m_controls;
     std::optional<double> m_total;
     /// The percentage in the message, -1 while the message tells none.

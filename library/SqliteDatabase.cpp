@@ -13,7 +13,7 @@ namespace {
 // What a device's own library never comes near, and a hostile one cannot pass.
 // The time is counted from the opening on, over all statements.
 constexpr double MaxProcessorSeconds = 2;
-constexpr std::chrono::seconds MaxDuration(60); // a slow device is no hostile one
+constexpr std::chrono::minutes MaxDuration(10); // a slow device is no hostile one
 constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
 constexpr qsizetype MaxResultBytes = 64 << 20;
 constexpr int MaxValueBytes = 65536;
@@ -212,8 +212,12 @@ void SqliteDatabase::Check(int result) {
     if (!m_database || result == SQLITE_INTERRUPT) {
         throw RuntimeError(result, QString::fromUtf8(sqlite3_errstr(result)));
     }
-    const QString description = QString::fromUtf8(sqlite3_errmsg(m_database.get()));
-    throw RuntimeError(result, description.simplified().left(MaxDescriptionLength));
+    QString description = QString::fromUtf8(sqlite3_errmsg(m_database.get())).simplified();
+    description.truncate(MaxDescriptionLength);
+    if (!description.isEmpty() && description.back().isHighSurrogate()) {
+        description.chop(1);
+    }
+    throw RuntimeError(result, description);
 }
 
 int SqliteDatabase::StopWhenLate(void* self) {

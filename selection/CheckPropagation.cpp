@@ -93,7 +93,7 @@ void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) 
     m_controls.lstSongs.SetListIndex(songRow);
     m_summary.CalculateSize(false);
     building.Run();
-    m_controls.cmdCopy.SetEnabled(m_controls.lstArtists.SelCount() >= 1 || m_state.CheckedHidden);
+    m_artistList.EnableCopy();
     raisedBy.SetFocus();
 }
 

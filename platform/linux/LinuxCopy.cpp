@@ -4,6 +4,7 @@
 #include "platform/linux/BeneathOpen.h"
 #include "platform/linux/ByteTransfer.h"
 #include "platform/linux/FileDescriptor.h"
+#include "platform/linux/FileLock.h"
 #include "platform/linux/LinuxErrors.h"
 
 #include <fcntl.h>
@@ -77,23 +78,6 @@ void CopyContent(const CopySource& source, int target) {
     futimens(target, times);
 }
 
-bool IsSameFile(const struct stat& file, int folder, const char* name, int flags) {
-    struct stat other {};
-    return fstatat(folder, name, &other, flags) == 0 && file.st_dev == other.st_dev &&
-           file.st_ino == other.st_ino;
-}
-
-/// Locks a part file, so that no other copy that runs right now takes its name away. File systems
-/// without locks are trusted. Throws PermissionDenied where the other copy was first.
-void LockPart(int file, int folder) {
-    struct stat info {};
-    const bool isInUse = flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    if (isInUse || fstat(file, &info) != 0 ||
-        !IsSameFile(info, folder, PartName, AT_SYMLINK_NOFOLLOW)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-}
-
 /// Gives an open file that has no name yet a name; as linkat.
 int LinkNameless(int folder, int file, const char* name) {
     // The short way is open to root, and on newer kernels to everyone.
@@ -113,7 +97,7 @@ public:
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
     ~PartFile() {
-        if (m_isThere) {
+        if (m_isMade && !IsReplaced()) {
             unlinkat(m_folder, PartName, 0);
         }
     }
@@ -129,53 +113,71 @@ public:
         if (!file.IsOpen()) {
             ThrowCreationError(file.Error());
         }
-        LockPart(file.Get(), m_folder);
-        m_isThere = true;
+        m_isMade = true;
+        Remember(file.Get());
+        LockNamed(file.Get(), m_folder, PartName);
         return file;
     }
 
     /// Gives a file without a name the part name; false where that name is taken.
     bool Link(int file) {
         flock(file, LOCK_EX | LOCK_NB);
-        m_isThere = LinkNameless(m_folder, file, PartName) == 0;
-        return m_isThere;
+        Remember(file);
+        m_isMade = LinkNameless(m_folder, file, PartName) == 0;
+        return m_isMade;
     }
 
+    /// Throws PermissionDenied where another program has put something in the part file's place.
     void TakePlaceOf(const QByteArray& name) {
+        if (IsReplaced()) {
+            throw RuntimeError(ErrorNumber::PermissionDenied);
+        }
         if (renameat(m_folder, PartName, m_folder, name.constData()) != 0) {
             ThrowCreationError(errno);
         }
-        m_isThere = false;
+        m_isMade = false;
     }
 
 private:
+    void Remember(int file) { m_isKnown = fstat(file, &m_info) == 0; }
+    bool IsReplaced() const {
+        struct stat found {};
+        return m_isKnown && fstatat(m_folder, PartName, &found, AT_SYMLINK_NOFOLLOW) == 0 &&
+               (found.st_dev != m_info.st_dev || found.st_ino != m_info.st_ino);
+    }
+
     int m_folder;
-    bool m_isThere = false;
+    bool m_isMade = false;
+    bool m_isKnown = false;
+    struct stat m_info {};
 };
 
-/// Throws where the target is, or is a name of, the source.
-void CheckReplacing(const CopySource& source, int folder, const QByteArray& name) {
-    if (CheckTarget(folder, name) == Target::Replaceable &&
-        IsSameFile(source.Info, folder, name.constData(), 0)) {
+/// What may be replaced, or is missing; throws where the target is, or is a name of, the source.
+Target CheckReplacing(const CopySource& source, int folder, const QByteArray& name) {
+    const Target target = CheckTarget(folder, name);
+    if (target == Target::Replaceable && IsSameFile(source.Info, folder, name.constData(), 0)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
+    return target;
 }
 
 /// Copies into a file that has no name until it is whole, so that not even a killed program leaves
 /// anything behind. False where the file system knows no such files.
-bool CopyNameless(const CopySource& source, int folder, const QByteArray& name) {
+bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Target target) {
     const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
     if (!file.IsOpen()) {
         return false;
     }
     CopyContent(source, file.Get());
-    if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
-        return true;
-    }
-    if (errno != EEXIST) {
+    if (target == Target::Missing) {
+        if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
+            return true;
+        }
+        if (errno == EEXIST) { // it came there meanwhile, and nobody was asked about it
+            throw RuntimeError(ErrorNumber::PermissionDenied);
+        }
         return false;
     }
-    CheckReplacing(source, folder, name);
     PartFile part(folder);
     if (!part.Link(file.Get())) {
         return false;
@@ -187,20 +189,27 @@ bool CopyNameless(const CopySource& source, int folder, const QByteArray& name) 
 } // namespace
 
 void CopyWhole(const CopySource& source, int folder, const QByteArray& name) {
-    RequireNoPartName(name);
-    if (!CopyNameless(source, folder, name)) {
+    const Target target = CheckReplacing(source, folder, name);
+    if (!CopyNameless(source, folder, name, target)) {
         CopyUnderPartName(source, folder, name);
     }
 }
 
 void RemoveLeftover(int folder) {
-    const FileDescriptor leftover(
-        openat(folder, PartName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    constexpr int flags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    // For writing where possible: over NFS only such a file can be locked.
+    FileDescriptor leftover(openat(folder, PartName, O_RDWR | flags));
+    if (leftover.Error() == EACCES || leftover.Error() == EROFS) {
+        leftover = FileDescriptor(openat(folder, PartName, O_RDONLY | flags));
+    }
     if (leftover.Error() == ENOENT) {
         return;
     }
+    if (leftover.Error() == EACCES) { // somebody else's, who may be writing it
+        ThrowError(leftover.Error());
+    }
     if (leftover.IsOpen()) {
-        LockPart(leftover.Get(), folder);
+        LockNamed(leftover.Get(), folder, PartName);
     }
     if (unlinkat(folder, PartName, 0) != 0 && errno != ENOENT) {
         ThrowCreationError(errno);
@@ -208,7 +217,6 @@ void RemoveLeftover(int folder) {
 }
 
 void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name) {
-    CheckReplacing(source, folder, name);
     SeekTo(source.File, 0);
     PartFile part(folder);
     FileDescriptor file = part.Create();

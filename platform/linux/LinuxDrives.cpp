@@ -111,11 +111,30 @@ bool LinuxDrives::IsOnIpod(int folder) {
     return m_asked.IsOnIpod;
 }
 
-bool LinuxDrives::FindWhetherOnIpod(int folder) const {
-    const FilePlace place = PlaceOf(m_mounts, PathOfOpen(folder));
-    return std::any_of(m_volumes.begin(), m_volumes.end(), [&](const Volume& volume) {
-        return volume.IsPresent && volume.IpodPlace && place.IsIn(*volume.IpodPlace);
-    });
+bool LinuxDrives::FindWhetherOnIpod(int folder) {
+    const std::vector<FilePlace>& ipods = IpodPlaces();
+    const QByteArray path = PathOfOpen(folder);
+    if (path.isEmpty()) {
+        return !ipods.empty(); // nobody can tell, and nothing is to change on one
+    }
+    const FilePlace place = PlaceOf(m_mounts, path);
+    return std::any_of(ipods.begin(), ipods.end(),
+                       [&](const FilePlace& ipod) { return place.IsIn(ipod); });
+}
+
+const std::vector<FilePlace>& LinuxDrives::IpodPlaces() {
+    if (!m_ipodPlaces) {
+        std::vector<FilePlace> places;
+        for (const Volume& volume : m_volumes) {
+            const std::optional<FilePlace> place =
+                volume.IsPresent ? PlaceOfIpod(m_mounts, volume.Folder) : std::nullopt;
+            if (place) {
+                places.push_back(*place);
+            }
+        }
+        m_ipodPlaces = std::move(places);
+    }
+    return *m_ipodPlaces;
 }
 
 bool LinuxDrives::IsRoot(const struct stat& folder) {
@@ -145,9 +164,6 @@ std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes(const std::vector<Moun
     std::vector<Volume> volumes;
     AddMounted(volumes, mounts);
     AddAttached(volumes);
-    for (Volume& volume : volumes) {
-        volume.IpodPlace = PlaceOfIpod(mounts, volume.Folder);
-    }
     return volumes;
 }
 
@@ -184,17 +200,19 @@ void LinuxDrives::AddAttached(std::vector<Volume>& volumes) {
 }
 
 void LinuxDrives::Refresh() {
+    m_isRefreshed = false; // until all of it is known, whatever fails on the way
+    m_mounts = ReadMountTable(m_sources.MountTable);
+    const std::vector<Volume> volumes = FindVolumes(m_mounts);
+    m_ipodPlaces.reset();
+    m_asked = {};
     // Where two known volumes fit, the one that was there a moment ago stays.
     std::stable_partition(m_volumes.begin(), m_volumes.end(),
                           [](const Volume& volume) { return volume.IsPresent; });
     for (Volume& volume : m_volumes) {
         volume.IsPresent = false;
     }
-    m_mounts = ReadMountTable(m_sources.MountTable);
-    m_isRefreshed = true;
-    m_asked = {};
     std::vector<Volume> fresh;
-    for (const Volume& found : FindVolumes(m_mounts)) {
+    for (const Volume& found : volumes) {
         const auto known =
             std::find_if(m_volumes.begin(), m_volumes.end(),
                          [&](const Volume& volume) { return IsSame(volume, found); });
@@ -214,6 +232,7 @@ void LinuxDrives::Refresh() {
             m_volumes.push_back(volume);
         }
     }
+    m_isRefreshed = true;
 }
 
 void LinuxDrives::RefreshIfNeeded() {

@@ -55,9 +55,6 @@ private:
         /// Null until it has one.
         QChar Letter;
         bool IsPresent = false;
-        /// Where it lies, if it held the folder that makes a drive an iPod when the drives were
-        /// last looked at.
-        std::optional<FilePlace> IpodPlace = {};
     };
 
     static bool IsSame(const Volume& one, const Volume& other);
@@ -70,7 +67,8 @@ private:
     const Volume* Present(QChar letter) const;
     const Volume& Require(QChar letter) const;
     bool TableHasChanged();
-    bool FindWhetherOnIpod(int folder) const;
+    bool FindWhetherOnIpod(int folder);
+    const std::vector<FilePlace>& IpodPlaces();
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
@@ -80,6 +78,8 @@ private:
     bool m_isRefreshed = false;
     /// Every volume that has a letter, also those that are gone.
     std::vector<Volume> m_volumes;
+    /// Where the drives that hold an iPod lie; found when first asked for.
+    std::optional<std::vector<FilePlace>> m_ipodPlaces;
     /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
     /// into the same folder.
     struct {

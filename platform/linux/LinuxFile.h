@@ -14,6 +14,10 @@ void WriteAll(int file, const char* buffer, size_t size);
 class LinuxFile : public BinaryFile {
 public:
     explicit LinuxFile(FileDescriptor file) : m_file(std::move(file)) {}
+    /// A file that is locked. `lock` is a second descriptor of it, which keeps the lock until this
+    /// ends, whether closed before or not.
+    LinuxFile(FileDescriptor file, FileDescriptor lock)
+        : m_file(std::move(file)), m_lock(std::move(lock)) {}
 
     void Read(char* buffer, qint64 size) override;
     void WriteFrom(BinaryFile& source, qint64 size) override;
@@ -22,4 +26,5 @@ public:
 
 private:
     FileDescriptor m_file;
+    FileDescriptor m_lock;
 };

@@ -3,6 +3,7 @@
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 #include "platform/linux/BeneathOpen.h"
+#include "platform/linux/FileLock.h"
 #include "platform/linux/LinuxCopy.h"
 #include "platform/linux/LinuxDelete.h"
 #include "platform/linux/LinuxErrors.h"
@@ -157,7 +158,7 @@ void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
 
 void LinuxFileSystem::RemoveLeftovers(const QString& folder) {
     const FileDescriptor opened = m_paths.Open(folder, O_PATH | O_DIRECTORY);
-    if (!opened.IsOpen()) {
+    if (!opened.IsOpen() || m_drives.IsOnIpod(opened.Get())) {
         return;
     }
     try {
@@ -201,7 +202,9 @@ std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReadingAndWriting(const QStr
         ThrowCreationError(file.Error());
     }
     RequireOwnFile(file);
-    return std::make_unique<LinuxFile>(std::move(file));
+    LockNamed(file.Get(), entry.Folder.Get(), entry.Name.constData());
+    FileDescriptor lock(fcntl(file.Get(), F_DUPFD_CLOEXEC, 0));
+    return std::make_unique<LinuxFile>(std::move(file), std::move(lock));
 }
 
 void LinuxFileSystem::CopyModificationTime(const QString& source, const QString& target) {
@@ -259,7 +262,8 @@ QString LinuxFileSystem::NativePath(const QString& path) {
 FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& info) {
     FileDescriptor file = m_paths.OpenForReading(path);
     if (!file.IsOpen()) {
-        const bool isSocket = file.Error() == ENXIO;
+        const std::optional<struct stat> found = m_paths.Look(path);
+        const bool isSocket = found && S_ISSOCK(found->st_mode);
         ThrowOpeningError(path, isSocket ? ENOENT : file.Error());
     }
     if (fstat(file.Get(), &info) != 0) {

@@ -39,6 +39,19 @@ TEST_F(CopyNamesTest, ArtistAndAlbumFoldersAreMadeOneLevelAtATime) {
                            Text("Abba\\Voulez-Vous\\Chiquitita.mp3")}));
 }
 
+TEST_F(CopyNamesTest, AFolderThatSomebodyElseMakesInTheSameInstantIsUsed) {
+    AddTrack("Abba", "Arrival", "One", "one");
+    SetOptions("A");
+    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call == FileCall::CreateFolder) {
+            files.AddFolder(call.Path);
+        }
+    };
+    Press();
+    EXPECT_EQ(Copied(), QStringList{Text("D:\\Music\\Abba\\One.mp3")});
+    EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
+}
+
 TEST_F(CopyNamesTest, OnlyTheArtistFolder) {
     AddTrack("Abba", "Arrival", "Tiger", "tiger");
     SetOptions("A");

@@ -5,8 +5,10 @@
 #include "tests/platform/LinuxFixture.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -30,12 +32,6 @@ public:
             return m_error;
         }
         call.Size = std::min(call.Size, static_cast<size_t>(m_left));
-        // The kernel copies no further than to the end of the source.
-        struct stat info {};
-        if (call.Source >= 0 && fstat(call.Source, &info) == 0) {
-            const off_t rest = info.st_size - lseek(call.Source, 0, SEEK_CUR);
-            call.Size = std::min(call.Size, static_cast<size_t>(std::max<off_t>(rest, 0)));
-        }
         m_left -= static_cast<qint64>(call.Size);
         return 0;
     }
@@ -312,4 +308,45 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
                   QStringList({Text("Extra.mp3"), Text("Film.mp3")}));
         EXPECT_TRUE(IsThere(folders.Destination + Text("/Beck/Guero/Girl.mp3")));
     }
+}
+
+/// Another program that works in the same folder at the same instant.
+class OtherProgram : public LinuxFixture {
+protected:
+    OtherProgram() { WriteFile(Native(Text("song.mp3")), "new"); }
+
+    int CopyError() {
+        return NumberOf([this] { m_files.CopyFile(Native(Text("song.mp3")), m_target); });
+    }
+
+    const QString m_target = Native(Text("Song.mp3 copied"));
+};
+
+TEST_F(OtherProgram, ThatReplacesThePartFileDoesNotGetItsOwnUnderTheFinalName) {
+    const QString part = Native(Text(".songlift.part"));
+    WriteFile(m_target, "old");
+    const HookedSystemCalls hooked([&](SystemCall& call) {
+        if ((call.Flags & O_TMPFILE) == O_TMPFILE) {
+            return EOPNOTSUPP;
+        }
+        if (Text(call.Name) == Text("write")) {
+            QFile::remove(part);
+            WriteFile(part, "half of another");
+        }
+        return 0;
+    });
+    EXPECT_EQ(CopyError(), 70);
+    EXPECT_EQ(ReadFile(m_target), "old");
+    EXPECT_EQ(ReadFile(part), "half of another");
+}
+
+TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsIt) {
+    const HookedSystemCalls hooked([&](SystemCall& call) {
+        if (Text(call.Name) == Text("linkat")) {
+            WriteFile(m_target, "theirs");
+        }
+        return 0;
+    });
+    EXPECT_EQ(CopyError(), 70);
+    EXPECT_EQ(ReadFile(m_target), "theirs");
 }

@@ -142,6 +142,22 @@ TEST_F(FilesFixture, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
     EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), "new content");
 }
 
+TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
+    const QString temp = Native(QStringLiteral("copy.tmp"));
+    {
+        const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
+        Write(*writing, "first");
+        EXPECT_EQ(WritingError(temp), 70);
+        writing->Close();
+        EXPECT_EQ(WritingError(temp), 70);
+        m_files.MoveFile(temp, Native(QStringLiteral("film.m4v")));
+        EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 70);
+        EXPECT_EQ(WritingError(temp), 0);
+    }
+    EXPECT_EQ(ReadFile(Native(QStringLiteral("film.m4v"))), "first");
+    EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 0);
+}
+
 TEST_F(FilesFixture, APlantedLinkIsNotWrittenThrough) {
     WriteFile(Native(QStringLiteral("letter.txt")), "precious");
     MakeLink(QStringLiteral("letter.txt"), Native(QStringLiteral("copy.tmp")));

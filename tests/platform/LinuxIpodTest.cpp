@@ -1,6 +1,9 @@
+#include "platform/linux/LinuxCopy.h"
 #include "tests/platform/LinuxFixture.h"
 
 #include <gtest/gtest.h>
+
+#include <QFile>
 
 #include <sys/stat.h>
 
@@ -42,6 +45,10 @@ protected:
         EXPECT_EQ(WritingError(note), 70);
         EXPECT_EQ(WritingError(fresh), 70);
         m_files.CopyModificationTime(song, note);
+        const QString part = QString::fromLatin1(PartName);
+        WriteFile(Ipod(QStringLiteral("/Notes/") + part), "a stranger's");
+        m_files.RemoveLeftovers(folder);
+        EXPECT_TRUE(QFile::remove(Ipod(QStringLiteral("/Notes/") + part)));
         EXPECT_EQ(NamesIn(Ipod(QStringLiteral("/Notes"))), QStringList(QStringLiteral("note.txt")));
         EXPECT_EQ(ReadFile(Ipod(QStringLiteral("/Notes/note.txt"))), "note");
         struct stat info {};
