@@ -152,6 +152,12 @@ void QtListView::keyPressEvent(QKeyEvent* event) {
         }
         return;
     }
+    // Few keyboards of today have a menu key, and on X11 nobody makes one of this.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        event->accept();
+        PressMenuKey();
+        return;
+    }
     const int before = CurrentRow();
     QListView::keyPressEvent(event);
     if (CurrentRow() != before) {
@@ -161,7 +167,13 @@ void QtListView::keyPressEvent(QKeyEvent* event) {
 
 void QtListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    if (event->reason() == QContextMenuEvent::Keyboard && CurrentRow() >= 0) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        PressMenuKey();
+    }
+}
+
+void QtListView::PressMenuKey() {
+    if (CurrentRow() >= 0) {
         const QPointF middle = visualRect(currentIndex()).center() + viewport()->pos();
         MenuPressed(CurrentRow(), MouseInput::OfMenuKey(middle));
     }

@@ -75,6 +75,7 @@ private:
     int m_fillings = 0;
 
     bool HidesFrom(const QEvent& event) const;
+    void PressMenuKey();
     QPointF FromCorner(const QMouseEvent& event) const;
     bool IsOnCheckBox(int row, const QMouseEvent& event) const;
     void ListenToScrollBar();

@@ -199,6 +199,35 @@ class Songlift:
                 return window.get_name()
         return None
 
+    def focus(self):
+        """What keys reach in the window in front: its name, "<name> button", or "iPods" for their list."""
+        # The chosen tab and entry always say that they have the focus; what holds them tells the truth.
+        role = self.atspi.Role
+        for window in self._windows():
+            if self._is_active(window):
+                control = self._search(
+                    lambda control: control.get_role() not in (role.PAGE_TAB, role.LIST_ITEM)
+                    and self._has(control, self.atspi.StateType.FOCUSED), window)
+                if control:
+                    suffix = " button" if control.get_role() == role.PUSH_BUTTON else ""
+                    combo = control.get_role() == role.COMBO_BOX
+                    return "iPods" if combo else control.get_name() + suffix
+        return None
+
+    def windows_on_screen(self):
+        """How many windows the program shows; the accessibility bus does not tell of open menus."""
+        return len(self.desktop.xdotool(
+            "search", "--all", "--onlyvisible", "--pid", self.process.pid).splitlines())
+
+    def current_row(self, list_name):
+        """The text of a list's current row; None where none is current."""
+        rows = self.control(list_name)
+        for index in range(rows.get_child_count()):
+            row = rows.get_child_at_index(index)
+            if row and self._has(row, self.atspi.StateType.SELECTED):
+                return row.get_name()
+        return None
+
     def enabled(self, control):
         """Whether a control takes the mouse."""
         return self._has(control, self.atspi.StateType.ENABLED)

@@ -65,18 +65,12 @@ def check_the_recorder(work):
         assert opened or line.startswith(("ln", "echo")), f"not seen: {line}"
 
 
-def windows_on_screen(window):
-    """How many windows the program shows; the accessibility bus does not tell of open menus."""
-    return len(window.desktop.xdotool(
-        "search", "--all", "--onlyvisible", "--pid", window.process.pid).splitlines())
-
-
 def preview(window, song):
     """Plays a song, and closes the player."""
     area = window.area(window.row("Songs", song))
-    before = windows_on_screen(window)
+    before = window.windows_on_screen()
     window.desktop.xdotool("mousemove", area.x + 60, area.y + area.height // 2, "click", 3)
-    window.wait_for("the menu", lambda: windows_on_screen(window) > before)
+    window.wait_for("the menu", lambda: window.windows_on_screen() > before)
     window.desktop.xdotool("key", "Down", "Return") # its one entry
     window.wait_for("the player to open", lambda: window.active_window() == song)
     window.request_close()
