@@ -1,8 +1,28 @@
 #include "platform/qt/TopLevel.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
+
+namespace {
+
+/// Screen readers shall hear of a window or a dialog, and not of an area like any other.
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* window = dynamic_cast<TopLevel*>(object);
+    if (window == nullptr) {
+        return nullptr;
+    }
+    const bool isDialog = window->windowType() == Qt::Dialog;
+    return new QAccessibleWidget(window, isDialog ? QAccessible::Dialog : QAccessible::Window);
+}
+
+} // namespace
+
+TopLevel::TopLevel(QWidget* owner, Qt::WindowFlags flags) : QWidget(owner, flags) {
+    [[maybe_unused]] static const bool installed =
+        (QAccessible::installFactory(MakeAccessible), true);
+}
 
 bool TopLevel::event(QEvent* event) {
     const bool handled = QWidget::event(event);

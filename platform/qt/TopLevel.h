@@ -7,7 +7,7 @@
 /// The widget of a window. Enter presses its default button, Escape closes it while it is modal.
 class TopLevel : public QWidget {
 public:
-    using QWidget::QWidget;
+    TopLevel(QWidget* owner, Qt::WindowFlags flags);
 
     Event Resized;
     Event StateChanged;

@@ -136,6 +136,20 @@ class Songlift:
             if child.get_name() not in LISTS:
                 yield from self._walk(child)
 
+    def main_window(self):
+        """The window of the three lists."""
+        return next(window for window in self._windows()
+                    if self._search(lambda control: control.get_name() == "Artists", window))
+
+    def controls(self, window):
+        """The visible controls of a window, without the rows of lists."""
+        return [control for control in self._walk(window) if self._shows(control)]
+
+    def devices(self):
+        """The entries of the list of iPods, open or not."""
+        return [entry for entry in self._walk(self._device_list())
+                if entry.get_role() == self.atspi.Role.LIST_ITEM]
+
     def _search(self, fits, window=None):
         """The first visible control that fits, in one window or in all; None when there is none."""
         for root in [window] if window else self._windows():
@@ -282,9 +296,7 @@ class Songlift:
 
     def take_picture(self, path):
         """Takes a picture of the main window and of what lies over it."""
-        main = [window for window in self._windows()
-                if self._search(lambda control: control.get_name() == "Artists", window)]
-        self.desktop.screenshot(path, self.area(main[0]))
+        self.desktop.screenshot(path, self.area(self.main_window()))
 
     # The rows of the three lists.
 
