@@ -1,5 +1,10 @@
 #include "app/Application.h"
 
+#include "app/FocusRing.h"
+#include "platform/qt/BoxPalette.h"
+
+#include <QStyle>
+
 #include <exception>
 #include <new>
 #include <stdexcept>
@@ -29,6 +34,13 @@ bool TellFailure(Messages& messages, const std::function<void()>& work) {
         ShowError(messages, ErrorOf(exception));
     }
     return false;
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    if (style()->objectName() == QLatin1String("fusion")) {
+        setStyle(new FocusRing);
+    }
+    setPalette(WithReadableSelection(palette()));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -13,7 +13,7 @@ bool TellFailure(Messages& messages, const std::function<void()>& work);
 /// goes on.
 class Application : public QApplication {
 public:
-    using QApplication::QApplication;
+    Application(int& argc, char** argv);
 
     /// Where failures are told; null until the window that shows them is built.
     Messages* MessageBoxes = nullptr;

@@ -3,6 +3,7 @@
 #include "platform/qt/BoxPalette.h"
 #include "platform/qt/ShownText.h"
 
+#include <QPainter>
 #include <QStyle>
 
 namespace {
@@ -61,6 +62,20 @@ bool QtListDelegate::IsElided(const QListView& view, const QModelIndex& index) c
     const QRect text = view.style()->subElementRect(QStyle::SE_ItemViewItemText, &option, &view);
     const int margin = view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, &view) + 1;
     return option.fontMetrics.horizontalAdvance(option.text) > text.width() - 2 * margin;
+}
+
+void QtListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const {
+    QStyleOptionViewItem row(option);
+    initStyleOption(&row, index);
+    // The style's focus rectangle would lie over the text like a veil.
+    row.state.setFlag(QStyle::State_HasFocus, false);
+    row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    const QStyle::State reached = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    if ((option.state & reached) == reached) {
+        painter->setPen(option.palette.color(QPalette::HighlightedText));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
 }
 
 QString QtListDelegate::displayText(const QVariant& value, const QLocale& locale) const {

@@ -14,6 +14,8 @@ public:
     /// Whether the row's text is longer than the row is wide.
     bool IsElided(const QListView& view, const QModelIndex& index) const;
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QString displayText(const QVariant& value, const QLocale& locale) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
