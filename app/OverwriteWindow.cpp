@@ -36,6 +36,8 @@ void OverwriteWindow::LayOut() {
         button->Move(left, top, buttonWidth, button->Height());
         left += buttonWidth + gap;
     }
+    // A short question is narrower than the buttons.
+    m_window.SetMinimumSize(m_lblMessage.Width() + 2 * margin, 0);
     m_window.SetSize(m_lblMessage.Width() + 2 * margin, top + m_cmdOverwrite0.Height() + margin);
 }
 

@@ -9,7 +9,10 @@
 class QtFrameControl : public QtControl<Control, QGroupBox> {
 public:
     QtFrameControl(QWidget* parent, const QString& name, const QString& caption)
-        : QtControl(new QGroupBox(caption, parent), name) {}
+        : QtControl(new QGroupBox(caption, parent), name) {
+        // Around nothing yet, it has no other hint of its caption's width.
+        SetWidth(Widget()->minimumSizeHint().width() * Twips::PerPixelX());
+    }
 };
 
 /// An area without a look of its own, around other controls.

@@ -29,9 +29,12 @@ QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QStri
     : QtControl(new ClickLabel(parent), name) {
     static_cast<ClickLabel*>(Widget())->Clicked = [this] { Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
+    // An empty label may ask for less height than any text.
+    Widget()->setText(QStringLiteral("X"));
+    SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
+    Widget()->clear();
     QtLabelControl::SetCaption(caption);
     QtLabelControl::SizeToCaption();
-    SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
 }
 
 void QtLabelControl::SetCaption(const QString& caption) {
