@@ -41,7 +41,11 @@ void QtLabelControl::SetCaption(const QString& caption) {
     if (caption != m_caption) {
         m_caption = caption;
         // No label here leads to a neighbour, so there is no access key to show.
-        Widget()->setText(ShownText::OneLine(ShownText::WithoutAccessKeys(caption)));
+        const QString text = ShownText::OneLine(ShownText::WithoutAccessKeys(caption));
+        const QString shown = ShownText::InReadingOrder(text);
+        Widget()->setText(shown);
+        // Marks of order are for the eye alone.
+        Widget()->setAccessibleName(shown != text ? text : QString());
     }
 }
 

@@ -47,6 +47,20 @@ QString Breakable(const QString& text) {
     return breakable;
 }
 
+bool IsRightToLeft(QChar character) {
+    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+}
+
+/// Whether a character stands between names: between those of a quoted path, else as in
+/// "artist / album".
+bool IsSeparator(const QString& text, qsizetype i, bool quoted) {
+    if (quoted) {
+        return text[i] == QLatin1Char('/') || text[i] == QLatin1Char('\\');
+    }
+    return text[i] == QLatin1Char('/') && i > 0 && text[i - 1] == QLatin1Char(' ') &&
+           i + 1 < text.size() && text[i + 1] == QLatin1Char(' ');
+}
+
 } // namespace
 
 QString OneLine(const QString& text) {
@@ -69,18 +83,48 @@ QString WithoutAccessKeys(const QString& caption) {
     return text;
 }
 
+QString InReadingOrder(const QString& text) {
+    constexpr char16_t leftToRightMark = 0x200E;
+    constexpr char16_t firstStrongIsolate = 0x2068;
+    constexpr char16_t popDirectionalIsolate = 0x2069;
+    if (std::none_of(text.cbegin(), text.cend(), IsRightToLeft)) {
+        return text;
+    }
+    QString ordered(leftToRightMark);
+    QString part;
+    const auto endPart = [&] {
+        if (!part.isEmpty()) {
+            ordered += QChar(firstStrongIsolate) + part + QChar(popDirectionalIsolate);
+            part.clear();
+        }
+    };
+    bool quoted = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isQuote = text[i] == QLatin1Char('"');
+        quoted = quoted != isQuote;
+        if (isQuote || IsSeparator(text, i, quoted)) {
+            endPart();
+            ordered += text[i];
+        } else {
+            part += text[i];
+        }
+    }
+    endPart();
+    return ordered;
+}
+
 QString Message(const QString& text) {
     QString message = Cut(text, LongestMessage);
     message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     message.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return Breakable(message);
+    return Breakable(InReadingOrder(message));
 }
 
 QString ToolTip(const QString& text) {
     if (text.isEmpty()) {
         return {};
     }
-    return QStringLiteral("<qt>") + Breakable(OneLine(text)).toHtmlEscaped() +
+    return QStringLiteral("<qt>") + Breakable(InReadingOrder(OneLine(text))).toHtmlEscaped() +
            QStringLiteral("</qt>");
 }
 

@@ -20,4 +20,8 @@ QString Message(const QString& text);
 /// What a tool tip is given so that it shows the text as it is, whatever looks like markup in it.
 QString ToolTip(const QString& text);
 
+/// The text with names that read from right to left each in that order, while what they are parts
+/// of keeps its own: artist, album and title, or the folders of a quoted path.
+QString InReadingOrder(const QString& text);
+
 } // namespace ShownText
