@@ -2,6 +2,7 @@
 // letters. The scale is the process's: this is also run with QT_SCALE_FACTOR.
 
 #include "app/OverwriteWindow.h"
+#include "app/PreviewWindow.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
 
@@ -141,6 +142,21 @@ TEST_P(Fitting, TheOverwritePromptIsTidy) {
         });
         window.Ask();
         EXPECT_TRUE(seen);
+    }
+}
+
+TEST_P(Fitting, ThePreviewIsTidy) {
+    FakeFileSystem files;
+    PreviewWindow preview(nullptr, files);
+    for (const int width : {480, 240, 120}) {
+        preview.Controls().frmPreview.SetSize(width * 15, 320 * 15);
+        preview.Controls().frmPreview.Show();
+        QCoreApplication::processEvents();
+        ExpectTidy(*preview.Widget());
+        const auto* play = preview.Widget()->findChild<QWidget*>(QStringLiteral("PlayButton"));
+        ASSERT_NE(play, nullptr);
+        ASSERT_TRUE(ControlsOf(*play->parentWidget()).contains(play));
+        ExpectTidy(*play->parentWidget());
     }
 }
 
