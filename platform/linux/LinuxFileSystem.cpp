@@ -263,8 +263,8 @@ FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& in
     FileDescriptor file = m_paths.OpenForReading(path);
     if (!file.IsOpen()) {
         const std::optional<struct stat> found = m_paths.Look(path);
-        const bool isSocket = found && S_ISSOCK(found->st_mode);
-        ThrowOpeningError(path, isSocket ? ENOENT : file.Error());
+        const bool isNoFile = found && !S_ISREG(found->st_mode); // a socket, a device
+        ThrowOpeningError(path, isNoFile ? ENOENT : file.Error());
     }
     if (fstat(file.Get(), &info) != 0) {
         ThrowError(errno);

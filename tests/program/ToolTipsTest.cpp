@@ -42,8 +42,8 @@ TEST_F(ToolTips, AreMissingWhereTheCaptionSaysItAll) {
 TEST_F(ToolTips, TheCopyButtonTellsWhatBecomesOfTmp) {
     Start(SmallLibrary());
     EXPECT_EQ(controls.cmdCopy.ToolTip(),
-              QStringLiteral("Copies what is ticked. A folder \"tmp\" in the destination is used "
-                             "on the way, and deleted at the end."));
+              QStringLiteral("Starts and stops copying what is ticked. A folder \"tmp\" in the "
+                             "destination is used on the way, and deleted at the end."));
 }
 
 TEST_F(ToolTips, ThoseOfDestinationAndFullNameStillAppearOnlyForWhatDoesNotFit) {
