@@ -1,10 +1,9 @@
 #include "browser/ArtistList.h"
 
+#include "browser/AnyChecked.h"
 #include "browser/MediaFilter.h"
 #include "browser/SortedOrder.h"
 #include "platform/ScopeGuard.h"
-
-#include <algorithm>
 
 ArtistList::ArtistList(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
                        Form1Controls& controls)
@@ -68,8 +67,7 @@ void ArtistList::CopyMarks() {
     // This pass only ever ticks: a song that the result hid keeps its album and artist ticked.
     for (ArtistRecord& artist : m_state.SavedArtists) {
         for (AlbumRecord& album : artist.Albums) {
-            if (std::any_of(album.Tracks.begin(), album.Tracks.end(),
-                            [](const TrackRecord& track) { return track.Checked; })) {
+            if (AnyChecked(album.Tracks)) {
                 album.Checked = true;
                 artist.Checked = true;
             }
@@ -143,15 +141,11 @@ void ArtistList::ShowLibraryAgain() {
 }
 
 void ArtistList::RollUpMarks() {
-    const auto anyChecked = [](const auto& records) {
-        return std::any_of(records.begin(), records.end(),
-                           [](const auto& record) { return record.Checked; });
-    };
     for (ArtistRecord& artist : m_library.Artists) {
         for (AlbumRecord& album : artist.Albums) {
-            album.Checked = anyChecked(album.Tracks);
+            album.Checked = AnyChecked(album.Tracks);
         }
-        artist.Checked = anyChecked(artist.Albums);
+        artist.Checked = AnyChecked(artist.Albums);
     }
 }
 

@@ -1,8 +1,7 @@
 #include "selection/CheckPropagation.h"
 
+#include "browser/AnyChecked.h"
 #include "platform/ScopeGuard.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -21,12 +20,6 @@ void FollowRollUp(ListControl& list) {
     } else if (list.SelCount() == list.ListCount() - 1) {
         list.SetSelected(0, !list.Selected(0));
     }
-}
-
-template <class Records>
-bool AnyChecked(const Records& records) {
-    return std::any_of(records.begin(), records.end(),
-                       [](const auto& record) { return record.Checked; });
 }
 
 } // namespace

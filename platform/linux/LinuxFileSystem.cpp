@@ -22,10 +22,10 @@ namespace {
 
 constexpr mode_t NewFileMode = 0666;
 constexpr mode_t NewFolderMode = 0777;
-/// So many bytes need no reading ahead.
-constexpr off_t ReadAtOnce = off_t{256} << 10;
 /// Longer texts are no paths.
 constexpr qsizetype LongestPath = 32767;
+/// So many bytes need no reading ahead.
+constexpr off_t ReadAtOnce = off_t{256} << 10;
 
 QString WithoutEndingSeparators(const QString& path) {
     QString trimmed = path;
