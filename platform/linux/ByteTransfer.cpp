@@ -16,11 +16,12 @@ constexpr off_t BlockSize = off_t{512} << 10;
 } // namespace
 
 off_t TransferBytes(int source, int target, off_t size) {
-    const off_t blockSize = std::min(size, BlockSize);
-    const std::unique_ptr<char[]> block(new char[static_cast<size_t>(blockSize)]);
+    // Kept from one file to the next: a new one costs a fault for each of its pages, and those come
+    // to more than opening the file.
+    thread_local const std::unique_ptr<char[]> block(new char[static_cast<size_t>(BlockSize)]);
     off_t copied = 0;
     while (copied < size) {
-        const auto step = static_cast<size_t>(std::min(size - copied, blockSize));
+        const auto step = static_cast<size_t>(std::min(size - copied, BlockSize));
         const ssize_t count = ReadSome(source, block.get(), step);
         if (count == 0) {
             break;
