@@ -2,20 +2,20 @@
 // sample iPod attached, in a light and a dark palette.
 //   make-screenshots <sample iPod> <folder for the pictures>
 
+#include "app/Application.h"
 #include "app/Form1.h"
 #include "app/Form1Window.h"
 #include "app/PreviewWindow.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/qt/BoxPalette.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtWindowManager.h"
 #include "tests/fakes/FakeServices.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -159,15 +159,14 @@ void Photograph(const QString& sample, const QString& folder, const QString& suf
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3) {
         std::fprintf(stderr, "make-screenshots <sample iPod> <folder for the pictures>\n");
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     Photograph(arguments[1], arguments[2], QStringLiteral(".png"));
-    QApplication::setPalette(DarkPalette());
+    QApplication::setPalette(WithReadableSelection(DarkPalette()));
     Photograph(arguments[1], arguments[2], QStringLiteral("-dark.png"));
     return 0;
 }
