@@ -42,7 +42,7 @@ void FolderOffers::Offer() {
     m_typed = m_box->text();
     const QStringList names = Matching(m_typed);
     if (names.isEmpty() || !m_box->hasFocus()) {
-        Close();
+        Hide(); // the names stay known, so that the keys of a new name do not read the folder again
     } else {
         Open(names);
     }
@@ -108,6 +108,10 @@ void FolderOffers::Close() {
     // What is known may be out of date when the user types again.
     m_folder.clear();
     m_names.clear();
+    Hide();
+}
+
+void FolderOffers::Hide() {
     if (IsOpen()) {
         qApp->removeEventFilter(this);
         m_list->hide();

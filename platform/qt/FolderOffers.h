@@ -31,6 +31,7 @@ private:
     void Open(const QStringList& names);
     void Place();
     void Close();
+    void Hide();
     bool TakesKey(int key);
     void Step(int by);
     bool ReachesElsewhere(const QObject* watched, const QEvent& event) const;
