@@ -2,9 +2,14 @@
 
 #include <sys/types.h>
 
-/// Copies up to `size` bytes from the current position of the open file `source` to that of
-/// `target`. Returns how many: fewer only where the source ends. Throws RuntimeError.
-off_t TransferBytes(int source, int target, off_t size);
+// Bytes of open files, from their current positions on. All of it throws RuntimeError.
 
-/// Copies from the current position of `source` to the end that reading finds. Throws RuntimeError.
+/// Reads up to `size` bytes; returns how many, 0 at the end.
+ssize_t ReadSome(int file, char* buffer, size_t size);
+
+/// Copies exactly `size` bytes. A source that ends earlier has lost its end meanwhile, and half of
+/// a song is none: DeviceIOError.
+void TransferAll(int source, int target, off_t size);
+
+/// Copies to the end that reading finds.
 void TransferRest(int source, int target);

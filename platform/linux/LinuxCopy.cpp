@@ -23,13 +23,6 @@ void SeekTo(int file, off_t position) {
     }
 }
 
-void TransferAll(int source, int target, off_t size) {
-    if (TransferBytes(source, target, size) < size) {
-        // It has lost its end meanwhile, and half of a song is none.
-        throw RuntimeError(ErrorNumber::DeviceIOError);
-    }
-}
-
 /// Copies a file that takes less room on its disk than its length says, without its holes: written
 /// out, those of a file that claims to be huge would fill any disk. False, with nothing copied,
 /// where the file system does not tell where they are.

@@ -6,31 +6,6 @@
 
 #include <unistd.h>
 
-ssize_t ReadSome(int file, char* buffer, size_t size) {
-    while (true) {
-        const ssize_t count = read(file, buffer, size);
-        if (count >= 0) {
-            return count;
-        }
-        if (errno != EINTR) {
-            ThrowError(errno);
-        }
-    }
-}
-
-void WriteAll(int file, const char* buffer, size_t size) {
-    while (size > 0) {
-        const ssize_t count = write(file, buffer, size);
-        if (count < 0 && errno != EINTR) {
-            ThrowError(errno);
-        }
-        if (count > 0) {
-            buffer += count;
-            size -= static_cast<size_t>(count);
-        }
-    }
-}
-
 void LinuxFile::Read(char* buffer, qint64 size) {
     while (size > 0) {
         const ssize_t count = ReadSome(m_file.Get(), buffer, static_cast<size_t>(size));
@@ -45,9 +20,7 @@ void LinuxFile::Read(char* buffer, qint64 size) {
 void LinuxFile::WriteFrom(BinaryFile& source, qint64 size) {
     // The one service that makes files here makes no others.
     const int from = static_cast<LinuxFile&>(source).m_file.Get();
-    if (TransferBytes(from, m_file.Get(), size) < size) {
-        throw RuntimeError(ErrorNumber::DeviceIOError);
-    }
+    TransferAll(from, m_file.Get(), size);
 }
 
 void LinuxFile::Truncate(qint64 size) {

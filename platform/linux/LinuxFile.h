@@ -3,13 +3,6 @@
 #include "platform/FileSystem.h"
 #include "platform/linux/FileDescriptor.h"
 
-#include <sys/types.h>
-
-/// Reads up to `size` bytes; returns how many, 0 at the end. Throws RuntimeError.
-ssize_t ReadSome(int file, char* buffer, size_t size);
-/// Writes exactly `size` bytes. Throws RuntimeError.
-void WriteAll(int file, const char* buffer, size_t size);
-
 /// An open file of the system.
 class LinuxFile : public BinaryFile {
 public:
