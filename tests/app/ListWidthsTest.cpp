@@ -52,6 +52,16 @@ TEST(ListWidths, TheArtistsAskTheSongsFirst) {
     EXPECT_FLOAT_EQ(widths.Albums, 330);
 }
 
+TEST(ListWidths, TheSongsAreRaisedFirstThenTheArtistsThenTheAlbums) {
+    // The songs have enough. The artists take their 110 from them; nobody is left for the albums.
+    // Any other order of the three ends with other widths.
+    ListWidths widths{205, 235, 415};
+    widths.RaiseToFloor(15);
+    EXPECT_FLOAT_EQ(widths.Artists, 315);
+    EXPECT_FLOAT_EQ(widths.Albums, 315);
+    EXPECT_FLOAT_EQ(widths.Songs, 305);
+}
+
 TEST(ListWidths, TheAlbumsAskTheSongsFirstThenTheArtists) {
     ListWidths widths{1000, 215, 330};
     widths.RaiseToFloor(15);
