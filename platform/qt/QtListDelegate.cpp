@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 
 /// Keys act on the list whose current row is bright; the rows of the others are only tinted.
@@ -88,6 +90,11 @@ QString QtListDelegate::displayText(const QVariant& value, const QLocale& locale
 }
 
 QSize QtListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    // Rows are as wide as the list, whatever stands in them.
-    return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+    Q_UNUSED(index)
+    // Rows are as wide as the list and of one height, whatever stands in them and whichever script
+    // it is in. An even height falls on whole pixels of the screen at a scale of 1.5, too.
+    const int box =
+        option.widget->style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget);
+    const double height = std::max(1.2 * option.fontMetrics.height(), box + 6.0);
+    return {1, 2 * qRound(height / 2)};
 }

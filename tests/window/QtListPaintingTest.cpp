@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,32 @@ TEST_F(ListPainting, AnAbsurdNameIsPaintedInNoTime) {
     list.Refresh();
     EXPECT_GE(spy.Paints, 1);
     EXPECT_LT(timer.elapsed(), 2000);
+}
+
+TEST_F(ListPainting, RowsAreOfOneHeightWhicheverScriptTheLastOneIsIn) {
+    list.Fill({{QStringLiteral("Latin"), false}});
+    const int height = RowArea(0).height();
+    EXPECT_GE(height, 20);
+    for (const char* last : {"\xE9\x9D\x92\xE3\x81\x84", "\xD9\x82\xD9\x85\xD8\xB1",
+                             "\xE0\xB8\x97\xE0\xB8\xB5\xE0\xB9\x88", ""}) {
+        list.Fill({{QStringLiteral("Latin"), false}, {QString::fromUtf8(last), false}});
+        EXPECT_EQ(RowArea(0).height(), height) << last;
+        EXPECT_EQ(RowArea(1).height(), height) << last;
+    }
+}
+
+TEST_F(ListPainting, RowsGrowWithTheLettersAndKeepTheirBoxesApart) {
+    const int usual = RowArea(0).height();
+    QFont font = list.Widget()->font();
+    for (const double factor : {0.5, 2.0}) {
+        font.setPointSizeF(QApplication::font().pointSizeF() * factor);
+        list.Widget()->setFont(font);
+        Settle();
+        EXPECT_GE(RowArea(0).height(),
+                  list.Widget()->style()->pixelMetric(QStyle::PM_IndicatorHeight) + 5);
+        EXPECT_GE(RowArea(0).height(), 1.1 * list.Widget()->fontMetrics().height());
+    }
+    EXPECT_GT(RowArea(0).height(), 1.5 * usual);
 }
 
 TEST_F(ListPainting, RowsAreAllOfOneHeightWhateverTheirNames) {
