@@ -139,6 +139,7 @@ void Form1::ForgetLibrary() {
     m_mediaFilter.ResetState();
     m_search.ResetState();
     m_textFitting.AdjustText(QString()); // else a resize would bring the old name back
+    m_controls.prgCopy.SetValue(0);      // it showed how much of the library is ticked
 }
 
 void Form1::ShowLibrary() {

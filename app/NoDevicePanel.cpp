@@ -3,7 +3,6 @@
 #include "platform/qt/PlayerDrawing.h"
 
 #include <QFontDatabase>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
@@ -33,12 +32,16 @@ public:
 
     QWidget* Picture = nullptr;
 
-protected:
-    void resizeEvent(QResizeEvent* event) override {
-        QScrollArea::resizeEvent(event);
+    void ShowPictureIfItFits() {
         const int shown = widget()->layout()->heightForWidth(viewport()->width());
         const int whole = Picture->isHidden() ? shown + Picture->height() : shown;
         Picture->setHidden(whole > viewport()->height());
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        ShowPictureIfItFits();
     }
 };
 
@@ -76,8 +79,12 @@ NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
     auto* content = new QWidget(Widget());
     auto* picture = new MissingPlayer(content);
     static_cast<TextWithPicture*>(Widget())->Picture = picture;
-    auto* title = NewTitle(content, QStringLiteral("Connect your iPod"));
+    m_title = NewTitle(content, {});
+    m_whatToDo = NewText(content, {});
     m_command = NewCommand(content, QStringLiteral("udisksctl mount -b /dev/sdX2"));
+    m_mounting = {NewText(content, MountingHelp()), m_command,
+                  NewText(content, QStringLiteral("Put the iPod's data partition in the place "
+                                                  "of sdX2: \"lsblk\" lists them all."))};
 
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(16, 16, 16, 16);
@@ -85,24 +92,36 @@ NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
     column->addStretch(2);
     column->addWidget(picture, 0, Qt::AlignHCenter);
     column->addSpacing(12);
-    column->addWidget(title);
+    column->addWidget(m_title);
     column->addSpacing(8);
-    column->addWidget(
-        NewText(content, QStringLiteral("Plug it in, and its library appears here by itself.")));
+    column->addWidget(m_whatToDo);
     column->addSpacing(18);
-    column->addWidget(NewText(content, MountingHelp()));
+    column->addWidget(m_mounting[0]);
     column->addSpacing(8);
     column->addWidget(m_command, 0, Qt::AlignHCenter);
     column->addSpacing(8);
-    column->addWidget(NewText(content, QStringLiteral("Put the iPod's data partition in the place "
-                                                      "of sdX2: \"lsblk\" lists them all.")));
+    column->addWidget(m_mounting[2]);
     column->addStretch(3);
 
     Widget()->setWidget(content);
     Widget()->setWidgetResizable(true);
     Widget()->setFocusPolicy(Qt::NoFocus);
     Widget()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    Widget()->setAccessibleName(title->text());
     Widget()->setAutoFillBackground(true); // over the lists
     SetVisible(false);
+    NoDevicePanel::SetDevicesListed(false);
+}
+
+void NoDevicePanel::SetDevicesListed(bool listed) {
+    m_title->setText(listed ? QStringLiteral("Choose an iPod")
+                            : QStringLiteral("Connect your iPod"));
+    m_whatToDo->setText(
+        listed ? QStringLiteral("The list above names those that are connected.\n"
+                                "If yours is missing, connect it and open the list again.")
+               : QStringLiteral("Plug it in, and its library appears here by itself."));
+    for (QWidget* widget : m_mounting) {
+        widget->setHidden(listed);
+    }
+    Widget()->setAccessibleName(m_title->text());
+    static_cast<TextWithPicture*>(Widget())->ShowPictureIfItFits();
 }

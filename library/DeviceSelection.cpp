@@ -50,7 +50,6 @@ void DeviceSelection::Combo1_DropDown() {
         });
     }
     IgnoringErrors([this, isEmpty] { m_controls.timScan.SetEnabled(isEmpty); });
-    IgnoringErrors([this, isEmpty] { m_controls.pctNoDevice.SetVisible(isEmpty); });
 }
 
 void DeviceSelection::timScan_Timer() {
@@ -153,9 +152,14 @@ void DeviceSelection::ResetWindow() {
     IgnoringErrors([this] { m_controls.txtSearch.SetText({}); });
     FilterLocked = true; // until a device is chosen
     IgnoringErrors([this] { m_controls.tbsFilter.Select(0); });
+    IgnoringErrors([this] {
+        m_controls.pctNoDevice.SetDevicesListed(m_controls.Combo1.ListCount() > 0);
+        m_controls.pctNoDevice.SetVisible(true);
+    });
 }
 
 void DeviceSelection::PrepareBrowser() {
+    m_controls.pctNoDevice.SetVisible(false);
     Raise(LibraryLeaves);
     m_controls.Picture1.ShowDevice();
     for (ListControl* list :

@@ -194,6 +194,13 @@ public:
     virtual void Clear() = 0;
 };
 
+/// Tells, in the place of the lists, what to do while no iPod is shown.
+class NoDeviceControl : public Control {
+public:
+    /// Whether iPods are listed, to be chosen, or none is, and one has to be connected.
+    virtual void SetDevicesListed(bool listed) = 0;
+};
+
 enum class SystemColor { ButtonFace, DarkShadow3D };
 
 /// A bar between two lists that the user drags.

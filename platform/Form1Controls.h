@@ -22,8 +22,8 @@ struct Form1Controls {
     ListControl& lstSongs;
     HandleControl& Handle0;
     HandleControl& Handle1;
-    /// What to do while no iPod is listed; it lies over the lists.
-    Control& pctNoDevice;
+    /// It lies over the lists.
+    NoDeviceControl& pctNoDevice;
 
     Control& frmDP;
     CheckControl& chkArtist;

@@ -330,6 +330,18 @@ private:
     float m_value = 0;
 };
 
+class FakeNoDeviceControl : public FakeControlBase<NoDeviceControl> {
+public:
+    using FakeControlBase::FakeControlBase;
+
+    bool DevicesListed = false;
+
+    void SetDevicesListed(bool listed) override {
+        FakeFaults::Call();
+        DevicesListed = listed;
+    }
+};
+
 class FakePictureControl : public FakeControlBase<PictureControl> {
 public:
     using FakeControlBase::FakeControlBase;

@@ -25,7 +25,7 @@ struct FakeForm1 {
     FakeListControl lstSongs{Focus};
     FakeHandleControl Handle0{Focus};
     FakeHandleControl Handle1{Focus};
-    FakeControl pctNoDevice{Focus};
+    FakeNoDeviceControl pctNoDevice{Focus};
 
     FakeControl frmDP{Focus};
     FakeCheckControl chkArtist{Focus};

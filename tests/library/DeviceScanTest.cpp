@@ -132,7 +132,7 @@ TEST_F(DeviceScan, WithADeviceThatIsNotChosenTheWindowIsResetAndTheTimerStands) 
     EXPECT_EQ(Music.Library.TrackCount, 0);
 }
 
-TEST_F(DeviceScan, WhatToDoIsShownJustAsLongAsNoDeviceIsListed) {
+TEST_F(DeviceScan, WhatToDoIsShownJustAsLongAsNoDeviceIsChosen) {
     Devices.Combo1_DropDown();
     EXPECT_TRUE(Window.pctNoDevice.Visible());
     AttachIPod('E', u"IPOD"_s, {u"1"_s});
@@ -143,8 +143,17 @@ TEST_F(DeviceScan, WhatToDoIsShownJustAsLongAsNoDeviceIsListed) {
     EXPECT_FALSE(Window.pctNoDevice.Visible());
     Devices.LibraryLeaves = {};
     Detach('E');
+    AttachIPod('F', u"OTHER"_s, {u"2"_s});
     Devices.Combo1_DropDown();
     EXPECT_TRUE(Window.pctNoDevice.Visible());
+    EXPECT_TRUE(Window.pctNoDevice.DevicesListed);
+
+    Window.Combo1.UserChoose(0);
+    EXPECT_FALSE(Window.pctNoDevice.Visible());
+    Detach('F');
+    Devices.Combo1_DropDown();
+    EXPECT_TRUE(Window.pctNoDevice.Visible());
+    EXPECT_FALSE(Window.pctNoDevice.DevicesListed);
 }
 
 TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {

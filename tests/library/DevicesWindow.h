@@ -97,7 +97,8 @@ protected:
         EXPECT_EQ(Window.lblMessage.Caption(), message);
         EXPECT_EQ(Window.lblFullName.Caption(), QString());
         EXPECT_FALSE(Window.Picture1.ShowsDevice);
-        EXPECT_EQ(Window.pctNoDevice.Visible(), !message.isEmpty());
+        EXPECT_TRUE(Window.pctNoDevice.Visible());
+        EXPECT_EQ(Window.pctNoDevice.DevicesListed, Window.Combo1.ListCount() > 0);
         for (const FakeListControl* list :
              {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
             EXPECT_EQ(list->ListCount(), 0);

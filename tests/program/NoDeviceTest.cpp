@@ -2,6 +2,7 @@
 
 #include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
+#include "tests/support/ITunesDBWriter.h"
 #include "tests/window/QtInput.h"
 
 #include <QAccessible>
@@ -117,6 +118,34 @@ TEST_F(NoDevice, ItIsGoneWhenAnIpodIsThereAndBackWhenNoneIs) {
     drives.Mounted.clear();
     Raise(controls.Combo1.DropDown);
     EXPECT_TRUE(Panel().isVisible());
+}
+
+TEST_F(NoDevice, WhenTheChosenIpodIsGoneAndAnotherListedItAsksToChooseOne) {
+    Start(SmallLibrary());
+    controls.lstArtists.SetSelected(0, true);
+    ASSERT_GT(controls.prgCopy.Value(), 0);
+    files.AddDrive(Q("F:"));
+    files.AddFile(Q("F:\\iPod_Control\\iTunes\\iTunesDB"), WriteITunesDB(SmallLibrary()));
+    drives.Mounted = {{QLatin1Char('F'), Q("OTHER")}};
+
+    Raise(controls.Combo1.DropDown);
+
+    QStringList shown;
+    for (const QLabel* text : Panel().findChildren<QLabel*>()) {
+        shown += text->isVisible() ? text->text() : QString();
+    }
+    shown.removeAll(QString());
+    EXPECT_EQ(shown,
+              QStringList({Q("Choose an iPod"),
+                           Q("The list above names those that are connected.\nIf yours is missing, "
+                             "connect it and open the list again.")}));
+    EXPECT_FALSE(Command().isVisible());
+    EXPECT_EQ(Panel().accessibleName(), Q("Choose an iPod"));
+    EXPECT_EQ(controls.prgCopy.Value(), 0);
+
+    controls.Combo1.SetText(Q("(F:) OTHER"));
+    EXPECT_FALSE(Panel().isVisible());
+    EXPECT_EQ(controls.lstArtists.ListCount(), 3);
 }
 
 TEST_F(NoDevice, ItTakesNoPartInTheOrderOfTabsWhileAnIpodIsListed) {
