@@ -17,7 +17,8 @@ class Design {
 public:
     Design(Form1Controls& controls, WindowManager& windowManager)
         : m_controls(controls), m_windowManager(windowManager),
-          m_pixel(windowManager.TwipsPerPixelX()), m_lineHeight(controls.lblMessage.Height()) {}
+          m_pixel(windowManager.TwipsPerPixelX()), m_lineHeight(controls.lblMessage.Height()),
+          m_titleHeight(controls.frmDP.Height()) {}
 
     void LayOut() {
         LayOutDeviceRow();
@@ -82,27 +83,26 @@ private:
 
     void LayOutFrames(double bottom) {
         const double inset = Px(10);
-        const double titleHeight = m_lineHeight + Px(8);
         const double lineHeight = m_controls.chkArtist.Height() + Px(2);
-        const double height = titleHeight + 3 * lineHeight + Px(6);
+        const double height = m_titleHeight + 3 * lineHeight + Px(6);
         const double top = bottom - height;
 
         const double foldersWidth =
             FrameWidth({&m_controls.chkArtist, &m_controls.chkAlbum}, m_controls.frmDP, inset);
         m_controls.frmDP.Move(Margin(), top, foldersWidth, height);
         Stack({&m_controls.chkArtist, &m_controls.chkAlbum, &m_controls.chkGenre}, inset,
-              titleHeight, lineHeight);
+              m_titleHeight, lineHeight);
 
         const double namesWidth = FrameWidth(
             {&m_controls.chkArtistName, &m_controls.chkAlbumName, &m_controls.chkTrackNum},
             m_controls.frmTN, inset);
         m_controls.frmTN.Move(Right(m_controls.frmDP) + Gap(), top, namesWidth, height);
         Stack({&m_controls.chkArtistName, &m_controls.chkAlbumName, &m_controls.chkTrackNum}, inset,
-              titleHeight, lineHeight);
+              m_titleHeight, lineHeight);
 
         const double left = Right(m_controls.frmTN) + Gap();
         m_controls.frmDestination.Move(left, top, RightEdge() - left, height);
-        LayOutDestination(inset, titleHeight);
+        LayOutDestination(inset);
     }
 
     static double FrameWidth(std::initializer_list<const CheckControl*> boxes, const Control& frame,
@@ -111,7 +111,7 @@ private:
         for (const CheckControl* box : boxes) {
             width = std::max(width, box->Width() + 2 * inset);
         }
-        return width + inset;
+        return width;
     }
 
     static void Stack(std::initializer_list<CheckControl*> boxes, double left, double top,
@@ -122,10 +122,10 @@ private:
         }
     }
 
-    void LayOutDestination(double inset, double titleHeight) {
+    void LayOutDestination(double inset) {
         const double boxHeight =
             std::max(m_controls.txtDestination.Height(), m_controls.cmdBrowse.Height());
-        m_controls.pctDestination.Move(inset, titleHeight,
+        m_controls.pctDestination.Move(inset, m_titleHeight,
                                        m_controls.frmDestination.Width() - 2 * inset, boxHeight);
         PlaceBeside(m_controls.cmdBrowse,
                     m_controls.pctDestination.Width() - m_controls.cmdBrowse.Width(),
@@ -135,9 +135,9 @@ private:
 
         // The button stands over the frame and not inside it, since it must stay enabled while a
         // job disables the frame.
-        const double width = m_controls.cmdCopy.Width() + Px(24);
+        const double width = m_controls.cmdCopy.Width() + Px(16);
         const double height = m_controls.cmdCopy.Height() + Px(4);
-        const double rowTop = m_controls.frmDestination.Top() + titleHeight + boxHeight;
+        const double rowTop = m_controls.frmDestination.Top() + m_titleHeight + boxHeight;
         const double room = Bottom(m_controls.frmDestination) - rowTop;
         m_controls.cmdCopy.Move(Right(m_controls.frmDestination) - inset - width,
                                 rowTop + (room - height) / 2, width, height);
@@ -162,6 +162,8 @@ private:
     WindowManager& m_windowManager;
     double m_pixel;
     double m_lineHeight;
+    /// A frame's own height, on entry, is that of its caption.
+    double m_titleHeight;
 };
 
 } // namespace

@@ -55,7 +55,9 @@ void Layout::KeepDesign() {
     const double listsBottom = m_controls.lstArtists.Top() + m_controls.lstArtists.Height();
     m_design.RightMargin = right - Right(m_controls.lstSongs);
     m_design.BottomMargin = bottom - listsBottom;
-    m_design.SearchToRight = right - m_controls.txtSearch.Left();
+    m_design.DeviceWidth = m_controls.Picture2.Width();
+    m_design.SearchWidth = m_controls.txtSearch.Width();
+    m_design.SearchEndToRight = right - Right(m_controls.txtSearch);
     m_design.FindToRight = right - m_controls.cmdSearch.Left();
     m_design.ClearToRight = right - m_controls.cmdClear.Left();
     m_design.LabelGap = m_controls.txtSearch.Left() - Right(m_controls.lblSearch);
@@ -68,14 +70,14 @@ void Layout::KeepDesign() {
     m_design.ProgressToBottom = bottom - m_controls.prgCopy.Top();
     m_design.MessageToBottom = bottom - m_controls.lblMessage.Top();
 
-    // Neither the device box and the search box nor the option frames and a destination box of
-    // some use may overlap.
-    const double searchRow =
-        Right(m_controls.Picture2) + (right - m_controls.lblSearch.Left()) + Px(GapPixels * 2);
-    const double optionRow = m_controls.frmDestination.Left() + m_controls.cmdCopy.Width() +
-                             m_controls.cmdBrowse.Width() + m_design.DestinationInset +
-                             m_design.RightMargin;
-    m_design.MinimumWidth = std::max(searchRow, optionRow);
+    // The device box and the search box stay of some use, and so does that of the destination; the
+    // copy button stays in its frame.
+    const double searchRow = 3 * m_controls.cmdSearch.Width() - RoomForBoxes(0);
+    const double inDestination =
+        std::max(m_design.DestinationInset / 2 + m_design.CopyToRight,
+                 m_design.DestinationInset + m_controls.cmdBrowse.Width() + m_design.BoxToBrowse +
+                     m_design.BrowseToRight + m_design.RightMargin);
+    m_design.MinimumWidth = std::max(searchRow, m_controls.frmDestination.Left() + inDestination);
     m_controls.Form1.SetMinimumSize(m_design.MinimumWidth, m_controls.lstArtists.Top() +
                                                                m_design.BottomMargin +
                                                                Px(LeastListPixels));
@@ -203,7 +205,8 @@ void Layout::Form_Resize() {
     // The tab strip alone runs to the window's outer edge, without a margin: that is meant.
     m_controls.tbsFilter.SetWidth(window.Width() - m_controls.tbsFilter.Left());
     ShareListWidth();
-    PlaceSearchAndDestination();
+    PlaceSearchRow();
+    PlaceDestination();
     PlaceHeights();
     PlaceBelowLists();
 }
@@ -229,15 +232,31 @@ void Layout::PlaceLists(double w1, double w2, double w3) {
     m_controls.Handle1.SetLeft(Right(m_controls.lstAlbums));
 }
 
-void Layout::PlaceSearchAndDestination() {
+/// What a window of that inner width leaves for the device box and the search box together.
+double Layout::RoomForBoxes(double width) const {
+    return width - m_controls.Picture2.Left() - Px(2 * GapPixels) - m_controls.lblSearch.Width() -
+           m_design.LabelGap - m_design.SearchEndToRight;
+}
+
+/// In a narrow window the two boxes give way, each in its proportion: all else is as wide as its
+/// caption.
+void Layout::PlaceSearchRow() {
     const double right = m_controls.Form1.Width() - FrameWidth();
-    m_controls.txtSearch.SetLeft(right - m_design.SearchToRight);
+    const double share =
+        std::min(1.0, RoomForBoxes(right) / (m_design.DeviceWidth + m_design.SearchWidth));
+    m_controls.Picture2.SetWidth(m_design.DeviceWidth * share);
+    m_controls.Combo1.SetWidth(m_controls.Picture2.Width() - m_controls.Combo1.Left());
+    m_controls.txtSearch.SetWidth(m_design.SearchWidth * share);
+    m_controls.txtSearch.SetLeft(right - m_design.SearchEndToRight - m_controls.txtSearch.Width());
     m_controls.lblSearch.SetLeft(m_controls.txtSearch.Left() - m_design.LabelGap -
                                  m_controls.lblSearch.Width());
     m_controls.cmdSearch.SetLeft(right - m_design.FindToRight);
     m_controls.cmdClear.SetLeft(right - m_design.ClearToRight);
-    m_controls.cmdCopy.SetLeft(right - m_design.CopyToRight);
+}
 
+void Layout::PlaceDestination() {
+    const double right = m_controls.Form1.Width() - FrameWidth();
+    m_controls.cmdCopy.SetLeft(right - m_design.CopyToRight);
     m_controls.frmDestination.SetWidth(RightEdge() - m_controls.frmDestination.Left());
     m_controls.pctDestination.SetWidth(m_controls.frmDestination.Width() -
                                        m_design.DestinationInset);

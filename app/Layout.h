@@ -36,7 +36,8 @@ private:
     struct Design {
         double MinimumWidth = 0;
         double RightMargin = 0, BottomMargin = 0;
-        double SearchToRight = 0, FindToRight = 0, ClearToRight = 0;
+        double DeviceWidth = 0, SearchWidth = 0;
+        double SearchEndToRight = 0, FindToRight = 0, ClearToRight = 0;
         double CopyToRight = 0, CopyBelowLists = 0, BrowseToRight = 0, BoxToBrowse = 0;
         double DestinationInset = 0;
         double ProgressToBottom = 0, MessageToBottom = 0, LabelGap = 0;
@@ -52,7 +53,9 @@ private:
     void DragSecond(double position);
     void ShareListWidth();
     void PlaceLists(double w1, double w2, double w3);
-    void PlaceSearchAndDestination();
+    double RoomForBoxes(double width) const;
+    void PlaceSearchRow();
+    void PlaceDestination();
     void PlaceHeights();
     void PlaceBelowLists();
 

@@ -5,14 +5,11 @@
 #include <QFrame>
 #include <QGroupBox>
 
-/// A frame with a caption, around other controls.
+/// A frame with a caption, around other controls. At first it is as large as its caption, with the
+/// room that parts this from what stands above the frame and in it.
 class QtFrameControl : public QtControl<Control, QGroupBox> {
 public:
-    QtFrameControl(QWidget* parent, const QString& name, const QString& caption)
-        : QtControl(new QGroupBox(caption, parent), name) {
-        // Around nothing yet, it has no other hint of its caption's width.
-        SetWidth(Widget()->minimumSizeHint().width() * Twips::PerPixelX());
-    }
+    QtFrameControl(QWidget* parent, const QString& name, const QString& caption);
 };
 
 /// An area without a look of its own, around other controls.

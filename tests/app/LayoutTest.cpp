@@ -148,6 +148,20 @@ TEST_F(LayoutTest, TheRightHandControlsKeepTheirDistanceFromTheRightEdge) {
     EXPECT_DOUBLE_EQ(form.lblFullName.Width(), 8720);
 }
 
+TEST_F(LayoutTest, InANarrowWindowTheDeviceBoxAndTheSearchBoxGiveWayInTheirProportion) {
+    // Of 9,540 inside 120 + 90 + 600 + 2,880 go to what stands around the two: they get 5,850,
+    // three quarters of their 7,800.
+    form.Form1.UserResize(9660, 9000);
+    EXPECT_DOUBLE_EQ(form.Picture2.Width(), 3600);
+    EXPECT_DOUBLE_EQ(form.Combo1.Width(), 3000);
+    EXPECT_DOUBLE_EQ(form.lblSearch.Left(), 3810);
+    EXPECT_DOUBLE_EQ(form.txtSearch.Left(), 4410);
+    EXPECT_DOUBLE_EQ(form.txtSearch.Width(), 2250);
+    form.Form1.UserResize(12000, 9000);
+    EXPECT_DOUBLE_EQ(form.Combo1.Width(), 4200);
+    EXPECT_DOUBLE_EQ(form.txtSearch.Width(), 3000);
+}
+
 TEST_F(LayoutTest, TheDestinationBoxIsToldOfItsNewWidth) {
     int told = 0;
     layout.DestinationResized = [&] { ++told; };

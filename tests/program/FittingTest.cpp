@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QListView>
 #include <QTabBar>
 #include <QTimer>
 
@@ -116,6 +117,25 @@ TEST_P(Fitting, TheMainWindowIsTidyAtItsSmallest) {
     window.Top().resize(1, 1);
     QCoreApplication::processEvents();
     ExpectTidy(window.Top());
+}
+
+/// What a screen of 640 by 480 pixels leaves.
+TEST_P(Fitting, TheMainWindowIsTidyAndOfUseOnASmallScreen) {
+    RealWindow window;
+    window.Start(SmallLibrary());
+    const QSize small(620, 440);
+    window.Top().resize(small);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.Top().size(), small);
+    ExpectTidy(window.Top());
+    for (const char* name : {"lstArtists", "lstAlbums", "lstSongs"}) {
+        const auto& list = window.Widget<QListView>(name);
+        EXPECT_GE(list.viewport()->height(), 4 * list.sizeHintForRow(0)) << name;
+    }
+    for (const char* name : {"Combo1", "txtSearch", "txtDestination"}) {
+        const QWidget& box = window.Widget(name);
+        EXPECT_GE(box.width(), box.fontMetrics().averageCharWidth() * 10) << name;
+    }
 }
 
 TEST_P(Fitting, TheMainWindowIsTidyWhileItCopies) {

@@ -2,6 +2,7 @@
 
 #include "platform/qt/PlayerDrawing.h"
 #include "platform/qt/QtComboControl.h"
+#include "platform/qt/QtContainers.h"
 #include "platform/qt/QtListControl.h"
 #include "platform/qt/QtPictureControl.h"
 #include "platform/qt/QtPopupMenu.h"
@@ -167,6 +168,23 @@ TEST_F(QtLooks, TheProgressBarKeepsItsOutlineAtEveryScale) {
         EXPECT_EQ(bar.pixelColor(x, bar.height() - 1), QColor(Qt::black)) << ratio;
         EXPECT_EQ(bar.pixelColor(bar.width() - 1, 10), QColor(Qt::black)) << ratio;
     }
+}
+
+TEST_F(QtLooks, TheCaptionOfAFrameKeepsOffWhatStandsAboveIt) {
+    QtFrameControl frame(&window, QStringLiteral("frmDP"), QStringLiteral("Sort by Folders:"));
+    frame.SetWidth(3000);
+    Show();
+    const auto dark = [picture = Picture(*frame.Widget())](int top, int bottom) {
+        int count = 0;
+        for (int y = top; y < bottom; ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                count += qGray(picture.pixel(x, y)) < 100 ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    EXPECT_EQ(dark(0, 6), 0);
+    EXPECT_GT(dark(6, frame.Widget()->height()), 50);
 }
 
 TEST_F(QtLooks, ATabShowsAToolTipOfItsOwn) {

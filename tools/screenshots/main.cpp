@@ -73,6 +73,13 @@ public:
         m_photographer.Take(*m_window.Window().Widget(), "window");
     }
 
+    /// On a screen of 640 by 480 pixels.
+    void Small() {
+        m_window.Window().SetSize(620 * 15, 440 * 15);
+        m_photographer.Take(*m_window.Window().Widget(), "small");
+        m_window.Window().SetSize(980 * 15, 660 * 15);
+    }
+
     void Search() {
         Controls().txtSearch.SetText(QStringLiteral("the"));
         Controls().txtSearch.Select(3, 0); // as after typing
@@ -150,6 +157,7 @@ void Photograph(const QString& sample, const QString& folder, const QString& suf
     qputenv("SONGLIFT_DRIVES", sample.toUtf8());
     Session session{Photographer(folder, suffix)};
     session.Library();
+    session.Small();
     session.Search();
     session.Copying();
     session.Preview(session.FilmOnSample(sample));
