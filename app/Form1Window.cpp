@@ -60,6 +60,7 @@ Form1Window::Form1Window(WindowManager& windowManager)
           m_txtDestination, m_cmdBrowse,    m_cmdCopy,     m_prgCopy,        m_lblMessage,
           m_Divider,        m_lblFullName,  m_timScan,     m_mnuPopup,       m_mnuPopup.Entry} {
     m_chkGenre.SetVisible(false); // a box that does nothing misleads
+    m_cmdCopy.MakePrimary();
     NameForScreenReaders();
     OrderTabs();
     Explain();

@@ -1,6 +1,8 @@
 #include "platform/qt/QtButtonControl.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace {
 
@@ -8,7 +10,33 @@ class PushButton : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
+    bool IsPrimary = false;
+
 protected:
+    /// A primary button is painted here: the styles would pale the colour under its caption.
+    void paintEvent(QPaintEvent* event) override {
+        if (!IsPrimary || !isEnabled()) {
+            QPushButton::paintEvent(event);
+            return;
+        }
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        const QColor text = option.palette.color(QPalette::HighlightedText);
+        option.palette.setColor(QPalette::ButtonText, text);
+        QStylePainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(PrimaryGround(option));
+        painter.drawRoundedRect(rect(), 3, 3);
+        const QStyle::State reached = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+        if ((option.state & reached) == reached) {
+            painter.setPen(text);
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), 2, 2);
+        }
+        painter.drawControl(QStyle::CE_PushButtonLabel, option);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         // Enter presses the button that has the focus, whichever is the default one.
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -19,6 +47,19 @@ protected:
             return;
         }
         QPushButton::keyPressEvent(event);
+    }
+
+private:
+    /// Under the mouse it moves away from its caption's shade, and further when it is pressed.
+    static QColor PrimaryGround(const QStyleOptionButton& option) {
+        const QColor ground = option.palette.color(QPalette::Highlight);
+        const bool isDark =
+            ground.lightness() < option.palette.color(QPalette::HighlightedText).lightness();
+        const bool isUnderMouse = option.state.testFlag(QStyle::State_MouseOver);
+        const int percent = option.state.testFlag(QStyle::State_Sunken) ? 130
+                            : isUnderMouse                              ? 112
+                                                                        : 100;
+        return isDark ? ground.darker(percent) : ground.lighter(percent);
     }
 };
 
@@ -41,4 +82,8 @@ void QtButtonControl::SetDefault(bool isDefault) {
         }
     }
     Widget()->setDefault(isDefault);
+}
+
+void QtButtonControl::MakePrimary() {
+    static_cast<PushButton*>(Widget())->IsPrimary = true;
 }

@@ -14,4 +14,8 @@ public:
     bool Default() const override { return Widget()->isDefault(); }
     /// There is one default button in a window: the last one set.
     void SetDefault(bool isDefault) override;
+
+    /// Makes it look like the one button of its window that matters. Unlike the default button, it
+    /// is pressed by nothing else than before.
+    void MakePrimary();
 };

@@ -169,7 +169,7 @@ TEST_P(ContrastOfWindow, TextsStandOutFromTheirGround) {
         ExpectLegible(tabs, tabs.tabRect(tab).adjusted(6, 6, -6, -6), "tab " + std::to_string(tab));
     }
     for (const char* name : {"frmDP", "frmTN", "frmDestination"}) {
-        ExpectLegible(Widget(name), QRect(0, 0, 80, 16), name);
+        ExpectLegible(Widget(name), QRect(0, 0, 80, 24), name);
     }
 }
 
@@ -185,6 +185,24 @@ TEST_P(ContrastOfWindow, SelectedTextStandsOut) {
     Focus("txtDestination");
     box.selectAll();
     ExpectLegible(box, QRect(4, 4, 60, box.height() - 8), "selected text");
+}
+
+TEST_P(ContrastOfWindow, TheCopyButtonAloneHasTheBrightColourWhileItCanBePressed) {
+    const QRgb bright = Top().palette().color(QPalette::Highlight).rgb();
+    const auto ground = [this](const char* name) {
+        return GroundOf(Painted(Widget(name), Widget(name).rect()));
+    };
+    for (const char* caption : {"&Copy to Destination", "&Cancel"}) {
+        controls.cmdCopy.SetCaption(QString::fromLatin1(caption));
+        for (const char* focus : {"cmdBrowse", "cmdCopy"}) {
+            Focus(focus);
+            EXPECT_EQ(ground("cmdCopy"), bright) << caption;
+            ExpectLegible("cmdCopy");
+        }
+    }
+    EXPECT_NE(ground("cmdBrowse"), bright);
+    controls.cmdCopy.SetEnabled(false);
+    EXPECT_NE(ground("cmdCopy"), bright);
 }
 
 TEST_P(ContrastOfWindow, CheckBoxesInRowsStandOut) {
@@ -227,9 +245,10 @@ TEST_P(ContrastOfWindow, TheControlWithTheFocusStandsOut) {
         Focus(name);
         ASSERT_TRUE(widget.hasFocus()) << name;
         const QImage after = Painted(widget, widget.rect());
-        // In a list it is the current row that shows it.
-        const bool isList = qobject_cast<const QListView*>(&widget) != nullptr;
-        const auto role = isList ? QPalette::Highlight : QPalette::Window;
+        // In a list it is the current row that shows it, and the copy button has that colour.
+        const bool isBright = qobject_cast<const QListView*>(&widget) != nullptr ||
+                              widget.objectName() == QLatin1String("cmdCopy");
+        const auto role = isBright ? QPalette::Highlight : QPalette::Window;
         const QRgb ground = Top().palette().color(role).rgb();
         int ring = 0;
         for (int y = 0; y < after.height(); ++y) {
