@@ -3,11 +3,50 @@
 #include "platform/qt/FolderOffers.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+/// The click that brings the focus leaves selected what GotFocus has selected; it would place the
+/// caret. Whoever drags has what is dragged over.
+class TextBox : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override {
+        m_bringsFocus = event->reason() == Qt::MouseFocusReason;
+        QLineEdit::focusInEvent(event);
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        m_start = m_bringsFocus ? selectionStart() : -1;
+        m_length = selectionLength();
+        m_bringsFocus = false;
+        QLineEdit::mousePressEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QLineEdit::mouseReleaseEvent(event);
+        const int start = std::exchange(m_start, -1);
+        if (event->button() == Qt::LeftButton && start >= 0 && !hasSelectedText()) {
+            setSelection(start, m_length);
+        }
+    }
+
+private:
+    /// The press that is about to come has brought the focus.
+    bool m_bringsFocus = false;
+    /// What the press found selected; -1 for nothing that it should leave.
+    int m_start = -1;
+    int m_length = 0;
+};
+
+} // namespace
 
 QtTextControl::QtTextControl(QWidget* parent, const QString& name)
-    : QtControl(new QLineEdit(parent), name) {
+    : QtControl(new TextBox(parent), name) {
     QObject::connect(Widget(), &QLineEdit::textChanged, &m_listener, [this] { Raise(Change); });
     QObject::connect(qApp, &QApplication::focusChanged, &m_listener,
                      [this](QWidget*, QWidget* now) { FocusMovedTo(now); });

@@ -161,6 +161,44 @@ TEST_F(QtControls, TheWheelOverAClosedComboChoosesNothing) {
     EXPECT_EQ(combo.Text(), QStringLiteral("(E:) A"));
 }
 
+/// Two text boxes, the first of which selects its text when it gets the focus.
+class ClicksIntoABox : public QtControls {
+protected:
+    QtTextControl box{&window, QStringLiteral("txtSearch")};
+    QtTextControl other{&window, QStringLiteral("txtDestination")};
+    QPoint inText;
+    QPoint behindText;
+
+    ClicksIntoABox() {
+        box.Move(0, 0, 3000, 450);
+        other.Move(0, 600, 3000, 450);
+        box.SetText(QStringLiteral("RIVERSONGS"));
+        box.GotFocus = [this] { box.Select(0, int(box.Text().size())); };
+        other.SetFocus();
+        Show();
+        inText = QPoint(box.Widget()->fontMetrics().horizontalAdvance(QStringLiteral("RIVER")) + 5,
+                        box.Widget()->height() / 2);
+        behindText = QPoint(box.Widget()->width() - 5, inText.y());
+    }
+    QString Selected() const { return box.Widget()->selectedText(); }
+};
+
+TEST_F(ClicksIntoABox, TheFirstLeavesTheTextSelectedAndTheSecondPlacesTheCaret) {
+    QtInput::Click(*box.Widget(), inText);
+    EXPECT_EQ(Selected(), QStringLiteral("RIVERSONGS"));
+    QTest::qWait(QApplication::doubleClickInterval() + 1);
+    QtInput::Click(*box.Widget(), inText);
+    EXPECT_EQ(Selected(), QString());
+    EXPECT_EQ(box.Widget()->cursorPosition(), 5);
+}
+
+TEST_F(ClicksIntoABox, ADragSelectsWhatItPassesOver) {
+    QtInput::Press(*box.Widget(), inText);
+    QtInput::MoveTo(*box.Widget(), behindText);
+    QtInput::Release(*box.Widget(), behindText);
+    EXPECT_EQ(Selected(), QStringLiteral("SONGS"));
+}
+
 TEST_F(QtControls, AMenuOrAnotherWindowOnlyBorrowsTheFocusOfATextBox) {
     QtTextControl text(&window, QStringLiteral("text"));
     QtButtonControl button(&window, QStringLiteral("button"));
