@@ -95,6 +95,6 @@ void TextFitting::lstSongs_Scroll() {
 void TextFitting::lstSongs_MouseDown(const MouseState& mouse) {
     constexpr int RightButton = 2;
     if (mouse.Button == RightButton && m_controls.lstSongs.ListIndex() > 0) {
-        m_controls.mnuPopup.PopUp();
+        m_controls.mnuPopup.PopUp(m_controls.lstSongs, mouse.X, mouse.Y);
     }
 }

@@ -214,11 +214,12 @@ public:
     virtual void SetBackColor(SystemColor color) = 0;
 };
 
-/// A menu that opens where the mouse is.
 class PopupMenu {
 public:
     virtual ~PopupMenu() = default;
-    virtual void PopUp() = 0;
+    /// Opens the menu at a place in twips from the control's top left corner, where the mouse was
+    /// pressed or the row is that the menu key was pressed for. Returns before a choice is made.
+    virtual void PopUp(const Control& control, double x, double y) = 0;
 };
 
 class MenuEntry {

@@ -73,10 +73,10 @@ void PaintNow(QWidget& widget) {
     QCoreApplication::sendPostedEvents(widget.window(), QEvent::UpdateRequest);
 }
 
-QWidget* WindowOf(WindowHandle handle) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (HandleOf(*window) == handle) {
-            return window;
+QWidget* WidgetOf(WindowHandle handle) {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (HandleOf(*widget) == handle) {
+            return widget;
         }
     }
     return nullptr;

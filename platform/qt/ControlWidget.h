@@ -30,7 +30,7 @@ void Place(QWidget& widget, double left, double top, double width, double height
 /// Paints at once whatever waits to be painted in the widget's window. Handles no input.
 void PaintNow(QWidget& widget);
 
-/// The top-level window of that handle; null when there is none.
-QWidget* WindowOf(WindowHandle handle);
+/// The window's or control's widget of that handle; null when there is none.
+QWidget* WidgetOf(WindowHandle handle);
 
 } // namespace ControlWidget

@@ -174,6 +174,7 @@ void QtListView::contextMenuEvent(QContextMenuEvent* event) {
 
 void QtListView::PressMenuKey() {
     if (CurrentRow() >= 0) {
+        scrollTo(currentIndex());
         const QPointF middle = visualRect(currentIndex()).center() + viewport()->pos();
         MenuPressed(CurrentRow(), MouseInput::OfMenuKey(middle));
     }

@@ -1,5 +1,8 @@
 #include "platform/qt/QtPopupMenu.h"
 
+#include "platform/qt/ControlWidget.h"
+#include "platform/qt/Twips.h"
+
 QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& entryName,
                          const QString& entryCaption)
     : m_menu(new QMenu(parent)) {
@@ -18,6 +21,7 @@ void QtPopupMenu::SetEntryToolTip(const QString& text) {
     m_menu->setToolTipsVisible(true);
 }
 
-void QtPopupMenu::PopUp() {
-    m_menu->popup(QCursor::pos());
+void QtPopupMenu::PopUp(const Control& control, double x, double y) {
+    const QWidget* widget = ControlWidget::WidgetOf(control.Handle());
+    m_menu->popup(widget->mapToGlobal(Twips::ToPixels(x, y, 0, 0).topLeft()));
 }

@@ -18,8 +18,8 @@ public:
 
     /// What the entry shows under the mouse.
     void SetEntryToolTip(const QString& text);
-    /// Opens the menu and returns; the choice comes as the entry's Click.
-    void PopUp() override;
+    /// The choice comes as the entry's Click.
+    void PopUp(const Control& control, double x, double y) override;
 
 private:
     QPointer<QMenu> m_menu;

@@ -8,7 +8,7 @@
 
 QString QtShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                  const QString& startFolder) {
-    QFileDialog dialog(ControlWidget::WindowOf(owner), prompt);
+    QFileDialog dialog(ControlWidget::WidgetOf(owner), prompt);
     dialog.setObjectName(QStringLiteral("BrowseForFolder"));
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);

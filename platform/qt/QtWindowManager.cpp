@@ -21,7 +21,7 @@ WindowHandle QtWindowManager::GetActiveWindow() {
 }
 
 void QtWindowManager::FlashWindow(WindowHandle window) {
-    if (QWidget* widget = ControlWidget::WindowOf(window)) {
+    if (QWidget* widget = ControlWidget::WidgetOf(window)) {
         QApplication::alert(widget);
     }
 }

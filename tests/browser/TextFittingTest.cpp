@@ -196,9 +196,13 @@ TEST_F(TextFittingTest, ScrollingAListTakesTheFocusWhoeverHasIt) {
 
 // ---- the menu
 
-TEST_F(TextFittingTest, RightClickingASongOpensTheMenu) {
-    form.lstSongs.UserRightClick(1);
+TEST_F(TextFittingTest, RightClickingASongOpensTheMenuThere) {
+    form.lstSongs.UserClick(1);
+    form.lstSongs.MouseDown({.Button = 2, .X = 300, .Y = 450});
     EXPECT_EQ(form.mnuPopup.PopUpCount, 1);
+    EXPECT_EQ(form.mnuPopup.Over, form.lstSongs.Handle());
+    EXPECT_EQ(form.mnuPopup.X, 300);
+    EXPECT_EQ(form.mnuPopup.Y, 450);
 }
 
 TEST_F(TextFittingTest, RightClickingTheAllSongsRowOpensNoMenu) {

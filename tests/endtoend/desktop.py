@@ -94,6 +94,12 @@ class Desktop:
             ["wmctrl", "-i", "-c", self.xdotool("getactivewindow")], env=self.environment,
             check=True, timeout=PATIENCE)
 
+    def corner_of(self, window):
+        """Where the top left corner of a window without a frame is on the screen."""
+        told = dict(line.split("=") for line in
+                    self.xdotool("getwindowgeometry", "--shell", window).splitlines())
+        return int(told["X"]), int(told["Y"])
+
     def screenshot(self, path, area=None):
         """Takes a picture of the whole screen or of an area of it."""
         crop = []

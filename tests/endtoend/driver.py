@@ -229,8 +229,8 @@ class Songlift:
         return None
 
     def windows_on_screen(self):
-        """How many windows the program shows; the accessibility bus does not tell of open menus."""
-        return len(self.desktop.xdotool(
+        """The windows that the program shows; the accessibility bus does not tell of open menus."""
+        return set(self.desktop.xdotool(
             "search", "--all", "--onlyvisible", "--pid", self.process.pid).splitlines())
 
     def current_row(self, list_name):

@@ -201,7 +201,11 @@ def preview(window):
     for key in ("Menu", "shift+F10"):
         before = window.windows_on_screen()
         press(window, key)
-        window.wait_for("the menu", lambda seen=before: window.windows_on_screen() > seen, 10)
+        (menu,) = window.wait_for(
+            "the menu", lambda seen=before: window.windows_on_screen() - seen, 10)
+        row = window.area(window.row("Songs", "Whole Night"))
+        x, y = window.desktop.corner_of(menu)
+        assert row.x <= x < row.x + row.width and row.y <= y < row.y + row.height, (x, y, row)
         press(window, "Down", "Return")
         window.wait_for("the player", lambda: window.active_window() == "Whole Night")
         press(window, "alt+F4")

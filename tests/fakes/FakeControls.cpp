@@ -340,9 +340,12 @@ void FakeTimerControl::Elapse() {
     }
 }
 
-void FakePopupMenu::PopUp() {
+void FakePopupMenu::PopUp(const Control& control, double x, double y) {
     FakeFaults::Call();
     ++PopUpCount;
+    Over = control.Handle();
+    X = x;
+    Y = y;
     Raise(WhileOpen);
 }
 

@@ -395,10 +395,14 @@ private:
 class FakePopupMenu : public PopupMenu {
 public:
     int PopUpCount = 0;
+    /// Where it was opened last.
+    WindowHandle Over = 0;
+    double X = 0;
+    double Y = 0;
     /// What the user does with the open menu.
     Event WhileOpen;
 
-    void PopUp() override;
+    void PopUp(const Control& control, double x, double y) override;
 };
 
 class FakeMediaPlayerControl : public FakeControlBase<MediaPlayerControl> {

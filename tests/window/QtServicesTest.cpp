@@ -1,4 +1,5 @@
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtPopupMenu.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/ShownText.h"
@@ -113,15 +114,18 @@ TEST_F(FolderPicker, TheDocumentsFolderIsAnAbsolutePath) {
 
 TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
     QWidget window;
+    QtLabelControl label(&window, QStringLiteral("lblSearch"));
+    label.Move(150, 300, 3000, 3000);
     window.show();
     QtPopupMenu menu(&window, QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
                      QStringLiteral("Preview"));
     int clicks = 0;
     menu.Entry.Click = [&] { ++clicks; };
-    menu.PopUp();
+    menu.PopUp(label, 600, 750);
     auto* shown = window.findChild<QMenu*>(QStringLiteral("mnuPopup"));
     ASSERT_NE(shown, nullptr);
     EXPECT_TRUE(shown->isVisible());
+    EXPECT_EQ(shown->pos(), window.mapToGlobal(QPoint(50, 70))); // a pixel is 15 twips
     ASSERT_EQ(shown->actions().size(), 1);
     EXPECT_EQ(shown->actions().constFirst()->text(), QStringLiteral("Preview"));
     EXPECT_EQ(shown->actions().constFirst()->objectName(), QStringLiteral("mnuPreview"));
