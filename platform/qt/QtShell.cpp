@@ -1,5 +1,6 @@
 #include "platform/qt/QtShell.h"
 
+#include "platform/qt/BusyPointer.h"
 #include "platform/qt/ControlWidget.h"
 
 #include <QDir>
@@ -8,6 +9,7 @@
 
 QString QtShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                  const QString& startFolder) {
+    const BusyPointer::Lifted lifted;
     QFileDialog dialog(ControlWidget::WidgetOf(owner), prompt);
     dialog.setObjectName(QStringLiteral("BrowseForFolder"));
     dialog.setFileMode(QFileDialog::Directory);

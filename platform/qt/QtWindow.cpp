@@ -1,10 +1,11 @@
 #include "platform/qt/QtWindow.h"
 
+#include "platform/qt/BusyPointer.h"
 #include "platform/qt/ControlWidget.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/Twips.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFontMetricsF>
 #include <QScreen>
@@ -197,6 +198,7 @@ void QtWindow::Show() {
 }
 
 void QtWindow::ShowModal() {
+    const BusyPointer::Lifted lifted;
     QEventLoop loop;
     m_widget->Hidden = [&loop] { loop.quit(); };
     QObject::connect(m_widget, &QObject::destroyed, &loop, &QEventLoop::quit);
@@ -257,11 +259,7 @@ void QtWindow::SetMousePointer(MousePointer pointer) {
         return;
     }
     m_hourglass = hourglass;
-    if (hourglass) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    } else {
-        QApplication::restoreOverrideCursor();
-    }
+    hourglass ? BusyPointer::Begin() : BusyPointer::End();
 }
 
 double QtWindow::TextWidth(const QString& text) {

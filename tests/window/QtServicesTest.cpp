@@ -1,7 +1,9 @@
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtLabelControl.h"
+#include "platform/qt/QtMessages.h"
 #include "platform/qt/QtPopupMenu.h"
 #include "platform/qt/QtShell.h"
+#include "platform/qt/QtWindow.h"
 #include "platform/qt/ShownText.h"
 
 #include <QApplication>
@@ -134,6 +136,27 @@ TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
     QTest::keyClick(shown, Qt::Key_Return);
     EXPECT_EQ(clicks, 1);
     EXPECT_FALSE(shown->isVisible());
+}
+
+TEST(TheHourglass, IsLiftedWhileTheUserIsAskedAndBackAfterwards) {
+    QtWindow window(nullptr, QStringLiteral("Form1"));
+    QtWindow prompt(window.Widget(), QStringLiteral("frmOverwrite"), Qt::Dialog);
+    QtMessages messages(window.Widget());
+    QtShell shell;
+    const std::function<void()> questions[] = {
+        [&] { messages.Show({}, {}, MessageButtons::OK, MessageIcon::Information); },
+        [&] { shell.BrowseForFolder(0, {}, {}); }, [&] { prompt.ShowModal(); }};
+    for (const auto& ask : questions) {
+        window.SetMousePointer(MousePointer::Hourglass);
+        QTimer::singleShot(0, [] {
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+            QApplication::activeModalWidget()->close();
+        });
+        ask();
+        EXPECT_NE(QApplication::overrideCursor(), nullptr);
+        window.SetMousePointer(MousePointer::Default);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    }
 }
 
 TEST(ShownText, AccessKeysGoAndDoubledAmpersandsBecomeOne) {
