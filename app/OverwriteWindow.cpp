@@ -1,9 +1,12 @@
 #include "app/OverwriteWindow.h"
 
+#include "platform/qt/ControlWidget.h"
 #include "platform/qt/Twips.h"
 
+#include <QScreen>
+
 OverwriteWindow::OverwriteWindow(QWidget* owner, OverwritePrompt& prompt)
-    : m_window(owner, QStringLiteral("frmOverwrite"), Qt::Dialog),
+    : m_window(ControlWidget::SeenOwner(owner), QStringLiteral("frmOverwrite"), Qt::Dialog),
       m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
       m_chkSame(m_window.Widget(), QStringLiteral("chkSame"),
                 QStringLiteral("Do the same for all files")),
@@ -26,7 +29,9 @@ void OverwriteWindow::LayOut() {
     const double margin = 14 * pixel;
     const double gap = 8 * pixel;
     const double buttonWidth = 84 * pixel;
+    const double screen = m_window.Widget()->screen()->availableSize().width() * pixel;
 
+    m_lblMessage.LimitWidth(0.95 * screen - 2 * margin);
     m_lblMessage.Move(margin, margin, 3 * buttonWidth + 2 * gap, m_lblMessage.Height());
     m_chkSame.Move(margin, margin + m_lblMessage.Height() + gap, m_chkSame.Width(),
                    m_chkSame.Height());

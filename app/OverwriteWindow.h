@@ -9,7 +9,7 @@
 /// The real window of the overwrite prompt, made anew for each question.
 class OverwriteWindow {
 public:
-    /// `owner` is the main window, over which the prompt stands.
+    /// `owner` is the main window, over which the prompt stands unless that is minimised.
     OverwriteWindow(QWidget* owner, OverwritePrompt& prompt);
     OverwriteWindow(const OverwriteWindow&) = delete;
     OverwriteWindow& operator=(const OverwriteWindow&) = delete;

@@ -82,4 +82,8 @@ QWidget* WidgetOf(WindowHandle handle) {
     return nullptr;
 }
 
+QWidget* SeenOwner(QWidget* owner) {
+    return owner != nullptr && owner->isVisible() && !owner->isMinimized() ? owner : nullptr;
+}
+
 } // namespace ControlWidget

@@ -33,4 +33,8 @@ void PaintNow(QWidget& widget);
 /// The window's or control's widget of that handle; null when there is none.
 QWidget* WidgetOf(WindowHandle handle);
 
+/// The owner for a box that must be seen: `owner`, or none while that is not seen itself. The
+/// desktop hides what belongs to a minimised window together with it.
+QWidget* SeenOwner(QWidget* owner);
+
 } // namespace ControlWidget

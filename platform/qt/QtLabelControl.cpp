@@ -38,15 +38,24 @@ QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QStri
 }
 
 void QtLabelControl::SetCaption(const QString& caption) {
-    if (caption != m_caption) {
-        m_caption = caption;
-        // No label here leads to a neighbour, so there is no access key to show.
-        const QString text = ShownText::OneLine(ShownText::WithoutAccessKeys(caption));
-        const QString shown = ShownText::InReadingOrder(text);
-        Widget()->setText(shown);
-        // Marks of order are for the eye alone.
-        Widget()->setAccessibleName(shown != text ? text : QString());
+    if (caption == m_caption) {
+        return;
     }
+    m_caption = caption;
+    // No label here leads to a neighbour, so there is no access key to show.
+    QString text = ShownText::WithoutAccessKeys(caption);
+    QString line;
+    if (m_longest > 0) {
+        line = ShownText::FittingLine(text, Widget()->fontMetrics(),
+                                      int(m_longest / Twips::PerPixelX()));
+        SetToolTip(line != text ? text : QString());
+    } else {
+        line = text = ShownText::OneLine(text);
+    }
+    const QString shown = ShownText::InReadingOrder(line);
+    Widget()->setText(shown);
+    // Marks of order, and what is left out, are for the eye alone.
+    Widget()->setAccessibleName(shown != text ? text : QString());
 }
 
 void QtLabelControl::SizeToCaption() {

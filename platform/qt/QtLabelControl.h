@@ -13,6 +13,12 @@ public:
     void SetCaption(const QString& caption) override;
     void SizeToCaption() override;
 
+    /// Captions that are wider from now on are painted without the middle of the path that they
+    /// quote; the tool tip and screen readers have them whole.
+    void LimitWidth(double width) { m_longest = width; }
+
 private:
+    /// In twips, 0 without a limit.
+    double m_longest = 0;
     QString m_caption;
 };

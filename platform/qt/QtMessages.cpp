@@ -1,6 +1,7 @@
 #include "platform/qt/QtMessages.h"
 
 #include "platform/qt/BusyPointer.h"
+#include "platform/qt/ControlWidget.h"
 #include "platform/qt/ShownText.h"
 
 #include <QLabel>
@@ -76,10 +77,7 @@ void FitText(QMessageBox& box, QString text) {
 MessageAnswer QtMessages::Show(const QString& text, const QString& title, MessageButtons buttons,
                                MessageIcon icon) {
     const BusyPointer::Lifted lifted;
-    // The desktop hides what belongs to a minimised window together with it.
-    QWidget* owner = m_owner;
-    const bool ownerIsSeen = owner != nullptr && owner->isVisible() && !owner->isMinimized();
-    QMessageBox box(ownerIsSeen ? owner : nullptr);
+    QMessageBox box(ControlWidget::SeenOwner(m_owner));
     box.setObjectName(QStringLiteral("Message"));
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);

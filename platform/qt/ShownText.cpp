@@ -1,5 +1,7 @@
 #include "platform/qt/ShownText.h"
 
+#include "platform/Paths.h"
+
 #include <algorithm>
 
 namespace ShownText {
@@ -11,11 +13,22 @@ constexpr qsizetype LongestMessage = 2000;
 /// A run of this many characters still fits on a line of a message.
 constexpr qsizetype LongestRun = 16;
 constexpr char16_t ZeroWidthSpace = 0x200B;
+constexpr char16_t Ellipsis = 0x2026;
+/// The longest path of the system fits into a tool tip, with words around it.
+constexpr qsizetype LongestToolTip = 5000;
 
 bool IsControl(QChar character) {
     return character.category() == QChar::Other_Control ||
            character.category() == QChar::Separator_Line ||
            character.category() == QChar::Separator_Paragraph;
+}
+
+/// The text with blanks in place of line breaks and other control characters.
+QString WithoutBreaks(QString text) {
+    if (std::any_of(text.cbegin(), text.cend(), IsControl)) {
+        std::replace_if(text.begin(), text.end(), IsControl, QLatin1Char(' '));
+    }
+    return text;
 }
 
 /// The first `length` code units, not counting half a character at the end, and "..." if that cuts
@@ -64,11 +77,30 @@ bool IsSeparator(const QString& text, qsizetype i, bool quoted) {
 } // namespace
 
 QString OneLine(const QString& text) {
-    QString line = Cut(text, LongestLine);
-    if (std::any_of(line.cbegin(), line.cend(), IsControl)) {
-        std::replace_if(line.begin(), line.end(), IsControl, QLatin1Char(' '));
+    return WithoutBreaks(Cut(text, LongestLine));
+}
+
+QString FittingLine(const QString& text, const QFontMetrics& metrics, int width) {
+    const QString line = WithoutBreaks(text);
+    const qsizetype start = line.indexOf(QLatin1Char('"')) + 1;
+    const qsizetype end = line.lastIndexOf(QLatin1Char('"'));
+    if (start == 0 || end < start || metrics.horizontalAdvance(line) <= width) {
+        return line;
     }
-    return line;
+    const QString before = line.left(start);
+    const QString behind = line.mid(end);
+    const QString path = line.mid(start, end - start);
+    const QString name = Paths::FileName(path);
+    const QString folder = path.chopped(name.size());
+    const QString dots{QChar(Ellipsis)};
+    const auto roomBeside = [&](const QString& kept) {
+        return width - metrics.horizontalAdvance(before + kept + behind);
+    };
+    const int roomOfFolder = roomBeside(name);
+    if (roomOfFolder >= metrics.horizontalAdvance(dots)) {
+        return before + metrics.elidedText(folder, Qt::ElideMiddle, roomOfFolder) + name + behind;
+    }
+    return before + dots + metrics.elidedText(name, Qt::ElideMiddle, roomBeside(dots)) + behind;
 }
 
 QString WithoutAccessKeys(const QString& caption) {
@@ -124,7 +156,8 @@ QString ToolTip(const QString& text) {
     if (text.isEmpty()) {
         return {};
     }
-    return QStringLiteral("<qt>") + Breakable(InReadingOrder(OneLine(text))).toHtmlEscaped() +
+    const QString line = WithoutBreaks(Cut(text, LongestToolTip));
+    return QStringLiteral("<qt>") + Breakable(InReadingOrder(line)).toHtmlEscaped() +
            QStringLiteral("</qt>");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <QString>
 
 /// How texts are made fit to be shown. Names come from devices and file systems and may hold
@@ -9,6 +10,11 @@ namespace ShownText {
 /// The text on one line: line breaks and other control characters become blanks. What is longer
 /// than any screen is wide is cut off, since laying out megabytes would stop the window.
 QString OneLine(const QString& text);
+
+/// The text on one line of that width: where it is too long, the middle of the path that it quotes
+/// is left out. The file's name and all around the path stay; of a name that is too long itself
+/// both ends do.
+QString FittingLine(const QString& text, const QFontMetrics& metrics, int width);
 
 /// A caption without its access keys: "&x" is x, "&&" is "&".
 QString WithoutAccessKeys(const QString& caption);

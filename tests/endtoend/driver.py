@@ -399,6 +399,16 @@ class Songlift:
         """Asks the window manager to close the active window, as a task bar does."""
         self.desktop.close_active_window()
 
+    def minimise(self):
+        """Minimises the window in front, and returns it for `bring_back`."""
+        window = self.desktop.xdotool("getactivewindow")
+        self.desktop.xdotool("windowminimize", window)
+        return window
+
+    def bring_back(self, window):
+        """Brings a minimised window to the front, as a task bar does."""
+        self.desktop.xdotool("windowactivate", "--sync", window)
+
     def exit_code(self):
         """What the program ends with, waited for."""
         return self.process.wait(PATIENCE)

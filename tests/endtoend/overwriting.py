@@ -3,6 +3,7 @@ all."""
 
 import sys
 
+from desktop import SCREEN_SIZE
 from ipod import assert_copied, same_bytes, tree
 from scenario import load_small_sample, main, tick_album
 
@@ -22,6 +23,8 @@ def question(path):
 def answer_prompt(window, path, button, same=False):
     """Answers the prompt about one file."""
     prompt = window.message("Overwrite File", question(path))
+    area = window.area(prompt)
+    assert area.x >= 0 and area.x + area.width <= SCREEN_SIZE[0], area
     if same:
         window.click(window.control("Do the same for all files", window=prompt), at_x=9)
         window.wait_for("the box to be ticked", lambda: window.checked(
@@ -30,43 +33,61 @@ def answer_prompt(window, path, button, same=False):
     window.wait_for("the prompt to go", lambda: not window.says(question(path)))
 
 
+def copy_minimised(window):
+    """Starts a job, and minimises the window before the job has come to its first file; returns the window."""
+    area = window.area(window.button("Copy to Destination"))
+    window.freeze()
+    window.click_area(area)
+    minimised = window.minimise()
+    window.thaw()
+    return minimised
+
+
 def play(stage):
     ipod, started = stage.start_with_small_ipod()
+    # The question is wider than the screen.
+    destination = stage.destination / "a folder of a long name" / ("long " * 40).strip() / "folder"
     old = {}
     for path in FILES:
-        file = stage.destination / path
+        file = destination / path
         file.parent.mkdir(parents=True, exist_ok=True)
         old[path] = f"older than {path}".encode()
         file.write_bytes(old[path])
 
     def is_old(path):
-        return (stage.destination / path).read_bytes() == old[path]
+        return (destination / path).read_bytes() == old[path]
 
     with started as window:
-        load_small_sample(window, stage.destination)
+        load_small_sample(window, destination)
         tick_album(window, "Volt/Ampere", "Live: 1999?")
 
-        # The prompt stands for Cancel until it is answered; nothing has changed by then.
-        window.press("Copy to Destination")
-        answer_prompt(window, stage.destination / OPENING, "Cancel")
+        # The prompt comes to a user who has minimised the window, and closing it cancels.
+        minimised = copy_minimised(window)
+        window.message("Overwrite File", question(destination / OPENING))
+        window.request_close()
+        window.wait_for("the job to end", lambda: window.button("Copy to destination"))
+        assert all(is_old(path) for path in FILES)
+        window.bring_back(minimised)
+        window.press("Copy to destination")
+        answer_prompt(window, destination / OPENING, "Cancel")
         window.wait_for("the job to end", lambda: window.button("Copy to destination"))
         assert all(is_old(path) for path in FILES)
 
         # Replace one, skip one, and skip the rest without being asked.
         window.press("Copy to destination")
-        answer_prompt(window, stage.destination / OPENING, "Replace")
-        answer_prompt(window, stage.destination / FIRST_SONG, "Skip", same=True)
+        answer_prompt(window, destination / OPENING, "Replace")
+        answer_prompt(window, destination / FIRST_SONG, "Skip", same=True)
         window.answer("Songlift", "Copy completed!", "OK")
-        assert same_bytes(stage.destination / OPENING, ipod.file(0))
+        assert same_bytes(destination / OPENING, ipod.file(0))
         assert is_old(FIRST_SONG) and is_old(SECOND_SONG)
-        assert tree(stage.destination) == sorted(FILES)
+        assert tree(destination) == sorted(FILES)
 
         # The next job asks again.
         window.press("Copy to destination")
-        answer_prompt(window, stage.destination / OPENING, "Replace", same=True)
+        answer_prompt(window, destination / OPENING, "Replace", same=True)
         window.answer("Songlift", "Copy completed!", "OK")
         assert window.close() == 0
-    assert_copied(ipod, stage.destination, FILES)
+    assert_copied(ipod, destination, FILES)
     ipod.assert_untouched()
 
 
