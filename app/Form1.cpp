@@ -2,7 +2,7 @@
 
 Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls& preview,
              std::function<void(OverwritePrompt&)> showOverwrite)
-    : m_controls(controls), m_previewControls(preview),
+    : m_messages(services.MessageBoxes), m_controls(controls), m_previewControls(preview),
       m_loadMusic(services.Files, services.MessageBoxes, controls),
       m_devices(m_loadMusic, services.Drives, services.Files, services.MessageBoxes,
                 services.Windows, controls),
@@ -104,6 +104,7 @@ void Form1::WireWindow() {
 }
 
 void Form1::Form_Load() {
+    m_settings.Check();
     m_settings.RestoreOptions();
     m_controls.prgCopy.SetValue(0);
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
@@ -131,7 +132,11 @@ void Form1::Form_Unload(bool& cancel, UnloadMode) {
         return;
     }
     m_previewControls.frmPreview.Unload();
-    m_settings.Save();
+    if (!m_settings.Save()) {
+        m_messages.Show(QStringLiteral("Your settings could not be saved. The next start will have "
+                                       "the earlier ones."),
+                        QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Exclamation);
+    }
 }
 
 void Form1::ForgetLibrary() {

@@ -32,7 +32,7 @@ public:
     Form1& operator=(const Form1&) = delete;
 
     /// Restores the settings, shows the window, and loads the first iPod that is attached. Throws
-    /// RuntimeError when a stored number is none.
+    /// RuntimeError before anything is shown when a stored number is none.
     void Form_Load();
 
 private:
@@ -46,6 +46,7 @@ private:
     void WireCopy();
     void WireWindow();
 
+    Messages& m_messages;
     Form1Controls& m_controls;
     PreviewControls& m_previewControls;
     BrowserState m_state;

@@ -12,6 +12,19 @@ QString NumberText(double value) {
     return QString::number(static_cast<double>(static_cast<float>(value)), 'g', 7);
 }
 
+/// A number of the store, converted by `convert`. What fails there is told with the key.
+template <class Convert>
+auto ReadAs(Convert convert, SettingsStore& store, const QString& key, double defaultValue) {
+    const QString text = store.Read(key, NumberText(defaultValue));
+    try {
+        return convert(TextToNumber(text));
+    } catch (const RuntimeError& error) {
+        throw RuntimeError(
+            error.Number,
+            QStringLiteral("%1 (setting \"%2\": \"%3\")").arg(error.Description, key, text));
+    }
+}
+
 } // namespace
 
 QString GetSpecialFolderName(Shell& shell, int folderId) {
@@ -24,15 +37,20 @@ Settings::Settings(SettingsStore& store, Shell& shell, WindowManager& windowMana
       m_controls(controls) {
 }
 
-double Settings::ReadNumber(const QString& key, double defaultValue) const {
-    const QString text = m_store.Read(key, NumberText(defaultValue));
-    try {
-        return TextToNumber(text);
-    } catch (const RuntimeError& error) {
-        throw RuntimeError(
-            error.Number,
-            QStringLiteral("%1 (setting \"%2\": \"%3\")").arg(error.Description, key, text));
+void Settings::Check() const {
+    ReadMask(QStringLiteral("DestFolders"), 0);
+    ReadMask(QStringLiteral("TrackNames"), 0);
+    for (const char* key : {"Width", "Height", "Left", "Top", "Handle1", "Handle2"}) {
+        ReadNumber(QString::fromLatin1(key), 0);
     }
+}
+
+double Settings::ReadNumber(const QString& key, double defaultValue) const {
+    return ReadAs(ToSingle, m_store, key, defaultValue);
+}
+
+int Settings::ReadMask(const QString& key, int defaultValue) const {
+    return ReadAs(ToInteger, m_store, key, defaultValue);
 }
 
 void Settings::WriteNumber(const QString& key, double value) {
@@ -46,10 +64,10 @@ void Settings::RestoreBit(CheckControl& check, int mask, int bit) {
 }
 
 void Settings::RestoreOptions() {
-    const int folders = ToInteger(ReadNumber(QStringLiteral("DestFolders"), 3));
+    const int folders = ReadMask(QStringLiteral("DestFolders"), 3);
     RestoreBit(m_controls.chkArtist, folders, 1);
     RestoreBit(m_controls.chkAlbum, folders, 2);
-    const int names = ToInteger(ReadNumber(QStringLiteral("TrackNames"), 4));
+    const int names = ReadMask(QStringLiteral("TrackNames"), 4);
     RestoreBit(m_controls.chkArtistName, names, 1);
     RestoreBit(m_controls.chkAlbumName, names, 2);
     RestoreBit(m_controls.chkTrackNum, names, 4);
@@ -92,7 +110,7 @@ void Settings::RestoreHandles() {
     m_layout.LayOutLists();
 }
 
-void Settings::Save() {
+bool Settings::Save() {
     m_store.Write(QStringLiteral("DestFolders"),
                   QString::number(m_controls.chkAlbum.Value() * 2 + m_controls.chkArtist.Value()));
     m_store.Write(QStringLiteral("TrackNames"),
@@ -117,4 +135,5 @@ void Settings::Save() {
         WriteNumber(QStringLiteral("Width"), window.Width());
         WriteNumber(QStringLiteral("Height"), window.Height());
     }
+    return m_store.Flush();
 }

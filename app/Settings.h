@@ -10,18 +10,21 @@ public:
     Settings(SettingsStore& store, Shell& shell, WindowManager& windowManager, Layout& layout,
              Form1Controls& controls);
 
+    /// Throws RuntimeError, naming the key, when the store holds a text where a number belongs or
+    /// one out of range. Changes nothing, so that a start can stop before there is a window.
+    void Check() const;
     /// Restores options and destination.
     void RestoreOptions();
     /// Restores the window's size, position and state.
     void RestoreWindow();
     /// Restores the splitters.
     void RestoreHandles();
-    /// Saves everything.
-    void Save();
+    /// Saves everything. False when the store cannot keep it.
+    bool Save();
 
 private:
-    /// A number of the store. Throws TypeMismatch, naming the key, when the text there is none.
     double ReadNumber(const QString& key, double defaultValue) const;
+    int ReadMask(const QString& key, int defaultValue) const;
     void WriteNumber(const QString& key, double value);
     void RestoreBit(CheckControl& check, int mask, int bit);
 

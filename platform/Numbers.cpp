@@ -34,6 +34,13 @@ qint32 ToLong(qint64 value) {
     return static_cast<qint32>(value);
 }
 
+float ToSingle(double value) {
+    if (!(std::abs(value) <= std::numeric_limits<float>::max())) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<float>(value);
+}
+
 qint32 BytesToLong(quint8 b0, quint8 b1, quint8 b2, quint8 b3) {
     return ToLong(b0 + b1 * 256.0 + b2 * 65536.0 + b3 * 16777216.0);
 }

@@ -14,6 +14,9 @@ qint32 ToLong(double value);
 /// A whole number as a 32-bit integer. Throws Overflow past the range.
 qint32 ToLong(qint64 value);
 
+/// The single-precision number nearest to `value`. Throws Overflow past the range.
+float ToSingle(double value);
+
 /// The unsigned little-endian number of four bytes as a 32-bit signed integer. Throws Overflow from
 /// 2,147,483,648 on.
 qint32 BytesToLong(quint8 b0, quint8 b1, quint8 b2, quint8 b3);

@@ -24,5 +24,9 @@ QString QtSettingsStore::Read(const QString& key, const QString& defaultValue) {
 
 void QtSettingsStore::Write(const QString& key, const QString& value) {
     m_settings.setValue(key, value);
+}
+
+bool QtSettingsStore::Flush() {
     m_settings.sync();
+    return m_settings.status() != QSettings::AccessError;
 }

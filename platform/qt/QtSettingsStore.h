@@ -11,8 +11,8 @@ public:
     QtSettingsStore();
 
     QString Read(const QString& key, const QString& defaultValue) override;
-    /// Writes to the disk at once. A file that cannot be written keeps what it held.
     void Write(const QString& key, const QString& value) override;
+    bool Flush() override;
 
 private:
     QSettings m_settings;

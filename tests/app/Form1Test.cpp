@@ -170,15 +170,30 @@ TEST_F(Form1Test, AFilterTabWorksAgainAfterAnotherDeviceWasChosen) {
     EXPECT_EQ(form.lstArtists.Texts(), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
 }
 
-TEST_F(Form1Test, ClosingTheWindowSavesTheSettingsAndClosesThePreview) {
+TEST_F(Form1Test, ClosingTheWindowClosesThePreviewAndThenSavesTheSettings) {
     StartWithSmallLibrary();
     frmPreview.Show();
+    frmPreview.QueryUnload = [this](bool&, UnloadMode mode) {
+        EXPECT_EQ(mode, UnloadMode::Program);
+        EXPECT_TRUE(store.Writes.isEmpty());
+    };
     form.chkArtistName.UserPress();
     form.Form1.UserClose();
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_TRUE(frmPreview.Closed);
     EXPECT_EQ(store.Values.value(Q("TrackNames")), Q("5"));
     EXPECT_EQ(store.Values.value(Q("DestPath")), Q("D:\\Music"));
+}
+
+TEST_F(Form1Test, SettingsThatCannotBeSavedAreToldOnceAndTheWindowCloses) {
+    Start();
+    store.FlushFails = true;
+    form.Form1.UserClose();
+    EXPECT_TRUE(form.Form1.Closed);
+    EXPECT_EQ(messages.Shown, std::vector<ShownMessage>(
+                                  {{Q("Your settings could not be saved. The next start will "
+                                      "have the earlier ones."),
+                                    Q("Error"), MessageButtons::OK, MessageIcon::Exclamation}}));
 }
 
 TEST_F(Form1Test, AWindowClosedDuringAJobAsksAndStaysOnNo) {
@@ -231,7 +246,8 @@ TEST_F(Form1Test, AnEarlierFileIsSkippedForAllWhenThePromptSaysSo) {
 }
 
 TEST_F(Form1Test, AHandEditedSettingStopsTheStartAndLeavesTheStoreAsItIs) {
-    store.Values[Q("Height")] = Q("tall");
+    store.Values[Q("WindowState")] = Q("1");
+    store.Values[Q("Handle2")] = Q("right");
     EXPECT_THROW(Start(), RuntimeError);
     EXPECT_EQ(form.Form1.ShowCount, 0);
     EXPECT_TRUE(store.Writes.isEmpty());

@@ -76,6 +76,12 @@ void FakeSettingsStore::Write(const QString& key, const QString& value) {
     Values.insert(key, value);
 }
 
+bool FakeSettingsStore::Flush() {
+    FakeFaults::Call();
+    ++Flushes;
+    return !FlushFails;
+}
+
 QString FakeShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                    const QString& startFolder) {
     FakeFaults::Call();

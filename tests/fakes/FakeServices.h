@@ -58,9 +58,12 @@ public:
     /// The keys read and written, in order.
     QStringList Reads;
     QStringList Writes;
+    int Flushes = 0;
+    bool FlushFails = false;
 
     QString Read(const QString& key, const QString& defaultValue) override;
     void Write(const QString& key, const QString& value) override;
+    bool Flush() override;
 };
 
 class FakeShell : public Shell {

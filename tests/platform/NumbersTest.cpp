@@ -67,6 +67,13 @@ TEST(ThirtyTwoBitNumber, OverflowsPastItsLimits) {
     EXPECT_EQ(NumberOf([] { ToLong(-qint64{2147483649}); }), 6);
 }
 
+TEST(SinglePrecisionNumber, OverflowsPastItsLimits) {
+    EXPECT_EQ(ToSingle(-3.4e38), -3.4e38F);
+    EXPECT_EQ(NumberOf([] { ToSingle(3.5e38); }), 6);
+    EXPECT_EQ(NumberOf([] { ToSingle(-Infinity); }), 6);
+    EXPECT_EQ(NumberOf([] { ToSingle(NotANumber); }), 6);
+}
+
 TEST(FourBytes, AreReadLowestFirst) {
     EXPECT_EQ(BytesToLong(0x78, 0x56, 0x34, 0x12), 305419896);
     EXPECT_EQ(BytesToLong(0, 0, 0, 0), 0);

@@ -38,9 +38,11 @@ TEST_F(SettingsFile, AnAbsentKeyHasItsDefault) {
     EXPECT_FALSE(QFile::exists(FilePath()));
 }
 
-TEST_F(SettingsFile, AWrittenValueIsOnTheDiskAtOnce) {
+TEST_F(SettingsFile, WhatWasWrittenIsOnTheDiskOnceItIsKept) {
     QtSettingsStore store;
     store.Write(QStringLiteral("DestFolders"), QStringLiteral("3"));
+    EXPECT_FALSE(QFile::exists(FilePath()));
+    EXPECT_TRUE(store.Flush());
     QFile file(FilePath());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), QByteArray("[Settings]\nDestFolders=3\n"));
@@ -100,16 +102,22 @@ TEST_F(SettingsFile, AFileOfRubbishGivesTheDefaults) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray("\0\xff[[[=\n\x01", 8));
     file.close();
-    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("absent"));
+    QtSettingsStore store;
+    EXPECT_EQ(store.Read(QStringLiteral("DestPath"), QStringLiteral("absent")),
+              QStringLiteral("absent"));
+    store.Write(QStringLiteral("DestPath"), QStringLiteral("x"));
+    EXPECT_TRUE(store.Flush());
+    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("x"));
 }
 
-TEST_F(SettingsFile, AFolderThatCannotBeMadeHurtsNobody) {
+TEST_F(SettingsFile, AFolderThatCannotBeMadeIsToldAndHurtsNobody) {
     QFile inTheWay(home.filePath(QStringLiteral("Songlift")));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     inTheWay.close();
     {
         QtSettingsStore store;
         store.Write(QStringLiteral("DestPath"), QStringLiteral("x"));
+        EXPECT_FALSE(store.Flush());
     }
     EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("absent"));
 }
