@@ -5,6 +5,9 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
 
+    /// Work begins that is mostly done at once: the yields count from here. What it shows of itself
+    /// in the window is not seen when it is done before the first one is due.
+    virtual void BeginWork() = 0;
     /// Lets the window handle what the user did meanwhile, then returns. Costs next to nothing when
     /// called more often than a person can act.
     virtual void Yield() = 0;

@@ -134,6 +134,7 @@ void Search::DoSearch() {
 }
 
 void Search::BeginSearch() {
+    m_eventLoop.BeginWork(); // else each keystroke would show the tabs grey for a moment
     const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
     if (m_state.Search) {
         m_artistList.Clear(nothingShown);

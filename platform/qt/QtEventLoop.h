@@ -7,6 +7,7 @@
 /// The event loop of the user interface's thread.
 class QtEventLoop : public EventLoop {
 public:
+    void BeginWork() override { m_sinceYield.start(); }
     /// Asks the system about every 10 ms; calls in between do nothing.
     void Yield() override;
 

@@ -16,6 +16,7 @@
 class TimedEventLoop : public EventLoop {
 public:
     TimedEventLoop();
+    void BeginWork() override { m_events.BeginWork(); }
     void Yield() override;
 
     /// Seconds spent in yields: painting, and looking for what the user does.

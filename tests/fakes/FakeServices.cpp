@@ -56,6 +56,10 @@ QStringList FakeMessages::Texts() const {
     return texts;
 }
 
+void FakeEventLoop::BeginWork() {
+    FakeFaults::Call();
+}
+
 void FakeEventLoop::Yield() {
     FakeFaults::Call();
     const int number = ++Yields;

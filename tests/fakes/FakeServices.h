@@ -49,6 +49,7 @@ public:
     /// Runs inside each yield, with the number of that yield, from 1 on.
     std::function<void(int)> OnYield;
 
+    void BeginWork() override;
     void Yield() override;
 };
 

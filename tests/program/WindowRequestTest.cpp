@@ -66,6 +66,33 @@ TEST_F(WindowRequest, TypingSearchesAndDeletingTheTextEndsTheSearch) {
     EXPECT_FALSE(controls.cmdClear.Enabled());
 }
 
+TEST_F(WindowRequest, TypingInASmallLibraryNeverShowsTheTabsGrey) {
+    struct : QObject {
+        int Paints = 0;
+        int GreyPaints = 0;
+        bool eventFilter(QObject* tabs, QEvent* event) override {
+            if (event->type() == QEvent::Paint) {
+                ++Paints;
+                GreyPaints += static_cast<QWidget*>(tabs)->isEnabled() ? 0 : 1;
+            }
+            return false;
+        }
+    } painted;
+    Start(SmallLibrary());
+    ClickOn("txtSearch");
+    QCoreApplication::processEvents();
+    Widget("tbsFilter").installEventFilter(&painted);
+    for (const char* letter : {"d", "u", "s", "k"}) {
+        Type(letter);
+        QTest::qWait(20); // a person's pause: the last yield is long ago
+    }
+    Key(Qt::Key_Backspace);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Rows(controls.lstArtists), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
+    EXPECT_GE(painted.Paints, 1);
+    EXPECT_EQ(painted.GreyPaints, 0);
+}
+
 TEST_F(WindowRequest, AMarkMadeInAResultSurvivesTheSearch) {
     Start(SmallLibrary());
     ClickOn("txtSearch");

@@ -30,6 +30,7 @@ class OpenEventLoop : public EventLoop {
 public:
     Event OnYield;
 
+    void BeginWork() override {}
     void Yield() override {
         Raise(OnYield);
         QCoreApplication::processEvents();

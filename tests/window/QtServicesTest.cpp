@@ -44,6 +44,23 @@ TEST(QtEventLoop, AYieldRightAfterAnotherDoesNothingAndALaterOneDoes) {
     EXPECT_EQ(handled, 1);
 }
 
+TEST(QtEventLoop, WorkThatBeginsIsLeftAloneForTenMilliseconds) {
+    QtEventLoop events;
+    QElapsedTimer clock;
+    clock.start();
+    events.BeginWork();
+    int handled = 0;
+    QTimer::singleShot(0, [&] { ++handled; });
+    events.Yield();
+    const int handledAtOnce = handled;
+    if (clock.elapsed() < 10) {
+        EXPECT_EQ(handledAtOnce, 0);
+    }
+    QTest::qSleep(15);
+    events.Yield();
+    EXPECT_EQ(handled, 1);
+}
+
 TEST(QtEventLoop, AMillionYieldsCostNextToNothing) {
     QtEventLoop events;
     QElapsedTimer clock;
