@@ -30,9 +30,16 @@ QByteArray SortingLocale() {
     return {};
 }
 
+void ThrowIfOutOfMemory(UErrorCode status) {
+    if (status == U_MEMORY_ALLOCATION_ERROR) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+}
+
 Collator OpenCollator(const QByteArray& locale) {
     UErrorCode status = U_ZERO_ERROR;
     Collator collator(ucol_open(locale.constData(), &status));
+    ThrowIfOutOfMemory(status);
     if (U_FAILURE(status)) {
         if (locale.isEmpty()) {
             throw RuntimeError(ErrorNumber::InvalidProcedureCall);
@@ -41,6 +48,7 @@ Collator OpenCollator(const QByteArray& locale) {
     }
     ucol_setAttribute(collator.get(), UCOL_STRENGTH, UCOL_SECONDARY, &status);
     ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
+    ThrowIfOutOfMemory(status);
     return collator;
 }
 
@@ -77,10 +85,16 @@ public:
     }
 
 private:
+    /// The length of the whole key, which may be more than there is room for.
     int32_t Write(const std::u16string& text, size_t begin, int32_t room) {
         m_bytes.resize(begin + static_cast<size_t>(room));
-        return ucol_getSortKey(SortingCollator(), text.data(), static_cast<int32_t>(text.size()),
-                               &m_bytes[begin], room);
+        const int32_t length =
+            ucol_getSortKey(SortingCollator(), text.data(), static_cast<int32_t>(text.size()),
+                            &m_bytes[begin], room);
+        if (length == 0) { // every key has a byte at its end, so this is all that tells a failure
+            throw RuntimeError(ErrorNumber::OutOfMemory);
+        }
+        return length;
     }
 
     std::pair<size_t, size_t> Range(qint32 index) const {

@@ -1,10 +1,14 @@
 #include "browser/SortedOrder.h"
 
+#include "platform/RuntimeError.h"
+
 #include <QStringList>
 
 #include <gtest/gtest.h>
+#include <unicode/uclean.h>
 #include <unicode/ucol.h>
 
+#include <cstdlib>
 #include <memory>
 #include <random>
 
@@ -194,12 +198,42 @@ void ExpectOrder(int expected, const Environment& environment) {
     EXPECT_EXIT(std::exit(OrderUnder(environment)), testing::ExitedWithCode(expected), "");
 }
 
+bool MemoryIsLeft = true;
+
+/// The error of sorting when ICU gets no more memory, from its first call on or once it has sorted.
+int ErrorWithoutMemory(bool onceSorted) {
+    UErrorCode status = U_ZERO_ERROR;
+    u_setMemoryFunctions(
+        nullptr,
+        [](const void*, size_t size) { return MemoryIsLeft ? std::malloc(size) : nullptr; },
+        [](const void*, void* block, size_t size) {
+            return MemoryIsLeft ? std::realloc(block, size) : nullptr;
+        },
+        [](const void*, void* block) { std::free(block); }, &status);
+    if (U_FAILURE(status) || (onceSorted && Sorted(Names("b, a")) != "a, b")) {
+        return 0;
+    }
+    MemoryIsLeft = false;
+    // More accents than ICU has room for at hand.
+    try {
+        Order({QString(1000, QChar(0xE9)), QStringLiteral("a")});
+    } catch (const RuntimeError& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
 class SortedOrderDeathTest : public testing::Test {
 protected:
     void SetUp() override { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
 } // namespace
+
+TEST_F(SortedOrderDeathTest, WantOfMemoryIsAnErrorAndNoOtherOrder) {
+    EXPECT_EXIT(std::exit(ErrorWithoutMemory(true)), testing::ExitedWithCode(7), "");
+    EXPECT_EXIT(std::exit(ErrorWithoutMemory(false)), testing::ExitedWithCode(7), "");
+}
 
 TEST_F(SortedOrderDeathTest, TheOrderIsThatOfTheUsersLocale) {
     ExpectOrder(AfterZ, {{"LC_ALL", "sv_SE.UTF-8"}});
