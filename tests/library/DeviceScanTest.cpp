@@ -310,9 +310,15 @@ TEST_F(DeviceScan, ThePollLoadsTheFirstDeviceOnceItIsThere) {
 TEST_F(DeviceScan, ThePollSetsTheEntryOnceMoreWithoutLookingAtTheDevice) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     Devices.LibraryLoaded = [this] { Detach('E'); };
+    std::vector<bool> suppressed;
+    Window.Combo1.Click = [&] {
+        suppressed.push_back(Devices.SuppressComboClick);
+        Devices.Combo1_Click();
+    };
 
     Devices.timScan_Timer();
 
+    EXPECT_EQ(suppressed, (std::vector<bool>{false, true}));
     EXPECT_EQ(Window.Combo1.Text(), u"(E:) IPOD"_s);
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
