@@ -17,7 +17,9 @@ constexpr std::chrono::minutes MaxDuration(10); // a slow device is no hostile o
 constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
 constexpr qsizetype MaxResultBytes = 64 << 20;
 constexpr int MaxValueBytes = 65536;
-constexpr int MaxPatternBytes = 100;
+/// Larger than a value may be: one that SQLite refuses itself fails before the first row, since all
+/// are sorted first. Still small enough for many between two looks at the clock.
+constexpr int MaxEngineValueBytes = 1 << 20;
 /// Of a failure's text, in which SQLite names what it found: 60 KB would be a box beyond the
 /// screen.
 constexpr qsizetype MaxDescriptionLength = 300;
@@ -90,14 +92,17 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
         }
         }
     }
-    ++m_rowCount;
     if (m_textBytes + m_cells.size() * qsizetype(sizeof(Cell)) > MaxResultBytes) {
         throw RuntimeError(ErrorNumber::OutOfMemory);
     }
+    ++m_rowCount;
 }
 
 /// Rows that come sorted repeat much of the row before; its bytes then serve both.
 void SqliteRows::AddText(QByteArrayView text) {
+    if (text.size() > MaxValueBytes) {
+        throw RuntimeError(SQLITE_TOOBIG, QString::fromUtf8(sqlite3_errstr(SQLITE_TOOBIG)));
+    }
     m_textBytes += text.size(); // whoever makes texts of them makes one of each
     if (m_rowCount > 0) {
         const Cell& above = m_cells[m_cells.size() - m_columnCount];
@@ -147,13 +152,18 @@ void SqliteDatabase::Attach(const QString& nativePath, const QString& schema) {
 }
 
 SqliteRows SqliteDatabase::Query(const char* sql) {
-    const Statement query = Prepare(sql);
     SqliteRows rows;
+    Query(sql, rows);
+    return rows;
+}
+
+void SqliteDatabase::Query(const char* sql, SqliteRows& rows) {
+    const Statement query = Prepare(sql);
+    rows = {};
     rows.m_columnCount = sqlite3_column_count(query.get());
     while (Step(query.get())) {
         rows.Add(query.get());
     }
-    return rows;
 }
 
 /// Takes from SQLite what the three queries do not need and a hostile schema could use.
@@ -165,8 +175,9 @@ void SqliteDatabase::Restrict() {
     Check(sqlite3_db_config(database, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr));
     Check(sqlite3_drop_modules(database, nullptr)); // virtual tables
     sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 1);
-    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, MaxValueBytes);
-    sqlite3_limit(database, SQLITE_LIMIT_LIKE_PATTERN_LENGTH, MaxPatternBytes);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, MaxEngineValueBytes);
+    sqlite3_limit(database, SQLITE_LIMIT_SQL_LENGTH, MaxValueBytes);
+    Check(sqlite3_set_authorizer(database, AllowNoFunction, nullptr));
     Execute("Pragma cell_size_check = 1");
     Execute("Pragma mmap_size = 0");  // a pulled cable must be an error, not a crash
     Execute("Pragma temp_store = 2"); // sorting in memory, under its limit, and not on the disk
@@ -224,6 +235,13 @@ int SqliteDatabase::StopWhenLate(void* self) {
     const auto* database = static_cast<const SqliteDatabase*>(self);
     return ThreadProcessorSeconds() - database->m_processorStart > MaxProcessorSeconds ||
            std::chrono::steady_clock::now() - database->m_start > MaxDuration;
+}
+
+/// The queries call no function. One that a view calls (LIKE included) could be busy with two long
+/// texts for many seconds, in which nothing looks at the clock.
+int SqliteDatabase::AllowNoFunction(void*, int action, const char*, const char*, const char*,
+                                    const char*) {
+    return action == SQLITE_FUNCTION ? SQLITE_DENY : SQLITE_OK;
 }
 
 void SqliteDatabase::Close::operator()(sqlite3* database) const {

@@ -67,6 +67,8 @@ public:
     void Attach(const QString& nativePath, const QString& schema);
     /// Runs a query and fetches its whole result.
     SqliteRows Query(const char* sql);
+    /// The same into `rows`, which hold those before a failure when it throws.
+    void Query(const char* sql, SqliteRows& rows);
 
 private:
     struct Close {
@@ -82,6 +84,8 @@ private:
     bool Step(sqlite3_stmt* statement);
     void Check(int result);
     static int StopWhenLate(void* self);
+    static int AllowNoFunction(void* self, int action, const char* first, const char* second,
+                               const char* schema, const char* view);
 
     std::unique_ptr<sqlite3, Close> m_database;
     double m_processorStart;

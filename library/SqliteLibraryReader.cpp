@@ -5,6 +5,7 @@
 
 #include <QStringBuilder>
 
+#include <exception>
 #include <limits>
 
 namespace {
@@ -55,6 +56,8 @@ struct DeviceRows {
     std::vector<Kind> Kinds;
     QString BasePath;
     SqliteRows Tracks;
+    /// What ended the rows of the tracks before their time.
+    std::exception_ptr Failure;
 };
 
 /// The databases are closed again by the end, so that what SQLite keeps of them is gone before the
@@ -68,10 +71,18 @@ DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot) {
     device.BasePath = ReadBasePath(database, driveRoot);
     // The number of rows is needed before the first one is shown. Sorting makes SQLite work through
     // all of them before the first anyway, so keeping them costs less than counting them apart.
-    device.Tracks = database.Query(
+    const char* tracks =
         "Select item.title, item.artist, item.album, item.track_number, location.file_size, "
         "location.location, location.kind_id From location Inner Join item On location.item_pid = "
-        "item.pid Order By item.artist, item.album");
+        "item.pid Order By item.artist, item.album";
+    try {
+        database.Query(tracks, device.Tracks);
+    } catch (...) {
+        if (device.Tracks.RowCount() == 0) {
+            throw;
+        }
+        device.Failure = std::current_exception(); // told once the rows before it are loaded
+    }
     return device;
 }
 
@@ -183,5 +194,8 @@ void ReadSQLiteLibrary(FileSystem& files, const QString& driveRoot, MusicLibrary
     for (qsizetype row = 0; row < device.Tracks.RowCount(); ++row) {
         grouping.Add(row);
         progress.TrackLoaded();
+    }
+    if (device.Failure) {
+        std::rethrow_exception(device.Failure);
     }
 }
