@@ -4,6 +4,7 @@
 #include "platform/ProcessorTime.h"
 
 #include <QDir>
+#include <QStringDecoder>
 #include <QUrl>
 
 #include <sqlite3.h>
@@ -36,6 +37,12 @@ QByteArray ReadOnlyUri(const QString& nativePath) {
     return "file://" + QUrl::toPercentEncoding(path, "/") + "?mode=ro&immutable=1";
 }
 
+/// A byte order mark at the beginning is part of a name; QString::fromUtf8 would drop it.
+QString FromUtf8(QByteArrayView bytes) {
+    using enum QStringConverter::Flag;
+    return QStringDecoder(QStringConverter::Utf8, Stateless | ConvertInitialBom).decode(bytes);
+}
+
 } // namespace
 
 QString SqliteRows::Text(qsizetype row, int column) const {
@@ -48,7 +55,7 @@ QString SqliteRows::Text(qsizetype row, int column) const {
     case Type::Text:
         break;
     }
-    return QString::fromUtf8(TextBytes(cell));
+    return FromUtf8(TextBytes(cell));
 }
 
 qint32 SqliteRows::Long(qsizetype row, int column) const {
@@ -61,7 +68,7 @@ qint32 SqliteRows::Long(qsizetype row, int column) const {
     case Type::Text:
         break;
     }
-    return ToLong(TextToNumber(QString::fromUtf8(TextBytes(cell))));
+    return ToLong(TextToNumber(FromUtf8(TextBytes(cell))));
 }
 
 bool SqliteRows::IsRepeated(qsizetype row, int column) const {

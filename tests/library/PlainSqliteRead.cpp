@@ -29,7 +29,9 @@ std::vector<QStringList> Rows(sqlite3* database, const QByteArray& sql) {
         for (int column = 0; column < sqlite3_column_count(statement); ++column) {
             const auto* text =
                 reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            row += QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+            const QByteArray bytes(text, sqlite3_column_bytes(statement, column));
+            // Qt drops a mark at the very beginning of a text, and only there.
+            row += bytes.isNull() ? QString() : QString::fromUtf8("\xEF\xBB\xBF" + bytes);
         }
         rows.push_back(row);
         result = SQLITE_OK;

@@ -187,6 +187,14 @@ TEST_F(SQLiteValues, BytesThatAreNoTextDoNotStopTheLoad) {
     ExpectConsistent(Library);
 }
 
+TEST_F(SQLiteValues, AByteOrderMarkAtTheBeginningIsPartOfTheName) {
+    LoadChanged(u"Update item Set artist = char(0xFEFF) || 'A', title = char(0xFEFF, 0xFEFF) "
+                "Where title = 'first'"_s);
+
+    ExpectLoaded({u"B | Y | 2 second | 20 | 1 | E:\\iPod_Control\\Music\\2"_s,
+                  u"\uFEFFA | X | 1 \uFEFF\uFEFF | 10 | 1 | E:\\iPod_Control\\Music\\1"_s});
+}
+
 TEST_F(SQLiteValues, ANameGoesOnBehindAZeroCharacter) {
     LoadChanged(u"Update item Set artist = 'A' || char(0) || 'Z' Where title = 'first'"_s);
 
