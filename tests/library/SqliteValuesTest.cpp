@@ -170,6 +170,25 @@ TEST_F(SQLiteValues, NumbersAsNamesMakeGroupsOfTheirOwn) {
                   u"2 | UNKNOWN | 2 second | 20 | 1 | E:\\iPod_Control\\Music\\2"_s});
 }
 
+TEST_F(SQLiteValues, AMissingNameAndTheNumberZeroAreTwoGroups) {
+    LoadChanged(u"Create Table copy As Select pid, iif(title = 'first', NULL, 0) As artist, album, "
+                "title, track_number From item;"
+                "Drop Table item; Alter Table copy Rename To item"_s);
+
+    ExpectLoaded({u"UNKNOWN | X | 1 first | 10 | 1 | E:\\iPod_Control\\Music\\1"_s,
+                  u"0 | Y | 2 second | 20 | 1 | E:\\iPod_Control\\Music\\2"_s});
+}
+
+TEST_F(SQLiteValues, AnEmptyNameAndTheOneRightBehindItAreTwoGroups) {
+    // Nothing else is kept of either row, so the name lies where the empty one does.
+    LoadChanged(u"Update item Set artist = 'A', title = NULL;"
+                "Update item Set album = '' Where album = 'X'"_s,
+                u"Update location Set location = NULL"_s);
+
+    ExpectLoaded({u"A | UNKNOWN | 1 UNKNOWN | 10 | 1 | E:\\iPod_Control\\Music\\"_s,
+                  u"A | Y | 2 UNKNOWN | 20 | 1 | E:\\iPod_Control\\Music\\"_s});
+}
+
 TEST_F(SQLiteValues, NamesThatAreBytesAreTakenAsTexts) {
     LoadChanged(u"Update item Set artist = X'41', title = X'C3A4' Where title = 'first'"_s);
 
