@@ -25,9 +25,7 @@ public:
         LayOutSearchRow();
         LayOutBottomUp();
         LayOutLists();
-        m_controls.Form1.SetSize(
-            InnerWidth() + m_controls.Form1.Width() - m_controls.Form1.ScaleWidth(),
-            InnerHeight() + m_controls.Form1.Height() - m_controls.Form1.ScaleHeight());
+        m_controls.Form1.SetSize(Width(), Height());
     }
 
 private:
@@ -35,9 +33,9 @@ private:
     double Margin() const { return Px(10); }
     double Gap() const { return Px(6); }
     // On a small screen, or with a large scale, the window still shows all of itself.
-    double InnerWidth() const { return std::min(Px(980), m_windowManager.ScreenWidth() * 0.95); }
-    double InnerHeight() const { return std::min(Px(660), m_windowManager.ScreenHeight() * 0.9); }
-    double RightEdge() const { return InnerWidth() - Margin(); }
+    double Width() const { return std::min(Px(980), m_windowManager.ScreenWidth() * 0.95); }
+    double Height() const { return std::min(Px(660), m_windowManager.ScreenHeight() * 0.9); }
+    double RightEdge() const { return Width() - Margin(); }
 
     /// Puts a control beside another one: same middle line, at the given left edge.
     static void PlaceBeside(Control& control, double left, double middle) {
@@ -66,7 +64,7 @@ private:
 
     /// The lists take what the rows below them leave.
     void LayOutBottomUp() {
-        const double labelsTop = InnerHeight() - Px(6) - m_lineHeight;
+        const double labelsTop = Height() - Px(6) - m_lineHeight;
         const double messageWidth =
             m_controls.Form1.TextWidth(QStringLiteral("Selected: 0000.00 GB of 0000.00 GB"));
         m_controls.lblMessage.Move(Margin(), labelsTop, messageWidth, m_lineHeight);
@@ -145,8 +143,8 @@ private:
 
     void LayOutLists() {
         const double handle = Px(3);
-        m_controls.tbsFilter.Move(Margin(), Bottom(m_controls.Picture2) + Px(8),
-                                  InnerWidth() - Margin(), m_controls.tbsFilter.Height());
+        m_controls.tbsFilter.Move(Margin(), Bottom(m_controls.Picture2) + Px(8), Width() - Margin(),
+                                  m_controls.tbsFilter.Height());
         const double top = Bottom(m_controls.tbsFilter) + Px(2);
         const double height = m_controls.frmDP.Top() - top;
         const double width = RightEdge() - Margin() - 2 * handle;

@@ -113,10 +113,6 @@ void Form1::Form_Load() {
     m_layout.Form_Resize();
     m_settings.RestoreHandles();
     m_controls.Form1.Show();
-    // Only on the screen does the window have its borders, and its size when it is maximised: now
-    // the saved positions mean what they meant when they were saved.
-    m_controls.Form1.Refresh();
-    m_settings.RestoreHandles();
     m_controls.lstArtists.SetFocus();
     m_devices.Combo1_DropDown();
     if (m_controls.Combo1.ListCount() > 0) {

@@ -27,22 +27,9 @@ double Layout::Px(double pixels) const {
     return pixels * m_windowManager.TwipsPerPixelX();
 }
 
-double Layout::FrameWidth() const {
-    return m_controls.Form1.Width() - m_controls.Form1.ScaleWidth();
-}
-
-double Layout::FrameHeight() const {
-    return m_controls.Form1.Height() - m_controls.Form1.ScaleHeight();
-}
-
-/// Where the controls end on the right. Borders are taken off at each call: they are unknown before
-/// the window is on the screen, and change when it is maximised.
+/// Where the controls end on the right.
 double Layout::RightEdge() const {
-    return m_controls.Form1.Width() - FrameWidth() - m_design.RightMargin;
-}
-
-double Layout::BottomEdge() const {
-    return m_controls.Form1.Height() - FrameHeight();
+    return m_controls.Form1.Width() - m_design.RightMargin;
 }
 
 HandleControl& Layout::HandleAt(int Index) const {
@@ -50,8 +37,8 @@ HandleControl& Layout::HandleAt(int Index) const {
 }
 
 void Layout::KeepDesign() {
-    const double right = m_controls.Form1.ScaleWidth();
-    const double bottom = m_controls.Form1.ScaleHeight();
+    const double right = m_controls.Form1.Width();
+    const double bottom = m_controls.Form1.Height();
     const double listsBottom = m_controls.lstArtists.Top() + m_controls.lstArtists.Height();
     m_design.RightMargin = right - Right(m_controls.lstSongs);
     m_design.BottomMargin = bottom - listsBottom;
@@ -193,16 +180,14 @@ void Layout::Form_Resize() {
     WasMaximized = window.State() == WindowState::Maximized;
     window.SetCaption(QStringLiteral("Songlift"));
 
-    const double leastWidth = m_design.MinimumWidth + FrameWidth();
-    if (window.Width() < leastWidth) {
-        window.SetSize(leastWidth, window.Height());
+    if (window.Width() < m_design.MinimumWidth) {
+        window.SetSize(m_design.MinimumWidth, window.Height());
     }
     const double top = m_controls.lstArtists.Top();
-    const double bottomMargin = m_design.BottomMargin + FrameHeight();
-    if (Px(LeastListPixels) > window.Height() - bottomMargin - top) {
-        window.SetSize(window.Width(), top + bottomMargin + Px(LeastListPixels));
+    if (Px(LeastListPixels) > window.Height() - m_design.BottomMargin - top) {
+        window.SetSize(window.Width(), top + m_design.BottomMargin + Px(LeastListPixels));
     }
-    // The tab strip alone runs to the window's outer edge, without a margin: that is meant.
+    // The tab strip alone runs to the window's edge, without a margin: that is meant.
     m_controls.tbsFilter.SetWidth(window.Width() - m_controls.tbsFilter.Left());
     ShareListWidth();
     PlaceSearchRow();
@@ -232,7 +217,7 @@ void Layout::PlaceLists(double w1, double w2, double w3) {
     m_controls.Handle1.SetLeft(Right(m_controls.lstAlbums));
 }
 
-/// What a window of that inner width leaves for the device box and the search box together.
+/// What a window of that width leaves for the device box and the search box together.
 double Layout::RoomForBoxes(double width) const {
     return width - m_controls.Picture2.Left() - Px(2 * GapPixels) - m_controls.lblSearch.Width() -
            m_design.LabelGap - m_design.SearchEndToRight;
@@ -241,7 +226,7 @@ double Layout::RoomForBoxes(double width) const {
 /// In a narrow window the two boxes give way, each in its proportion: all else is as wide as its
 /// caption.
 void Layout::PlaceSearchRow() {
-    const double right = m_controls.Form1.Width() - FrameWidth();
+    const double right = m_controls.Form1.Width();
     const double share =
         std::min(1.0, RoomForBoxes(right) / (m_design.DeviceWidth + m_design.SearchWidth));
     m_controls.Picture2.SetWidth(m_design.DeviceWidth * share);
@@ -255,7 +240,7 @@ void Layout::PlaceSearchRow() {
 }
 
 void Layout::PlaceDestination() {
-    const double right = m_controls.Form1.Width() - FrameWidth();
+    const double right = m_controls.Form1.Width();
     m_controls.cmdCopy.SetLeft(right - m_design.CopyToRight);
     m_controls.frmDestination.SetWidth(RightEdge() - m_controls.frmDestination.Left());
     m_controls.pctDestination.SetWidth(m_controls.frmDestination.Width() -
@@ -267,7 +252,8 @@ void Layout::PlaceDestination() {
 }
 
 void Layout::PlaceHeights() {
-    const double height = BottomEdge() - m_controls.lstArtists.Top() - m_design.BottomMargin;
+    const double height =
+        m_controls.Form1.Height() - m_controls.lstArtists.Top() - m_design.BottomMargin;
     for (Control* control :
          {static_cast<Control*>(&m_controls.lstArtists),
           static_cast<Control*>(&m_controls.lstAlbums), static_cast<Control*>(&m_controls.lstSongs),
@@ -286,8 +272,9 @@ void Layout::PlaceBelowLists() {
     m_controls.frmDestination.SetTop(listsBottom);
     m_controls.cmdCopy.SetTop(listsBottom + m_design.CopyBelowLists);
 
-    m_controls.prgCopy.SetTop(BottomEdge() - m_design.ProgressToBottom);
-    m_controls.lblMessage.SetTop(BottomEdge() - m_design.MessageToBottom);
+    const double bottom = m_controls.Form1.Height();
+    m_controls.prgCopy.SetTop(bottom - m_design.ProgressToBottom);
+    m_controls.lblMessage.SetTop(bottom - m_design.MessageToBottom);
     m_controls.lblFullName.SetTop(m_controls.lblMessage.Top());
     m_controls.Divider.Move(m_controls.lblFullName.Left() - Px(7), m_controls.lblMessage.Top(),
                             m_controls.Divider.Width(), m_controls.lblMessage.Height());

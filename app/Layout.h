@@ -6,7 +6,7 @@
 #include "platform/WindowManager.h"
 
 /// The main window's layout and its two splitters. All positions are in twips; margins are whole
-/// screen pixels. Window widths and heights are outer ones, borders included.
+/// screen pixels.
 class Layout {
 public:
     /// `copying` is read at each resize: a minimised window shows the progress of a job.
@@ -32,7 +32,7 @@ public:
     void Handle_MouseUp(int Index);
 
 private:
-    /// Distances that the window keeps from its design, measured from its inner edges.
+    /// Distances that the window keeps from its design.
     struct Design {
         double MinimumWidth = 0;
         double RightMargin = 0, BottomMargin = 0;
@@ -44,10 +44,7 @@ private:
     };
 
     double Px(double pixels) const;
-    double FrameWidth() const;
-    double FrameHeight() const;
     double RightEdge() const;
-    double BottomEdge() const;
     HandleControl& HandleAt(int Index) const;
     void DragFirst(double position);
     void DragSecond(double position);

@@ -48,12 +48,7 @@ void OverwriteWindow::LayOut() {
 
 void OverwriteWindow::Ask() {
     m_form.Form_Load();
-    KeepInside();
-    m_window.ShowModal();
-}
-
-/// The size set so far counts as the outer one once the window has its borders; the question and
-/// the buttons need it inside, and have no use for more.
-void OverwriteWindow::KeepInside() {
+    // Question and buttons have no use for more.
     m_window.Widget()->setFixedSize(m_window.Widget()->size());
+    m_window.ShowModal();
 }

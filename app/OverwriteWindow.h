@@ -19,7 +19,6 @@ public:
 
 private:
     void LayOut();
-    void KeepInside();
 
     QtWindow m_window;
     QtLabelControl m_lblMessage;

@@ -23,23 +23,11 @@ void Preview::mnuPreview_Click() {
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
     ScopeGuard failed([this] { m_preview.QTControl.SetSource(QString()); });
     m_preview.QTControl.SetSource(path);
-    const double width = m_preview.QTControl.Width();
-    const double height = m_preview.QTControl.Height();
-    FitWindowAround(width, height);
+    m_preview.frmPreview.SetSize(m_preview.QTControl.Width(), m_preview.QTControl.Height());
     m_preview.frmPreview.SetCaption(m_controls.lstSongs.List(row));
     m_preview.frmPreview.Show();
-    // A window that was never shown gets its borders only on the screen.
-    m_preview.frmPreview.Refresh();
-    FitWindowAround(width, height);
     failed.Dismiss();
     pointer.Run();
-}
-
-/// Border and title bar are kept: the inside takes the player's size.
-void Preview::FitWindowAround(double width, double height) {
-    Window& window = m_preview.frmPreview;
-    window.SetSize(width + (window.Width() - window.ScaleWidth()),
-                   height + (window.Height() - window.ScaleHeight()));
 }
 
 void Preview::Form_QueryUnload(bool& Cancel, UnloadMode Mode) {

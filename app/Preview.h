@@ -22,8 +22,6 @@ public:
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 
 private:
-    void FitWindowAround(double width, double height);
-
     const BrowserState& m_state;
     LinkedLists& m_lists;
     FileSystem& m_files;

@@ -101,6 +101,8 @@ void Settings::RestoreWindow() {
     if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
         window.SetState(WindowState::Maximized);
         window.Show();
+        // Only on the screen does it have the size in which its splitters were left.
+        window.Refresh();
     }
 }
 

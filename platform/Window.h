@@ -11,7 +11,8 @@ enum class MousePointer { Default, Hourglass };
 /// Who wants a window closed.
 enum class UnloadMode { User, Program };
 
-/// A top-level window. Positions and sizes are in twips; outer sizes include border and title bar.
+/// A top-level window, in twips. Its position is that of the frame's corner; its size is that of
+/// the inside, which is the program's own: border and title bar are the desktop's.
 class Window {
 public:
     virtual ~Window() = default;
@@ -33,14 +34,11 @@ public:
     virtual double Top() const = 0;
     virtual double Width() const = 0;
     virtual double Height() const = 0;
-    virtual double ScaleWidth() const = 0;
-    virtual double ScaleHeight() const = 0;
     virtual void MoveTo(double left, double top) = 0;
-    /// Sets the outer size.
     virtual void SetSize(double width, double height) = 0;
 
-    /// Keeps the user from making the inside of the window smaller than this.
-    virtual void SetMinimumSize(double scaleWidth, double scaleHeight) = 0;
+    /// Keeps the user from making the window smaller than this.
+    virtual void SetMinimumSize(double width, double height) = 0;
 
     virtual void Show() = 0;
     /// Shows the window over the others and waits until it is closed.

@@ -37,7 +37,6 @@ QtWindow::~QtWindow() {
 void QtWindow::Listen() {
     m_widget->Resized = [this] { RaiseResize(); };
     m_widget->StateChanged = [this] { StateChanged(); };
-    m_widget->FrameMayHaveChanged = [this] { FrameMayHaveChanged(); };
     m_widget->MayClose = [this] { return MayClose(); };
 }
 
@@ -97,19 +96,11 @@ double QtWindow::Top() const {
 }
 
 double QtWindow::Width() const {
-    return Exact(m_width, SetPixels().width(), OuterPixels().width(), Twips::PerPixelX());
+    return Exact(m_width, SetPixels().width(), m_widget->width(), Twips::PerPixelX());
 }
 
 double QtWindow::Height() const {
-    return Exact(m_height, SetPixels().height(), OuterPixels().height(), Twips::PerPixelY());
-}
-
-double QtWindow::ScaleWidth() const {
-    return m_widget->width() * Twips::PerPixelX();
-}
-
-double QtWindow::ScaleHeight() const {
-    return m_widget->height() * Twips::PerPixelY();
+    return Exact(m_height, SetPixels().height(), m_widget->height(), Twips::PerPixelY());
 }
 
 void QtWindow::MoveTo(double left, double top) {
@@ -131,45 +122,22 @@ void QtWindow::SetSize(double width, double height) {
     }
 }
 
-void QtWindow::SetMinimumSize(double scaleWidth, double scaleHeight) {
-    m_widget->setMinimumSize(Twips::ToPixels(0, 0, scaleWidth, scaleHeight).size());
+void QtWindow::SetMinimumSize(double width, double height) {
+    m_widget->setMinimumSize(Twips::ToPixels(0, 0, width, height).size());
 }
 
 void QtWindow::TakeSetSize() {
     m_sizeWaits = false;
     const int resizes = m_resizes;
-    m_widget->resize(SetPixels().shrunkBy(Frame()));
+    m_widget->resize(SetPixels());
     // A window that is not on the screen yet would raise it only once it is.
     if (m_resizes == resizes) {
         RaiseResize();
     }
 }
 
-QMargins QtWindow::Frame() const {
-    const QWindow* window = m_widget->windowHandle();
-    return window != nullptr && m_widget->isVisible() ? window->frameMargins() : m_frame;
-}
-
-QSize QtWindow::OuterPixels() const {
-    return m_widget->size().grownBy(Frame());
-}
-
 QSize QtWindow::SetPixels() const {
     return Twips::ToPixels(0, 0, m_width, m_height).size();
-}
-
-void QtWindow::FrameMayHaveChanged() {
-    const QMargins frame = Frame();
-    if (frame == m_frame || State() != WindowState::Normal) {
-        return;
-    }
-    const bool hadSetSize = m_widget->size().grownBy(m_frame) == SetPixels();
-    m_frame = frame;
-    if (hadSetSize) {
-        TakeSetSize();
-    } else {
-        RaiseResize();
-    }
 }
 
 /// Where a window that was never placed appears: over its owner, so that it is seen. Of one that is

@@ -6,8 +6,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
-/// A top-level window, hidden at first. Until it has been on the screen its frame is unknown and
-/// counts as nothing; once the frame is known, the window takes the outer size that it was set to.
+/// A top-level window, hidden at first.
 class QtWindow : public Window {
 public:
     /// A window with an owner stays above it and goes with it. `flags` tell the kind of window.
@@ -30,12 +29,10 @@ public:
     double Top() const override;
     double Width() const override;
     double Height() const override;
-    double ScaleWidth() const override;
-    double ScaleHeight() const override;
     void MoveTo(double left, double top) override;
-    /// Sets the outer size; a window that is not normal takes it when it is normal again.
+    /// A window that is not normal takes the size when it is normal again.
     void SetSize(double width, double height) override;
-    void SetMinimumSize(double scaleWidth, double scaleHeight) override;
+    void SetMinimumSize(double width, double height) override;
 
     void Show() override;
     void ShowModal() override;
@@ -56,8 +53,6 @@ private:
     bool m_sizeWaits = false;
     /// The window was given a place, by MoveTo or when it was first shown.
     bool m_placed = false;
-    /// Border and title bar, as last known.
-    QMargins m_frame;
     int m_resizes = 0;
     bool m_unloading = false;
     bool m_hourglass = false;
@@ -65,11 +60,8 @@ private:
     QElapsedTimer m_sinceRefresh;
 
     void Listen();
-    QMargins Frame() const;
-    QSize OuterPixels() const;
     QSize SetPixels() const;
     void TakeSetSize();
-    void FrameMayHaveChanged();
     void StateChanged();
     void RaiseResize();
     bool MayClose();

@@ -24,22 +24,6 @@ TopLevel::TopLevel(QWidget* owner, Qt::WindowFlags flags) : QWidget(owner, flags
         (QAccessible::installFactory(MakeAccessible), true);
 }
 
-bool TopLevel::event(QEvent* event) {
-    const bool handled = QWidget::event(event);
-    switch (event->type()) {
-    case QEvent::Move:
-    case QEvent::Resize:
-    case QEvent::WindowActivate:
-    case QEvent::WindowStateChange:
-    case QEvent::UpdateRequest:
-        Raise(FrameMayHaveChanged);
-        break;
-    default:
-        break;
-    }
-    return handled;
-}
-
 void TopLevel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     Raise(Resized);

@@ -11,15 +11,12 @@ public:
 
     Event Resized;
     Event StateChanged;
-    /// Something happened after which the frame may be known, or another one.
-    Event FrameMayHaveChanged;
     /// The window is gone from the screen, and not because it was minimised.
     Event Hidden;
     /// Whether the window may close.
     std::function<bool()> MayClose;
 
 protected:
-    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -96,27 +96,25 @@ TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRow) {
 
 TEST_F(PreviewTest, TheWindowsInsideEqualsTheFilm) {
     PreviewRow(3);
-    EXPECT_EQ(frmPreview.ScaleWidth(), 4800);
-    EXPECT_EQ(frmPreview.ScaleHeight(), 3600);
-    EXPECT_EQ(frmPreview.Width(), 4920);
-    EXPECT_EQ(frmPreview.Height(), 4110);
+    EXPECT_EQ(frmPreview.Width(), 4800);
+    EXPECT_EQ(frmPreview.Height(), 3600);
 }
 
 TEST_F(PreviewTest, AVideoAndThenAnAudioTrackEachSizeTheWindow) {
     PreviewRow(3);
     PreviewRow(1);
-    EXPECT_EQ(frmPreview.ScaleWidth(), 4800);
-    EXPECT_EQ(frmPreview.ScaleHeight(), 600);
+    EXPECT_EQ(frmPreview.Width(), 4800);
+    EXPECT_EQ(frmPreview.Height(), 600);
     PreviewRow(3);
-    EXPECT_EQ(frmPreview.ScaleHeight(), 3600);
+    EXPECT_EQ(frmPreview.Height(), 3600);
 }
 
 TEST_F(PreviewTest, AWindowThatTheUserHasResizedTakesThePlayersSizeAgain) {
     PreviewRow(3);
     frmPreview.UserResize(9000, 9000);
     PreviewRow(3);
-    EXPECT_EQ(frmPreview.ScaleWidth(), 4800);
-    EXPECT_EQ(frmPreview.ScaleHeight(), 3600);
+    EXPECT_EQ(frmPreview.Width(), 4800);
+    EXPECT_EQ(frmPreview.Height(), 3600);
 }
 
 TEST_F(PreviewTest, TheCaptionIsTheSongsListText) {
@@ -135,7 +133,7 @@ TEST_F(PreviewTest, TheWindowIsShownModeless) {
 TEST_F(PreviewTest, TheWindowHasSizeAndCaptionBeforeItIsShown) {
     bool wasReady = false;
     frmPreview.OnShow = [&] {
-        wasReady = frmPreview.ScaleWidth() == 4800 && frmPreview.ScaleHeight() == 3600 &&
+        wasReady = frmPreview.Width() == 4800 && frmPreview.Height() == 3600 &&
                    frmPreview.Caption() == Text("Waterloo") && player.Source() == film;
     };
     PreviewRow(3);
@@ -235,7 +233,7 @@ TEST_F(PreviewTest, TheNextPreviewUsesTheClosedWindowAgain) {
     EXPECT_TRUE(frmPreview.Visible);
     EXPECT_EQ(frmPreview.Caption(), Text("Money"));
     EXPECT_EQ(player.Source(), money);
-    EXPECT_EQ(frmPreview.ScaleHeight(), 600);
+    EXPECT_EQ(frmPreview.Height(), 600);
 }
 
 TEST_F(PreviewTest, ASecondPreviewReplacesTheMediaInTheOpenWindow) {

@@ -53,9 +53,9 @@ void FakeWindow::SetSize(double width, double height) {
     }
 }
 
-void FakeWindow::SetMinimumSize(double scaleWidth, double scaleHeight) {
-    MinimumScaleWidth = scaleWidth;
-    MinimumScaleHeight = scaleHeight;
+void FakeWindow::SetMinimumSize(double width, double height) {
+    MinimumWidth = width;
+    MinimumHeight = height;
 }
 
 void FakeWindow::Show() {

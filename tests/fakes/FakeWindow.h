@@ -31,13 +31,10 @@ public:
     std::function<void()> ModalScript;
     /// Width of a UTF-16 code unit in twips.
     double CharacterWidth = 100;
-    /// What border and title bar take away from the outer size.
-    double BorderWidth = 120;
-    double BorderHeight = 510;
-    /// The smallest inner size that the user can drag the window to; a program is not bound by it.
-    double MinimumScaleWidth = 0;
-    double MinimumScaleHeight = 0;
-    /// The outer size of the maximised window.
+    /// The smallest size that the user can drag the window to; a program is not bound by it.
+    double MinimumWidth = 0;
+    double MinimumHeight = 0;
+    /// The size of the maximised window.
     double MaximizedWidth = 28800;
     double MaximizedHeight = 16200;
 
@@ -52,11 +49,9 @@ public:
     double Top() const override;
     double Width() const override;
     double Height() const override;
-    double ScaleWidth() const override { return Width() - BorderWidth; }
-    double ScaleHeight() const override { return Height() - BorderHeight; }
     void MoveTo(double left, double top) override;
     void SetSize(double width, double height) override;
-    void SetMinimumSize(double scaleWidth, double scaleHeight) override;
+    void SetMinimumSize(double width, double height) override;
 
     void Show() override;
     /// Throws std::logic_error when the window stands open for ever.

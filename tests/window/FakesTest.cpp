@@ -33,8 +33,6 @@ TEST(FakeWindow, TakesItsNormalSizeBackWhenRestored) {
     window.SetState(WindowState::Normal);
     EXPECT_EQ(window.Width(), 6000);
     EXPECT_EQ(window.Left(), 150);
-    EXPECT_EQ(window.ScaleWidth(), 5880);
-    EXPECT_EQ(window.ScaleHeight(), 3990);
 }
 
 TEST(FakeWindow, TellsWhoClosesItAndStaysOpenWhenRefused) {

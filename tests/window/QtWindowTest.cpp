@@ -53,20 +53,10 @@ TEST_F(WindowTest, TheSizeIsExactlyWhatWasSetBeforeAndAfterItIsShown) {
     Show();
     EXPECT_EQ(window.Width(), 9003.5);
     EXPECT_EQ(window.Height(), 6001.25);
+    EXPECT_EQ(window.Widget()->size(), QSize(600, 400)); // without border and title bar
     window.Hide();
     EXPECT_EQ(window.Width(), 9003.5);
     EXPECT_EQ(window.Height(), 6001.25);
-}
-
-TEST_F(WindowTest, TheOuterSizeIncludesTheFrame) {
-    window.SetSize(9000, 6000);
-    Show();
-    const QRect frame = window.Widget()->frameGeometry();
-    EXPECT_EQ(frame.size(), QSize(600, 400));
-    EXPECT_EQ(window.ScaleWidth(), window.Widget()->width() * 15.0);
-    EXPECT_EQ(window.ScaleHeight(), window.Widget()->height() * 15.0);
-    EXPECT_LE(window.ScaleWidth(), 9000);
-    EXPECT_LE(window.ScaleHeight(), 6000);
 }
 
 TEST_F(WindowTest, ManyRunsThatSaveAndRestoreTheSizeDoNotLetItDrift) {
@@ -94,12 +84,9 @@ TEST_F(WindowTest, ThePositionIsExactlyWhatWasSet) {
 TEST_F(WindowTest, ASizeThatTheUserChangedIsTheNewOne) {
     window.SetSize(9003.5, 6001.25);
     Show();
-    const QSize frame = window.Widget()->frameGeometry().size() - window.Widget()->size();
     window.Widget()->resize(300, 200);
-    EXPECT_EQ(window.Width(), (300 + frame.width()) * 15.0);
-    EXPECT_EQ(window.Height(), (200 + frame.height()) * 15.0);
-    EXPECT_EQ(window.ScaleWidth(), 4500);
-    EXPECT_EQ(window.ScaleHeight(), 3000);
+    EXPECT_EQ(window.Width(), 4500);
+    EXPECT_EQ(window.Height(), 3000);
 }
 
 TEST_F(WindowTest, SetSizeRaisesResizeBeforeItReturnsAlsoWhileHidden) {
