@@ -33,8 +33,8 @@ private:
     double Margin() const { return Px(10); }
     double Gap() const { return Px(6); }
     // On a small screen, or with a large scale, the window still shows all of itself.
-    double Width() const { return std::min(Px(980), m_windowManager.ScreenWidth() * 0.95); }
-    double Height() const { return std::min(Px(660), m_windowManager.ScreenHeight() * 0.9); }
+    double Width() const { return std::min(Px(980), m_windowManager.WorkArea().Width * 0.95); }
+    double Height() const { return std::min(Px(660), m_windowManager.WorkArea().Height * 0.9); }
     double RightEdge() const { return Width() - Margin(); }
 
     /// Puts a control beside another one: same middle line, at the given left edge.

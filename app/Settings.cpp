@@ -53,6 +53,17 @@ int Settings::ReadMask(const QString& key, int defaultValue) const {
     return ReadAs(ToInteger, m_store, key, defaultValue);
 }
 
+double Settings::ReadLength(const QString& key, double defaultValue, double longest,
+                            double fit) const {
+    const double length = ReadNumber(key, defaultValue);
+    return length > longest ? fit : length;
+}
+
+double Settings::ReadPosition(const QString& key, double centred, double end) const {
+    const double position = ReadNumber(key, centred);
+    return position > end ? centred : position;
+}
+
 void Settings::WriteNumber(const QString& key, double value) {
     m_store.Write(key, NumberText(value));
 }
@@ -82,21 +93,15 @@ void Settings::RestoreOptions() {
 
 void Settings::RestoreWindow() {
     Window& window = m_controls.Form1;
-    const double width = ReadNumber(QStringLiteral("Width"), window.Width());
-    const double height = ReadNumber(QStringLiteral("Height"), window.Height());
-    window.SetSize(width, height);
+    const ScreenArea work = m_windowManager.WorkArea();
+    const ScreenArea all = m_windowManager.AllScreens();
+    window.SetSize(ReadLength(QStringLiteral("Width"), window.Width(), all.Width, work.Width),
+                   ReadLength(QStringLiteral("Height"), window.Height(), all.Height, work.Height));
 
-    const double centredLeft = m_windowManager.ScreenWidth() / 2 - window.Width() / 2;
-    const double centredTop = m_windowManager.ScreenHeight() / 2 - window.Height() / 2;
-    double left = ReadNumber(QStringLiteral("Left"), centredLeft);
-    double top = ReadNumber(QStringLiteral("Top"), centredTop);
-    if (m_windowManager.ScreenWidth() < left) {
-        left = centredLeft;
-    }
-    if (m_windowManager.ScreenHeight() < top) {
-        top = centredTop;
-    }
-    window.MoveTo(left, top);
+    const double centredLeft = work.Left + work.Width / 2 - window.Width() / 2;
+    const double centredTop = work.Top + work.Height / 2 - window.Height() / 2;
+    window.MoveTo(ReadPosition(QStringLiteral("Left"), centredLeft, all.Left + all.Width),
+                  ReadPosition(QStringLiteral("Top"), centredTop, all.Top + all.Height));
 
     if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
         window.SetState(WindowState::Maximized);

@@ -25,6 +25,10 @@ public:
 private:
     double ReadNumber(const QString& key, double defaultValue) const;
     int ReadMask(const QString& key, int defaultValue) const;
+    /// A length, or the one that fits where the saved one is longer than all screens together.
+    double ReadLength(const QString& key, double defaultValue, double longest, double fit) const;
+    /// A position, or the centred one where none is saved or the saved one lies beyond all screens.
+    double ReadPosition(const QString& key, double centred, double end) const;
     void WriteNumber(const QString& key, double value);
     void RestoreBit(CheckControl& check, int mask, int bit);
 

@@ -5,7 +5,12 @@
 /// Names a window or a control to the window manager; 0 names none.
 using WindowHandle = quintptr;
 
-/// The screen and the windows on it. Lengths are in twips.
+/// A part of the desktop, in twips.
+struct ScreenArea {
+    double Left = 0, Top = 0, Width = 0, Height = 0;
+};
+
+/// The screens and the windows on them. Lengths are in twips.
 class WindowManager {
 public:
     virtual ~WindowManager() = default;
@@ -17,8 +22,10 @@ public:
     /// The control that has the keyboard focus, 0 when none has.
     virtual WindowHandle GetFocus() = 0;
 
-    virtual double ScreenWidth() = 0;
-    virtual double ScreenHeight() = 0;
+    /// The primary screen without what the desktop keeps for its bars.
+    virtual ScreenArea WorkArea() = 0;
+    /// What all screens together reach over.
+    virtual ScreenArea AllScreens() = 0;
     virtual double TwipsPerPixelX() = 0;
     virtual double TwipsPerPixelY() = 0;
 };

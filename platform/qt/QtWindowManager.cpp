@@ -8,9 +8,12 @@
 
 namespace {
 
-QSize ScreenPixels() {
+/// An area that the primary screen tells; nothing where there is no screen.
+ScreenArea InTwips(QRect (QScreen::*area)() const) {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen != nullptr ? screen->availableSize() : QSize();
+    const QRect pixels = screen != nullptr ? (screen->*area)() : QRect();
+    return {pixels.x() * Twips::PerPixelX(), pixels.y() * Twips::PerPixelY(),
+            pixels.width() * Twips::PerPixelX(), pixels.height() * Twips::PerPixelY()};
 }
 
 } // namespace
@@ -30,12 +33,12 @@ WindowHandle QtWindowManager::GetFocus() {
     return ControlWidget::ControlOf(QApplication::focusWidget());
 }
 
-double QtWindowManager::ScreenWidth() {
-    return ScreenPixels().width() * TwipsPerPixelX();
+ScreenArea QtWindowManager::WorkArea() {
+    return InTwips(&QScreen::availableGeometry);
 }
 
-double QtWindowManager::ScreenHeight() {
-    return ScreenPixels().height() * TwipsPerPixelY();
+ScreenArea QtWindowManager::AllScreens() {
+    return InTwips(&QScreen::virtualGeometry);
 }
 
 double QtWindowManager::TwipsPerPixelX() {

@@ -76,6 +76,13 @@ TEST_F(SettingsTest, AFirstStartCentresTheWindowAtItsDesignSize) {
     EXPECT_EQ(form.Form1.State(), WindowState::Normal);
 }
 
+TEST_F(SettingsTest, TheWindowIsCentredOnWhatTheDesktopLeavesOfTheScreen) {
+    form.WindowManager.Work = {1200, 600, 27600, 15600};
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 9000); // 1200 + (27600 - 12000) / 2
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3900);  // 600 + (15600 - 9000) / 2
+}
+
 TEST_F(SettingsTest, TheBitsOfTheFoldersAndNamesAreReadOneByOne) {
     Put("DestFolders", "2");
     Put("TrackNames", "3");
@@ -93,6 +100,38 @@ TEST_F(SettingsTest, ASavedLeftBeyondTheScreenCentresHorizontallyAndKeepsTheTop)
     Restore();
     EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400);
     EXPECT_DOUBLE_EQ(form.Form1.Top(), 1500);
+}
+
+TEST_F(SettingsTest, ASavedTopBeyondTheScreenCentresVerticallyAndKeepsTheLeft) {
+    Put("Left", "1500");
+    Put("Top", "16201");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 1500);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);
+}
+
+TEST_F(SettingsTest, AWindowLeftOnAnotherScreenComesBackThere) {
+    form.WindowManager.Screens = {0, -16200, 57600, 32400}; // one at the right, one above
+    Put("Left", "57600");
+    Put("Top", "-15000");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 57600);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), -15000);
+}
+
+TEST_F(SettingsTest, ASizeLargerThanAllScreensTogetherIsCutToTheScreen) {
+    form.WindowManager.Work = {600, 300, 28200, 15900};
+    form.WindowManager.Screens = {0, 0, 57600, 16200};
+    Put("Width", "57601");
+    Put("Height", "16201");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 28200);
+    EXPECT_DOUBLE_EQ(form.Form1.Height(), 15900);
+    Put("Width", "57600");
+    Put("Height", "16200");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 57600);
+    EXPECT_DOUBLE_EQ(form.Form1.Height(), 16200);
 }
 
 TEST_F(SettingsTest, AWindowPartlyOffTheRightEdgeIsKept) {

@@ -97,7 +97,8 @@ public:
     std::shared_ptr<FakeFocus> Focus;
     /// The windows flashed, in order.
     std::vector<WindowHandle> Flashed;
-    double Screen[2] = {28800, 16200};
+    ScreenArea Work = {0, 0, 28800, 16200};
+    ScreenArea Screens = Work;
     double TwipsPerPixel[2] = {15, 15};
 
     explicit FakeWindowManager(std::shared_ptr<FakeFocus> focus = std::make_shared<FakeFocus>())
@@ -106,8 +107,8 @@ public:
     WindowHandle GetActiveWindow() override { return ActiveWindow; }
     void FlashWindow(WindowHandle window) override { Flashed.push_back(window); }
     WindowHandle GetFocus() override { return Focus->Current(); }
-    double ScreenWidth() override { return Screen[0]; }
-    double ScreenHeight() override { return Screen[1]; }
+    ScreenArea WorkArea() override { return Work; }
+    ScreenArea AllScreens() override { return Screens; }
     double TwipsPerPixelX() override { return TwipsPerPixel[0]; }
     double TwipsPerPixelY() override { return TwipsPerPixel[1]; }
 };

@@ -371,8 +371,10 @@ TEST_F(WindowTest, TheScreenIsMeasuredInTwips) {
     QtWindowManager windowManager;
     EXPECT_EQ(windowManager.TwipsPerPixelX(), 15);
     EXPECT_EQ(windowManager.TwipsPerPixelY(), 15);
-    EXPECT_EQ(windowManager.ScreenWidth(), 800 * 15);
-    EXPECT_EQ(windowManager.ScreenHeight(), 800 * 15);
+    EXPECT_EQ(windowManager.WorkArea().Width, 800 * 15);
+    EXPECT_EQ(windowManager.WorkArea().Height, 800 * 15);
+    EXPECT_EQ(windowManager.AllScreens().Width, 800 * 15);
+    EXPECT_EQ(windowManager.AllScreens().Height, 800 * 15);
 }
 
 TEST_F(WindowTest, FlashingAWindowThatIsGoneDoesNothing) {
