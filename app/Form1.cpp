@@ -90,6 +90,7 @@ void Form1::WireWindow() {
     m_previewControls.frmPreview.QueryUnload = [this](bool& cancel, UnloadMode mode) {
         m_preview.Form_QueryUnload(cancel, mode);
     };
+    m_previewControls.QTControl.SizeChanged = [this] { m_preview.QTControl_SizeChanged(); };
     m_layout.DestinationResized = [this] { m_destination.txtDestination_Change(); };
 
     const auto wireHandle = [this](HandleControl& handle, int Index) {

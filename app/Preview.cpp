@@ -23,11 +23,15 @@ void Preview::mnuPreview_Click() {
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
     ScopeGuard failed([this] { m_preview.QTControl.SetSource(QString()); });
     m_preview.QTControl.SetSource(path);
-    m_preview.frmPreview.SetSize(m_preview.QTControl.Width(), m_preview.QTControl.Height());
+    QTControl_SizeChanged();
     m_preview.frmPreview.SetCaption(m_controls.lstSongs.List(row));
     m_preview.frmPreview.Show();
     failed.Dismiss();
     pointer.Run();
+}
+
+void Preview::QTControl_SizeChanged() {
+    m_preview.frmPreview.SetSize(m_preview.QTControl.Width(), m_preview.QTControl.Height());
 }
 
 void Preview::Form_QueryUnload(bool& Cancel, UnloadMode Mode) {

@@ -18,6 +18,8 @@ public:
             Form1Controls& controls, PreviewControls& preview);
 
     void mnuPreview_Click();
+    /// Gives the window the player's size.
+    void QTControl_SizeChanged();
     /// Closing by the user only hides the window, and stops and releases the file.
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 

@@ -239,6 +239,10 @@ public:
 /// Plays one file of music or video.
 class MediaPlayerControl : public Control {
 public:
+    /// Raised when the player has taken another size after SetSource: a slow device has told late
+    /// what the file holds.
+    Event SizeChanged;
+
     virtual QString Source() const = 0;
     /// Opens and plays the file of that path, and takes the size that suits it: the film's own size
     /// (smaller where the screen is), or a small player for music. An empty path stops at once and

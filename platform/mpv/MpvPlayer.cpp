@@ -5,7 +5,7 @@
 MpvPlayer::MpvPlayer(QWidget* parent, const QString& name, FileSystem& files)
     : QtControl(new PlayerWidget(parent), name), m_files(files) {
     Widget()->ParentResized = [this] { FillParent(); };
-    Widget()->KnownLate = [this] { GrowWindow(); };
+    Widget()->KnownLate = [this] { TakeLateSize(); };
 }
 
 void MpvPlayer::SetSource(const QString& path) {
@@ -41,14 +41,8 @@ void MpvPlayer::FillParent() {
     }
 }
 
-/// Nobody sizes the window any more when a slow device has told at last what it holds.
-void MpvPlayer::GrowWindow() {
-    QWidget& window = *Widget()->window();
-    const QSize before = Widget()->size();
+void MpvPlayer::TakeLateSize() {
     TakeNaturalSize();
-    const bool isFixed = window.isMaximized() || window.isFullScreen();
-    if (!isFixed) {
-        window.resize(window.size() + (Widget()->size() - before));
-    }
+    Raise(SizeChanged);
     FillParent();
 }

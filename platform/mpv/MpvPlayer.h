@@ -20,5 +20,5 @@ private:
     QString NativePathOf(const QString& path) const;
     void TakeNaturalSize();
     void FillParent();
-    void GrowWindow();
+    void TakeLateSize();
 };

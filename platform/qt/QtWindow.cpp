@@ -130,6 +130,9 @@ void QtWindow::TakeSetSize() {
     m_sizeWaits = false;
     const int resizes = m_resizes;
     m_widget->resize(SetPixels());
+    if (m_widget->isVisible()) {
+        KeepOnScreen();
+    }
     // A window that is not on the screen yet would raise it only once it is.
     if (m_resizes == resizes) {
         RaiseResize();
@@ -140,17 +143,40 @@ QSize QtWindow::SetPixels() const {
     return Twips::ToPixels(0, 0, m_width, m_height).size();
 }
 
-/// Where a window that was never placed appears: over its owner, so that it is seen. Of one that is
-/// larger than the screen the beginning is seen.
+/// Before the window has been on the screen, its frame is taken for one like its owner's.
+QSize QtWindow::PixelsWithFrame() const {
+    const auto frame = [](const QWidget& widget) {
+        return widget.frameGeometry().size() - widget.size();
+    };
+    const QSize own = frame(*m_widget);
+    return m_widget->size() + (own.isNull() ? frame(*m_widget->parentWidget()) : own);
+}
+
+/// Where a window that was never placed appears, so that it is seen.
 void QtWindow::PlaceOverOwner() {
     m_placed = true;
     const QWidget* owner = m_widget->parentWidget();
-    const QRect screen = owner->screen()->availableGeometry();
-    QRect place(QPoint(), m_widget->size());
+    QRect place(QPoint(), PixelsWithFrame());
     place.moveCenter(owner->frameGeometry().center());
+    m_widget->setScreen(owner->screen());
+    m_widget->move(place.topLeft());
+}
+
+/// Of a window that is larger than the screen the beginning is seen.
+void QtWindow::KeepOnScreen() {
+    if (m_widget->parentWidget() == nullptr || State() != WindowState::Normal) {
+        return;
+    }
+    const QRect screen = m_widget->screen()->availableGeometry();
+    const QRect now(m_widget->pos(), PixelsWithFrame());
+    QRect place = now;
+    place.moveRight(std::min(place.right(), screen.right()));
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
     place.moveLeft(std::max(place.left(), screen.left()));
     place.moveTop(std::max(place.top(), screen.top()));
-    m_widget->move(place.topLeft());
+    if (place != now) {
+        m_widget->move(place.topLeft());
+    }
 }
 
 void QtWindow::Show() {
@@ -160,6 +186,7 @@ void QtWindow::Show() {
     if (m_widget->isVisible() && State() == WindowState::Minimized) {
         SetState(WindowState::Normal);
     }
+    KeepOnScreen();
     m_widget->show();
     m_widget->raise();
     m_widget->activateWindow();
@@ -190,7 +217,9 @@ bool QtWindow::MayClose() {
     if (QueryUnload) {
         QueryUnload(cancel, m_unloading ? UnloadMode::Program : UnloadMode::User);
     }
-    return !cancel;
+    // What its handler has hidden is as good as closed: a refusal would keep the program from
+    // quitting, and the session from ending.
+    return !cancel || !m_widget->isVisible();
 }
 
 void QtWindow::Refresh() {

@@ -9,7 +9,9 @@
 /// A top-level window, hidden at first.
 class QtWindow : public Window {
 public:
-    /// A window with an owner stays above it and goes with it. `flags` tell the kind of window.
+    /// A window with an owner stays above it and goes with it (under X11 only if it is a dialog),
+    /// and lies on its screen with all that fits there whenever it is shown or the program sizes
+    /// it.
     QtWindow(QWidget* owner, const QString& name, Qt::WindowFlags flags = Qt::Window);
     ~QtWindow() override;
     QtWindow(const QtWindow&) = delete;
@@ -66,5 +68,7 @@ private:
     void RaiseResize();
     bool MayClose();
     void WaitForScreen();
+    QSize PixelsWithFrame() const;
     void PlaceOverOwner();
+    void KeepOnScreen();
 };

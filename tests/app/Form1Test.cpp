@@ -196,6 +196,14 @@ TEST_F(Form1Test, SettingsThatCannotBeSavedAreToldOnceAndTheWindowCloses) {
                                     Q("Error"), MessageButtons::OK, MessageIcon::Exclamation}}));
 }
 
+TEST_F(Form1Test, AFilmThatTellsItsSizeLateSizesThePreview) {
+    Start();
+    player.Move(0, 0, 4800, 3600);
+    Raise(player.SizeChanged);
+    EXPECT_EQ(frmPreview.Width(), 4800);
+    EXPECT_EQ(frmPreview.Height(), 3600);
+}
+
 TEST_F(Form1Test, AWindowClosedDuringAJobAsksAndStaysOnNo) {
     StartWithSmallLibrary();
     form.lstArtists.UserTick(0, true);

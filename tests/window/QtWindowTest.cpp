@@ -176,6 +176,20 @@ TEST_F(WindowTest, ACancelledCloseKeepsTheWindowOpen) {
     EXPECT_FALSE(window.Widget()->isVisible());
 }
 
+TEST_F(WindowTest, AWindowThatHidesInsteadOfClosingDoesNotKeepTheProgramFromQuitting) {
+    QtWindow preview(window.Widget(), QStringLiteral("frmPreview"));
+    preview.QueryUnload = [&](bool& cancel, UnloadMode) {
+        cancel = true;
+        preview.Hide();
+    };
+    Show();
+    preview.Show();
+    QTimer::singleShot(0, [] { QCoreApplication::quit(); });
+    QTimer::singleShot(1000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_FALSE(window.Widget()->isVisible());
+}
+
 TEST_F(WindowTest, UnloadAsksForTheProgramAlsoWhileHidden) {
     Log log;
     window.QueryUnload = [&](bool&, UnloadMode mode) {
@@ -348,6 +362,25 @@ TEST_F(WindowTest, AnOwnedWindowGoesWithItsOwner) {
     EXPECT_TRUE(owned.Widget()->isWindow());
     owner.reset();
     EXPECT_EQ(owned.Widget(), nullptr);
+}
+
+TEST_F(WindowTest, AnOwnedWindowLiesOnItsScreenWheneverItIsShownOrSized) {
+    Show();
+    QtWindow owned(window.Widget(), QStringLiteral("frmPreview"));
+    owned.SetSize(300 * 15, 200 * 15);
+    owned.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(owned.Widget()));
+    const QRect screen(0, 0, 800, 800);
+    owned.Widget()->move(450, 550);
+    owned.SetSize(500 * 15, 400 * 15);
+    EXPECT_EQ(owned.Widget()->frameGeometry().bottomRight(), screen.bottomRight());
+    owned.Hide();
+    owned.Widget()->move(-50, 600);
+    owned.Show();
+    EXPECT_EQ(owned.Widget()->frameGeometry().bottomLeft(), screen.bottomLeft());
+    owned.SetSize(900 * 15, 100 * 15); // the beginning of a larger one is seen
+    EXPECT_EQ(owned.Widget()->frameGeometry().left(), 0);
+    EXPECT_TRUE(owned.Widget()->isVisible());
 }
 
 TEST_F(WindowTest, TheWindowManagerNamesTheActiveWindowAndTheFocusedControl) {
