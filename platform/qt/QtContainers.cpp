@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int RoomAboveCaption = 6;
-constexpr int RoomBelowCaption = 8;
+constexpr int RoomBelowCaption = 12;
 constexpr int RoomBesideCaption = 8;
 
 /// Frames begin where the control above them ends, and their captions would touch it.
