@@ -3,13 +3,14 @@
 namespace {
 
 /// A dialog, which stays above its owner, that can be made large.
-constexpr Qt::WindowFlags Kind = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                 Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
+constexpr Qt::WindowFlags OwnedDialog = Qt::Dialog | Qt::WindowTitleHint |
+                                        Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                                        Qt::WindowCloseButtonHint;
 
 } // namespace
 
 PreviewWindow::PreviewWindow(QWidget* owner, FileSystem& files)
-    : m_window(owner, QStringLiteral("frmPreview"), Kind),
+    : m_window(owner, QStringLiteral("frmPreview"), OwnedDialog),
       m_player(m_window.Widget(), QStringLiteral("QTControl"), files), m_controls{m_window,
                                                                                   m_player} {
     m_window.Resize = [this] { m_player.Move(0, 0, m_window.Width(), m_window.Height()); };
