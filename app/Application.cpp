@@ -1,7 +1,9 @@
 #include "app/Application.h"
 
 #include "app/FocusRing.h"
+#include "platform/ScopeGuard.h"
 #include "platform/qt/BoxPalette.h"
+#include "platform/qt/SessionEnd.h"
 
 #include <QStyle>
 
@@ -53,4 +55,13 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         TellFailure(*MessageBoxes, std::ref(handle));
     }
     return handled;
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() != QEvent::Quit) {
+        return QApplication::event(event);
+    }
+    ScopeGuard over([] { SessionEnd::SetNow(false); });
+    SessionEnd::SetNow(true);
+    return QApplication::event(event);
 }

@@ -19,4 +19,7 @@ public:
     Messages* MessageBoxes = nullptr;
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+protected:
+    bool event(QEvent* event) override;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/qt/BusyPointer.h"
 #include "platform/qt/ControlWidget.h"
+#include "platform/qt/SessionEnd.h"
 #include "platform/qt/ShownText.h"
 
 #include <QLabel>
@@ -76,6 +77,10 @@ void FitText(QMessageBox& box, QString text) {
 
 MessageAnswer QtMessages::Show(const QString& text, const QString& title, MessageButtons buttons,
                                MessageIcon icon) {
+    const std::vector<Button> set = ButtonsOf(buttons);
+    if (SessionEnd::IsNow()) {
+        return set.back().Answer;
+    }
     const BusyPointer::Lifted lifted;
     QMessageBox box(ControlWidget::SeenOwner(m_owner));
     box.setObjectName(QStringLiteral("Message"));
@@ -85,8 +90,6 @@ MessageAnswer QtMessages::Show(const QString& text, const QString& title, Messag
     box.setText(ShownText::Message(text));
     box.setIcon(IconOf(icon));
     FitText(box, text);
-
-    const std::vector<Button> set = ButtonsOf(buttons);
     for (const Button& button : set) {
         box.addButton(button.Standard)->setText(QString::fromLatin1(button.Caption));
     }

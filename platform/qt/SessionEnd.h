@@ -1,0 +1,11 @@
+#pragma once
+
+/// The desktop ends the session, or the system asks the program to quit: its windows are closed one
+/// after the other, and nobody is there to answer a question.
+namespace SessionEnd {
+
+/// Whether that happens now.
+bool IsNow();
+void SetNow(bool isNow);
+
+} // namespace SessionEnd
