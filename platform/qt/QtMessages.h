@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Message boxes, shown by Qt and not by the desktop, so that their texts are what was asked for. At
-/// a session's end none is shown, since it would wait for ever and the session with it: the most
+/// Message boxes, shown by Qt and not by the desktop, so that their texts are what was asked for.
+/// At a session's end none is shown, since it would wait for ever and the session with it: the most
 /// careful answer stands.
 class QtMessages : public Messages {
 public:
