@@ -149,7 +149,7 @@ TEST_F(LayoutTest, TheRightHandControlsKeepTheirDistanceFromTheRightEdge) {
 }
 
 TEST_F(LayoutTest, InANarrowWindowTheDeviceBoxAndTheSearchBoxGiveWayInTheirProportion) {
-    // Of 9,540 inside 120 + 90 + 600 + 2,880 go to what stands around the two: they get 5,850,
+    // Of 9,660 twips 120 + 90 + 600 + 3,000 go to what stands around the two: they get 5,850,
     // three quarters of their 7,800.
     form.Form1.UserResize(9660, 9000);
     EXPECT_DOUBLE_EQ(form.Picture2.Width(), 3600);
