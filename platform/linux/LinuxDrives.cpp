@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -40,14 +41,39 @@ FileDescriptor OpenFolder(const QByteArray& path) {
     return FileDescriptor(open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// The place of a drive that holds an iPod. One whose database is just being renewed is still one.
-std::optional<FilePlace> PlaceOfIpod(const std::vector<Mount>& mounts, const QByteArray& drive) {
+std::optional<FolderId> IdOf(int folder) {
+    struct stat info {};
+    return fstat(folder, &info) == 0 ? std::optional<FolderId>({info.st_dev, info.st_ino})
+                                     : std::nullopt;
+}
+
+bool Holds(const std::vector<FolderId>& folders, const FolderId& id) {
+    return std::find(folders.begin(), folders.end(), id) != folders.end();
+}
+
+void Add(std::vector<FolderId>& folders, const FileDescriptor& folder) {
+    if (const std::optional<FolderId> id = IdOf(folder.Get())) {
+        folders.push_back(*id);
+    }
+}
+
+/// Whether a drive holds an iPod. One whose database is just being renewed is still one.
+bool HoldsIpod(int drive) {
     const QByteArray name = "iPod_Control";
-    const FileDescriptor root = OpenFolder(drive);
-    const bool holdsIpod =
-        root.IsOpen() && (faccessat(root.Get(), name.constData(), F_OK, 0) == 0 ||
-                          !FindNameIgnoringCase(root.Get(), name).isEmpty());
-    return holdsIpod ? std::optional(PlaceOf(mounts, PathOfOpen(root.Get()))) : std::nullopt;
+    return faccessat(drive, name.constData(), F_OK, 0) == 0 ||
+           !FindNameIgnoringCase(drive, name).isEmpty();
+}
+
+/// Adds the folder of a drive that some other mount shows: going up from there, nobody comes by the
+/// drive's own folder. `shown` is that folder's path in its file system; with how many of its names
+/// it leads to the drive is not known everywhere (in a changed root), and so all are tried.
+void AddShownElsewhere(std::vector<FolderId>& folders, int drive, const QByteArray& shown) {
+    for (qsizetype at = 0; at >= 0; at = shown.indexOf('/', at + 1)) {
+        const QByteArray name = shown.mid(at + 1);
+        if (!name.isEmpty()) {
+            Add(folders, OpenBeneath(drive, name, O_PATH | O_DIRECTORY));
+        }
+    }
 }
 
 QChar UpperCase(QChar letter) {
@@ -101,40 +127,62 @@ FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
 
 bool LinuxDrives::IsOnIpod(int folder) {
     RefreshIfNeeded();
-    struct stat info {};
-    if (fstat(folder, &info) != 0) {
-        return FindWhetherOnIpod(folder);
+    const std::optional<FolderId> asked = IdOf(folder);
+    if (asked && *asked == m_asked) {
+        return m_answer;
     }
-    if (info.st_dev != m_asked.Device || info.st_ino != m_asked.Inode) {
-        m_asked = {info.st_dev, info.st_ino, FindWhetherOnIpod(folder)};
+    const std::optional<bool> answer = FindWhetherOnIpod(folder);
+    if (asked && answer) {
+        m_asked = *asked;
+        m_answer = *answer;
     }
-    return m_asked.IsOnIpod;
+    return answer.value_or(true); // nobody can tell, and nothing is to change on one
 }
 
-bool LinuxDrives::FindWhetherOnIpod(int folder) {
-    const std::vector<FilePlace>& ipods = IpodPlaces();
-    const QByteArray path = PathOfOpen(folder);
-    if (path.isEmpty()) {
-        return !ipods.empty(); // nobody can tell, and nothing is to change on one
+/// Goes up to the root. Paths would not do: the same folder has another one by every mount.
+std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) {
+    const std::vector<FolderId>& ipods = IpodFolders();
+    if (ipods.empty()) {
+        return false;
     }
-    const FilePlace place = PlaceOf(m_mounts, path);
-    return std::any_of(ipods.begin(), ipods.end(),
-                       [&](const FilePlace& ipod) { return place.IsIn(ipod); });
+    const std::optional<FolderId> root = IdOf(OpenFolder("/").Get());
+    std::optional<FolderId> below;
+    FileDescriptor above;
+    int place = folder;
+    for (int level = 0; level < PATH_MAX; ++level) {
+        const std::optional<FolderId> id = IdOf(place);
+        if (!id) {
+            return std::nullopt;
+        }
+        if (Holds(ipods, *id)) {
+            return true;
+        }
+        if (id == root && id == below) {
+            return false; // only the root is its own parent
+        }
+        below = id;
+        above = FileDescriptor(openat(place, "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+        place = above.Get();
+    }
+    return std::nullopt;
 }
 
-const std::vector<FilePlace>& LinuxDrives::IpodPlaces() {
-    if (!m_ipodPlaces) {
-        std::vector<FilePlace> places;
+const std::vector<FolderId>& LinuxDrives::IpodFolders() {
+    if (!m_ipodFolders) {
+        std::vector<FolderId> folders;
         for (const Volume& volume : m_volumes) {
-            const std::optional<FilePlace> place =
-                volume.IsPresent ? PlaceOfIpod(m_mounts, volume.Folder) : std::nullopt;
-            if (place) {
-                places.push_back(*place);
+            const FileDescriptor drive =
+                volume.IsPresent ? OpenFolder(volume.Folder) : FileDescriptor();
+            if (drive.IsOpen() && HoldsIpod(drive.Get())) {
+                Add(folders, drive);
+                for (const Mount& mount : m_mounts) {
+                    AddShownElsewhere(folders, drive.Get(), mount.Root);
+                }
             }
         }
-        m_ipodPlaces = std::move(places);
+        m_ipodFolders = std::move(folders);
     }
-    return *m_ipodPlaces;
+    return *m_ipodFolders;
 }
 
 bool LinuxDrives::IsRoot(const struct stat& folder) {
@@ -203,7 +251,7 @@ void LinuxDrives::Refresh() {
     m_isRefreshed = false; // until all of it is known, whatever fails on the way
     m_mounts = ReadMountTable(m_sources.MountTable);
     const std::vector<Volume> volumes = FindVolumes(m_mounts);
-    m_ipodPlaces.reset();
+    m_ipodFolders.reset();
     m_asked = {};
     // Where two known volumes fit, the one that was there a moment ago stays.
     std::stable_partition(m_volumes.begin(), m_volumes.end(),

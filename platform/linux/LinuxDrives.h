@@ -8,12 +8,20 @@
 #include <QByteArray>
 
 #include <optional>
+#include <sys/types.h>
 
 /// Where the system tells about mounts and block devices.
 struct LinuxDriveSources {
     QString MountTable = QStringLiteral("/proc/self/mountinfo");
     QString SysFolder = QStringLiteral("/sys");
     QString DiskFolder = QStringLiteral("/dev/disk");
+};
+
+/// A folder, by whatever path or mount it was reached.
+struct FolderId {
+    dev_t Device = 0;
+    ino_t Inode = 0;
+    bool operator==(const FolderId&) const = default;
 };
 
 /// The removable volumes that are mounted, then the folders that the environment variable
@@ -67,8 +75,8 @@ private:
     const Volume* Present(QChar letter) const;
     const Volume& Require(QChar letter) const;
     bool TableHasChanged();
-    bool FindWhetherOnIpod(int folder);
-    const std::vector<FilePlace>& IpodPlaces();
+    std::optional<bool> FindWhetherOnIpod(int folder);
+    const std::vector<FolderId>& IpodFolders();
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
@@ -78,13 +86,10 @@ private:
     bool m_isRefreshed = false;
     /// Every volume that has a letter, also those that are gone.
     std::vector<Volume> m_volumes;
-    /// Where the drives that hold an iPod lie; found when first asked for.
-    std::optional<std::vector<FilePlace>> m_ipodPlaces;
+    /// Whatever is on an iPod lies in or below one of these; found when first asked for.
+    std::optional<std::vector<FolderId>> m_ipodFolders;
     /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
     /// into the same folder.
-    struct {
-        dev_t Device = 0;
-        ino_t Inode = 0;
-        bool IsOnIpod = false;
-    } m_asked;
+    FolderId m_asked;
+    bool m_answer = false;
 };

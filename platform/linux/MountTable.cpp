@@ -3,8 +3,6 @@
 #include <QFile>
 #include <QList>
 
-#include <algorithm>
-
 namespace {
 
 bool IsOctal(char c) {
@@ -26,11 +24,6 @@ QByteArray Unescaped(const QByteArray& field) {
         }
     }
     return text;
-}
-
-/// A folder to which "/" and a name can be added.
-QByteArray WithoutRoot(const QByteArray& folder) {
-    return folder == "/" ? QByteArray() : folder;
 }
 
 /// Fields: id, parent, device, root, folder, options, any number of tags, "-", type, source, ...
@@ -65,21 +58,6 @@ std::vector<Mount> ReadMountTable(const QString& file) {
         }
     }
     return mounts;
-}
-
-bool FilePlace::IsIn(const FilePlace& folder) const {
-    return Device == folder.Device && (Path == folder.Path || Path.startsWith(folder.Path + '/'));
-}
-
-FilePlace PlaceOf(const std::vector<Mount>& mounts, const QByteArray& path) {
-    const QByteArray folder = MountFolderOf(mounts, path);
-    const auto mount = std::find_if(mounts.begin(), mounts.end(),
-                                    [&](const Mount& m) { return m.Folder == folder; });
-    const QByteArray below = path.mid(WithoutRoot(folder).size());
-    if (mount == mounts.end()) {
-        return {QByteArray(), WithoutRoot(below)};
-    }
-    return {mount->Device, WithoutRoot(mount->Root) + WithoutRoot(below)};
 }
 
 QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path) {

@@ -22,18 +22,5 @@ struct Mount {
 /// make no sense are passed over; a table that cannot be read is empty.
 std::vector<Mount> ReadMountTable(const QString& file);
 
-/// Where a path lies in its file system: the same for whatever mount shows it.
-struct FilePlace {
-    QByteArray Device;
-    /// Below the root of the file system; empty for that root.
-    QByteArray Path;
-
-    /// Whether this is `folder` or lies below it.
-    bool IsIn(const FilePlace& folder) const;
-};
-
-/// The place of `path` (absolute, without links).
-FilePlace PlaceOf(const std::vector<Mount>& mounts, const QByteArray& path);
-
 /// The folder of the mount that holds `path` (absolute, without links); "/" where none is known.
 QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path);

@@ -38,8 +38,8 @@ protected:
         const QString song = Home(QStringLiteral("/Song.mp3"));
         EXPECT_EQ(CreationError(fresh), 70);
         EXPECT_EQ(ChainError(fresh), 70);
-        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, fresh); }), 70);
-        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, note); }), 70);
+        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, fresh, Existing::Replace); }), 70);
+        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, note, Existing::Replace); }), 70);
         EXPECT_EQ(MoveError(song, fresh), 70);
         EXPECT_EQ(MoveError(note, Home(QStringLiteral("/note.txt"))), 70);
         EXPECT_EQ(WritingError(note), 70);
@@ -137,30 +137,4 @@ TEST_F(IpodFixture, AnAttachedFolderOutlivesTheDeletionOfAFolderAboveIt) {
     EXPECT_EQ(DeleteError(Home(QStringLiteral("/tmp"))), 0);
     EXPECT_EQ(ReadFile(backup + QStringLiteral("/iPod_Control/file")), "x");
     EXPECT_EQ(NamesIn(Home(QStringLiteral("/tmp/backups"))), QStringList(QStringLiteral("IPOD")));
-}
-
-TEST(FilePlace, IsTheSameForWhateverMountShowsIt) {
-    const std::vector<Mount> mounts = {
-        {"8:1", "/", "/", "ext4", "/dev/sda1"},
-        {"0:40", "/@home", "/home", "btrfs", "/dev/sda2"},
-        {"8:17", "/", "/media/ana/IPOD", "vfat", "/dev/sdb1"},
-        {"8:17", "/Notes", "/home/ana/bind", "vfat", "/dev/sdb1"},
-        {"8:1", "/srv/music", "/mnt", "ext4", "/dev/sda1"},
-    };
-    const FilePlace ipod = PlaceOf(mounts, "/media/ana/IPOD");
-    EXPECT_EQ(ipod.Device, "8:17");
-    EXPECT_EQ(ipod.Path, "");
-    EXPECT_EQ(PlaceOf(mounts, "/media/ana/IPOD/Notes/a").Path, "/Notes/a");
-    EXPECT_EQ(PlaceOf(mounts, "/home/ana/bind/a").Path, "/Notes/a");
-    EXPECT_EQ(PlaceOf(mounts, "/home/ana/a").Path, "/@home/ana/a");
-    EXPECT_EQ(PlaceOf(mounts, "/mnt/a").Path, "/srv/music/a");
-    EXPECT_EQ(PlaceOf(mounts, "/").Path, "");
-
-    EXPECT_TRUE(PlaceOf(mounts, "/home/ana/bind").IsIn(ipod));
-    EXPECT_TRUE(ipod.IsIn(ipod));
-    EXPECT_FALSE(PlaceOf(mounts, "/media/ana").IsIn(ipod));
-    EXPECT_TRUE(PlaceOf(mounts, "/mnt").IsIn(PlaceOf(mounts, "/srv/music")));
-    EXPECT_TRUE(PlaceOf(mounts, "/srv/music/b").IsIn(PlaceOf(mounts, "/mnt")));
-    EXPECT_FALSE(PlaceOf(mounts, "/srv/music2").IsIn(PlaceOf(mounts, "/mnt")));
-    EXPECT_TRUE(PlaceOf({}, "/srv/music").IsIn(PlaceOf({}, "/srv")));
 }
