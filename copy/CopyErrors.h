@@ -11,7 +11,8 @@ struct CopyPlace {
     QString Source;
     /// Folder of the track's copy, with a separator at its end.
     QString DestFolder;
-    /// Name of the track's copy in DestFolder; empty until it is named.
+    /// Name of the track's copy in DestFolder, or of the folder that is being made in there; empty
+    /// until the copy is named.
     QString FileName;
 };
 

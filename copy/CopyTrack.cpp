@@ -5,6 +5,8 @@
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 
+#include <utility>
+
 namespace {
 
 /// Tracks above this many bytes are copied in chunks of this size.
@@ -69,12 +71,15 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
         return Next::Step;
     }
     const QString folder = m_place.DestFolder + name;
+    // A failure names the folder that is being made; a file that is copied once more keeps its name.
+    const QString fileName = std::exchange(m_place.FileName, name);
     // Looked for again by every attempt: a disk that comes back may bring the folder along.
     const Next next = Step([&] {
         if (!m_files.FolderExists(folder)) {
             CreateFolder(folder);
         }
     });
+    m_place.FileName = fileName;
     if (next != Next::Step) {
         return next;
     }

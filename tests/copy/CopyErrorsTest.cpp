@@ -234,8 +234,9 @@ TEST_F(CopyErrorsTest, AFailedFolderRetriedIsMadeAndTheJobGoesOn) {
     files.FailNthCall(FileCall::CreateFolder, 2, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Texts(), QStringList({Text("Unable to create file: \"D:\\Music\\Abba\\\""),
-                                             Text("Copy completed!")}));
+    EXPECT_EQ(messages.Texts(),
+              QStringList({Text("Unable to create file: \"D:\\Music\\Abba\\Arrival\""),
+                           Text("Copy completed!")}));
     EXPECT_EQ(Copied().size(), 3);
 }
 
@@ -245,9 +246,9 @@ TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolder) {
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::Ignore, MessageAnswer::Abort};
     Press();
     EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Unable to create file: \"D:\\Music\\\""),
+              QStringList({Text("Unable to create file: \"D:\\Music\\Abba\""),
                            Text("Path not found: \"E:\\iPod_Control\\Music\\F00\""),
-                           Text("Unable to create file: \"D:\\Music\\\"")}));
+                           Text("Unable to create file: \"D:\\Music\\Abba\"")}));
     EXPECT_TRUE(Copied().isEmpty());
     ExpectIdle();
 }
@@ -283,7 +284,7 @@ TEST_F(CopyErrorsTest, AFileInTheWayOfAFolderStaysAndCanBePutAside) {
     };
     messages.Answers = {MessageAnswer::Retry};
     Press();
-    EXPECT_EQ(messages.Texts(), QStringList({Text("Unable to create file: \"D:\\Music\\\""),
+    EXPECT_EQ(messages.Texts(), QStringList({Text("Unable to create file: \"D:\\Music\\Abba\""),
                                              Text("Copy completed!")}));
     EXPECT_TRUE(files.HasFolder(Text("D:\\Music\\Abba")));
     ExpectIdle();

@@ -140,7 +140,7 @@ TEST_P(OnCaselessDisk, ARefusedCharacterInAFolderCostsOnlyItsFiles) {
     Run();
     EXPECT_EQ(
         MessagesShown(),
-        QStringList({Text("Error: Unable to create file: \"") + Destination() + Text("/\""),
+        QStringList({Text("Error: Unable to create file: \"") + Destination("two\nlines") + u'"',
                      Text("Error: Path not found: \"E:\\iPod_Control\\Music\\F00\""), Completed}));
     ExpectCopied({Text("Artist/Song.mp3")});
 }

@@ -15,8 +15,7 @@ protected:
     }
 
     QString Unable(const char* name) const {
-        return Text("Error: Unable to create file: \"") +
-               (*name == '\0' ? Destination() + u'/' : Destination(name)) + u'"';
+        return Text("Error: Unable to create file: \"") + Destination(name) + u'"';
     }
     void SetArtistFolders() { form.chkArtist.SetValue(1); }
 
@@ -62,7 +61,7 @@ TEST_F(PlantedLinks, AnArtistFolderThatCannotBeMadeCostsItsFilesOnly) {
     Run();
     const QString noFolder = Text("Error: Path not found: \"E:\\iPod_Control\\Music\\F00\"");
     EXPECT_EQ(MessagesShown(),
-              QStringList({Unable(""), noFolder, Unable(""), noFolder, Completed}));
+              QStringList({Unable("Artist"), noFolder, Unable("Mine"), noFolder, Completed}));
     EXPECT_EQ(Copied(), QStringList({Text("Artist -> ") + World("nix"), Text("Mine"),
                                      Text("Other/Song.mp3")}));
     EXPECT_EQ(CopiedBytes("Mine"), "mine");
