@@ -23,41 +23,9 @@ void SeekTo(int file, off_t position) {
     }
 }
 
-/// Copies a file that takes less room on its disk than its length says, without its holes: written
-/// out, those of a file that claims to be huge would fill any disk. False, with nothing copied,
-/// where the file system does not tell where they are.
-bool CopyWithoutHoles(const CopySource& source, int target) {
-    const off_t length = source.Info.st_size;
-    if (static_cast<off_t>(source.Info.st_blocks) * 512 >= length) {
-        return false;
-    }
-    off_t end = 0;
-    while (end < length) {
-        const off_t begin = lseek(source.File, end, SEEK_DATA);
-        if (begin < 0 && errno == ENXIO) {
-            break; // no more than a hole is left
-        }
-        end = begin < 0 ? -1 : lseek(source.File, begin, SEEK_HOLE);
-        if (end < 0) {
-            SeekTo(source.File, 0);
-            SeekTo(target, 0);
-            return false;
-        }
-        SeekTo(source.File, begin);
-        SeekTo(target, begin);
-        TransferAll(source.File, target, end - begin);
-    }
-    if (ftruncate(target, length) != 0) {
-        ThrowError(errno);
-    }
-    return true;
-}
-
 void CopyContent(const CopySource& source, int target) {
-    if (!CopyWithoutHoles(source, target)) {
-        TransferAll(source.File, target, source.Info.st_size);
-        TransferRest(source.File, target); // some file systems report no length
-    }
+    TransferAll(source.File, target, source.Info.st_size);
+    TransferRest(source.File, target); // some file systems report no length
     // File systems that write late (over a network) report what went wrong when a descriptor is
     // closed. Closing a second one tells it while the target can still be given up.
     FileDescriptor second(fcntl(target, F_DUPFD_CLOEXEC, 0));
