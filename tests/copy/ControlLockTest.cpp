@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace {
 
 /// Every control that a job locks, in order.
@@ -22,6 +24,19 @@ TEST(ControlLock, DisableControlsDisablesEveryControlThatCouldChangeTheJob) {
     DisableControls(form.Controls);
     for (const Control* control : Locked(form)) {
         EXPECT_FALSE(control->Enabled());
+    }
+}
+
+TEST(ControlLock, TheControlsAreDisabledInTheirOrder) {
+    for (size_t count = 0; count < 18; ++count) {
+        FakeForm1 form;
+        FakeFaults::FailNth(static_cast<int>(count) + 1, [] { throw std::runtime_error("stop"); });
+        EXPECT_THROW(DisableControls(form.Controls), std::runtime_error);
+        EXPECT_TRUE(FakeFaults::Stop());
+        const std::vector<Control*> controls = Locked(form);
+        for (size_t i = 0; i < controls.size(); ++i) {
+            EXPECT_EQ(controls[i]->Enabled(), i >= count) << i << " after " << count;
+        }
     }
 }
 

@@ -41,9 +41,12 @@ TEST_F(CopyChecksTest, AnEmptyDestinationGivesItsMessageAndNothingElse) {
 
 TEST_F(CopyChecksTest, AnInvalidDestinationIsSelectedForTheUserToMend) {
     SetDestination("Q:\\Music");
+    int selectedAtFocus = -1;
+    form.txtDestination.GotFocus = [&] { selectedAtFocus = form.txtDestination.SelectionLength; };
     Press();
     EXPECT_EQ(messages.Shown, std::vector{InvalidPath});
     EXPECT_TRUE(form.txtDestination.HasFocus());
+    EXPECT_EQ(selectedAtFocus, 0); // a box that gets the focus may change what is selected
     EXPECT_EQ(form.txtDestination.SelectionStart, 0);
     EXPECT_EQ(form.txtDestination.SelectionLength, 8);
     ExpectNothingStarted();
@@ -144,6 +147,15 @@ TEST_F(CopyChecksTest, AProbeFolderThatCouldNotBeDeletedIsNeverDeletedLater) {
     Press();
     EXPECT_EQ(messages.Shown.back(), InvalidPath);
     EXPECT_EQ(Bytes("D:\\New\\Tiger.mp3"), QByteArray("tiger"));
+}
+
+TEST_F(CopyChecksTest, AProbeFolderOfAnEarlierClickIsNotDeleted) {
+    files.AddFile(Text("D:\\New\\mine.txt"), "mine");
+    destination.ProbeFolder = Text("D:\\New"); // that click failed before it could delete it
+    SetDestination("Q:\\Music");
+    Press();
+    EXPECT_EQ(messages.Shown.back(), InvalidPath);
+    EXPECT_EQ(Bytes("D:\\New\\mine.txt"), QByteArray("mine"));
 }
 
 TEST_F(CopyChecksTest, RetryDeletesTheProbeFolderAndTheChecksGoOn) {
