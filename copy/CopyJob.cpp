@@ -28,7 +28,7 @@ CopyJob::CopyJob(FileSystem& files, Messages& messages, EventLoop& events,
     : m_files(files), m_messages(messages), m_events(events), m_windowManager(windowManager),
       m_controls(controls), m_library(library), m_state(state), m_artistList(artistList),
       m_summary(summary), m_destination(destination), m_prompt(prompt),
-      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, CancelCopy) {
+      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, [this] { return MayGoOn(); }) {
 }
 
 void CopyJob::cmdCopy_Click() {
@@ -201,17 +201,27 @@ CopyJob::Next CopyJob::Step(const Event& action) {
 }
 
 CopyJob::Next CopyJob::StopRequest() {
+    const Next next = AskToStop();
+    return next == Next::Leave ? Quit() : next;
+}
+
+/// What a stop request leads to: with a closed window the user is asked, and goes on with "No".
+CopyJob::Next CopyJob::AskToStop() {
     if (!CUnload) {
         return Next::Cleanup;
     }
     if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,
             MessageIcon::Question) == MessageAnswer::Yes) {
-        Copying = false;
-        m_controls.Form1.Unload();
         return Next::Leave;
     }
     CancelCopy = false;
     return Next::SameTrack;
+}
+
+CopyJob::Next CopyJob::Quit() {
+    Copying = false;
+    m_controls.Form1.Unload();
+    return Next::Leave;
 }
 
 MessageAnswer CopyJob::Ask(const QString& text, MessageButtons buttons, MessageIcon icon) {

@@ -69,15 +69,20 @@ private:
     Next CountTrack();
     Next MakeFolders();
     Next MakeFolder(const CheckControl& option, const QString& name);
-    void CreateFolder(const QString& folder);
     void ClearFolder();
     void NameFile(const TrackRecord& track);
     Next PutFile(const TrackRecord& track);
-    Next CopyFile(const TrackRecord& track, const QString& target);
+    void AskToReplace(const QString& target);
+    Next CopyFile(const TrackRecord& track, const QString& target, Existing existing,
+                  bool& isTaken);
+    void CopyBytes(const TrackRecord& track, const QString& target, Existing existing);
+    bool MayGoOn();
 
     bool Try(const Event& action, ErrorAnswer& answer);
     Next Step(const Event& action);
     Next StopRequest();
+    Next AskToStop();
+    Next Quit();
     MessageAnswer Ask(const QString& text, MessageButtons buttons, MessageIcon icon);
 
     FileSystem& m_files;
@@ -98,6 +103,8 @@ private:
     QString m_destRoot;
     /// The last folder that leftovers were looked for in.
     QString m_clearedFolder;
+    /// How a stop that was asked for inside a large file was answered; SameTrack without one.
+    Next m_stop = Next::SameTrack;
     /// The track at hand: where it comes from and goes to.
     CopyPlace m_place;
     QString m_artistFolder;

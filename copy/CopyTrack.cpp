@@ -2,6 +2,7 @@
 
 #include "copy/CopyJob.h"
 
+#include "copy/EnsureFolder.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 
@@ -71,31 +72,17 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
         return Next::Step;
     }
     const QString folder = m_place.DestFolder + name;
-    // A failure names the folder that is being made; a file that is copied once more keeps its name.
+    // A failure names the folder that is being made; a file that is copied once more keeps its
+    // name.
     const QString fileName = std::exchange(m_place.FileName, name);
     // Looked for again by every attempt: a disk that comes back may bring the folder along.
-    const Next next = Step([&] {
-        if (!m_files.FolderExists(folder)) {
-            CreateFolder(folder);
-        }
-    });
+    const Next next = Step([&] { EnsureFolder(m_files, folder); });
     m_place.FileName = fileName;
     if (next != Next::Step) {
         return next;
     }
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;
-}
-
-/// That somebody else has made it in the same instant is no error.
-void CopyJob::CreateFolder(const QString& folder) {
-    try {
-        m_files.CreateFolder(folder);
-    } catch (const RuntimeError& error) {
-        if (error.Number != ErrorNumber::FileAlreadyExists) {
-            throw;
-        }
-    }
 }
 
 /// Removes what a killed job has left in the folder of the track at hand, also where all its files
@@ -125,42 +112,75 @@ void CopyJob::NameFile(const TrackRecord& track) {
     m_place.FileName = m_naming.MakeSafeName(name, true, ExtensionOf(track.Location));
 }
 
-/// Puts the track's file in its place, unless the user wants to keep one that is there.
+/// Puts the track's file in its place, unless the user wants to keep one that is there. One that
+/// another program has put there while the bytes were copied is asked about like any other.
 CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
     const QString target = m_place.DestFolder + m_place.FileName;
-    if (m_files.FileExists(target)) {
-        if (!m_prompt.OverwriteAll) {
-            FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
-            m_prompt.OverwriteFile = target;
-            Raise(ShowOverwrite);
+    Existing existing = Existing::Keep;
+    bool isTaken = m_files.WouldReplace(target);
+    while (true) {
+        if (isTaken) {
+            AskToReplace(target);
+            if (m_prompt.OverwriteAnswer == OverwritePrompt::Cancel) {
+                return StopRequest();
+            }
+            if (m_prompt.OverwriteAnswer == OverwritePrompt::Skip) {
+                return Next::Step;
+            }
+            existing = Existing::Replace;
         }
-        if (m_prompt.OverwriteAnswer == OverwritePrompt::Cancel) {
-            return StopRequest();
-        }
-        if (m_prompt.OverwriteAnswer == OverwritePrompt::Skip) {
-            return Next::Step;
+        const Next next = CopyFile(track, target, existing, isTaken);
+        if (!isTaken) {
+            return next;
         }
     }
-    return CopyFile(track, target);
 }
 
-CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target) {
-    if (track.FileSize <= LargeFileLimit) {
-        return Step([&] { m_files.CopyFile(track.Location, target); });
+/// Leaves the user's answer in the prompt: a new one, or the one that was given for all files.
+void CopyJob::AskToReplace(const QString& target) {
+    if (!m_prompt.OverwriteAll) {
+        FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
+        m_prompt.OverwriteFile = target;
+        Raise(ShowOverwrite);
     }
-    const QString base = Paths::WithSeparator(m_destRoot + QStringLiteral("tmp"));
-    bool copied = true;
-    const Next next =
-        Step([&] { copied = m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit); });
-    // A stop asked for during a large file is a stop request like any other, so that a window
-    // closed meanwhile gets its question.
-    if (copied) {
-        return next;
-    }
-    if (CUnload) {
+}
+
+/// `isTaken` tells afterwards whether a file stands in the way that nobody was asked about.
+CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target, Existing existing,
+                                bool& isTaken) {
+    m_stop = Next::SameTrack;
+    const Next next = Step([&] {
+        isTaken = false;
+        try {
+            CopyBytes(track, target, existing);
+        } catch (const RuntimeError& error) {
+            isTaken = existing == Existing::Keep && error.Number == ErrorNumber::FileAlreadyExists;
+            if (!isTaken) {
+                throw;
+            }
+        }
+    });
+    if (m_stop == Next::Leave) {
         // A window that closes now leaves no half of a large file behind.
         ErrorAnswer answer;
         Try([this] { DeleteTemporaryFolder(); }, answer);
+        return Quit();
     }
-    return StopRequest();
+    return m_stop == Next::SameTrack ? next : m_stop;
+}
+
+void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existing existing) {
+    if (track.FileSize <= LargeFileLimit) {
+        m_files.CopyFile(track.Location, target, existing);
+    } else {
+        const QString base = Paths::WithSeparator(m_destRoot + QStringLiteral("tmp"));
+        m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing);
+    }
+}
+
+/// Inside a large file a stop is asked about there and then, while what is copied so far can still
+/// be kept: a film whose closed window was a mistake goes on where it was.
+bool CopyJob::MayGoOn() {
+    m_stop = CancelCopy ? AskToStop() : Next::SameTrack;
+    return m_stop == Next::SameTrack;
 }

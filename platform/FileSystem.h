@@ -22,6 +22,13 @@ public:
     virtual void Close() = 0;
 };
 
+/// What becomes of a file that stands where another one is to be put.
+enum class Existing {
+    /// It stays; the operation throws FileAlreadyExists.
+    Keep,
+    Replace
+};
+
 /// Files and folders, by paths in drive form or native form. The tests of existence never throw;
 /// everything else throws RuntimeError with the number that fits, unless it says otherwise.
 class FileSystem {
@@ -29,6 +36,9 @@ public:
     virtual ~FileSystem() = default;
 
     virtual bool FileExists(const QString& path) = 0;
+    /// Whether a file put at `path` would replace something: a file, or a link to nothing. Never
+    /// throws.
+    virtual bool WouldReplace(const QString& path) = 0;
     virtual bool FolderExists(const QString& path) = 0;
 
     /// Creates one folder, whose parent exists.
@@ -40,11 +50,12 @@ public:
     virtual void DeleteFolder(const QString& path) = 0;
 
     /// Copies a whole file with its modification time. `target` appears, or takes the place of an
-    /// earlier file, only once all bytes are there; a failed copy leaves nothing behind.
-    virtual void CopyFile(const QString& source, const QString& target) = 0;
+    /// earlier file, only once all bytes are there; a failed copy leaves nothing behind. A file
+    /// that comes to stand at `target` meanwhile counts like one that was there before.
+    virtual void CopyFile(const QString& source, const QString& target, Existing existing) = 0;
     /// Renames a file. An earlier `target` is replaced in the same instant, so that there is never
     /// a moment with neither.
-    virtual void MoveFile(const QString& source, const QString& target) = 0;
+    virtual void MoveFile(const QString& source, const QString& target, Existing existing) = 0;
     /// Removes what a killed CopyFile has left in a folder, unless another copy is at work there.
     /// Never throws.
     virtual void RemoveLeftovers(const QString& folder) = 0;

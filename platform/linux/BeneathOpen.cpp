@@ -36,7 +36,7 @@ FileDescriptor OpenBeneath(int root, const QByteArray& name, int flags) {
 
 FileDescriptor OpenBeneathByChecking(int root, const QByteArray& name, int flags) {
     FileDescriptor place(
-        openat(root, name.constData(), O_PATH | O_CLOEXEC | (flags & O_DIRECTORY)));
+        openat(root, name.constData(), O_PATH | O_CLOEXEC | (flags & (O_DIRECTORY | O_NOFOLLOW))));
     if (!place.IsOpen()) {
         return place;
     }

@@ -7,6 +7,7 @@
 #include "platform/linux/FileLock.h"
 #include "platform/linux/LinuxErrors.h"
 
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -89,12 +90,12 @@ public:
     }
 
     /// Throws PermissionDenied where another program has put something in the part file's place.
-    void TakePlaceOf(const QByteArray& name) {
+    void TakePlaceOf(const QByteArray& name, Existing existing) {
         if (IsReplaced()) {
             throw RuntimeError(ErrorNumber::PermissionDenied);
         }
-        if (renameat(m_folder, PartName, m_folder, name.constData()) != 0) {
-            ThrowCreationError(errno);
+        if (const int error = Rename(m_folder, PartName, m_folder, name, existing)) {
+            ThrowPlacingError(error);
         }
         m_isMade = false;
     }
@@ -113,29 +114,20 @@ private:
     struct stat m_info {};
 };
 
-/// What may be replaced, or is missing; throws where the target is, or is a name of, the source.
-Target CheckReplacing(const CopySource& source, int folder, const QByteArray& name) {
-    const Target target = CheckTarget(folder, name);
-    if (target == Target::Replaceable && IsSameFile(source.Info, folder, name.constData(), 0)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    return target;
-}
-
 /// Copies into a file that has no name until it is whole, so that not even a killed program leaves
 /// anything behind. False where the file system knows no such files.
-bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Target target) {
+bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Existing existing) {
     const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
     if (!file.IsOpen()) {
         return false;
     }
     CopyContent(source, file.Get());
-    if (target == Target::Missing) {
+    if (existing == Existing::Keep) {
         if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
             return true;
         }
-        if (errno == EEXIST) { // it came there meanwhile, and nobody was asked about it
-            throw RuntimeError(ErrorNumber::PermissionDenied);
+        if (errno == EEXIST) {
+            ThrowPlacingError(errno);
         }
         return false;
     }
@@ -143,16 +135,19 @@ bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, 
     if (!part.Link(file.Get())) {
         return false;
     }
-    part.TakePlaceOf(name);
+    part.TakePlaceOf(name, existing);
     return true;
 }
 
 } // namespace
 
-void CopyWhole(const CopySource& source, int folder, const QByteArray& name) {
-    const Target target = CheckReplacing(source, folder, name);
-    if (!CopyNameless(source, folder, name, target)) {
-        CopyUnderPartName(source, folder, name);
+void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing) {
+    CheckTarget(folder, name, existing);
+    if (existing == Existing::Replace && IsSameFile(source.Info, folder, name.constData(), 0)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    if (!CopyNameless(source, folder, name, existing)) {
+        CopyUnderPartName(source, folder, name, existing);
     }
 }
 
@@ -177,12 +172,13 @@ void RemoveLeftover(int folder) {
     }
 }
 
-void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name) {
+void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+                       Existing existing) {
     SeekTo(source.File, 0);
     PartFile part(folder);
     FileDescriptor file = part.Create();
     CopyContent(source, file.Get());
-    part.TakePlaceOf(name);
+    part.TakePlaceOf(name, existing);
     if (const int error = file.Close()) {
         ThrowError(error);
     }
@@ -194,24 +190,51 @@ void RequireNoPartName(const QByteArray& name) {
     }
 }
 
-Target CheckTarget(int folder, const QByteArray& name) {
+void CheckTarget(int folder, const QByteArray& name, Existing existing) {
     RequireNoPartName(name);
     struct stat info {};
     if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno == ENOENT) {
-            return Target::Missing;
+            return;
         }
         ThrowCreationError(errno);
     }
     // A link itself is replaced, but only where what it leads to might be.
-    if (S_ISLNK(info.st_mode) && fstatat(folder, name.constData(), &info, 0) != 0) {
-        return Target::Replaceable;
-    }
-    if (!S_ISREG(info.st_mode)) {
+    const bool leadsNowhere =
+        S_ISLNK(info.st_mode) && fstatat(folder, name.constData(), &info, 0) != 0;
+    if (!leadsNowhere && !S_ISREG(info.st_mode)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
-    if (faccessat(folder, name.constData(), W_OK, AT_EACCESS) != 0) {
+    if (existing == Existing::Keep) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    if (!leadsNowhere && faccessat(folder, name.constData(), W_OK, AT_EACCESS) != 0) {
         ThrowCreationError(errno);
     }
-    return Target::Replaceable;
+}
+
+int Rename(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to,
+           Existing existing) {
+    if (existing == Existing::Keep) {
+        if (renameat2(fromFolder, from.constData(), toFolder, to.constData(), RENAME_NOREPLACE) ==
+            0) {
+            return 0;
+        }
+        if (errno != EINVAL && errno != ENOSYS) {
+            return errno;
+        }
+        // This file system can only replace (NFS, some that run outside the kernel).
+        struct stat info {};
+        if (fstatat(toFolder, to.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
+            return EEXIST;
+        }
+    }
+    return renameat(fromFolder, from.constData(), toFolder, to.constData()) == 0 ? 0 : errno;
+}
+
+void ThrowPlacingError(int error) {
+    if (error == EEXIST) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
+    }
+    ThrowCreationError(error);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
 #include <QByteArray>
 
 #include <sys/stat.h>
@@ -23,23 +25,25 @@ struct CopySource {
 
 /// Copies the whole of `source` to `name` in the open folder `folder`, with its
 /// modification time. Throws RuntimeError: PermissionDenied where an earlier target may not be
-/// written, is no regular file or is the source itself.
-void CopyWhole(const CopySource& source, int folder, const QByteArray& name);
+/// written, is no regular file or is the source itself, FileAlreadyExists where it is to be kept.
+void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing);
 
 /// What CopyWhole does on file systems that know no files without a name (FAT).
-void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name);
+void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+                       Existing existing);
 
 /// Removes what a killed copy has left in `folder`. Throws PermissionDenied where another copy is
 /// at work there.
 void RemoveLeftover(int folder);
 
-/// What may stand where a file is to be made.
-enum class Target {
-    Missing,
-    /// A regular file that this user may write, or a link to one or to nothing.
-    Replaceable,
-};
-
 /// Looks at `name` in `folder`. Throws PermissionDenied where a file cannot be made there: for a
 /// folder and the like, for a file that this user may not write, and for PartName.
-Target CheckTarget(int folder, const QByteArray& name);
+/// FileAlreadyExists for a file, or a link to one or to nothing, that is to be kept.
+void CheckTarget(int folder, const QByteArray& name, Existing existing);
+
+/// Renames a file; 0 or an errno value, EEXIST where something has the new name and is to be kept.
+int Rename(int fromFolder, const QByteArray& from, int toFolder, const QByteArray& to,
+           Existing existing);
+
+/// Throws the RuntimeError of a failure to give a whole file its name.
+[[noreturn]] void ThrowPlacingError(int error);

@@ -70,6 +70,19 @@ bool LinuxFileSystem::FileExists(const QString& path) {
     return found && S_ISREG(found->st_mode);
 }
 
+bool LinuxFileSystem::WouldReplace(const QString& path) {
+    const FileDescriptor place = m_paths.Open(path, O_PATH | O_NOFOLLOW);
+    struct stat info {};
+    if (!place.IsOpen() || fstat(place.Get(), &info) != 0) {
+        return false;
+    }
+    if (S_ISLNK(info.st_mode)) {
+        const std::optional<struct stat> found = m_paths.Look(path);
+        return !found || S_ISREG(found->st_mode);
+    }
+    return S_ISREG(info.st_mode);
+}
+
 bool LinuxFileSystem::FolderExists(const QString& path) {
     const std::optional<struct stat> found = m_paths.Look(path);
     return found && S_ISDIR(found->st_mode);
@@ -121,14 +134,14 @@ void LinuxFileSystem::DeleteFolder(const QString& path) {
                [this](const struct stat& folder) { return m_drives.IsRoot(folder); });
 }
 
-void LinuxFileSystem::CopyFile(const QString& source, const QString& target) {
+void LinuxFileSystem::CopyFile(const QString& source, const QString& target, Existing existing) {
     struct stat info {};
     const FileDescriptor file = OpenRegular(source, info);
     const FolderEntry entry = RequireEntry(target);
-    CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name);
+    CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing);
 }
 
-void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
+void LinuxFileSystem::MoveFile(const QString& source, const QString& target, Existing existing) {
     const FolderEntry from = EntryToChange(source);
     struct stat info {};
     if (!from.Folder.IsOpen()) {
@@ -141,16 +154,16 @@ void LinuxFileSystem::MoveFile(const QString& source, const QString& target) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
     const FolderEntry to = RequireEntry(target);
-    CheckTarget(to.Folder.Get(), to.Name);
-    if (renameat(from.Folder.Get(), from.Name.constData(), to.Folder.Get(), to.Name.constData()) ==
-        0) {
+    CheckTarget(to.Folder.Get(), to.Name, existing);
+    const int error = Rename(from.Folder.Get(), from.Name, to.Folder.Get(), to.Name, existing);
+    if (error == 0) {
         return;
     }
-    if (errno != EXDEV) {
-        ThrowCreationError(errno);
+    if (error != EXDEV) {
+        ThrowPlacingError(error);
     }
     const FileDescriptor file = OpenRegular(source, info);
-    CopyWhole({file.Get(), info}, to.Folder.Get(), to.Name);
+    CopyWhole({file.Get(), info}, to.Folder.Get(), to.Name, existing);
     if (unlinkat(from.Folder.Get(), from.Name.constData(), 0) != 0) {
         ThrowError(errno);
     }

@@ -11,14 +11,15 @@ public:
 
     /// Whether there is a regular file, perhaps by way of links.
     bool FileExists(const QString& path) override;
+    bool WouldReplace(const QString& path) override;
     bool FolderExists(const QString& path) override;
 
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
     void DeleteFolder(const QString& path) override;
 
-    void CopyFile(const QString& source, const QString& target) override;
-    void MoveFile(const QString& source, const QString& target) override;
+    void CopyFile(const QString& source, const QString& target, Existing existing) override;
+    void MoveFile(const QString& source, const QString& target, Existing existing) override;
     void RemoveLeftovers(const QString& folder) override;
 
     qint64 FileLength(const QString& path) override;

@@ -25,7 +25,9 @@ protected:
         files.AddFolder(Text("D:\\Music"));
     }
 
-    bool Copy(qint32 bytesAtOnce) { return chunkedCopy.NewCopy(Source, Target, Base, bytesAtOnce); }
+    bool Copy(qint32 bytesAtOnce) {
+        return chunkedCopy.NewCopy(Source, Target, Base, bytesAtOnce, Existing::Replace);
+    }
 
     int ErrorOfCopy(qint32 bytesAtOnce) {
         try {
@@ -51,7 +53,7 @@ protected:
     FakeProgressControl prgCopy;
     double copiedBytes = 0;
     bool cancelCopy = false;
-    ChunkedCopy chunkedCopy{files, events, prgCopy, copiedBytes, cancelCopy};
+    ChunkedCopy chunkedCopy{files, events, prgCopy, copiedBytes, [this] { return !cancelCopy; }};
 };
 
 } // namespace
@@ -237,6 +239,6 @@ TEST_F(ChunkedCopyTest, NativePathsWorkAlike) {
     files.AddFile(Source, "0123456789");
     files.AddFolder(Text("/home/ana/Music"));
     EXPECT_TRUE(chunkedCopy.NewCopy(Source, Text("/home/ana/Music/Film.m4v"),
-                                    Text("/home/ana/Music/tmp/"), 4));
+                                    Text("/home/ana/Music/tmp/"), 4, Existing::Replace));
     EXPECT_EQ(files.Bytes(Text("/home/ana/Music/Film.m4v")), QByteArray("0123456789"));
 }

@@ -203,14 +203,19 @@ TEST_F(CopyCancelTest, ClosingDuringALargeFileAsksToQuitAndYesEndsTheProgram) {
     Press();
     EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
     EXPECT_EQ(closed, 1);
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Film.mp3")));
+    ExpectAllCopied(); // and nothing of the film
+    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_EQ(files.OpenFiles, 0);
 }
 
-TEST_F(CopyCancelTest, ClosingDuringALargeFileAndNoCopiesItFromItsBeginningUnderTheSameName) {
+TEST_F(CopyCancelTest, ClosingDuringALargeFileAndNoGoesOnWhereItWas) {
     const QString location = AddLargeTrack("Abba", "Arrival", "Film", 120000000).Location;
     CloseAtYield(5);
     messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
     Press();
+    EXPECT_EQ(files.CountOf(FileCall::Write), 3); // two chunks and the rest
+    EXPECT_EQ(form.lblMessage.Captions.filter(Text("Copying files...")).last(),
+              Text("Copying files... 4 of 4"));
     EXPECT_TRUE(files.SameContent(location, Text("D:\\Music\\Film.mp3")));
     EXPECT_EQ(Copied().size(), 4);
     EXPECT_EQ(messages.Texts(), QStringList({QuitQuestion.Text, Text("Copy completed!")}));

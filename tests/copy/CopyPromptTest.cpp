@@ -137,3 +137,42 @@ TEST_F(CopyPromptTest, ALargeFileReplacesAnExistingOneOnlyWhenAsked) {
     Press();
     EXPECT_EQ(files.Length(Text("D:\\Music\\Film.mp3")), 50000001);
 }
+
+TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyIfTheUserSaysSo) {
+    AddLargeTrack("Abba", "Arrival", "Film", 50000001);
+    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        const bool arrives = call.Call == FileCall::CopyFile || call.Call == FileCall::MoveFile;
+        if (arrives && !files.HasFile(call.Target)) {
+            files.AddFile(call.Target, "another's");
+        }
+    };
+    for (const PromptUse use : {PromptUse::Skip, PromptUse::Replace}) {
+        prompted.clear();
+        promptUses = {use, use, use, use};
+        Press();
+        EXPECT_EQ(messages.Texts().last(), Text("Copy completed!"));
+        const bool isReplaced = use == PromptUse::Replace;
+        const QString film = Text("D:\\Music\\Film.mp3");
+        const QString two = Text("D:\\Music\\Two.mp3");
+        EXPECT_EQ(prompted, QStringList({one, two, three, film}));
+        EXPECT_EQ(files.Bytes(two), QByteArray(isReplaced ? "new two" : "another's"));
+        EXPECT_EQ(files.Length(film), isReplaced ? 50000001 : 9);
+        files.Remove(two);
+        files.Remove(film);
+        messages.Shown.clear();
+    }
+}
+
+TEST_F(CopyPromptTest, AFileThatAppearsAfterAFailureIsAskedAboutByTheRetry) {
+    files.FailNthCall(FileCall::CopyFile, 1, 61);
+    messages.WhileShown = [this](const ShownMessage& message) {
+        if (message.Text == Text("This drive is full.")) {
+            files.AddFile(Text("D:\\Music\\Two.mp3"), "another's");
+        }
+    };
+    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
+    promptUses = {PromptUse::Skip, PromptUse::Skip, PromptUse::Skip};
+    Press();
+    EXPECT_EQ(prompted, QStringList({one, Text("D:\\Music\\Two.mp3"), three}));
+    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("another's"));
+}

@@ -64,16 +64,19 @@ TEST_F(FakeFileSystemTest, TheIpodHoldsWhatLiesBelowItsRoot) {
 TEST_F(FakeFileSystemTest, WhatIsMissingIsAFileOrItsFolder) {
     EXPECT_EQ(ErrorOf([&] { files.FileLength(Text("E:\\Music\\b.mp3")); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(Text("E:\\None\\b.mp3")); }), 76);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\None\\a.mp3")); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\None\\a.mp3"), Existing::Replace); }),
+              76);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("Q:\\x")); }), 76);
 }
 
 TEST_F(FakeFileSystemTest, NamesThatADriveRefuses) {
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("D:\\a?")); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("/a:b")); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\a?.mp3")); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\a?.mp3"), Existing::Replace); }),
+              70);
     EXPECT_EQ(ErrorOf([&] {
-                  files.CopyFile(source, Text("D:\\Out\\") + QString(256, QLatin1Char('a')));
+                  files.CopyFile(source, Text("D:\\Out\\") + QString(256, QLatin1Char('a')),
+                                 Existing::Replace);
               }),
               70);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("D:\\Out")); }), 58);
@@ -82,20 +85,21 @@ TEST_F(FakeFileSystemTest, NamesThatADriveRefuses) {
 TEST_F(FakeFileSystemTest, ACopyAppearsWholeOrNotAtAll) {
     files.AddFile(target, "old");
     files.DiskFullAfter(3);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 61);
     EXPECT_EQ(files.Bytes(target), QByteArray("old"));
     files.ClearFailures();
-    files.CopyFile(source, target);
+    files.CopyFile(source, target, Existing::Replace);
     EXPECT_EQ(files.Bytes(target), QByteArray("song"));
     EXPECT_EQ(files.ModificationTime(target), 5);
 }
 
 TEST_F(FakeFileSystemTest, BytesWrittenCountAgainstTheFreeSpaceAndDeletedOnesComeBack) {
     files.SetFreeBytes(Text("D:"), 10);
-    files.CopyFile(source, target);
+    files.CopyFile(source, target, Existing::Replace);
     EXPECT_EQ(files.FreeBytes(target), 6);
-    files.CopyFile(source, Text("D:\\Out\\b.mp3"));
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\c.mp3")); }), 61);
+    files.CopyFile(source, Text("D:\\Out\\b.mp3"), Existing::Replace);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\c.mp3"), Existing::Replace); }),
+              61);
     files.DeleteFolder(Text("D:\\Out"));
     EXPECT_EQ(files.FreeBytes(Text("D:\\")), 10);
     EXPECT_EQ(files.DriveOf(target), Text("D:"));
@@ -104,7 +108,7 @@ TEST_F(FakeFileSystemTest, BytesWrittenCountAgainstTheFreeSpaceAndDeletedOnesCom
 TEST_F(FakeFileSystemTest, AMoveReplacesTheEarlierFile) {
     files.AddFile(Text("D:\\Out\\tmp"), "new");
     files.AddFile(target, "old");
-    files.MoveFile(Text("D:\\Out\\tmp"), target);
+    files.MoveFile(Text("D:\\Out\\tmp"), target, Existing::Replace);
     EXPECT_EQ(files.FilesBelow(Text("D:")), QStringList{target});
     EXPECT_EQ(files.Bytes(target), QByteArray("new"));
 }
@@ -153,18 +157,18 @@ TEST_F(FakeFileSystemTest, FailuresStrikeWhereTheyWereAskedFor) {
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
     files.FailNthCall(FileCall::CopyFile, 1, 70);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 70);
     files.FailPath(source, 57);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target); }), 57);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 57);
     EXPECT_FALSE(files.FileExists(source));
     EXPECT_EQ(files.FailuresStruck, 4);
     files.ClearFailures();
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 0);
 }
 
 TEST_F(FakeFileSystemTest, CallsAreRecordedInOrderAndChangesByFolder) {
     files.FileExists(source);
-    files.CopyFile(source, target);
+    files.CopyFile(source, target, Existing::Replace);
     files.OpenForReading(source)->Close();
     EXPECT_EQ(files.CallTexts(), QStringList({Text("FileExists E:\\Music\\a.mp3"),
                                               Text("CopyFile E:\\Music\\a.mp3 > D:\\Out\\a.mp3"),
@@ -181,7 +185,7 @@ TEST_F(FakeFileSystemTest, APulledDriveIsGoneAndItsOpenFilesFail) {
     char byte = 0;
     EXPECT_EQ(ErrorOf([&] { file->Read(&byte, 1); }), 57);
     EXPECT_FALSE(files.FileExists(source));
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.FreeBytes(Text("E:")); }), 68);
 }
 

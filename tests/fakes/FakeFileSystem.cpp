@@ -251,20 +251,20 @@ void FakeFileSystem::Drop(const QString& key) {
 
 FakeFileSystem::EntryPointer FakeFileSystem::RequireFile(const QString& path) const {
     const auto found = m_entries.find(Key(path));
-    if (found == m_entries.end()) {
+    if (found == m_entries.end() || found->second->IsFolder) {
         RequireParent(path);
         throw RuntimeError(ErrorNumber::FileNotFound);
-    }
-    if (found->second->IsFolder) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
     return found->second;
 }
 
-void FakeFileSystem::RequireFileTarget(const QString& path) const {
+void FakeFileSystem::RequireFileTarget(const QString& path, Existing existing) const {
     RequireParent(path);
     if (HasFolder(path)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    if (HasFile(path) && existing == Existing::Keep) {
+        throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
     const QString name = Paths::FileName(path);
     if (name.toUtf8().size() > LongestName ||
@@ -296,12 +296,12 @@ void FakeFileSystem::GiveSpace(const QString& path, qint64 bytes) {
     }
 }
 
-void FakeFileSystem::CopyFile(const QString& source, const QString& target) {
+void FakeFileSystem::CopyFile(const QString& source, const QString& target, Existing existing) {
     Record(FileCall::CopyFile, source, target);
     const EntryPointer from = RequireFile(source);
-    RequireFileTarget(target);
+    RequireFileTarget(target, existing);
     if (Key(source) == Key(target)) {
-        return;
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     const qint64 length = from->Content.Length();
     const qint64 fits = TakeSpace(target, length);
@@ -315,10 +315,13 @@ void FakeFileSystem::CopyFile(const QString& source, const QString& target) {
     m_entries[Key(target)] = entry;
 }
 
-void FakeFileSystem::MoveFile(const QString& source, const QString& target) {
+void FakeFileSystem::MoveFile(const QString& source, const QString& target, Existing existing) {
     Record(FileCall::MoveFile, source, target);
+    if (HasFolder(source)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
     const EntryPointer from = RequireFile(source);
-    RequireFileTarget(target);
+    RequireFileTarget(target, existing);
     if (Key(source) != Key(target)) {
         Drop(Key(target));
     }
@@ -340,7 +343,7 @@ std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReading(const QString& path) 
 std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QString& path) {
     Record(FileCall::OpenForReadingAndWriting, path);
     if (!HasFile(path)) {
-        RequireFileTarget(path);
+        RequireFileTarget(path, Existing::Replace);
         AddFile(path, {}, ++m_clock);
     }
     return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, true);

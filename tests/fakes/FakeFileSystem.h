@@ -118,14 +118,16 @@ public:
     // ---- FileSystem
 
     bool FileExists(const QString& path) override;
+    /// There are no links here: recorded as FileExists.
+    bool WouldReplace(const QString& path) override { return FileExists(path); }
     bool FolderExists(const QString& path) override;
     /// FileAlreadyExists where there is one, PermissionDenied where something else has the name.
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
     /// A drive's root is left alone.
     void DeleteFolder(const QString& path) override;
-    void CopyFile(const QString& source, const QString& target) override;
-    void MoveFile(const QString& source, const QString& target) override;
+    void CopyFile(const QString& source, const QString& target, Existing existing) override;
+    void MoveFile(const QString& source, const QString& target, Existing existing) override;
     void RemoveLeftovers(const QString& folder) override { ClearedFolders += folder; }
     qint64 FileLength(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
@@ -174,7 +176,7 @@ private:
     bool Strikes(Failure& failure, const RecordedCall& call) const;
     void RequireParent(const QString& path) const;
     EntryPointer RequireFile(const QString& path) const;
-    void RequireFileTarget(const QString& path) const;
+    void RequireFileTarget(const QString& path, Existing existing) const;
     void MakeFolder(const QString& path);
     /// How many of `bytes` can be written to the drive of `path`; takes them off its free space.
     qint64 TakeSpace(const QString& path, qint64 bytes);

@@ -61,6 +61,8 @@ int RealClose(int) asm("__real_close");
 int HookedClose(int) asm("__wrap_close");
 int RealRenameat(int, const char*, int, const char*) asm("__real_renameat");
 int HookedRenameat(int, const char*, int, const char*) asm("__wrap_renameat");
+int RealRenameat2(int, const char*, int, const char*, unsigned) asm("__real_renameat2");
+int HookedRenameat2(int, const char*, int, const char*, unsigned) asm("__wrap_renameat2");
 int RealLinkat(int, const char*, int, const char*, int) asm("__real_linkat");
 int HookedLinkat(int, const char*, int, const char*, int) asm("__wrap_linkat");
 int RealUnlinkat(int, const char*, int) asm("__real_unlinkat");
@@ -150,6 +152,10 @@ int HookedClose(int file) {
 
 int HookedRenameat(int from, const char* source, int to, const char* target) {
     return Fails({"renameat", to, target}) ? -1 : RealRenameat(from, source, to, target);
+}
+
+int HookedRenameat2(int from, const char* source, int to, const char* target, unsigned flags) {
+    return Fails({"renameat2", to, target}) ? -1 : RealRenameat2(from, source, to, target, flags);
 }
 
 int HookedLinkat(int from, const char* source, int to, const char* target, int flags) {

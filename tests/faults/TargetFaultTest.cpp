@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -314,8 +315,8 @@ class OtherProgram : public LinuxFixture {
 protected:
     OtherProgram() { WriteFile(Native(Text("song.mp3")), "new"); }
 
-    int CopyError() {
-        return NumberOf([this] { m_files.CopyFile(Native(Text("song.mp3")), m_target); });
+    int CopyError(Existing existing) {
+        return NumberOf([&] { m_files.CopyFile(Native(Text("song.mp3")), m_target, existing); });
     }
 
     const QString m_target = Native(Text("Song.mp3 copied"));
@@ -334,18 +335,60 @@ TEST_F(OtherProgram, ThatReplacesThePartFileDoesNotGetItsOwnUnderTheFinalName) {
         }
         return 0;
     });
-    EXPECT_EQ(CopyError(), 70);
+    EXPECT_EQ(CopyError(Existing::Replace), 70);
     EXPECT_EQ(ReadFile(m_target), "old");
     EXPECT_EQ(ReadFile(part), "half of another");
 }
 
-TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsIt) {
-    const HookedSystemCalls hooked([&](SystemCall& call) {
-        if (Text(call.Name) == Text("linkat")) {
-            WriteFile(m_target, "theirs");
+TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsItsFileUnlessItMayBeReplaced) {
+    // The file systems: with nameless files, without them, and without a rename that keeps.
+    for (const int system : {0, 1, 2}) {
+        for (const char* last : {"write", "linkat", "renameat2"}) {
+            SCOPED_TRACE(testing::Message() << "file system " << system << ", at " << last);
+            bool hasMade = false;
+            const auto hook = [&](SystemCall& call) {
+                if (system > 0 && (call.Flags & O_TMPFILE) == O_TMPFILE) {
+                    return EOPNOTSUPP;
+                }
+                if (Text(call.Name) == Text(last) && !std::exchange(hasMade, true)) {
+                    WriteFile(m_target, "another's");
+                }
+                return system == 2 && Text(call.Name) == Text("renameat2") ? EINVAL : 0;
+            };
+            {
+                const HookedSystemCalls hooked(hook);
+                const int error = CopyError(Existing::Keep);
+                EXPECT_EQ(error, hasMade ? 58 : 0);
+            }
+            EXPECT_EQ(ReadFile(m_target), hasMade ? "another's" : "new");
+            ASSERT_TRUE(QFile::remove(m_target));
+            hasMade = false;
+            {
+                const HookedSystemCalls hooked(hook);
+                EXPECT_EQ(CopyError(Existing::Replace), 0);
+            }
+            EXPECT_EQ(ReadFile(m_target), "new");
+            ASSERT_TRUE(QFile::remove(m_target));
+            EXPECT_EQ(NamesIn(Native()), QStringList(Text("song.mp3")));
         }
-        return 0;
-    });
-    EXPECT_EQ(CopyError(), 70);
-    EXPECT_EQ(ReadFile(m_target), "theirs");
+    }
+}
+
+TEST_F(OtherProgram, ThatMakesTheTargetOfAMoveKeepsItsFile) {
+    for (const int error : {0, EINVAL, EXDEV}) {
+        const HookedSystemCalls hooked([&](SystemCall& call) {
+            if (Text(call.Name) == Text("renameat2")) {
+                WriteFile(m_target, "another's");
+                return error;
+            }
+            return 0;
+        });
+        EXPECT_EQ(NumberOf([this] {
+                      m_files.MoveFile(Native(Text("song.mp3")), m_target, Existing::Keep);
+                  }),
+                  58);
+        EXPECT_EQ(ReadFile(m_target), "another's");
+        EXPECT_EQ(ReadFile(Native(Text("song.mp3"))), "new");
+        ASSERT_TRUE(QFile::remove(m_target));
+    }
 }

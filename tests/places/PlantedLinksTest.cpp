@@ -94,6 +94,12 @@ TEST_F(PlantedLinks, ALinkToNothingUnderTheNameOfACopyMakesNothingElsewhere) {
     AddSong(Text("Song"), "sound");
     AddSong(Text("Film"), "film", InChunks);
     Run();
+    const QString nowhere = Text(".mp3 -> ") + World("Documents/new.mp3");
+    EXPECT_EQ(Copied(), QStringList({Text("Film") + nowhere, Text("Song") + nowhere}));
+    onPrompt = OverwritePrompt::Replace;
+    Press();
+    EXPECT_EQ(prompted, QStringList({Destination("Song.mp3"), Destination("Film.mp3"),
+                                     Destination("Song.mp3"), Destination("Film.mp3")}));
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(Copied(), QStringList({Text("Film.mp3"), Text("Song.mp3")}));
     ExpectRestUntouched();

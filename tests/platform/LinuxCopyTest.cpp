@@ -36,14 +36,14 @@ protected:
     }
 
     int CopyError(const QString& source, const QString& target) {
-        return NumberOf([&] { m_files.CopyFile(source, target); });
+        return NumberOf([&] { m_files.CopyFile(source, target, Existing::Replace); });
     }
 };
 
 class CopyInEitherWay : public CopyFixture, public testing::WithParamInterface<Way> {
 protected:
     /// Copies to a name in the target folder; throws RuntimeError.
-    void Copy(const QString& source, const QString& name) {
+    void Copy(const QString& source, const QString& name, Existing existing = Existing::Replace) {
         const FileDescriptor file(
             open(source.toUtf8().constData(), O_RDONLY | O_NOATIME | O_CLOEXEC));
         const FileDescriptor folder(
@@ -53,10 +53,11 @@ protected:
             throw RuntimeError(ErrorNumber::FileNotFound);
         }
         const auto copy = GetParam() == Way::AsTheDiskAllows ? &CopyWhole : &CopyUnderPartName;
-        copy({file.Get(), info}, folder.Get(), name.toUtf8());
+        copy({file.Get(), info}, folder.Get(), name.toUtf8(), existing);
     }
-    int CopyError(const QString& source, const QString& name) {
-        return NumberOf([&] { Copy(source, name); });
+    int CopyError(const QString& source, const QString& name,
+                  Existing existing = Existing::Replace) {
+        return NumberOf([&] { Copy(source, name, existing); });
     }
 };
 
@@ -69,7 +70,8 @@ void MakeLongFile(const QString& path) {
 
 TEST_F(CopyFixture, AFileIsCopiedFromADriveToANativePath) {
     WriteFile(Source(QStringLiteral("ABCD.mp3")), Pattern(300000));
-    m_files.CopyFile(QStringLiteral("E:\\SOURCE\\abcd.mp3"), Target(QStringLiteral("Song.mp3")));
+    m_files.CopyFile(QStringLiteral("E:\\SOURCE\\abcd.mp3"), Target(QStringLiteral("Song.mp3")),
+                     Existing::Replace);
     EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), Pattern(300000));
     EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
 }
@@ -77,8 +79,8 @@ TEST_F(CopyFixture, AFileIsCopiedFromADriveToANativePath) {
 TEST_F(CopyFixture, OnADriveAFileInAnotherCaseIsReplaced) {
     WriteFile(Source(QStringLiteral("ABCD.mp3")), "new");
     WriteFile(Target(QStringLiteral("Song.mp3")), "old");
-    m_files.CopyFile(QStringLiteral("E:\\source\\ABCD.mp3"),
-                     QStringLiteral("E:\\target\\SONG.mp3"));
+    m_files.CopyFile(QStringLiteral("E:\\source\\ABCD.mp3"), QStringLiteral("E:\\target\\SONG.mp3"),
+                     Existing::Replace);
     EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
     EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "new");
 }
@@ -142,7 +144,8 @@ TEST_F(CopyFixture, AnEarlierFileThatMayNotBeWrittenIsKept) {
     SetMode(Target(), 0777);
     SetMode(Target(QStringLiteral("Song.mp3")), 0444);
     const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")));
+        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
+                         Existing::Replace);
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -157,7 +160,8 @@ TEST_F(CopyFixture, ATargetFolderThatMayNotBeWrittenIsADeniedPermission) {
     SetMode(Native(), 0755);
     SetMode(Target(), 0555);
     const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")));
+        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
+                         Existing::Replace);
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -171,7 +175,8 @@ TEST_F(CopyFixture, AnotherUsersFileIsCopiedWithoutBeingOpenedForWriting) {
     SetMode(Source(QStringLiteral("a")), 0444);
     SetMode(Target(), 0777);
     const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")));
+        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
+                         Existing::Replace);
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -184,7 +189,8 @@ TEST_F(CopyFixture, TheSourceIsOnlyRead) {
     WriteFile(Source(QStringLiteral("a")), Pattern(100000));
     const FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     ASSERT_GE(inotify_add_watch(watch.Get(), Source().toUtf8().constData(), IN_ALL_EVENTS), 0);
-    m_files.CopyFile(QStringLiteral("E:\\source\\a"), Target(QStringLiteral("b")));
+    m_files.CopyFile(QStringLiteral("E:\\source\\a"), Target(QStringLiteral("b")),
+                     Existing::Replace);
     alignas(inotify_event) char events[4096];
     const ssize_t length = read(watch.Get(), events, sizeof events);
     uint32_t seen = 0;
@@ -198,7 +204,8 @@ TEST_F(CopyFixture, TheSourceIsOnlyRead) {
 }
 
 TEST_F(CopyFixture, AFileThatReportsNoLengthIsCopiedToItsEnd) {
-    m_files.CopyFile(QStringLiteral("/proc/version"), Target(QStringLiteral("version")));
+    m_files.CopyFile(QStringLiteral("/proc/version"), Target(QStringLiteral("version")),
+                     Existing::Replace);
     const QByteArray copied = ReadFile(Target(QStringLiteral("version")));
     EXPECT_TRUE(copied.startsWith("Linux version "));
     EXPECT_TRUE(copied.endsWith('\n'));
@@ -211,7 +218,8 @@ TEST_F(CopyFixture, AFileIsCopiedBetweenTwoDisks) {
     }
     for (const qsizetype size : {0, 1, 262144, 262145, 1048576, 1048577, 3000000}) {
         WriteFile(Source(QStringLiteral("a")), Pattern(size));
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("b")));
+        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("b")),
+                         Existing::Replace);
         EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), Pattern(size)) << size;
     }
 }
@@ -225,7 +233,7 @@ TEST_F(CopyFixture, ASecondAttemptBeginsAtTheStartAgain) {
     struct stat info {};
     ASSERT_EQ(fstat(file.Get(), &info), 0);
     ASSERT_EQ(lseek(file.Get(), 3, SEEK_SET), 3);
-    CopyUnderPartName({file.Get(), info}, folder.Get(), "b");
+    CopyUnderPartName({file.Get(), info}, folder.Get(), "b", Existing::Keep);
     EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "whole");
 }
 
@@ -304,6 +312,20 @@ TEST_P(CopyInEitherWay, ATargetThatIsALinkIsReplacedAndNotWrittenThrough) {
         EXPECT_EQ(ReadFile(Target(name)), "new");
         EXPECT_FALSE(QFileInfo(Target(name)).isSymLink());
     }
+}
+
+TEST_P(CopyInEitherWay, AFileOrALinkToNothingThatIsToBeKeptStays) {
+    WriteFile(Source(QStringLiteral("a")), "new");
+    WriteFile(Target(QStringLiteral("b")), "old");
+    MakeLink(QStringLiteral("../nix"), Target(QStringLiteral("dead")));
+    for (const QString& name : {QStringLiteral("b"), QStringLiteral("dead")}) {
+        EXPECT_TRUE(m_files.WouldReplace(Target(name)));
+        EXPECT_TRUE(m_files.WouldReplace(QStringLiteral("E:\\TARGET\\") + name));
+        EXPECT_EQ(CopyError(Source(QStringLiteral("a")), name, Existing::Keep), 58);
+    }
+    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "old");
+    EXPECT_TRUE(QFileInfo(Target(QStringLiteral("dead"))).isSymLink());
+    EXPECT_EQ(NamesIn(Target()), QStringList({QStringLiteral("b"), QStringLiteral("dead")}));
 }
 
 TEST_P(CopyInEitherWay, AFullDiskLeavesNothingBehind) {

@@ -150,7 +150,7 @@ TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
         EXPECT_EQ(WritingError(temp), 70);
         writing->Close();
         EXPECT_EQ(WritingError(temp), 70);
-        m_files.MoveFile(temp, Native(QStringLiteral("film.m4v")));
+        m_files.MoveFile(temp, Native(QStringLiteral("film.m4v")), Existing::Replace);
         EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 70);
         EXPECT_EQ(WritingError(temp), 0);
     }
@@ -207,7 +207,9 @@ TEST_F(FilesFixture, AFileNameThatTheDiskRefusesIsADeniedPermission) {
                                 QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b')}) {
         for (const QString& path : {Native(name), QStringLiteral("E:\\") + name}) {
             EXPECT_EQ(WritingError(path), 70);
-            EXPECT_EQ(NumberOf([&] { m_files.CopyFile(QStringLiteral("E:\\song.mp3"), path); }),
+            EXPECT_EQ(NumberOf([&] {
+                          m_files.CopyFile(QStringLiteral("E:\\song.mp3"), path, Existing::Replace);
+                      }),
                       70);
             EXPECT_EQ(MoveError(QStringLiteral("E:\\song.mp3"), path), 70);
         }
@@ -227,7 +229,10 @@ TEST_F(FilesFixture, NothingIsCreatedOnAReadOnlyDisk) {
     const QString song = Native(QStringLiteral("shown/song.mp3"));
     EXPECT_EQ(CreationError(Native(QStringLiteral("shown/new"))), 70);
     EXPECT_EQ(WritingError(Native(QStringLiteral("shown/copy.tmp"))), 70);
-    EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, Native(QStringLiteral("shown/new.mp3"))); }),
+    EXPECT_EQ(NumberOf([&] {
+                  m_files.CopyFile(song, Native(QStringLiteral("shown/new.mp3")),
+                                   Existing::Replace);
+              }),
               70);
     EXPECT_EQ(NumberOf([&] { m_files.DeleteFolder(Native(QStringLiteral("shown"))); }), 0);
     EXPECT_EQ(MoveError(song, Native(QStringLiteral("shown/new.mp3"))), 70);

@@ -89,7 +89,8 @@ TEST_F(MoveFixture, AMoveLeavesAnEarlierFileThatMayNotBeWritten) {
     SetMode(Native(), 0777);
     SetMode(Native(QStringLiteral("Song.mp3")), 0444);
     const int number = NumberOfNobody([this] {
-        m_files.MoveFile(Native(QStringLiteral("copy.tmp")), Native(QStringLiteral("Song.mp3")));
+        m_files.MoveFile(Native(QStringLiteral("copy.tmp")), Native(QStringLiteral("Song.mp3")),
+                         Existing::Replace);
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";

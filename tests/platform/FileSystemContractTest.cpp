@@ -1,0 +1,83 @@
+// What both the real file system and the fake one answer; the tests of the copy engine rest on it.
+
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/platform/LinuxFixture.h"
+
+namespace {
+
+enum class Kind { Real, Fake };
+
+class FileSystemContract : public LinuxFixture, public testing::WithParamInterface<Kind> {
+protected:
+    FileSystemContract() {
+        MakeFolder(Folder);
+        m_fake.AddFolder(Folder);
+        for (const QString& file : {Song, Other}) {
+            WriteFile(file, file.toUtf8());
+            m_fake.AddFile(file, file.toUtf8());
+        }
+    }
+
+    FileSystem& Files() {
+        return GetParam() == Kind::Real ? static_cast<FileSystem&>(m_files) : m_fake;
+    }
+    int CopyError(const QString& source, const QString& target, Existing existing) {
+        return NumberOf([&] { Files().CopyFile(source, target, existing); });
+    }
+    int MoveError(const QString& source, const QString& target, Existing existing) {
+        return NumberOf([&] { Files().MoveFile(source, target, existing); });
+    }
+    QByteArray Bytes(const QString& path) {
+        return GetParam() == Kind::Real ? ReadFile(path) : m_fake.Bytes(path);
+    }
+
+    const QString Folder = Native(QStringLiteral("folder"));
+    const QString Song = Native(QStringLiteral("Song.mp3"));
+    const QString Other = Native(QStringLiteral("Other.mp3"));
+    const QString Missing = Native(QStringLiteral("Missing.mp3"));
+
+private:
+    FakeFileSystem m_fake;
+};
+
+} // namespace
+
+TEST_P(FileSystemContract, AFolderIsNoSource) {
+    EXPECT_EQ(CopyError(Folder, Missing, Existing::Keep), 53);
+    EXPECT_EQ(MoveError(Folder, Missing, Existing::Keep), 75);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(Folder); }), 53);
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(Folder); }), 53);
+}
+
+TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
+    for (const Existing existing : {Existing::Keep, Existing::Replace}) {
+        EXPECT_EQ(CopyError(Song, Folder, existing), 70);
+        EXPECT_EQ(MoveError(Song, Folder, existing), 70);
+    }
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReadingAndWriting(Folder); }), 70);
+    EXPECT_FALSE(Files().WouldReplace(Folder));
+    EXPECT_TRUE(Files().FolderExists(Folder));
+}
+
+TEST_P(FileSystemContract, AFileIsNoCopyOfItself) {
+    EXPECT_EQ(CopyError(Song, Song, Existing::Keep), 58);
+    EXPECT_EQ(CopyError(Song, Song, Existing::Replace), 70);
+    EXPECT_EQ(MoveError(Song, Song, Existing::Replace), 0);
+    EXPECT_EQ(Bytes(Song), Song.toUtf8());
+}
+
+TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
+    EXPECT_TRUE(Files().WouldReplace(Other));
+    EXPECT_FALSE(Files().WouldReplace(Missing));
+    EXPECT_EQ(CopyError(Song, Other, Existing::Keep), 58);
+    EXPECT_EQ(MoveError(Song, Other, Existing::Keep), 58);
+    EXPECT_EQ(Bytes(Other), Other.toUtf8());
+    EXPECT_EQ(CopyError(Song, Missing, Existing::Keep), 0);
+    EXPECT_EQ(MoveError(Missing, Other, Existing::Replace), 0);
+    EXPECT_EQ(Bytes(Other), Song.toUtf8());
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract, testing::Values(Kind::Real, Kind::Fake),
+                         [](const auto& kind) {
+                             return kind.param == Kind::Real ? "Real" : "Fake";
+                         });
