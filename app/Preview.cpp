@@ -2,15 +2,15 @@
 
 #include "platform/ScopeGuard.h"
 
-Preview::Preview(const BrowserState& state, LinkedLists& lists, FileSystem& files,
-                 Messages& messages, Form1Controls& controls, PreviewControls& preview)
-    : m_state(state), m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
+Preview::Preview(LinkedLists& lists, FileSystem& files, Messages& messages, Form1Controls& controls,
+                 PreviewControls& preview)
+    : m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
       m_preview(preview) {
 }
 
 void Preview::mnuPreview_Click() {
     const int row = m_controls.lstSongs.ListIndex();
-    if (row < 1 || m_state.Building || !m_controls.lstSongs.Enabled()) {
+    if (row < 1 || m_lists.Building || !m_controls.lstSongs.Enabled()) {
         return; // the row went, or a job began, while the menu stood open
     }
     const QString path = m_lists.Track(row).Location;

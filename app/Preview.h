@@ -14,8 +14,8 @@ struct PreviewControls {
 /// again for the next preview.
 class Preview {
 public:
-    Preview(const BrowserState& state, LinkedLists& lists, FileSystem& files, Messages& messages,
-            Form1Controls& controls, PreviewControls& preview);
+    Preview(LinkedLists& lists, FileSystem& files, Messages& messages, Form1Controls& controls,
+            PreviewControls& preview);
 
     void mnuPreview_Click();
     /// Gives the window the player's size.
@@ -24,7 +24,6 @@ public:
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 
 private:
-    const BrowserState& m_state;
     LinkedLists& m_lists;
     FileSystem& m_files;
     Messages& m_messages;

@@ -1,36 +1,30 @@
 #pragma once
 
-#include "browser/BrowserState.h"
-#include "browser/LinkedLists.h"
-#include "platform/Form1Controls.h"
+#include "browser/SearchResult.h"
 
-/// The artist list, and the way back from a search or filter result to the full library.
+#include <array>
+
+/// Builds all three lists anew: for a library that was loaded, for a search result, and for the way
+/// back to the full library, with the rows that were current.
 class ArtistList {
 public:
-    ArtistList(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
+    ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
                Form1Controls& controls);
 
-    /// Raised when the result must be built again with the media filter alone.
-    Event RunSearch;
+    /// Whether each list was to start on its "All" row when rows were last remembered: for artists,
+    /// albums and songs.
+    const std::array<bool, 3>& AllRowWasCurrent() const { return m_allRowWasCurrent; }
 
-    /// Fills ArtistRows from Artists; touches no list.
-    void BuildArtistList();
-    /// Shows the artists in lstArtists in the order of ArtistRows, below the "All" row.
-    void FillArtists();
     /// Shows a library that has just been loaded; its first artist becomes current.
     void ShowLibrary();
-
     /// Puts the full library and the rows from before the search back. With `NoFound` (the search
-    /// found nothing) every list starts on its "All" row. Nothing is shown yet while Search is set:
-    /// then the search goes on with its own result.
-    void Clear(bool NoFound = false);
-    /// Copies the check marks of the shown result into SavedArtists.
-    void UpdateOldArtists();
-    /// Ends a search.
-    void cmdClear_Click();
-    /// The way out for a handler that failed with the lists half changed: shows the full library
-    /// from its records, unfiltered, with every list on its "All" row.
-    void ShowLibraryAgain();
+    /// found nothing) every list starts on its "All" row.
+    void Clear(bool NoFound);
+    /// The first half of Clear, for a search that goes on with its own result: nothing is shown.
+    void PutLibraryBack(bool NoFound);
+    /// The way out for a handler that failed with the lists half changed: the full library comes
+    /// back with the marks that its tracks have, and the lists are empty.
+    void RecoverLibrary();
 
     /// Remembers whether each list stands on its "All" row and which records the others stand on;
     /// with `allRows` all three count as standing on "All".
@@ -40,22 +34,29 @@ public:
     void RebuildLists();
     /// Empties and disables the three lists: what says that a search found nothing.
     void ShowNothing();
+    void EnableLists();
     /// Enables cmdCopy when something is ticked, be it hidden by a search.
     void EnableCopy();
+    /// Forgets everything about a library that leaves.
+    void ResetState();
 
 private:
     void RestoreArtistRow();
     void RestoreAlbumRow();
     void RestoreSongRow();
-    void CopyMarks();
     void RollUpMarks();
-    void PutLibraryBack();
-    qint32 ArtistId(qint32 artist) const;
-    qint32 AlbumId(qint32 albumRow) const;
-    qint32 SongId(qint32 songRow) const;
 
-    BrowserState& m_state;
+    /// The records that were current, by their indices in the full library.
+    struct Remembered {
+        qint32 Artist = 0;
+        qint32 AlbumArtist = 0, Album = 0;
+        qint32 SongArtist = 0, SongAlbum = 0, Song = 0;
+    };
+
     MusicLibrary& m_library;
     LinkedLists& m_lists;
+    SearchResult& m_result;
     Form1Controls& m_controls;
+    std::array<bool, 3> m_allRowWasCurrent = {true, true, true};
+    Remembered m_rememberedRows;
 };

@@ -1,6 +1,8 @@
 #include "browser/LinkedLists.h"
 
 #include "browser/MediaFilter.h"
+#include "browser/Ordering.h"
+#include "browser/SortedOrder.h"
 #include "platform/ScopeGuard.h"
 
 #include <algorithm>
@@ -23,27 +25,35 @@ void SetListsVisible(Form1Controls& controls, bool visible) {
     controls.lstSongs.SetVisible(visible);
 }
 
-LinkedLists::LinkedLists(BrowserState& state, MusicLibrary& library, TextFitting& textFitting,
-                         Form1Controls& controls)
-    : m_state(state), m_library(library), m_textFitting(textFitting), m_controls(controls),
-      m_ordering(state, library) {
+LinkedLists::LinkedLists(MusicLibrary& library, TextFitting& textFitting, Form1Controls& controls)
+    : m_library(library), m_textFitting(textFitting), m_controls(controls) {
 }
 
 AlbumRecord& LinkedLists::Album(qint32 albumRow) {
-    ArtistRecord& artist = m_library.Artists.at(m_state.AlbumRowArtist.at(albumRow));
-    return artist.Albums.at(m_state.AlbumRowAlbum.at(albumRow));
+    const AlbumKey key = AlbumOfRow(albumRow);
+    return m_library.Artists.at(key.Artist).Albums.at(key.Album);
 }
 
 TrackRecord& LinkedLists::Track(qint32 songRow) {
-    return Album(m_state.SongRowAlbumRow.at(songRow)).Tracks.at(m_state.SongRowTrack.at(songRow));
+    const SongTables& songs = m_rows.Songs;
+    return Album(songs.SongRowAlbumRow.at(songRow)).Tracks.at(songs.SongRowTrack.at(songRow));
 }
 
 LinkedLists::AlbumKey LinkedLists::AlbumOfRow(qint32 albumRow) const {
-    return {m_state.AlbumRowArtist.at(albumRow), m_state.AlbumRowAlbum.at(albumRow)};
+    const AlbumTables& albums = m_rows.Albums;
+    return {albums.AlbumRowArtist.at(albumRow), albums.AlbumRowAlbum.at(albumRow)};
 }
 
 LinkedLists::SongKey LinkedLists::SongOfRow(qint32 songRow) const {
-    return {AlbumOfRow(m_state.SongRowAlbumRow.at(songRow)), m_state.SongRowTrack.at(songRow)};
+    const SongTables& songs = m_rows.Songs;
+    return {AlbumOfRow(songs.SongRowAlbumRow.at(songRow)), songs.SongRowTrack.at(songRow)};
+}
+
+void LinkedLists::ResetState() {
+    m_rows = {};
+    m_lastArtistRow = m_lastAlbumRow = -1;
+    m_refreshAlbums = m_refreshSongs = false;
+    m_rememberedSong.reset();
 }
 
 void LinkedLists::RememberSong() {
@@ -53,18 +63,55 @@ void LinkedLists::RememberSong() {
     }
 }
 
+void LinkedLists::BuildArtistList() {
+    std::vector<const QString*> names;
+    names.reserve(m_library.Artists.size());
+    for (const ArtistRecord& artist : m_library.Artists) {
+        names.push_back(&artist.Name);
+    }
+    const std::vector<qint32> order = SortedOrder(names, 0);
+    m_rows.ArtistRows.assign(1, 0);
+    m_rows.ArtistRows.insert(m_rows.ArtistRows.end(), order.begin(), order.end());
+}
+
+void LinkedLists::FillArtists() {
+    const auto count = static_cast<qint32>(m_rows.ArtistRows.size());
+    std::vector<ListRow> rows(1);
+    rows.reserve(count);
+    for (qint32 row = 1; row < count; ++row) {
+        const ArtistRecord& artist = m_library.Artists.at(m_rows.ArtistRows[row]);
+        rows.push_back({artist.Name, artist.Checked});
+    }
+    FillList(m_controls.lstArtists, std::move(rows), QStringLiteral(" Artist"));
+}
+
+void LinkedLists::StartOver() {
+    const NestedFlag::Guard building = Building.Set();
+    m_controls.lstArtists.Clear();
+    m_controls.lstAlbums.Clear();
+    m_controls.lstSongs.Clear();
+    BuildArtistList();
+    FillArtists();
+    m_refreshAlbums = true;
+}
+
 void LinkedLists::lstArtists_Click() {
+    if (!Building) {
+        ShowAlbumsOfArtist();
+    }
+}
+
+void LinkedLists::ShowAlbumsOfArtist() {
     const int artistRow = m_controls.lstArtists.ListIndex();
-    if (m_state.Building || (artistRow == m_state.LastArtistRow && !m_state.RefreshAlbums)) {
+    if (artistRow == m_lastArtistRow && !m_refreshAlbums) {
         return;
     }
-    m_state.Building = true;
-    ScopeGuard building([this] { m_state.Building = false; });
+    NestedFlag::Guard building = Building.Set();
     ScopeGuard failed([this] { EmptyAlbums(); });
 
     // Only on the way from or to "All" can the same album be listed again.
     std::optional<AlbumKey> album;
-    if (!m_state.Restoring && (artistRow == 0 || m_state.LastArtistRow == 0)) {
+    if (!Restoring && (artistRow == 0 || m_lastArtistRow == 0)) {
         if (m_controls.lstAlbums.ListIndex() >= 1) {
             album = AlbumOfRow(m_controls.lstAlbums.ListIndex());
         }
@@ -74,28 +121,25 @@ void LinkedLists::lstArtists_Click() {
     ScopeGuard hidden([this] { m_controls.lstAlbums.SetVisible(true); });
     m_controls.lstAlbums.SetVisible(false);
     m_controls.lstAlbums.Clear();
-    if (artistRow >= 1) {
-        m_ordering.SortAlbums(false, m_state.ArtistRows.at(artistRow));
-    } else {
-        m_ordering.SortAlbums(true);
-    }
+    m_rows.Albums = artistRow >= 1 ? SortAlbums(m_library, false, m_rows.ArtistRows.at(artistRow))
+                                   : SortAlbums(m_library, true);
     FillAlbums();
     m_controls.lstAlbums.SetListIndex(0);
     hidden.Run();
     MakeRememberedAlbumCurrent(album);
 
-    building.Run();
-    m_state.LastArtistRow = static_cast<qint16>(artistRow);
-    m_state.RefreshSongs = true;
-    m_state.RefreshAlbums = false;
+    building.End();
+    m_lastArtistRow = artistRow;
+    m_refreshSongs = true;
+    m_refreshAlbums = false;
     failed.Dismiss();
-    if (!m_state.Restoring) {
-        lstAlbums_Click();
+    if (!Restoring) {
+        ShowSongsOfAlbum();
     }
 }
 
 void LinkedLists::FillAlbums() {
-    const auto count = static_cast<qint32>(m_state.AlbumRowAlbum.size());
+    const auto count = static_cast<qint32>(m_rows.Albums.AlbumRowAlbum.size());
     std::vector<ListRow> rows(1);
     rows.reserve(count);
     for (qint32 row = 1; row < count; ++row) {
@@ -118,17 +162,21 @@ void LinkedLists::MakeRememberedAlbumCurrent(const std::optional<AlbumKey>& albu
 }
 
 void LinkedLists::lstAlbums_Click() {
+    if (!Building) {
+        ShowSongsOfAlbum();
+    }
+}
+
+void LinkedLists::ShowSongsOfAlbum() {
     const int albumRow = m_controls.lstAlbums.ListIndex();
-    if (m_state.Building || (albumRow == m_state.LastAlbumRow && !m_state.RefreshSongs)) {
+    if (albumRow == m_lastAlbumRow && !m_refreshSongs) {
         return;
     }
     ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
-    m_state.Building = true;
-    ScopeGuard building([this] { m_state.Building = false; });
+    NestedFlag::Guard building = Building.Set();
     ScopeGuard failed([this] { EmptySongs(); });
 
-    if (!m_state.RefreshSongs && !m_state.Restoring &&
-        (albumRow == 0 || m_state.LastAlbumRow == 0)) {
+    if (!m_refreshSongs && !Restoring && (albumRow == 0 || m_lastAlbumRow == 0)) {
         RememberSong();
     }
 
@@ -141,12 +189,12 @@ void LinkedLists::lstAlbums_Click() {
     hidden.Run();
     MakeRememberedSongCurrent();
 
-    m_state.LastAlbumRow = static_cast<qint16>(albumRow);
-    m_state.RefreshSongs = false;
-    building.Run();
+    m_lastAlbumRow = albumRow;
+    m_refreshSongs = false;
+    building.End();
     failed.Dismiss();
-    if (!m_state.Restoring) {
-        lstSongs_Click();
+    if (!Restoring) {
+        ShowFullName();
     }
     pointer.Run();
 }
@@ -154,13 +202,13 @@ void LinkedLists::lstAlbums_Click() {
 /// Rows of a list that could not be built would stand for other records than the tables say. The
 /// next click builds it.
 void LinkedLists::EmptyAlbums() {
-    m_state.RefreshAlbums = true;
+    m_refreshAlbums = true;
     m_controls.lstAlbums.Clear();
     EmptySongs();
 }
 
 void LinkedLists::EmptySongs() {
-    m_state.RefreshSongs = true;
+    m_refreshSongs = true;
     m_rememberedSong.reset();
     m_controls.lstSongs.Clear();
 }
@@ -168,24 +216,20 @@ void LinkedLists::EmptySongs() {
 void LinkedLists::BuildSongRows() {
     const int albumRow = m_controls.lstAlbums.ListIndex();
     if (albumRow >= 1) {
-        m_ordering.SortTracks(false, albumRow);
+        m_rows.Songs = SortTracks(m_library, m_rows.Albums, false, albumRow);
     } else if (m_controls.lstArtists.ListIndex() >= 1) {
-        SortSongsOfAllAlbumRows();
-    } else if (m_state.AllSongsCached) {
-        m_state.SongRowTrack = m_state.AllSongsCache.SongRowTrack;
-        m_state.SongRowAlbumRow = m_state.AllSongsCache.SongRowAlbumRow;
+        m_rows.Songs = SongsOfAllAlbumRows();
+    } else if (m_rows.AllSongsCached) {
+        m_rows.Songs = m_rows.AllSongsCache;
     } else {
         BuildAllSongRows();
     }
 }
 
 /// A single album keeps its own order even on its "All" row: track numbers say more than titles.
-void LinkedLists::SortSongsOfAllAlbumRows() {
-    if (m_controls.lstAlbums.ListCount() == 2) {
-        m_ordering.SortTracks(false, 1);
-    } else {
-        m_ordering.SortTracks5();
-    }
+SongTables LinkedLists::SongsOfAllAlbumRows() const {
+    return m_controls.lstAlbums.ListCount() == 2 ? SortTracks(m_library, m_rows.Albums, false, 1)
+                                                 : SortTracks5(m_library, m_rows.Albums);
 }
 
 /// The one list that takes a moment to build, so the user is told first. The summary comes back
@@ -198,21 +242,22 @@ void LinkedLists::BuildAllSongRows() {
     m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
     m_controls.lblMessage.Refresh();
 
-    SortSongsOfAllAlbumRows();
-    m_state.AllSongsCache = {m_state.SongRowTrack, m_state.SongRowAlbumRow};
-    m_state.AllSongsCached = true;
+    m_rows.Songs = SongsOfAllAlbumRows();
+    m_rows.AllSongsCache = m_rows.Songs;
+    m_rows.AllSongsCached = true;
     message.Run();
 }
 
 void LinkedLists::FillSongs() {
-    const auto count = static_cast<qint32>(m_state.SongRowTrack.size());
+    const auto count = static_cast<qint32>(m_rows.Songs.SongRowTrack.size());
     std::vector<ListRow> rows(1);
     rows.reserve(count);
     for (qint32 row = 1; row < count; ++row) {
         const TrackRecord& track = Track(row);
         rows.push_back({track.Title, track.Checked});
     }
-    FillList(m_controls.lstSongs, std::move(rows), GetCorrectName(m_controls.tbsFilter));
+    FillList(m_controls.lstSongs, std::move(rows),
+             GetCorrectName(SelectedFilter(m_controls.tbsFilter)));
 }
 
 void LinkedLists::MakeRememberedSongCurrent() {
@@ -229,18 +274,21 @@ void LinkedLists::MakeRememberedSongCurrent() {
 }
 
 void LinkedLists::lstSongs_Click() {
-    if (m_state.Building) {
-        return;
+    if (!Building) {
+        ShowFullName();
     }
+}
+
+void LinkedLists::ShowFullName() {
     const QString slash = QStringLiteral(" / ");
     const int songRow = m_controls.lstSongs.ListIndex();
     const int albumRow =
-        songRow >= 1 ? m_state.SongRowAlbumRow.at(songRow) : m_controls.lstAlbums.ListIndex();
+        songRow >= 1 ? m_rows.Songs.SongRowAlbumRow.at(songRow) : m_controls.lstAlbums.ListIndex();
     const int artistRow = m_controls.lstArtists.ListIndex();
     QString name;
     if (albumRow >= 1) {
-        name = m_library.Artists.at(m_state.AlbumRowArtist.at(albumRow)).Name + slash +
-               Album(albumRow).Name;
+        name =
+            m_library.Artists.at(AlbumOfRow(albumRow).Artist).Name + slash + Album(albumRow).Name;
         if (songRow >= 1) {
             name += slash + Track(songRow).Title;
         }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "browser/BrowserState.h"
-#include "browser/Ordering.h"
+#include "browser/RowTables.h"
 #include "browser/TextFitting.h"
+#include "library/MusicLibrary.h"
+#include "platform/NestedFlag.h"
 
 #include <optional>
 
@@ -16,20 +17,51 @@ void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun)
 /// Shows or hides the three lists together.
 void SetListsVisible(Form1Controls& controls, bool visible);
 
-/// Makes the albums follow the current artist row, the songs the current album row, and the full
-/// name the current song row.
+/// The three lists and what their rows stand for. The albums follow the current artist row, the
+/// songs the current album row, and the full name the current song row.
 class LinkedLists {
 public:
-    LinkedLists(BrowserState& state, MusicLibrary& library, TextFitting& textFitting,
-                Form1Controls& controls);
+    LinkedLists(MusicLibrary& library, TextFitting& textFitting, Form1Controls& controls);
+
+    /// Lists are being changed by code: every Click and ItemCheck handler returns at once.
+    NestedFlag Building;
+    /// Rows are being put back: a list that is built neither remembers rows nor goes on to the next
+    /// one.
+    NestedFlag Restoring;
+
+    const RowTables& Rows() const { return m_rows; }
+    /// The artist row whose albums are shown, the album row whose songs are shown; -1 none.
+    int LastArtistRow() const { return m_lastArtistRow; }
+    int LastAlbumRow() const { return m_lastAlbumRow; }
+    /// The next artist (album) click builds the next list even on the same row.
+    bool RefreshAlbums() const { return m_refreshAlbums; }
+    bool RefreshSongs() const { return m_refreshSongs; }
 
     void lstArtists_Click();
     void lstAlbums_Click();
     void lstSongs_Click();
 
+    /// What the Click handlers do unless code is changing the lists.
+    void ShowAlbumsOfArtist();
+    void ShowSongsOfAlbum();
+    void ShowFullName();
+
+    /// Fills ArtistRows from Artists; touches no list.
+    void BuildArtistList();
     /// Fill the lists from the row tables.
+    void FillArtists();
     void FillAlbums();
     void FillSongs();
+
+    /// Empties the three lists and fills that of the artists; the next ones follow when their time
+    /// has come, whatever rows are current then.
+    void StartOver();
+    /// Forgets everything about a library that leaves.
+    void ResetState();
+    /// Other records stand in Artists: the table of all songs is no longer theirs.
+    void ForgetAllSongs() { m_rows.AllSongsCached = false; }
+    /// The tables of a library that comes back into Artists.
+    void PutRowsBack(RowTables rows) { m_rows = std::move(rows); }
 
     /// The album of a real album row (1 and up).
     AlbumRecord& Album(qint32 albumRow);
@@ -54,15 +86,18 @@ private:
     void EmptySongs();
     void BuildSongRows();
     void BuildAllSongRows();
-    void SortSongsOfAllAlbumRows();
+    SongTables SongsOfAllAlbumRows() const;
     void MakeRememberedAlbumCurrent(const std::optional<AlbumKey>& album);
     void MakeRememberedSongCurrent();
 
-    BrowserState& m_state;
     MusicLibrary& m_library;
     TextFitting& m_textFitting;
     Form1Controls& m_controls;
-    Ordering m_ordering;
+    RowTables m_rows;
+    int m_lastArtistRow = -1;
+    int m_lastAlbumRow = -1;
+    bool m_refreshAlbums = false;
+    bool m_refreshSongs = false;
     /// The song to make current again when the song list is next rebuilt.
     std::optional<SongKey> m_rememberedSong;
 };

@@ -1,31 +1,60 @@
 #include "browser/MediaFilter.h"
 
-bool CorrectFiletype(const TabsControl& tbsFilter, qint16 Filetype) {
-    const QString tab = tbsFilter.SelectedCaption();
-    return tab == AllFilesTab() || (Filetype == KindAudio && tab == QLatin1String("Audio")) ||
-           (Filetype == KindVideo && tab == QLatin1String("Video"));
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+const std::array<std::pair<Filter, QString>, 3>& Captions() {
+    static const std::array<std::pair<Filter, QString>, 3> captions = {
+        {{Filter::AllFiles, QStringLiteral("All Files")},
+         {Filter::Audio, QStringLiteral("Audio")},
+         {Filter::Video, QStringLiteral("Video")}}};
+    return captions;
 }
 
-QString GetCorrectName(const TabsControl& tbsFilter) {
-    const QString tab = tbsFilter.SelectedCaption();
-    if (tab == AllFilesTab()) {
+} // namespace
+
+Filter SelectedFilter(const TabsControl& tbsFilter) {
+    const QString caption = tbsFilter.SelectedCaption();
+    const auto found = std::find_if(Captions().begin(), Captions().end(),
+                                    [&](const auto& tab) { return tab.second == caption; });
+    return found == Captions().end() ? Filter::Unknown : found->first;
+}
+
+bool CorrectFiletype(Filter filter, qint16 Filetype) {
+    return filter == Filter::AllFiles || (filter == Filter::Audio && Filetype == KindAudio) ||
+           (filter == Filter::Video && Filetype == KindVideo);
+}
+
+QString GetCorrectName(Filter filter) {
+    switch (filter) {
+    case Filter::AllFiles:
         return QStringLiteral(" Item");
-    }
-    if (tab == QLatin1String("Audio")) {
+    case Filter::Audio:
         return QStringLiteral(" Song");
+    case Filter::Video:
+        return QStringLiteral(" Video");
+    case Filter::Unknown:
+        break;
     }
-    return tab == QLatin1String("Video") ? QStringLiteral(" Video") : QString();
+    return {};
 }
 
-QString AllFilesTab() {
-    return QStringLiteral("All Files");
+QStringList FilterTabs() {
+    QStringList tabs;
+    for (const auto& tab : Captions()) {
+        tabs.append(tab.second);
+    }
+    return tabs;
 }
 
-MediaFilter::MediaFilter(BrowserState& state, const MusicLibrary& library,
-                         const DeviceSelection& devices, ArtistList& artistList,
+MediaFilter::MediaFilter(const MusicLibrary& library, const DeviceSelection& devices,
                          Form1Controls& controls)
-    : m_state(state), m_library(library), m_devices(devices), m_artistList(artistList),
-      m_controls(controls) {
+    : m_library(library), m_devices(devices), m_controls(controls) {
 }
 
 void MediaFilter::tbsFilter_Click() {
@@ -33,23 +62,8 @@ void MediaFilter::tbsFilter_Click() {
     if (m_devices.FilterLocked || m_library.TrackCount < 1) {
         return;
     }
-    if (m_lastCaption.isEmpty()) {
-        m_lastCaption = AllFilesTab();
+    const Filter filter = SelectedFilter(m_controls.tbsFilter);
+    if (std::exchange(m_lastFilter, filter) != filter) {
+        Raise(FilterChanged);
     }
-    const QString caption = m_controls.tbsFilter.SelectedCaption();
-    if (caption == m_lastCaption) {
-        return;
-    }
-    m_lastCaption = caption;
-    if (!m_state.SearchingText && caption == AllFilesTab()) {
-        const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
-        m_state.Search = false;
-        m_artistList.Clear(nothingShown);
-    } else {
-        Raise(RunSearch);
-    }
-}
-
-void MediaFilter::ResetState() {
-    m_lastCaption.clear();
 }

@@ -1,35 +1,40 @@
 #pragma once
 
-#include "browser/ArtistList.h"
 #include "library/DeviceSelection.h"
+#include "library/MusicLibrary.h"
 
-/// Whether a track of this kind passes the selected filter tab.
-bool CorrectFiletype(const TabsControl& tbsFilter, qint16 Filetype);
+/// Which kinds of tracks are shown. Its value is the selected tab's caption; under a tab of an
+/// unknown caption nothing is.
+enum class Filter { Unknown, AllFiles, Audio, Video };
 
-/// What the song list's "All" row calls its items under the selected tab, with a leading blank.
-QString GetCorrectName(const TabsControl& tbsFilter);
+/// The filter that the selected tab stands for.
+Filter SelectedFilter(const TabsControl& tbsFilter);
 
-/// The caption of the tab that filters nothing.
-QString AllFilesTab();
+/// Whether a track of this kind passes the filter.
+bool CorrectFiletype(Filter filter, qint16 Filetype);
+
+/// What the song list's "All" row calls its items under the filter, with a leading blank.
+QString GetCorrectName(Filter filter);
+
+/// The captions of the tabs, in their order.
+QStringList FilterTabs();
 
 /// The tab strip that narrows the library to one kind of file.
 class MediaFilter {
 public:
-    MediaFilter(BrowserState& state, const MusicLibrary& library, const DeviceSelection& devices,
-                ArtistList& artistList, Form1Controls& controls);
+    MediaFilter(const MusicLibrary& library, const DeviceSelection& devices,
+                Form1Controls& controls);
 
-    /// Raised when the result for the new tab must be built.
-    Event RunSearch;
+    /// Raised when another tab was chosen: the lists are to show what passes it.
+    Event FilterChanged;
 
     void tbsFilter_Click();
     /// Forgets the tab last acted on: a library that has just been loaded is shown unfiltered.
-    void ResetState();
+    void ResetState() { m_lastFilter = Filter::AllFiles; }
 
 private:
-    BrowserState& m_state;
     const MusicLibrary& m_library;
     const DeviceSelection& m_devices;
-    ArtistList& m_artistList;
     Form1Controls& m_controls;
-    QString m_lastCaption;
+    Filter m_lastFilter = Filter::AllFiles;
 };

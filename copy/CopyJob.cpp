@@ -23,10 +23,10 @@ bool IsSameFolder(const QString& name, const QString& otherName) {
 
 CopyJob::CopyJob(FileSystem& files, Messages& messages, EventLoop& events,
                  WindowManager& windowManager, Form1Controls& controls, MusicLibrary& library,
-                 BrowserState& state, ArtistList& artistList, SelectionSummary& summary,
+                 SearchResult& result, const Search& search, SelectionSummary& summary,
                  Destination& destination, OverwritePrompt& prompt)
     : m_files(files), m_messages(messages), m_events(events), m_windowManager(windowManager),
-      m_controls(controls), m_library(library), m_state(state), m_artistList(artistList),
+      m_controls(controls), m_library(library), m_result(result), m_search(search),
       m_summary(summary), m_destination(destination), m_prompt(prompt),
       m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, [this] { return MayGoOn(); }) {
 }
@@ -36,7 +36,7 @@ void CopyJob::cmdCopy_Click() {
         CancelCopy = true;
         return;
     }
-    if (m_state.SearchRunning) {
+    if (m_search.SearchRunning()) {
         return; // pressed in one of the search's yields, while neither library is whole
     }
     // What an earlier job was asked must not turn a stop of this one into the question to quit.
@@ -76,8 +76,8 @@ void CopyJob::Start() {
     m_controls.prgCopy.SetValue(0);
     CopiedBytes = 0;
     m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());
-    if (m_state.Search) {
-        m_artistList.UpdateOldArtists();
+    if (m_result.Search()) {
+        m_result.UpdateOldArtists();
         ExchangeLibraries();
     }
     m_fileTotal = m_summary.GetSelSongCount();
@@ -89,7 +89,7 @@ void CopyJob::Start() {
 
 /// Puts the full library in the place of the shown search result, or the result back in its place.
 void CopyJob::ExchangeLibraries() {
-    std::swap(m_library.Artists, m_state.SavedArtists);
+    m_result.ExchangeLibraries();
     m_resultIsAside = !m_resultIsAside;
 }
 
@@ -169,7 +169,7 @@ void CopyJob::Cleanup() {
     if (m_resultIsAside) {
         ExchangeLibraries();
     }
-    EnableControls(m_controls, m_state.SearchingText);
+    EnableControls(m_controls, m_search.SearchingText());
     // The design's caption has a capital D; both are meant.
     m_controls.cmdCopy.SetCaption(QStringLiteral("&Copy to destination"));
     m_controls.prgCopy.SetValue(0);

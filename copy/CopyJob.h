@@ -1,6 +1,5 @@
 #pragma once
 
-#include "browser/ArtistList.h"
 #include "copy/ChunkedCopy.h"
 #include "copy/CopyErrors.h"
 #include "copy/Destination.h"
@@ -11,7 +10,7 @@
 #include "platform/Form1Controls.h"
 #include "platform/Messages.h"
 #include "platform/WindowManager.h"
-#include "selection/SelectionSummary.h"
+#include "selection/Search.h"
 
 /// Copies every ticked track of the library into the destination folder. The job runs inside the
 /// click that starts it and yields to the event loop once per file and once per chunk of a large
@@ -19,8 +18,8 @@
 class CopyJob {
 public:
     CopyJob(FileSystem& files, Messages& messages, EventLoop& events, WindowManager& windowManager,
-            Form1Controls& controls, MusicLibrary& library, BrowserState& state,
-            ArtistList& artistList, SelectionSummary& summary, Destination& destination,
+            Form1Controls& controls, MusicLibrary& library, SearchResult& result,
+            const Search& search, SelectionSummary& summary, Destination& destination,
             OverwritePrompt& prompt);
 
     /// Creates, loads and shows the prompt for an existing file, and returns when it is closed.
@@ -91,8 +90,8 @@ private:
     WindowManager& m_windowManager;
     Form1Controls& m_controls;
     MusicLibrary& m_library;
-    BrowserState& m_state;
-    ArtistList& m_artistList;
+    SearchResult& m_result;
+    const Search& m_search;
     SelectionSummary& m_summary;
     Destination& m_destination;
     OverwritePrompt& m_prompt;

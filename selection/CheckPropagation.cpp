@@ -24,54 +24,50 @@ void FollowRollUp(ListControl& list) {
 
 } // namespace
 
-CheckPropagation::CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
+CheckPropagation::CheckPropagation(MusicLibrary& library, LinkedLists& lists,
                                    ArtistList& artistList, SelectionSummary& summary,
-                                   Form1Controls& controls)
-    : m_state(state), m_library(library), m_lists(lists), m_artistList(artistList),
-      m_summary(summary), m_controls(controls) {
+                                   Search& search, Form1Controls& controls)
+    : m_library(library), m_lists(lists), m_artistList(artistList), m_summary(summary),
+      m_search(search), m_controls(controls) {
 }
 
 void CheckPropagation::lstArtists_ItemCheck(int Item) {
-    if (m_state.Building) {
+    if (m_lists.Building) {
         return;
     }
-    ScopeGuard failed([this] { ShowLibraryAgain(); });
+    // Half done, a change has left marks that fit neither each other nor the lists.
+    ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     m_lists.lstArtists_Click();
     ChangeChecks(m_controls.lstArtists, [this, Item] { PropagateArtist(Item); });
     failed.Dismiss();
 }
 
 void CheckPropagation::lstAlbums_ItemCheck(int Item) {
-    if (m_state.Building) {
+    if (m_lists.Building) {
         return;
     }
-    ScopeGuard failed([this] { ShowLibraryAgain(); });
+    // Half done, a change has left marks that fit neither each other nor the lists.
+    ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     m_lists.lstAlbums_Click();
     ChangeChecks(m_controls.lstAlbums, [this, Item] { PropagateAlbum(Item); });
     failed.Dismiss();
 }
 
 void CheckPropagation::lstSongs_ItemCheck(int Item) {
-    if (m_state.Building) {
+    if (m_lists.Building) {
         return;
     }
-    ScopeGuard failed([this] { ShowLibraryAgain(); });
+    // Half done, a change has left marks that fit neither each other nor the lists.
+    ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     ChangeChecks(m_controls.lstSongs, [this, Item] { PropagateSong(Item); });
     failed.Dismiss();
-}
-
-/// Half done, a change has left marks that fit neither each other nor the lists.
-void CheckPropagation::ShowLibraryAgain() {
-    m_artistList.ShowLibraryAgain();
-    m_summary.CalculateSize(false);
 }
 
 /// The frame around every change: each SetSelected in `propagate` raises ItemCheck again, which
 /// ends at Building, and no list paints before all is done.
 template <class Propagate>
 void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) {
-    m_state.Building = true;
-    ScopeGuard building([this] { m_state.Building = false; });
+    NestedFlag::Guard building = m_lists.Building.Set();
     const int artistRow = m_controls.lstArtists.ListIndex();
     const int albumRow = m_controls.lstAlbums.ListIndex();
     const int songRow = m_controls.lstSongs.ListIndex();
@@ -85,7 +81,7 @@ void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) 
     m_controls.lstAlbums.SetListIndex(albumRow);
     m_controls.lstSongs.SetListIndex(songRow);
     m_summary.CalculateSize(false);
-    building.Run();
+    building.End();
     m_artistList.EnableCopy();
     raisedBy.SetFocus();
 }
@@ -102,7 +98,7 @@ void CheckPropagation::PropagateArtist(int Item) {
         }
     } else {
         FollowSingleRow(artists, ticked);
-        m_library.Artists.at(m_state.ArtistRows.at(artists.ListIndex())).Checked = ticked;
+        m_library.Artists.at(m_lists.Rows().ArtistRows.at(artists.ListIndex())).Checked = ticked;
     }
 
     for (int row = 0; row < m_controls.lstAlbums.ListCount(); ++row) {
@@ -176,7 +172,7 @@ void CheckPropagation::RollUpSongs(int Item) {
         }
         UpdateArtistCheck(0);
     } else {
-        const qint32 row = m_state.SongRowAlbumRow.at(Item);
+        const qint32 row = m_lists.Rows().Songs.SongRowAlbumRow.at(Item);
         AlbumRecord& album = m_lists.Album(row);
         album.Checked = AnyChecked(album.Tracks);
         albums.SetSelected(row, album.Checked);
@@ -190,7 +186,7 @@ void CheckPropagation::UpdateArtistCheck(int AlbumRow) {
     if (current >= 1) {
         // Not by SelCount: after a song was unticked, the "All" row of an artist's only album is
         // still ticked, and would keep the artist ticked with nothing chosen.
-        ArtistRecord& artist = m_library.Artists.at(m_state.AlbumRowArtist.at(1));
+        ArtistRecord& artist = m_library.Artists.at(m_lists.Rows().Albums.AlbumRowArtist.at(1));
         artist.Checked = AnyChecked(artist.Albums);
         artists.SetSelected(current, artist.Checked);
     } else if (AlbumRow < 1) {
@@ -208,7 +204,7 @@ void CheckPropagation::UpdateArtistCheck(int AlbumRow) {
 }
 
 void CheckPropagation::UpdateOneArtist(int albumRow) {
-    const qint32 index = m_state.AlbumRowArtist.at(albumRow);
+    const qint32 index = m_lists.Rows().Albums.AlbumRowArtist.at(albumRow);
     ArtistRecord& artist = m_library.Artists.at(index);
     const bool any = AnyChecked(artist.Albums);
     if (artist.Checked == any) {
@@ -216,7 +212,7 @@ void CheckPropagation::UpdateOneArtist(int albumRow) {
     }
     artist.Checked = any;
     for (int row = 1; row < m_controls.lstArtists.ListCount(); ++row) {
-        if (m_state.ArtistRows.at(row) == index) {
+        if (m_lists.Rows().ArtistRows.at(row) == index) {
             m_controls.lstArtists.SetSelected(row, any);
             return;
         }

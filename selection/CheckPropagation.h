@@ -1,15 +1,15 @@
 #pragma once
 
-#include "browser/ArtistList.h"
-#include "selection/SelectionSummary.h"
+#include "selection/Search.h"
 
 /// Keeps the check marks of the three lists and the Checked flags of the records in step: a change
 /// goes down to everything beneath the row and up to its parents. A parent is ticked while at least
 /// one of its children is; an "All" row exactly while every other row of its list is.
 class CheckPropagation {
 public:
-    CheckPropagation(BrowserState& state, MusicLibrary& library, LinkedLists& lists,
-                     ArtistList& artistList, SelectionSummary& summary, Form1Controls& controls);
+    /// `search` shows the library again where a change fails half way.
+    CheckPropagation(MusicLibrary& library, LinkedLists& lists, ArtistList& artistList,
+                     SelectionSummary& summary, Search& search, Form1Controls& controls);
 
     void lstArtists_ItemCheck(int Item);
     void lstAlbums_ItemCheck(int Item);
@@ -18,7 +18,6 @@ public:
 private:
     template <class Propagate>
     void ChangeChecks(ListControl& raisedBy, Propagate propagate);
-    void ShowLibraryAgain();
     void PropagateArtist(int Item);
     void PropagateAlbum(int Item);
     void PropagateSong(int Item);
@@ -27,10 +26,10 @@ private:
     void UpdateArtistCheck(int AlbumRow);
     void UpdateOneArtist(int albumRow);
 
-    BrowserState& m_state;
     MusicLibrary& m_library;
     LinkedLists& m_lists;
     ArtistList& m_artistList;
     SelectionSummary& m_summary;
+    Search& m_search;
     Form1Controls& m_controls;
 };

@@ -51,11 +51,12 @@ bool SplitSearch(const QString& FindText, const QString& InText) {
     return HasEveryWord(WordsOf(FindText), InText);
 }
 
-Search::Search(BrowserState& state, MusicLibrary& library, ArtistList& artistList,
-               SelectionSummary& summary, EventLoop& eventLoop, WindowManager& windowManager,
-               Form1Controls& controls)
-    : m_state(state), m_library(library), m_artistList(artistList), m_summary(summary),
-      m_eventLoop(eventLoop), m_windowManager(windowManager), m_controls(controls) {
+Search::Search(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
+               ArtistList& artistList, SelectionSummary& summary, EventLoop& eventLoop,
+               WindowManager& windowManager, Form1Controls& controls)
+    : m_library(library), m_lists(lists), m_result(result), m_artistList(artistList),
+      m_summary(summary), m_eventLoop(eventLoop), m_windowManager(windowManager),
+      m_controls(controls) {
 }
 
 bool Search::AllowSearch() const {
@@ -66,25 +67,52 @@ bool Search::AllowSearch() const {
 
 void Search::ResetState() {
     m_lowered.clear();
+    m_searchRunning = m_searchPending = false;
+    ForgetText();
+}
+
+void Search::ForgetText() {
+    m_searchingText = false;
+    m_searchString.clear();
+}
+
+bool Search::NothingIsShown() const {
+    return m_controls.lstArtists.ListCount() == 0;
+}
+
+bool Search::IsAllFiles() const {
+    return SelectedFilter(m_controls.tbsFilter) == Filter::AllFiles;
 }
 
 void Search::cmdSearch_Click() {
-    if (m_state.SearchRunning) {
+    if (m_searchRunning) {
         return; // pressed in one of the search's own yields
     }
     m_controls.txtSearch.SetFocus();
     if (AllowSearch()) {
-        m_state.SearchingText = true;
-        m_state.SearchString = m_controls.txtSearch.Text();
+        m_searchingText = true;
+        m_searchString = m_controls.txtSearch.Text();
         DoSearch();
-    } else if (m_state.Search) {
-        m_artistList.cmdClear_Click();
+    } else if (m_result.Search()) {
+        cmdClear_Click();
+    }
+}
+
+void Search::cmdClear_Click() {
+    if (m_searchRunning) {
+        return; // the search yields; it ends by itself in a moment
+    }
+    m_controls.txtSearch.SetFocus();
+    m_controls.cmdClear.SetEnabled(false);
+    if (m_result.Search()) {
+        ForgetText();
+        ShowFiltered();
     }
 }
 
 void Search::txtSearch_Change() {
-    if (m_state.SearchRunning) {
-        m_state.SearchPending = true;
+    if (m_searchRunning) {
+        m_searchPending = true;
     } else {
         cmdSearch_Click();
     }
@@ -103,71 +131,90 @@ void Search::lblSearch_Click() {
     m_controls.txtSearch.SetFocus();
 }
 
+void Search::ShowFiltered() {
+    if (m_searchingText || !IsAllFiles()) {
+        DoSearch();
+        return;
+    }
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
+    m_result.End();
+    m_artistList.Clear(NothingIsShown());
+    failed.Dismiss();
+}
+
 void Search::DoSearch() {
     // Without tracks, Artists may still hold the records of an earlier device.
-    if (m_state.SearchRunning || m_library.TrackCount < 1) {
+    if (m_searchRunning || m_library.TrackCount < 1) {
         return;
     }
     const bool tabsHadFocus = m_windowManager.GetFocus() == m_controls.tbsFilter.Handle();
-    ScopeGuard failed([this] {
-        m_artistList.ShowLibraryAgain();
-        m_summary.CalculateSize(false);
-    });
+    ScopeGuard failed([this] { ShowLibraryAgain(); });
+    NestedFlag::Guard building = m_lists.Building.Set();
     BeginSearch();
     for (;;) {
         ReplaceLibrary(BuildResult());
-        if (!m_state.SearchPending) {
+        if (!m_searchPending) {
             break;
         }
         RestartOnNewText();
     }
     EndSearch();
+    building.End();
     // Disabled, the tabs lost it; a user who types meanwhile keeps it.
     if (tabsHadFocus && m_windowManager.GetFocus() != m_controls.txtSearch.Handle()) {
         m_controls.tbsFilter.SetFocus();
     }
     ShowResult();
     failed.Dismiss();
-    if (!m_state.SearchingText && m_controls.tbsFilter.SelectedCaption() == AllFilesTab()) {
-        m_artistList.cmdClear_Click(); // the text was deleted while the search ran
+    if (!m_searchingText && IsAllFiles()) {
+        cmdClear_Click(); // the text was deleted while the search ran
     }
 }
 
 void Search::BeginSearch() {
     m_eventLoop.BeginWork(); // else each keystroke would show the tabs grey for a moment
-    const bool nothingShown = m_controls.lstArtists.ListCount() == 0;
-    if (m_state.Search) {
-        m_artistList.Clear(nothingShown);
+    if (m_result.Search()) {
+        m_artistList.PutLibraryBack(NothingIsShown());
     } else {
-        m_artistList.RememberRows(nothingShown);
+        m_artistList.RememberRows(NothingIsShown());
     }
-    m_state.Search = true;
-    m_controls.cmdClear.SetEnabled(m_state.SearchingText);
-    m_state.SearchRunning = true;
-    m_state.Building = true;
+    m_result.Begin();
+    m_controls.cmdClear.SetEnabled(m_searchingText);
+    m_searchRunning = true;
     m_controls.Picture2.SetEnabled(false);
     m_controls.tbsFilter.SetEnabled(false);
-    m_state.SavedRows = {m_state.AlbumRowAlbum,   m_state.AlbumRowArtist, m_state.SongRowTrack,
-                         m_state.SongRowAlbumRow, m_state.AllSongsCache,  m_state.AllSongsCached};
     LowerNames();
 }
 
 void Search::EndSearch() {
     m_controls.tbsFilter.SetEnabled(true);
     m_controls.Picture2.SetEnabled(true);
-    m_state.Building = false;
-    m_state.SearchRunning = false;
+    m_searchRunning = false;
+}
+
+void Search::ShowLibraryAgain() {
+    EndSearch();
+    m_searchPending = false;
+    ForgetText();
+    m_artistList.RecoverLibrary();
+    m_controls.cmdClear.SetEnabled(false);
+    if (!IsAllFiles()) {
+        m_controls.tbsFilter.Select(0);
+    }
+    m_artistList.RebuildLists();
+    m_artistList.EnableCopy();
+    m_summary.CalculateSize(false);
 }
 
 /// A result for an outdated text is never shown. The text may have been deleted meanwhile, or may
 /// be the first one while a filter tab was being applied.
 void Search::RestartOnNewText() {
-    m_state.SearchPending = false;
-    m_state.SearchString = m_controls.txtSearch.Text();
-    m_state.SearchingText = AllowSearch();
-    m_controls.cmdClear.SetEnabled(m_state.SearchingText);
-    m_artistList.Clear(true);
-    m_state.Building = true;
+    m_searchPending = false;
+    m_searchString = m_controls.txtSearch.Text();
+    m_searchingText = AllowSearch();
+    m_controls.cmdClear.SetEnabled(m_searchingText);
+    m_result.PutLibraryBack();
+    m_artistList.EnableLists();
 }
 
 void Search::LowerNames() {
@@ -193,8 +240,8 @@ void Search::LowerNames() {
 }
 
 std::vector<ArtistRecord> Search::BuildResult() {
-    const bool allFiles = m_controls.tbsFilter.SelectedCaption() == AllFilesTab();
-    const QStringList words = WordsOf(m_state.SearchString.toLower());
+    const bool allFiles = IsAllFiles();
+    const QStringList words = WordsOf(m_searchString.toLower());
     std::vector<ArtistRecord> result;
     for (size_t i = 0; i < m_library.Artists.size(); ++i) {
         const ArtistRecord& artist = m_library.Artists[i];
@@ -213,7 +260,7 @@ std::vector<ArtistRecord> Search::BuildResult() {
 
 ArtistRecord Search::MatchingAlbums(const ArtistRecord& artist, const LoweredArtist& lowered,
                                     const QStringList& words, bool artistMatches) {
-    const bool allFiles = m_controls.tbsFilter.SelectedCaption() == AllFilesTab();
+    const bool allFiles = IsAllFiles();
     ArtistRecord found = WithoutAlbums(artist);
     for (size_t i = 0; i < artist.Albums.size(); ++i) {
         const AlbumRecord& album = artist.Albums[i];
@@ -224,7 +271,7 @@ ArtistRecord Search::MatchingAlbums(const ArtistRecord& artist, const LoweredArt
             continue;
         }
         m_eventLoop.Yield();
-        if (m_state.SearchPending) {
+        if (m_searchPending) {
             break; // the text has changed: this result will be thrown away
         }
         AlbumRecord tracks = MatchingTracks(album, lowered.Albums.at(i), words, matches);
@@ -238,12 +285,13 @@ ArtistRecord Search::MatchingAlbums(const ArtistRecord& artist, const LoweredArt
 
 AlbumRecord Search::MatchingTracks(const AlbumRecord& album, const LoweredAlbum& lowered,
                                    const QStringList& words, bool albumMatches) const {
+    const Filter filter = SelectedFilter(m_controls.tbsFilter);
     AlbumRecord found;
     found.Name = album.Name;
     found.Checked = album.Checked;
     for (size_t i = 0; i < album.Tracks.size(); ++i) {
         const TrackRecord& track = album.Tracks[i];
-        if (CorrectFiletype(m_controls.tbsFilter, track.Kind) &&
+        if (CorrectFiletype(filter, track.Kind) &&
             (albumMatches || HasEveryWord(words, lowered.Titles.at(i)))) {
             found.Tracks.push_back(track);
             found.Tracks.back().SourceIndex = static_cast<qint32>(i);
@@ -254,11 +302,9 @@ AlbumRecord Search::MatchingTracks(const AlbumRecord& album, const LoweredAlbum&
 
 void Search::ReplaceLibrary(std::vector<ArtistRecord> result) {
     const qint32 checked = m_summary.GetSelSongCount();
-    m_state.SavedArtists = std::move(m_library.Artists);
-    m_library.Artists = std::move(result);
-    m_state.AllSongsCached = false;
+    m_result.ReplaceLibrary(std::move(result));
     if (m_summary.GetSelSongCount() < checked) {
-        m_state.CheckedHidden = true;
+        m_result.SetCheckedHidden();
     }
 }
 

@@ -10,22 +10,36 @@
 bool SplitSearch(const QString& FindText, const QString& InText);
 
 /// Narrows the lists to the records whose name holds every word typed and whose kind passes the
-/// filter tab. The result takes the place of Artists until ArtistList::Clear puts the full library
-/// back.
+/// filter tab, and ends that again. The result takes the place of Artists until the full library is
+/// put back.
 class Search {
 public:
-    Search(BrowserState& state, MusicLibrary& library, ArtistList& artistList,
+    Search(MusicLibrary& library, LinkedLists& lists, SearchResult& result, ArtistList& artistList,
            SelectionSummary& summary, EventLoop& eventLoop, WindowManager& windowManager,
            Form1Controls& controls);
 
+    /// The search is running: it yields, and neither library is whole meanwhile.
+    bool SearchRunning() const { return m_searchRunning; }
+    /// The text changed while the search was running: it must start again.
+    bool SearchPending() const { return m_searchPending; }
+    /// A text search is in force, for SearchString.
+    bool SearchingText() const { return m_searchingText; }
+    const QString& SearchString() const { return m_searchString; }
+
     /// Builds and shows the result for SearchString and the selected filter tab.
     void DoSearch();
+    /// Shows what passes the filter tab that has just been chosen.
+    void ShowFiltered();
     /// Whether the search box holds anything but blanks.
     bool AllowSearch() const;
-    /// Forgets the names of a library that leaves.
+    /// The way out for a handler that failed with the lists half changed: shows the full library
+    /// from its records, unfiltered, with every list on its "All" row.
+    void ShowLibraryAgain();
+    /// Forgets everything about a library that leaves.
     void ResetState();
 
     void cmdSearch_Click();
+    void cmdClear_Click();
     void txtSearch_Change();
     void txtSearch_GotFocus();
     void txtSearch_LostFocus();
@@ -53,13 +67,21 @@ private:
                                const QStringList& words, bool albumMatches) const;
     void ReplaceLibrary(std::vector<ArtistRecord> result);
     void ShowResult();
+    void ForgetText();
+    bool NothingIsShown() const;
+    bool IsAllFiles() const;
 
-    BrowserState& m_state;
     MusicLibrary& m_library;
+    LinkedLists& m_lists;
+    SearchResult& m_result;
     ArtistList& m_artistList;
     SelectionSummary& m_summary;
     EventLoop& m_eventLoop;
     WindowManager& m_windowManager;
     Form1Controls& m_controls;
     std::vector<LoweredArtist> m_lowered;
+    QString m_searchString;
+    bool m_searchRunning = false;
+    bool m_searchPending = false;
+    bool m_searchingText = false;
 };

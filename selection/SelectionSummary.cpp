@@ -23,9 +23,9 @@ QString Whole(double number) {
 
 } // namespace
 
-SelectionSummary::SelectionSummary(const BrowserState& state, const MusicLibrary& library,
+SelectionSummary::SelectionSummary(const SearchResult& result, const MusicLibrary& library,
                                    Form1Controls& controls)
-    : m_state(state), m_library(library), m_controls(controls) {
+    : m_result(result), m_library(library), m_controls(controls) {
 }
 
 qint32 SelectionSummary::GetSelSongCount() const {
@@ -45,7 +45,7 @@ void SelectionSummary::CalculateSize(bool GetSearchTFS) {
     const double size = CheckedSize();
     if (GetSearchTFS) {
         SearchBaseSize = size;
-    } else if (!m_state.Search) {
+    } else if (!m_result.Search()) {
         SelectedSize = size;
     } else {
         // Ticked songs that the search hides are still counted: only what changed is added.
@@ -57,6 +57,11 @@ void SelectionSummary::CalculateSize(bool GetSearchTFS) {
     m_controls.lblMessage.SetCaption(
         QStringLiteral("Selected: %1 of %2")
             .arg(GetSizeInText(SelectedSize), GetSizeInText(m_library.TotalSize)));
+}
+
+void SelectionSummary::ResetState() {
+    SelectedSize = SearchBaseSize = 0;
+    m_controls.prgCopy.SetValue(0);
 }
 
 QString GetSizeInText(double Bytes) {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "browser/BrowserState.h"
+#include "browser/SearchResult.h"
 #include "library/MusicLibrary.h"
 #include "platform/Form1Controls.h"
 
 /// Counts and sizes of what is ticked, and the summary line and bar that show them.
 class SelectionSummary {
 public:
-    SelectionSummary(const BrowserState& state, const MusicLibrary& library,
+    SelectionSummary(const SearchResult& result, const MusicLibrary& library,
                      Form1Controls& controls);
 
     /// Bytes of all ticked tracks of the whole library, those hidden by a search included.
@@ -19,11 +19,13 @@ public:
     qint32 GetSelSongCount() const;
     /// Recomputes the sizes and shows them. With `GetSearchTFS` only the search's baseline moves.
     void CalculateSize(bool GetSearchTFS);
+    /// Forgets the sizes of a library that leaves, and empties the bar that showed them.
+    void ResetState();
 
 private:
     double CheckedSize() const;
 
-    const BrowserState& m_state;
+    const SearchResult& m_result;
     const MusicLibrary& m_library;
     Form1Controls& m_controls;
 };

@@ -44,13 +44,12 @@ protected:
     FakeFileSystem files;
     FakeMessages messages;
     MusicLibrary library;
-    BrowserState state;
     TextFitting textFitting{form.WindowManager, form.Controls};
-    LinkedLists lists{state, library, textFitting, form.Controls};
+    LinkedLists lists{library, textFitting, form.Controls};
     ObservedWindow frmPreview;
     ObservedPlayer player;
     PreviewControls controls{frmPreview, player};
-    Preview preview{state, lists, files, messages, form.Controls, controls};
+    Preview preview{lists, files, messages, form.Controls, controls};
 
     PreviewTest() {
         AlbumRecord clips;
@@ -63,10 +62,10 @@ protected:
         library.Artists = {{.Name = Text("Abba"), .Albums = {arrival, clips}}};
         library.TrackCount = 3;
         // The rows stand in another order than the records.
-        state.AlbumRowArtist = {0, 0, 0};
-        state.AlbumRowAlbum = {0, 0, 1};
-        state.SongRowAlbumRow = {0, 1, 1, 2};
-        state.SongRowTrack = {0, 1, 0, 0};
+        RowTables rows;
+        rows.Albums = {.AlbumRowArtist = {0, 0, 0}, .AlbumRowAlbum = {0, 0, 1}};
+        rows.Songs = {.SongRowTrack = {0, 1, 0, 0}, .SongRowAlbumRow = {0, 1, 1, 2}};
+        lists.PutRowsBack(rows);
         form.lstSongs.Fill(
             {{Text("All (3 Songs)")}, {Text("Money")}, {Text("Tiger")}, {Text("Waterloo")}});
         for (const QString& path : {film, money, tiger}) {
@@ -210,7 +209,7 @@ TEST_F(PreviewTest, OfTheAllRowOrOfNoRowDoesNothing) {
 
 TEST_F(PreviewTest, WhileTheListsAreBeingChangedDoesNothing) {
     form.lstSongs.SetListIndex(1);
-    state.Building = true;
+    const NestedFlag::Guard building = lists.Building.Set();
     preview.mnuPreview_Click();
     EXPECT_TRUE(player.Sources.isEmpty());
     EXPECT_EQ(frmPreview.ShowCount, 0);

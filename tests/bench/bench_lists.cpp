@@ -81,19 +81,16 @@ BENCHMARK(SortSongs)->Apply(ForEverySize);
 struct Parts {
     explicit Parts(BenchWindow& window)
         : Music(window.Files(), window.MessageBoxes(), window.Controls()),
-          Fitting(Windows, window.Controls()),
-          Lists(State, Music.Library, Fitting, window.Controls()),
-          Artists(State, Music.Library, Lists, window.Controls()),
-          Summary(State, Music.Library, window.Controls()) {
+          Fitting(Windows, window.Controls()), Lists(Music.Library, Fitting, window.Controls()),
+          Result(Music.Library, Lists), Summary(Result, Music.Library, window.Controls()) {
         Music.LoadITunesDB(QStringLiteral("E:"));
     }
 
     QtWindowManager Windows;
-    BrowserState State;
     LoadMusic Music;
     TextFitting Fitting;
     LinkedLists Lists;
-    ArtistList Artists;
+    SearchResult Result;
     SelectionSummary Summary;
 };
 
@@ -102,8 +99,8 @@ void ArtistListShown(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
     Parts parts(window);
     for (auto _ : state) {
-        parts.Artists.BuildArtistList();
-        parts.Artists.FillArtists();
+        parts.Lists.BuildArtistList();
+        parts.Lists.FillArtists();
     }
     state.SetComplexityN(state.range(0));
 }
@@ -112,9 +109,10 @@ BENCHMARK(ArtistListShown)->Apply(ForEverySize);
 void AllAlbumsShown(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
     Parts parts(window);
-    Ordering ordering(parts.State, parts.Music.Library);
     for (auto _ : state) {
-        ordering.SortAlbums(true);
+        RowTables rows;
+        rows.Albums = ::SortAlbums(parts.Music.Library, true);
+        parts.Lists.PutRowsBack(std::move(rows));
         parts.Lists.FillAlbums();
     }
     state.SetComplexityN(state.range(0));
@@ -124,10 +122,12 @@ BENCHMARK(AllAlbumsShown)->Apply(ForEverySize);
 void AllSongsShown(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
     Parts parts(window);
-    Ordering ordering(parts.State, parts.Music.Library);
-    ordering.SortAlbums(true);
+    const AlbumTables albums = ::SortAlbums(parts.Music.Library, true);
     for (auto _ : state) {
-        ordering.SortTracks5();
+        RowTables rows;
+        rows.Albums = albums;
+        rows.Songs = SortTracks5(parts.Music.Library, albums);
+        parts.Lists.PutRowsBack(std::move(rows));
         parts.Lists.FillSongs();
     }
     state.SetComplexityN(state.range(0));

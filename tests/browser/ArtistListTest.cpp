@@ -50,7 +50,7 @@ Abba
 TEST(ArtistList, SeveralArtistsReadAllArtists) {
     BrowserFixture browser(TwoArtists);
     EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(browser.State.ArtistRows, (RowTable{0, 1, 0}));
+    EXPECT_EQ(browser.Linked.Rows().ArtistRows, (RowTable{0, 1, 0}));
 }
 
 TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex12StandsBeforeTheOneAtIndex7) {
@@ -60,14 +60,15 @@ TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex12StandsBeforeTheOneAtIndex7)
                                        : QStringLiteral("Z") + QChar(u'a' + i));
     }
     BrowserFixture browser(ArtistsNamed(names));
-    EXPECT_EQ(browser.State.ArtistRows, (RowTable{0, 12, 7, 0, 1, 2, 3, 4, 5, 6, 8, 9, 10, 11}));
+    EXPECT_EQ(browser.Linked.Rows().ArtistRows,
+              (RowTable{0, 12, 7, 0, 1, 2, 3, 4, 5, 6, 8, 9, 10, 11}));
 }
 
 TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex10StandsBeforeTheOneAtIndex9) {
     QStringList names(11, QStringLiteral("Zappa"));
     names[9] = names[10] = QStringLiteral("Abba");
     BrowserFixture browser(ArtistsNamed(names));
-    EXPECT_EQ(browser.State.ArtistRows, (RowTable{0, 10, 9, 0, 1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(browser.Linked.Rows().ArtistRows, (RowTable{0, 10, 9, 0, 1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
 TEST(ArtistList, AnArtistNamedAbba2StandsBeforeAbba) {
@@ -87,8 +88,8 @@ TEST(ArtistList, AnEmptyLibraryShowsAll0ArtistsChecked) {
 TEST(ArtistList, BuildingTheArtistRowsTouchesNoListAndKeepsTheRecordsInTheirOrder) {
     BrowserFixture browser("");
     browser.Library.Artists = RecordsOf(TwoArtists);
-    browser.Artists.BuildArtistList();
-    EXPECT_EQ(browser.State.ArtistRows, (RowTable{0, 1, 0}));
+    browser.Linked.BuildArtistList();
+    EXPECT_EQ(browser.Linked.Rows().ArtistRows, (RowTable{0, 1, 0}));
     EXPECT_EQ(browser.lstArtists.FillCount, 0);
     EXPECT_EQ(browser.Library.Artists[0].Name, QStringLiteral("Queen"));
 }
@@ -101,7 +102,7 @@ TEST(ArtistList, ANewLibraryShowsTheAlbumsOfTheFirstArtist) {
     EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Money, Tiger");
     EXPECT_EQ(Current(browser.lstSongs), "All (2 Items)");
     EXPECT_EQ(browser.FullName(), "Abba");
-    EXPECT_FALSE(browser.State.Building);
+    EXPECT_FALSE(browser.Linked.Building);
 }
 
 TEST(ArtistList, AnotherLibraryStartsOnItsFirstArtistTooWhateverWasCurrentBefore) {
@@ -168,24 +169,25 @@ TEST(ArtistList, WhatIsWrittenBackIsFoundThroughSourceIndex) {
     browser.Library.Artists[0].Checked = true;
     browser.Library.Artists[0].Albums[0].Checked = true;
     browser.Library.Artists[0].Albums[0].Tracks[0].Checked = true;
-    browser.Artists.UpdateOldArtists();
-    EXPECT_EQ(CheckedRecords(browser.State.SavedArtists), "Abba, Abba/Arrival, Abba/Arrival/Tiger");
+    browser.Result.UpdateOldArtists();
+    EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()),
+              "Abba, Abba/Arrival, Abba/Arrival/Tiger");
 }
 
 TEST(ArtistList, ThePassOverTheFullLibraryOnlyEverTicks) {
     BrowserFixture browser(TwoArtists);
+    browser.Library.Artists[0].Albums[1].Checked = true; // no track under it is
     browser.Type("tiger");
-    browser.State.SavedArtists[0].Albums[1].Checked = true; // no track under it is
-    browser.Artists.UpdateOldArtists();
-    EXPECT_EQ(CheckedRecords(browser.State.SavedArtists), "Queen/Innuendo");
+    browser.Result.UpdateOldArtists();
+    EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()), "Queen/Innuendo");
 }
 
 TEST(ArtistList, NothingIsWrittenBackFromASearchThatFoundNothing) {
     BrowserFixture browser(TwoArtists);
+    browser.Library.Artists[0].Albums[0].Tracks[0].Checked = true;
     browser.Type("nowhere");
-    browser.State.SavedArtists[0].Albums[0].Tracks[0].Checked = true;
-    browser.Artists.UpdateOldArtists();
-    EXPECT_EQ(CheckedRecords(browser.State.SavedArtists), "Queen/Jazz/Mustapha");
+    browser.Result.UpdateOldArtists();
+    EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()), "Queen/Jazz/Mustapha");
 }
 
 // ---- the way back to the full library
@@ -196,7 +198,7 @@ TEST(ArtistList, ClearWithNoFoundLeavesEveryListOnItsAllRow) {
     browser.Click(browser.lstArtists, "Queen");
     browser.Click(browser.lstAlbums, "Innuendo");
     browser.Click(browser.lstSongs, "Bijou");
-    browser.State.Search = false;
+    browser.Result.End();
     browser.Artists.Clear(true);
     EXPECT_EQ(Current(browser.lstArtists), "All (2 Artists)");
     EXPECT_EQ(Current(browser.lstAlbums), "All (3 Albums)");
@@ -262,58 +264,60 @@ Abba
 TEST(ArtistList, TheFullLibraryComesBackWholeAndIsKeptNowhereElse) {
     BrowserFixture browser(TwoArtists);
     browser.Type("tiger");
-    EXPECT_EQ(browser.State.SavedArtists.size(), 2U);
+    EXPECT_EQ(browser.Result.SavedArtists().size(), 2U);
     browser.Form.cmdClear.UserPress();
     ASSERT_EQ(browser.Library.Artists.size(), 2U);
     EXPECT_EQ(browser.Library.Artists[0].Albums[1].Tracks[1].Title, QStringLiteral("Bijou"));
     EXPECT_EQ(browser.Library.Artists[1].Albums[0].Tracks.size(), 2U);
-    EXPECT_TRUE(browser.State.SavedArtists.empty());
-    EXPECT_FALSE(browser.State.Search);
-    EXPECT_FALSE(browser.State.Building);
-    EXPECT_FALSE(browser.State.Restoring);
+    EXPECT_TRUE(browser.Result.SavedArtists().empty());
+    EXPECT_FALSE(browser.Result.Search());
+    EXPECT_FALSE(browser.Linked.Building);
+    EXPECT_FALSE(browser.Linked.Restoring);
 }
 
-TEST(ArtistList, ClearWhileSearchIsTruePutsTheLibraryAndItsTablesBackAndShowsNothingYet) {
+TEST(ArtistList, TheFirstHalfOfClearPutsTheLibraryAndItsTablesBackAndShowsNothingYet) {
     BrowserFixture browser(TwoArtists);
     browser.Click(browser.lstArtists, "All");
-    const BrowserState before = browser.State;
+    const RowTables before = browser.Linked.Rows();
     browser.Type("bijou");
-    ASSERT_NE(browser.State.AlbumRowArtist, before.AlbumRowArtist);
-    ASSERT_NE(browser.State.AlbumRowAlbum, before.AlbumRowAlbum);
-    ASSERT_NE(browser.State.SongRowTrack, before.SongRowTrack);
-    ASSERT_NE(browser.State.SongRowAlbumRow, before.SongRowAlbumRow);
+    ASSERT_NE(browser.Linked.Rows().Albums.AlbumRowArtist, before.Albums.AlbumRowArtist);
+    ASSERT_NE(browser.Linked.Rows().Albums.AlbumRowAlbum, before.Albums.AlbumRowAlbum);
+    ASSERT_NE(browser.Linked.Rows().Songs.SongRowTrack, before.Songs.SongRowTrack);
+    ASSERT_NE(browser.Linked.Rows().Songs.SongRowAlbumRow, before.Songs.SongRowAlbumRow);
     const int fills = browser.lstArtists.FillCount;
-    browser.Artists.Clear();
+    browser.Artists.PutLibraryBack(false);
     EXPECT_EQ(browser.Library.Artists.size(), 2U);
-    EXPECT_EQ(browser.State.AlbumRowArtist, before.AlbumRowArtist);
-    EXPECT_EQ(browser.State.AlbumRowAlbum, before.AlbumRowAlbum);
-    EXPECT_EQ(browser.State.SongRowTrack, before.SongRowTrack);
-    EXPECT_EQ(browser.State.SongRowAlbumRow, before.SongRowAlbumRow);
-    EXPECT_EQ(browser.State.AllSongsCache.SongRowTrack, before.AllSongsCache.SongRowTrack);
+    EXPECT_EQ(browser.Linked.Rows().Albums.AlbumRowArtist, before.Albums.AlbumRowArtist);
+    EXPECT_EQ(browser.Linked.Rows().Albums.AlbumRowAlbum, before.Albums.AlbumRowAlbum);
+    EXPECT_EQ(browser.Linked.Rows().Songs.SongRowTrack, before.Songs.SongRowTrack);
+    EXPECT_EQ(browser.Linked.Rows().Songs.SongRowAlbumRow, before.Songs.SongRowAlbumRow);
+    EXPECT_EQ(browser.Linked.Rows().AllSongsCache.SongRowTrack, before.AllSongsCache.SongRowTrack);
     EXPECT_EQ(browser.lstArtists.FillCount, fills);
     EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Queen");
-    EXPECT_FALSE(browser.State.Building);
+    EXPECT_FALSE(browser.Linked.Building);
 }
 
-TEST(ArtistList, ClearWhileSearchIsTrueEnablesTheListsThatASearchHadDisabled) {
+TEST(ArtistList, TheFirstHalfOfClearEnablesTheListsThatASearchHadDisabled) {
     BrowserFixture browser(TwoArtists);
     browser.Type("nowhere");
-    browser.Artists.Clear(true);
+    browser.Artists.PutLibraryBack(true);
     EXPECT_TRUE(browser.lstArtists.Enabled());
     EXPECT_TRUE(browser.lstAlbums.Enabled());
     EXPECT_TRUE(browser.lstSongs.Enabled());
     EXPECT_EQ(browser.lstArtists.ListCount(), 0);
 }
 
-TEST(ArtistList, ClearForARunningSearchNeitherRemembersRowsNorWritesMarksBack) {
+TEST(ArtistList, ASearchThatStartsAgainNeitherRemembersRowsNorWritesMarksBack) {
     BrowserFixture browser(TwoArtists);
-    browser.Type("bijou");
     browser.Click(browser.lstArtists, "Queen");
-    browser.State.AllRowWasCurrent = {true, true, true};
-    browser.Library.Artists[0].Checked = true;
-    browser.State.SearchRunning = true;
-    browser.Artists.Clear();
-    EXPECT_EQ(browser.State.AllRowWasCurrent, (std::array<bool, 3>{true, true, true}));
+    browser.Events.OnYield = [&browser](int yield) {
+        if (yield == 1) {
+            browser.lstArtists.SetListIndex(0); // whatever happens to the lists meanwhile
+            browser.Type("jazz");
+        }
+    };
+    browser.Type("bijou");
+    EXPECT_EQ(browser.Artists.AllRowWasCurrent(), (std::array<bool, 3>{false, true, true}));
     EXPECT_EQ(CheckedRecords(browser.Library.Artists), "");
 }
 
@@ -364,8 +368,8 @@ TEST(ArtistList, CmdClearTakesTheFocusToTheSearchBoxAndEndsTheSearch) {
     browser.Form.cmdClear.UserPress();
     EXPECT_TRUE(browser.Form.txtSearch.HasFocus());
     EXPECT_FALSE(browser.Form.cmdClear.Enabled());
-    EXPECT_FALSE(browser.State.SearchingText);
-    EXPECT_EQ(browser.State.SearchString, QString());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
+    EXPECT_EQ(browser.WordSearch.SearchString(), QString());
     EXPECT_EQ(browser.Form.txtSearch.Text(), QStringLiteral("bijou"));
 }
 
@@ -393,8 +397,8 @@ Abba
     EXPECT_EQ(Texts(browser.lstSongs), "All (1 Song), Tiger");
     browser.Form.cmdClear.UserPress();
     EXPECT_EQ(Texts(browser.lstSongs), "All (2 Songs), Money, Tiger");
-    EXPECT_TRUE(browser.State.Search);
-    EXPECT_FALSE(browser.State.SearchingText);
+    EXPECT_TRUE(browser.Result.Search());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
     EXPECT_FALSE(browser.Form.cmdClear.Enabled());
 }
 

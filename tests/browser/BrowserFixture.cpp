@@ -91,43 +91,11 @@ BrowserFixture::BrowserFixture(const char* description) : BrowserFixture(Records
 }
 
 BrowserFixture::BrowserFixture(std::vector<ArtistRecord> artists) {
-    Wire();
     Load(std::move(artists));
 }
 
-void BrowserFixture::Wire() {
-    WireLists();
-    Form.tbsFilter.Click = [this] { Filter.tbsFilter_Click(); };
-    Form.txtSearch.Change = [this] { WordSearch.txtSearch_Change(); };
-    Form.txtSearch.GotFocus = [this] { WordSearch.txtSearch_GotFocus(); };
-    Form.txtSearch.LostFocus = [this] { WordSearch.txtSearch_LostFocus(); };
-    Form.lblSearch.Click = [this] { WordSearch.lblSearch_Click(); };
-    Form.cmdSearch.Click = [this] { WordSearch.cmdSearch_Click(); };
-    Form.cmdClear.Click = [this] { Artists.cmdClear_Click(); };
-    Filter.RunSearch = [this] { WordSearch.DoSearch(); };
-    Artists.RunSearch = [this] { WordSearch.DoSearch(); };
-}
-
-void BrowserFixture::WireLists() {
-    lstArtists.Click = [this] { Linked.lstArtists_Click(); };
-    lstAlbums.Click = [this] { Linked.lstAlbums_Click(); };
-    lstSongs.Click = [this] { Linked.lstSongs_Click(); };
-    lstArtists.ItemCheck = [this](int row) { Checks.lstArtists_ItemCheck(row); };
-    lstAlbums.ItemCheck = [this](int row) { Checks.lstAlbums_ItemCheck(row); };
-    lstSongs.ItemCheck = [this](int row) { Checks.lstSongs_ItemCheck(row); };
-    lstArtists.MouseMove = [this](const MouseState&) { Fitting.lstArtists_MouseMove(); };
-    lstAlbums.MouseMove = [this](const MouseState&) { Fitting.lstAlbums_MouseMove(); };
-    lstSongs.MouseMove = [this](const MouseState&) { Fitting.lstSongs_MouseMove(); };
-    lstArtists.Scroll = [this] { Fitting.lstArtists_Scroll(); };
-    lstAlbums.Scroll = [this] { Fitting.lstAlbums_Scroll(); };
-    lstSongs.Scroll = [this] { Fitting.lstSongs_Scroll(); };
-    lstSongs.MouseDown = [this](const MouseState& mouse) { Fitting.lstSongs_MouseDown(mouse); };
-}
-
 void BrowserFixture::ForgetLibrary() {
-    State = BrowserState();
-    Filter.ResetState();
-    WordSearch.ResetState();
+    Raise(Devices.LibraryLeaves);
     for (FakeListControl* list : {&lstArtists, &lstAlbums, &lstSongs}) {
         list->SetEnabled(true);
         list->Clear();
@@ -156,8 +124,7 @@ void BrowserFixture::Load(std::vector<ArtistRecord> artists) {
     if (Library.TrackCount < 1) {
         return;
     }
-    Artists.ShowLibrary();
-    Summary.CalculateSize(false);
+    Raise(Devices.LibraryLoaded);
     lstArtists.SetFocus();
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "browser/MediaFilter.h"
-#include "selection/CheckPropagation.h"
-#include "selection/Search.h"
+#include "app/Subsystems.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -42,18 +40,21 @@ public:
     FakeMessages Messages;
     FakeDriveService Drives;
     FakeEventLoop Events;
+    FakeSettingsStore Store;
+    FakeShell Desktop;
 
-    BrowserState State;
-    LoadMusic Loader{Files, Messages, Form.Controls};
-    MusicLibrary& Library = Loader.Library;
-    DeviceSelection Devices{Loader, Drives, Files, Messages, Form.WindowManager, Form.Controls};
-    TextFitting Fitting{Form.WindowManager, Form.Controls};
-    LinkedLists Linked{State, Library, Fitting, Form.Controls};
-    ArtistList Artists{State, Library, Linked, Form.Controls};
-    MediaFilter Filter{State, Library, Devices, Artists, Form.Controls};
-    SelectionSummary Summary{State, Library, Form.Controls};
-    CheckPropagation Checks{State, Library, Linked, Artists, Summary, Form.Controls};
-    Search WordSearch{State, Library, Artists, Summary, Events, Form.WindowManager, Form.Controls};
+    Subsystems Parts{{Files, Drives, Store, Desktop, Form.WindowManager, Messages, Events},
+                     Form.Controls};
+    MusicLibrary& Library = Parts.Loading.Library;
+    DeviceSelection& Devices = Parts.Devices;
+    TextFitting& Fitting = Parts.Fitting;
+    LinkedLists& Linked = Parts.Lists;
+    SearchResult& Result = Parts.Result;
+    ArtistList& Artists = Parts.Artists;
+    MediaFilter& Filter = Parts.Filter;
+    SelectionSummary& Summary = Parts.Summary;
+    CheckPropagation& Checks = Parts.Checks;
+    Search& WordSearch = Parts.WordSearch;
 
     /// Shows the described library; nothing is shown of one without artists.
     explicit BrowserFixture(const char* description);
@@ -77,7 +78,5 @@ public:
     std::string Message() const { return Form.lblMessage.Caption().toStdString(); }
 
 private:
-    void Wire();
-    void WireLists();
     void ForgetLibrary();
 };

@@ -53,7 +53,7 @@ TEST(LinkedLists, RefreshAlbumsForcesOneRebuildOnTheSameRow) {
     BrowserFixture browser(TwoArtists);
     const int albums = browser.lstAlbums.FillCount;
     const int songs = browser.lstSongs.FillCount;
-    browser.State.RefreshAlbums = true;
+    browser.Linked.StartOver();
     browser.Click(browser.lstArtists, "Abba");
     browser.Click(browser.lstArtists, "Abba");
     EXPECT_EQ(browser.lstAlbums.FillCount, albums + 1);
@@ -64,7 +64,7 @@ TEST(LinkedLists, AForcedRebuildUnderTheSameArtistKeepsNeitherAlbumNorSong) {
     BrowserFixture browser(TwoArtists);
     browser.Click(browser.lstAlbums, "Arrival");
     browser.Click(browser.lstSongs, "Tiger");
-    browser.State.RefreshAlbums = true;
+    browser.Linked.StartOver();
     browser.Click(browser.lstArtists, "Abba");
     EXPECT_EQ(browser.lstAlbums.ListIndex(), 0);
     EXPECT_EQ(browser.lstSongs.ListIndex(), 0);
@@ -206,10 +206,10 @@ Queen
 TEST(LinkedLists, TheTablesTieEveryRowToItsRecord) {
     BrowserFixture browser(TwoArtists);
     browser.Click(browser.lstArtists, "All");
-    EXPECT_EQ(browser.State.AlbumRowArtist, (RowTable{0, 1, 0, 0}));
-    EXPECT_EQ(browser.State.AlbumRowAlbum, (RowTable{0, 0, 1, 0}));
-    EXPECT_EQ(browser.State.SongRowAlbumRow, (RowTable{0, 3, 2, 2, 1, 3, 1}));
-    EXPECT_EQ(browser.State.SongRowTrack, (RowTable{0, 1, 1, 0, 1, 0, 0}));
+    EXPECT_EQ(browser.Linked.Rows().Albums.AlbumRowArtist, (RowTable{0, 1, 0, 0}));
+    EXPECT_EQ(browser.Linked.Rows().Albums.AlbumRowAlbum, (RowTable{0, 0, 1, 0}));
+    EXPECT_EQ(browser.Linked.Rows().Songs.SongRowAlbumRow, (RowTable{0, 3, 2, 2, 1, 3, 1}));
+    EXPECT_EQ(browser.Linked.Rows().Songs.SongRowTrack, (RowTable{0, 1, 1, 0, 1, 0, 0}));
     EXPECT_EQ(browser.Linked.Album(3).Name, QStringLiteral("Jazz"));
     EXPECT_EQ(browser.Linked.Track(5).Title, QStringLiteral("Mustapha"));
 }
@@ -289,7 +289,7 @@ TEST(LinkedLists, BuildingTheListOfAllSongsIsAnnouncedAndTheEarlierTextPutBack) 
 TEST(LinkedLists, TheListOfAllSongsIsBuiltOncePerLibrary) {
     BrowserFixture browser(TwoArtists);
     browser.Click(browser.lstArtists, "All");
-    EXPECT_TRUE(browser.State.AllSongsCached);
+    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
     const std::string songs = Texts(browser.lstSongs);
     browser.Form.lblMessage.Captions.clear();
     browser.Click(browser.lstAlbums, "Jazz");
@@ -303,7 +303,7 @@ TEST(LinkedLists, TheListOfAllSongsIsBuiltOncePerLibrary) {
 TEST(LinkedLists, TheSongsOfAnArtistAreNoListOfAllSongs) {
     BrowserFixture browser(TwoArtists);
     browser.Click(browser.lstArtists, "Queen");
-    EXPECT_FALSE(browser.State.AllSongsCached);
+    EXPECT_FALSE(browser.Linked.Rows().AllSongsCached);
 }
 
 TEST(LinkedLists, TheCachedListShowsTheMarksOfToday) {
@@ -319,7 +319,7 @@ TEST(LinkedLists, TheCachedListShowsTheMarksOfToday) {
 
 TEST(LinkedLists, WhileBuildingNoClickDoesAnything) {
     BrowserFixture browser(TwoArtists);
-    browser.State.Building = true;
+    const NestedFlag::Guard building = browser.Linked.Building.Set();
     const int albums = browser.lstAlbums.FillCount;
     const int songs = browser.lstSongs.FillCount;
     browser.Click(browser.lstArtists, "Queen");
@@ -336,7 +336,7 @@ TEST(LinkedLists, WhileRestoringTheHandlersNeitherRememberNorGoOn) {
     browser.Click(browser.lstAlbums, "Jazz");
     browser.Click(browser.lstSongs, "Mustapha");
     const int songs = browser.lstSongs.FillCount;
-    browser.State.Restoring = true;
+    const NestedFlag::Guard restoring = browser.Linked.Restoring.Set();
     browser.Click(browser.lstArtists, "All");
     EXPECT_EQ(browser.lstAlbums.ListIndex(), 0);
     EXPECT_EQ(browser.lstSongs.FillCount, songs);
@@ -394,10 +394,10 @@ TEST(LinkedLists, NoCurrentRowCountsAsTheAllRow) {
     browser.Click(browser.lstAlbums, "Arrival");
     browser.lstSongs.SetListIndex(-1);
     EXPECT_EQ(browser.FullName(), "Abba / Arrival");
-    browser.State.Building = true;
+    NestedFlag::Guard building = browser.Linked.Building.Set();
     browser.lstAlbums.SetListIndex(-1);
     browser.lstArtists.SetListIndex(-1);
-    browser.State.Building = false;
+    building.End();
     browser.Linked.lstSongs_Click();
     EXPECT_EQ(browser.FullName(), "");
 }

@@ -27,7 +27,7 @@ TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
     const auto passing = [&tabs] {
         std::string kinds;
         for (const qint16 kind : std::initializer_list<qint16>{0, 1, 2, 3, -1}) {
-            kinds += CorrectFiletype(tabs, kind) ? "+" : "-";
+            kinds += CorrectFiletype(SelectedFilter(tabs), kind) ? "+" : "-";
         }
         return kinds;
     };
@@ -41,20 +41,20 @@ TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
 TEST(MediaFilter, ATabOfAnotherNameLetsNothingPassAndHasNoNoun) {
     FakeTabsControl tabs;
     tabs.Captions = {QStringLiteral("all files"), QStringLiteral("audio")};
-    EXPECT_FALSE(CorrectFiletype(tabs, KindOther));
-    EXPECT_EQ(GetCorrectName(tabs), QString());
+    EXPECT_FALSE(CorrectFiletype(SelectedFilter(tabs), KindOther));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QString());
     tabs.Select(1);
-    EXPECT_FALSE(CorrectFiletype(tabs, KindAudio));
-    EXPECT_EQ(GetCorrectName(tabs), QString());
+    EXPECT_FALSE(CorrectFiletype(SelectedFilter(tabs), KindAudio));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QString());
 }
 
 TEST(MediaFilter, TheNounsAreItemSongAndVideoWithALeadingBlank) {
     FakeTabsControl tabs;
-    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Item"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Item"));
     tabs.Select(1);
-    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Song"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Song"));
     tabs.Select(2);
-    EXPECT_EQ(GetCorrectName(tabs), QStringLiteral(" Video"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Video"));
 }
 
 TEST(MediaFilter, TheSongsAllRowReadsSongsVideosAndItems) {
@@ -97,7 +97,7 @@ TEST(MediaFilter, BackToAllFilesTheFullLibraryAndTheRowsFromBeforeReturn) {
     EXPECT_EQ(Current(browser.lstAlbums), "Jazz");
     EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Mustapha, Notes");
     EXPECT_EQ(Current(browser.lstSongs), "Mustapha");
-    EXPECT_FALSE(browser.State.Search);
+    EXPECT_FALSE(browser.Result.Search());
 }
 
 TEST(MediaFilter, BackToAllFilesWithASearchTextTheSearchRunsWithoutTheKind) {
@@ -108,7 +108,7 @@ TEST(MediaFilter, BackToAllFilesWithASearchTextTheSearchRunsWithoutTheKind) {
     browser.ChooseTab("All Files");
     EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Money, Tiger");
     EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Abba");
-    EXPECT_TRUE(browser.State.Search);
+    EXPECT_TRUE(browser.Result.Search());
     EXPECT_TRUE(browser.Form.cmdClear.Enabled());
 }
 
@@ -127,7 +127,7 @@ TEST(MediaFilter, ClickingTheSelectedTabChangesNothing) {
     int fills = browser.lstArtists.FillCount;
     browser.ChooseTab("All Files");
     EXPECT_EQ(browser.lstArtists.FillCount, fills);
-    EXPECT_FALSE(browser.State.Search);
+    EXPECT_FALSE(browser.Result.Search());
     browser.ChooseTab("Video");
     fills = browser.lstArtists.FillCount;
     browser.ChooseTab("Video");
@@ -138,7 +138,7 @@ TEST(MediaFilter, WhileTheFilterIsLockedAClickDoesNothingAndIsNotRemembered) {
     BrowserFixture browser(AllKinds);
     browser.Devices.FilterLocked = true;
     browser.ChooseTab("Video");
-    EXPECT_FALSE(browser.State.Search);
+    EXPECT_FALSE(browser.Result.Search());
     browser.Devices.FilterLocked = false;
     browser.ChooseTab("Video");
     EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (1 Video)"));
@@ -148,7 +148,7 @@ TEST(MediaFilter, WithoutTracksAClickDoesNothing) {
     BrowserFixture browser("");
     browser.Library.Artists = RecordsOf(AllKinds); // what an earlier device left
     browser.ChooseTab("Audio");
-    EXPECT_FALSE(browser.State.Search);
+    EXPECT_FALSE(browser.Result.Search());
     EXPECT_EQ(browser.lstArtists.ListCount(), 0);
     EXPECT_EQ(browser.Library.Artists.size(), 3U);
 }
@@ -174,7 +174,7 @@ TEST(MediaFilter, BetweenAudioAndVideoTheFilterStartsFromTheFullLibrary) {
     browser.ChooseTab("Audio");
     browser.ChooseTab("Video");
     EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(browser.State.SavedArtists.size(), 3U);
+    EXPECT_EQ(browser.Result.SavedArtists().size(), 3U);
     browser.ChooseTab("All Files");
     EXPECT_EQ(browser.Library.Artists.size(), 3U);
 }

@@ -9,22 +9,22 @@ namespace {
 
 class OrderingTest : public testing::Test {
 protected:
-    BrowserState state;
     MusicLibrary library;
-    Ordering ordering{state, library};
+    AlbumTables albums;
+    SongTables songs;
 
     void Describe(const char* description) { library.Artists = RecordsOf(description); }
 
     const AlbumRecord& AlbumOfRow(qint32 row) const {
-        return library.Artists.at(state.AlbumRowArtist.at(row))
-            .Albums.at(state.AlbumRowAlbum.at(row));
+        return library.Artists.at(albums.AlbumRowArtist.at(row))
+            .Albums.at(albums.AlbumRowAlbum.at(row));
     }
 
     /// The album rows, as "Queen/Jazz, Abba/Arrival".
     std::string Albums() const {
         QStringList names;
-        for (qint32 row = 1; row < static_cast<qint32>(state.AlbumRowAlbum.size()); ++row) {
-            names.append(library.Artists.at(state.AlbumRowArtist[row]).Name + QLatin1Char('/') +
+        for (qint32 row = 1; row < static_cast<qint32>(albums.AlbumRowAlbum.size()); ++row) {
+            names.append(library.Artists.at(albums.AlbumRowArtist[row]).Name + QLatin1Char('/') +
                          AlbumOfRow(row).Name);
         }
         return names.join(QStringLiteral(", ")).toStdString();
@@ -33,9 +33,9 @@ protected:
     /// The titles of the song rows.
     std::string Songs() const {
         QStringList titles;
-        for (qint32 row = 1; row < static_cast<qint32>(state.SongRowTrack.size()); ++row) {
-            const AlbumRecord& album = AlbumOfRow(state.SongRowAlbumRow.at(row));
-            titles.append(album.Tracks.at(state.SongRowTrack[row]).Title);
+        for (qint32 row = 1; row < static_cast<qint32>(songs.SongRowTrack.size()); ++row) {
+            const AlbumRecord& album = AlbumOfRow(songs.SongRowAlbumRow.at(row));
+            titles.append(album.Tracks.at(songs.SongRowTrack[row]).Title);
         }
         return titles.join(QStringLiteral(", ")).toStdString();
     }
@@ -53,7 +53,7 @@ Queen
   A Kind of Magic
     c
 )");
-    ordering.SortAlbums(false, 0);
+    albums = SortAlbums(library, false, 0);
     EXPECT_EQ(Albums(), "Queen/A Kind of Magic, Queen/Innuendo, Queen/jazz");
 }
 
@@ -63,22 +63,22 @@ Queen
   Jazz
     a
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(false, 1);
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, false, 1);
     const RowTable expected = {0, 0};
-    EXPECT_EQ(state.AlbumRowArtist, expected);
-    EXPECT_EQ(state.AlbumRowAlbum, expected);
-    EXPECT_EQ(state.SongRowTrack, expected);
-    EXPECT_EQ(state.SongRowAlbumRow, (RowTable{0, 1}));
+    EXPECT_EQ(albums.AlbumRowArtist, expected);
+    EXPECT_EQ(albums.AlbumRowAlbum, expected);
+    EXPECT_EQ(songs.SongRowTrack, expected);
+    EXPECT_EQ(songs.SongRowAlbumRow, (RowTable{0, 1}));
 }
 
 TEST_F(OrderingTest, AnEmptyLibraryLeavesTheAllRowAlone) {
-    ordering.SortAlbums(true);
-    ordering.SortTracks5();
-    EXPECT_EQ(state.AlbumRowArtist, RowTable{0});
-    EXPECT_EQ(state.AlbumRowAlbum, RowTable{0});
-    EXPECT_EQ(state.SongRowTrack, RowTable{0});
-    EXPECT_EQ(state.SongRowAlbumRow, RowTable{0});
+    albums = SortAlbums(library, true);
+    songs = SortTracks5(library, albums);
+    EXPECT_EQ(albums.AlbumRowArtist, RowTable{0});
+    EXPECT_EQ(albums.AlbumRowAlbum, RowTable{0});
+    EXPECT_EQ(songs.SongRowTrack, RowTable{0});
+    EXPECT_EQ(songs.SongRowAlbumRow, RowTable{0});
 }
 
 TEST_F(OrderingTest, OneArtistsAlbumsLeaveTheOthersOut) {
@@ -93,7 +93,7 @@ Zappa
   Apostrophe
     c
 )");
-    ordering.SortAlbums(false, 1);
+    albums = SortAlbums(library, false, 1);
     EXPECT_EQ(Albums(), "Queen/Jazz");
 }
 
@@ -104,10 +104,10 @@ TEST_F(OrderingTest, AlbumsAreComparedCodeUnitByCodeUnit) {
           QStringLiteral("Zebra"), QStringLiteral("A_"), QStringLiteral("AB")}) {
         library.Artists[0].Albums.emplace_back().Name = name;
     }
-    ordering.SortAlbums(true);
+    albums = SortAlbums(library, true);
     // "_" comes before the lower-case letters, "é" after all of them, and the first half of the
     // smiley (D83D) before FFFD, although the smiley's own number is the greater one.
-    EXPECT_EQ(state.AlbumRowAlbum, (RowTable{0, 4, 5, 3, 2, 1, 0}));
+    EXPECT_EQ(albums.AlbumRowAlbum, (RowTable{0, 4, 5, 3, 2, 1, 0}));
 }
 
 TEST_F(OrderingTest, TwoAlbumsNamedGreatestHitsAreBothListedTheLowerArtistIndexFirst) {
@@ -121,7 +121,7 @@ Abba
   greatest hits
     c
 )");
-    ordering.SortAlbums(true);
+    albums = SortAlbums(library, true);
     EXPECT_EQ(Albums(), "Abba/Arrival, Zappa/Greatest Hits, Abba/greatest hits");
 }
 
@@ -135,7 +135,7 @@ Abba
   live
     c
 )");
-    ordering.SortAlbums(true);
+    albums = SortAlbums(library, true);
     EXPECT_EQ(Albums(), "Abba/Live, Abba/LIVE, Abba/live");
 }
 
@@ -147,8 +147,8 @@ Abba
     money
     Dum Dum
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(false, 1);
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, false, 1);
     EXPECT_EQ(Songs(), "Dum Dum, money, Tiger");
 }
 
@@ -160,8 +160,8 @@ Abba
     A | 1
     a | 2
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(false, 1);
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, false, 1);
     EXPECT_EQ(Songs(), "A, b, a");
 }
 
@@ -174,8 +174,8 @@ Abba
     minus | -1
     none
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(false, 1);
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, false, 1);
     EXPECT_EQ(Songs(), "minus, none, nine, ten");
 }
 
@@ -187,9 +187,9 @@ Abba
     INTRO | 1
     intro | 1
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(false, 1);
-    EXPECT_EQ(state.SongRowTrack, (RowTable{0, 0, 1, 2}));
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, false, 1);
+    EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 0, 1, 2}));
 }
 
 TEST_F(OrderingTest, SongsOfEveryAlbumRowStandAlbumAfterAlbum) {
@@ -202,11 +202,11 @@ Abba
   Arrival
     Tiger
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks(true);
+    albums = SortAlbums(library, true);
+    songs = SortTracks(library, albums, true);
     EXPECT_EQ(Songs(), "Tiger, Dead on Time, Mustapha");
-    EXPECT_EQ(state.SongRowAlbumRow, (RowTable{0, 1, 2, 2}));
-    EXPECT_EQ(state.SongRowTrack, (RowTable{0, 0, 1, 0}));
+    EXPECT_EQ(songs.SongRowAlbumRow, (RowTable{0, 1, 2, 2}));
+    EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 0, 1, 0}));
 }
 
 TEST_F(OrderingTest, SongsOfSeveralAlbumsAreInTitleOrderWhateverTheirNumbers) {
@@ -219,11 +219,11 @@ Queen
     Headlong | 5
     bijou | 11
 )");
-    ordering.SortAlbums(false, 0);
-    ordering.SortTracks5();
+    albums = SortAlbums(library, false, 0);
+    songs = SortTracks5(library, albums);
     EXPECT_EQ(Songs(), "Bicycle Race, bijou, Headlong, Mustapha");
-    EXPECT_EQ(state.SongRowAlbumRow, (RowTable{0, 2, 1, 1, 2}));
-    EXPECT_EQ(state.SongRowTrack, (RowTable{0, 1, 1, 0, 0}));
+    EXPECT_EQ(songs.SongRowAlbumRow, (RowTable{0, 2, 1, 1, 2}));
+    EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 1, 1, 0, 0}));
 }
 
 TEST_F(OrderingTest, OfTwoSongsTitledIntroSequenceNumberTwelveComesBeforeSeven) {
@@ -235,9 +235,9 @@ TEST_F(OrderingTest, OfTwoSongsTitledIntroSequenceNumberTwelveComesBeforeSeven) 
     library.Artists.resize(1);
     library.Artists[0].Albums.resize(1);
     library.Artists[0].Albums[0].Tracks = tracks;
-    ordering.SortAlbums(true);
-    ordering.SortTracks5();
-    EXPECT_EQ(state.SongRowTrack, (RowTable{0, 0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 6}));
+    albums = SortAlbums(library, true);
+    songs = SortTracks5(library, albums);
+    EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 0, 1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 6}));
 }
 
 TEST_F(OrderingTest, TheFirstSequenceNumberIsOne) {
@@ -250,9 +250,9 @@ TEST_F(OrderingTest, TheFirstSequenceNumberIsOne) {
     library.Artists.resize(1);
     library.Artists[0].Albums.resize(1);
     library.Artists[0].Albums[0].Tracks = tracks;
-    ordering.SortAlbums(true);
-    ordering.SortTracks5();
-    EXPECT_EQ(state.SongRowTrack, (RowTable{0, 0, 1, 2, 3, 4, 5, 6, 7, 9, 8}));
+    albums = SortAlbums(library, true);
+    songs = SortTracks5(library, albums);
+    EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 0, 1, 2, 3, 4, 5, 6, 7, 9, 8}));
 }
 
 TEST_F(OrderingTest, SequenceNumbersFollowTheAlbumRowsAndNotTheLibrary) {
@@ -265,9 +265,9 @@ Abba
   Arrival
     Intro
 )");
-    ordering.SortAlbums(true);
-    ordering.SortTracks5();
-    EXPECT_EQ(state.SongRowAlbumRow, (RowTable{0, 1, 2}));
+    albums = SortAlbums(library, true);
+    songs = SortTracks5(library, albums);
+    EXPECT_EQ(songs.SongRowAlbumRow, (RowTable{0, 1, 2}));
 }
 
 // ---- the same orders by insertion, one element at a time, on random libraries
@@ -362,9 +362,9 @@ TEST_F(OrderingTest, AlbumsAgreeWithInsertionOnRandomLibraries) {
                 });
             }
         }
-        ordering.SortAlbums(true);
-        ASSERT_EQ(state.AlbumRowArtist, expected.First);
-        ASSERT_EQ(state.AlbumRowAlbum, expected.Second);
+        albums = SortAlbums(library, true);
+        ASSERT_EQ(albums.AlbumRowArtist, expected.First);
+        ASSERT_EQ(albums.AlbumRowAlbum, expected.Second);
     }
 }
 
@@ -372,8 +372,8 @@ TEST_F(OrderingTest, TracksAgreeWithInsertionOnRandomLibraries) {
     std::mt19937 random(2);
     for (int round = 0; round < 200; ++round) {
         library.Artists = RandomLibrary(random);
-        ordering.SortAlbums(true);
-        const auto row = static_cast<qint32>(1 + random() % (state.AlbumRowAlbum.size() - 1));
+        albums = SortAlbums(library, true);
+        const auto row = static_cast<qint32>(1 + random() % (albums.AlbumRowAlbum.size() - 1));
         const std::vector<TrackRecord>& tracks = AlbumOfRow(row).Tracks;
         InsertionTables expected;
         for (qint32 track = 0; track < static_cast<qint32>(tracks.size()); ++track) {
@@ -386,8 +386,8 @@ TEST_F(OrderingTest, TracksAgreeWithInsertionOnRandomLibraries) {
                         added.TrackNumber < other.TrackNumber);
             });
         }
-        ordering.SortTracks(false, row);
-        ASSERT_EQ(state.SongRowTrack, expected.First);
-        ASSERT_EQ(state.SongRowAlbumRow, expected.Second);
+        songs = SortTracks(library, albums, false, row);
+        ASSERT_EQ(songs.SongRowTrack, expected.First);
+        ASSERT_EQ(songs.SongRowAlbumRow, expected.Second);
     }
 }

@@ -6,7 +6,6 @@ CopyFixture::CopyFixture() {
     files.AddDrive(Text("E:"));
     files.AddFolder(Text("D:\\Music"));
     form.txtDestination.SetText(Text("D:\\Music"));
-    form.cmdCopy.Click = [this] { job.cmdCopy_Click(); };
     form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) { OnQueryUnload(cancel); };
     form.cmdClear.SetEnabled(false);
     job.ShowOverwrite = [this] { ShowPrompt(); };
@@ -75,6 +74,11 @@ void CopyFixture::SetOptions(const char* options) {
     form.chkTrackNum.SetValue(isSet('n'));
 }
 
+void CopyFixture::ShowFirstArtistOnly() {
+    parts.Result.Begin();
+    parts.Result.ReplaceLibrary({library.Artists.front()});
+}
+
 void CopyFixture::Press() {
     form.cmdCopy.UserPress();
 }
@@ -130,6 +134,6 @@ void CopyFixture::ExpectIdle() const {
              &form.frmDP, &form.frmTN, &form.frmDestination}) {
         EXPECT_TRUE(control->Enabled());
     }
-    EXPECT_EQ(form.cmdClear.Enabled(), state.SearchingText);
+    EXPECT_EQ(form.cmdClear.Enabled(), parts.WordSearch.SearchingText());
     EXPECT_EQ(files.OpenFiles, 0);
 }

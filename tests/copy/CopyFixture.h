@@ -1,6 +1,6 @@
 #pragma once
 
-#include "copy/CopyJob.h"
+#include "app/Subsystems.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -32,6 +32,9 @@ public:
     /// Ticks the options by the letters in `options`: A artist folder, B album folder, a artist
     /// name, b album name, n track number.
     void SetOptions(const char* options);
+    /// Puts a search result in the place of the library, which leaves out all artists but the
+    /// first.
+    void ShowFirstArtistOnly();
     /// Presses the copy button.
     void Press();
     /// Presses the copy button when the job yields for the `yield`th time.
@@ -49,16 +52,15 @@ public:
     FakeMessages messages;
     FakeEventLoop events;
     FakeShell shell;
-    MusicLibrary library;
-    BrowserState state;
-    TextFitting textFitting{form.WindowManager, form.Controls};
-    LinkedLists lists{state, library, textFitting, form.Controls};
-    ArtistList artistList{state, library, lists, form.Controls};
-    SelectionSummary summary{state, library, form.Controls};
-    Destination destination{files, shell, form.WindowManager, form.Controls};
-    OverwritePrompt prompt;
-    CopyJob job{files, messages,   events,  form.WindowManager, form.Controls, library,
-                state, artistList, summary, destination,        prompt};
+    FakeSettingsStore store;
+    FakeDriveService drives;
+    Subsystems parts{{files, drives, store, shell, form.WindowManager, messages, events},
+                     form.Controls};
+    MusicLibrary& library = parts.Loading.Library;
+    SelectionSummary& summary = parts.Summary;
+    Destination& destination = parts.Target;
+    OverwritePrompt& prompt = parts.Prompt;
+    CopyJob& job = parts.Job;
 
     /// What the user does at the prompts; when it has run out, the close box.
     std::deque<PromptUse> promptUses;

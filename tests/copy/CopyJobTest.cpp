@@ -207,7 +207,7 @@ TEST_F(CopyJobTest, TheClearButtonComesBackOnlyWithATextSearchInForce) {
     AddTrack("Abba", "Arrival", "Tiger", "tiger");
     Press();
     EXPECT_FALSE(form.cmdClear.Enabled());
-    state.SearchingText = true;
+    form.txtSearch.SetText(Text("tiger"));
     promptUses = {PromptUse::Replace};
     Press();
     EXPECT_TRUE(form.cmdClear.Enabled());
@@ -249,35 +249,29 @@ TEST_F(CopyJobTest, TickedTracksThatASearchHidesAreCopiedToo) {
     AddTrack("Abba", "Arrival", "Fernando", "fernando").Checked = false;
     AddTrack("Beck", "Guero", "Girl", "girl");
     // The result shows Abba alone, and in it the user has ticked Fernando and unticked Tiger.
-    state.SavedArtists = library.Artists;
-    library.Artists.pop_back();
+    ShowFirstArtistOnly();
     library.Artists[0].Albums[0].Tracks[0].Checked = false;
     library.Artists[0].Albums[0].Tracks[1].Checked = true;
-    state.Search = true;
-    form.lstArtists.Fill({{Text("All (1 Artist)"), false}, {Text("Abba"), true}});
     form.lblMessage.Captions.clear();
     Press();
     EXPECT_EQ(Names(), QStringList({Text("Fernando.mp3"), Text("Girl.mp3")}));
     EXPECT_EQ(form.lblMessage.Captions.at(1), Text("Copying files... 1 of 2"));
     ASSERT_EQ(library.Artists.size(), 1U);
     EXPECT_EQ(library.Artists[0].Name, Text("Abba"));
-    ASSERT_EQ(state.SavedArtists.size(), 2U);
-    EXPECT_FALSE(state.SavedArtists[0].Albums[0].Tracks[0].Checked);
-    EXPECT_TRUE(state.SavedArtists[0].Albums[0].Tracks[1].Checked);
+    ASSERT_EQ(parts.Result.SavedArtists().size(), 2U);
+    EXPECT_FALSE(parts.Result.SavedArtists()[0].Albums[0].Tracks[0].Checked);
+    EXPECT_TRUE(parts.Result.SavedArtists()[0].Albums[0].Tracks[1].Checked);
 }
 
 TEST_F(CopyJobTest, AStoppedJobPutsTheSearchResultBackToo) {
     AddTrack("Abba", "Arrival", "Tiger", "tiger");
     AddTrack("Beck", "Guero", "Girl", "girl");
-    state.SavedArtists = library.Artists;
-    library.Artists.pop_back();
-    state.Search = true;
-    form.lstArtists.Fill({{Text("All (1 Artist)"), false}, {Text("Abba"), true}});
+    ShowFirstArtistOnly();
     CancelAtYield(2);
     Press();
     EXPECT_EQ(Names(), QStringList{Text("Tiger.mp3")});
     EXPECT_EQ(library.Artists.size(), 1U);
-    EXPECT_EQ(state.SavedArtists.size(), 2U);
+    EXPECT_EQ(parts.Result.SavedArtists().size(), 2U);
 }
 
 TEST_F(CopyJobTest, FiveThousandEqualTitlesAreCopiedInNoTime) {

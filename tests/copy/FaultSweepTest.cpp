@@ -86,7 +86,7 @@ public:
         EXPECT_EQ(files.ChangesBelow(Text("E:")), QStringList());
         const bool isOpen = closed == 0; // else the program ends with the window
         EXPECT_EQ(library.Artists.size(), isOpen ? 1U : 2U);
-        EXPECT_EQ(state.SavedArtists.size(), isOpen ? 2U : 1U);
+        EXPECT_EQ(parts.Result.SavedArtists().size(), isOpen ? 2U : 1U);
     }
 
     /// The job ran and is over.
@@ -124,13 +124,6 @@ private:
     void AddOld(const char* path, const QByteArray& bytes) {
         files.AddFile(Text(path), bytes);
         m_old[Text(path)] = bytes;
-    }
-
-    void ShowFirstArtistOnly() {
-        state.SavedArtists = library.Artists;
-        library.Artists.pop_back();
-        state.Search = true;
-        form.lstArtists.Fill({{Text("All (1 Artist)"), true}, {Text("Abba"), true}});
     }
 
     static MessageAnswer AnswerTo(MessageButtons buttons, Policy policy) {

@@ -139,7 +139,8 @@ void JobFolders::ExpectAllCopied() const {
     EXPECT_FALSE(IsThere(Destination + Text("/tmp")));
 }
 
-RealJob::RealJob(const JobFolders& folders) : library(folders.Library) {
+RealJob::RealJob(const JobFolders& folders) {
+    library = folders.Library;
     qputenv("SONGLIFT_DRIVES", folders.Device.toUtf8());
     QString root;
     for (const Drive& drive : drives.Drives()) {
@@ -160,7 +161,6 @@ RealJob::RealJob(const JobFolders& folders) : library(folders.Library) {
     form.chkArtist.SetValue(1);
     form.chkAlbum.SetValue(1);
     form.cmdClear.SetEnabled(false);
-    form.cmdCopy.Click = [this] { job.cmdCopy_Click(); };
     form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) {
         job.CUnload = job.CancelCopy = cancel = job.Copying;
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "copy/CopyJob.h"
+#include "app/Subsystems.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -84,16 +84,14 @@ public:
     FakeMessages messages;
     FakeEventLoop events;
     FakeShell shell;
-    MusicLibrary library;
-    BrowserState state;
-    TextFitting textFitting{form.WindowManager, form.Controls};
-    LinkedLists lists{state, library, textFitting, form.Controls};
-    ArtistList artistList{state, library, lists, form.Controls};
-    SelectionSummary summary{state, library, form.Controls};
-    Destination destination{files, shell, form.WindowManager, form.Controls};
-    OverwritePrompt prompt;
-    CopyJob job{files, messages,   events,  form.WindowManager, form.Controls, library,
-                state, artistList, summary, destination,        prompt};
+    FakeSettingsStore store;
+    Subsystems parts{{files, drives, store, shell, form.WindowManager, messages, events},
+                     form.Controls};
+    MusicLibrary& library = parts.Loading.Library;
+    SelectionSummary& summary = parts.Summary;
+    Destination& destination = parts.Target;
+    OverwritePrompt& prompt = parts.Prompt;
+    CopyJob& job = parts.Job;
 
     /// The answer to every prompt for an existing file.
     OverwritePrompt::Answer overwriteAnswer = OverwritePrompt::Replace;

@@ -31,13 +31,12 @@ JobOnDisk::JobOnDisk() {
     WriteFile(World("secret.mp3"), "secret");
     qputenv("SONGLIFT_DRIVES", Ipod().toUtf8());
     form.txtDestination.SetText(Destination());
-    form.cmdCopy.Click = [this] { m_job.cmdCopy_Click(); };
     messages.WhileShown = [this](const ShownMessage& message) {
         messages.Answers.push_back(AnswerTo(message));
     };
-    m_job.ShowOverwrite = [this] {
-        prompted += m_prompt.OverwriteFile;
-        m_prompt.OverwriteAnswer = onPrompt;
+    m_parts.Job.ShowOverwrite = [this] {
+        prompted += m_parts.Prompt.OverwriteFile;
+        m_parts.Prompt.OverwriteAnswer = onPrompt;
     };
 }
 
@@ -71,8 +70,8 @@ SampleTrack& JobOnDisk::AddSong(const QString& title, const QByteArray& bytes, q
 
 void JobOnDisk::Load() {
     WriteFile(Ipod("iPod_Control/iTunes/iTunesDB"), WriteITunesDB(tracks));
-    m_loadMusic.LoadITunesDB(QStringLiteral("E:"));
-    MusicLibrary& library = m_loadMusic.Library;
+    m_parts.Loading.LoadITunesDB(QStringLiteral("E:"));
+    MusicLibrary& library = m_parts.Loading.Library;
     ASSERT_EQ(library.TrackCount, static_cast<int>(tracks.size()));
     for (ArtistRecord& artist : library.Artists) {
         artist.Checked = true;
@@ -84,7 +83,7 @@ void JobOnDisk::Load() {
         }
     }
     // What the database says about lengths must not raise the question about free space.
-    m_summary.SelectedSize = 0;
+    m_parts.Summary.SelectedSize = 0;
 }
 
 void JobOnDisk::Run() {
@@ -96,7 +95,7 @@ void JobOnDisk::Press() {
     messages.Shown.clear();
     m_before = ListTree(World(), Destination());
     form.cmdCopy.UserPress();
-    EXPECT_FALSE(m_job.Copying);
+    EXPECT_FALSE(m_parts.Job.Copying);
 }
 
 QStringList JobOnDisk::MessagesShown() const {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "copy/CopyJob.h"
-#include "library/LoadMusic.h"
+#include "app/Subsystems.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
@@ -74,16 +73,8 @@ protected:
 private:
     FakeEventLoop m_events;
     FakeShell m_shell;
-    LoadMusic m_loadMusic{files, messages, form.Controls};
-    BrowserState m_state;
-    TextFitting m_textFitting{form.WindowManager, form.Controls};
-    LinkedLists m_lists{m_state, m_loadMusic.Library, m_textFitting, form.Controls};
-    ArtistList m_artistList{m_state, m_loadMusic.Library, m_lists, form.Controls};
-    SelectionSummary m_summary{m_state, m_loadMusic.Library, form.Controls};
-    ::Destination m_destination{files, m_shell, form.WindowManager, form.Controls};
-    OverwritePrompt m_prompt;
-    CopyJob m_job{
-        files,   messages,     m_events,  form.WindowManager, form.Controls, m_loadMusic.Library,
-        m_state, m_artistList, m_summary, m_destination,      m_prompt};
+    FakeSettingsStore m_store;
+    Subsystems m_parts{{files, m_drives, m_store, m_shell, form.WindowManager, messages, m_events},
+                       form.Controls};
     QStringList m_before;
 };

@@ -78,15 +78,15 @@ public:
         : m_browser(browser), m_model(model) {}
 
     void Flags() const {
-        EXPECT_FALSE(m_state.Building);
-        EXPECT_FALSE(m_state.Restoring);
-        EXPECT_FALSE(m_state.SearchRunning);
-        EXPECT_FALSE(m_state.SearchPending);
-        EXPECT_FALSE(m_state.RefreshAlbums);
-        EXPECT_FALSE(m_state.RefreshSongs);
-        EXPECT_EQ(m_state.Search, m_model.Search);
-        EXPECT_EQ(m_state.SearchingText, m_model.SearchingText);
-        EXPECT_EQ(m_state.SearchString, m_model.SearchString);
+        EXPECT_FALSE(m_browser.Linked.Building);
+        EXPECT_FALSE(m_browser.Linked.Restoring);
+        EXPECT_FALSE(m_browser.WordSearch.SearchRunning());
+        EXPECT_FALSE(m_browser.WordSearch.SearchPending());
+        EXPECT_FALSE(m_browser.Linked.RefreshAlbums());
+        EXPECT_FALSE(m_browser.Linked.RefreshSongs());
+        EXPECT_EQ(m_browser.Result.Search(), m_model.Search);
+        EXPECT_EQ(m_browser.WordSearch.SearchingText(), m_model.SearchingText);
+        EXPECT_EQ(m_browser.WordSearch.SearchString(), m_model.SearchString);
     }
 
     void Controls() const {
@@ -131,11 +131,11 @@ public:
     void ArtistRows() const {
         const FakeListControl& list = m_form.lstArtists;
         ASSERT_EQ(list.ListCount(), static_cast<int>(m_artists.size()) + 1);
-        ASSERT_EQ(m_state.ArtistRows.size(), m_artists.size() + 1);
-        EXPECT_EQ(m_state.ArtistRows[0], 0);
+        ASSERT_EQ(m_rows.ArtistRows.size(), m_artists.size() + 1);
+        EXPECT_EQ(m_rows.ArtistRows[0], 0);
         std::set<qint32> listed;
         for (int row = 1; row < list.ListCount(); ++row) {
-            const qint32 index = m_state.ArtistRows[row];
+            const qint32 index = m_rows.ArtistRows[row];
             listed.insert(index);
             const ArtistRecord& artist = m_artists.at(index);
             ExpectRow(list, row, artist.Name, artist.Checked);
@@ -143,15 +143,15 @@ public:
         EXPECT_EQ(listed.size(), m_artists.size());
         ExpectAllRow(list, " Artist");
         EXPECT_GE(list.ListIndex(), 0);
-        EXPECT_EQ(m_state.LastArtistRow, list.ListIndex());
+        EXPECT_EQ(m_browser.Linked.LastArtistRow(), list.ListIndex());
     }
 
     void AlbumRows() const {
         const FakeListControl& list = m_form.lstAlbums;
         const std::set<AlbumId> expected = ExpectedAlbums();
         ASSERT_EQ(list.ListCount(), static_cast<int>(expected.size()) + 1);
-        ASSERT_EQ(m_state.AlbumRowArtist.size(), expected.size() + 1);
-        ASSERT_EQ(m_state.AlbumRowAlbum.size(), expected.size() + 1);
+        ASSERT_EQ(m_rows.Albums.AlbumRowArtist.size(), expected.size() + 1);
+        ASSERT_EQ(m_rows.Albums.AlbumRowAlbum.size(), expected.size() + 1);
         std::set<AlbumId> listed;
         for (int row = 1; row < list.ListCount(); ++row) {
             listed.insert(AlbumAt(row));
@@ -161,19 +161,19 @@ public:
         EXPECT_EQ(listed, expected);
         ExpectAllRow(list, " Album");
         EXPECT_GE(list.ListIndex(), 0);
-        EXPECT_EQ(m_state.LastAlbumRow, list.ListIndex());
+        EXPECT_EQ(m_browser.Linked.LastAlbumRow(), list.ListIndex());
     }
 
     void SongRows() const {
         const FakeListControl& list = m_form.lstSongs;
         const std::set<SongId> expected = ExpectedSongs();
         ASSERT_EQ(list.ListCount(), static_cast<int>(expected.size()) + 1);
-        ASSERT_EQ(m_state.SongRowTrack.size(), expected.size() + 1);
-        ASSERT_EQ(m_state.SongRowAlbumRow.size(), expected.size() + 1);
+        ASSERT_EQ(m_rows.Songs.SongRowTrack.size(), expected.size() + 1);
+        ASSERT_EQ(m_rows.Songs.SongRowAlbumRow.size(), expected.size() + 1);
         std::set<SongId> listed;
         for (int row = 1; row < list.ListCount(); ++row) {
-            const AlbumId album = AlbumAt(m_state.SongRowAlbumRow[row]);
-            const qint32 index = m_state.SongRowTrack[row];
+            const AlbumId album = AlbumAt(m_rows.Songs.SongRowAlbumRow[row]);
+            const qint32 index = m_rows.Songs.SongRowTrack[row];
             listed.insert({album.first, album.second, index});
             const TrackRecord& track = Album(album).Tracks.at(index);
             ExpectRow(list, row, track.Title, track.Checked);
@@ -211,24 +211,25 @@ public:
     }
 
     void CopyButton() const {
-        EXPECT_EQ(m_state.CheckedHidden, m_model.Search && HidesTicks({}, {}));
-        EXPECT_EQ(m_form.cmdCopy.Enabled(), AnyTicked(m_artists) || m_state.CheckedHidden);
+        EXPECT_EQ(m_browser.Result.CheckedHidden(), m_model.Search && HidesTicks({}, {}));
+        EXPECT_EQ(m_form.cmdCopy.Enabled(),
+                  AnyTicked(m_artists) || m_browser.Result.CheckedHidden());
     }
 
     void FullName() const {
         const int songRow = m_form.lstSongs.ListIndex();
         const int albumRow =
-            songRow >= 1 ? m_state.SongRowAlbumRow.at(songRow) : m_form.lstAlbums.ListIndex();
+            songRow >= 1 ? m_rows.Songs.SongRowAlbumRow.at(songRow) : m_form.lstAlbums.ListIndex();
         QString name;
         if (albumRow >= 1) {
             const AlbumId album = AlbumAt(albumRow);
             name = m_artists.at(album.first).Name + QStringLiteral(" / ") + Album(album).Name;
             if (songRow >= 1) {
                 name += QStringLiteral(" / ") +
-                        Album(album).Tracks.at(m_state.SongRowTrack.at(songRow)).Title;
+                        Album(album).Tracks.at(m_rows.Songs.SongRowTrack.at(songRow)).Title;
             }
         } else if (m_form.lstArtists.ListIndex() >= 1) {
-            name = m_artists.at(m_state.ArtistRows.at(m_form.lstArtists.ListIndex())).Name;
+            name = m_artists.at(m_rows.ArtistRows.at(m_form.lstArtists.ListIndex())).Name;
         }
         name.replace(QLatin1Char('&'), QLatin1String("&&"));
         EXPECT_EQ(m_browser.FullName(), name.toStdString());
@@ -236,7 +237,7 @@ public:
 
     /// A cache that counts as valid lists every song that is shown.
     void Cache() const {
-        if (!m_state.AllSongsCached) {
+        if (!m_rows.AllSongsCached) {
             return;
         }
         size_t songs = 0;
@@ -245,19 +246,19 @@ public:
                 songs += album.Tracks.size();
             }
         }
-        EXPECT_EQ(m_state.AllSongsCache.SongRowTrack.size(), songs + 1);
-        EXPECT_EQ(m_state.AllSongsCache.SongRowAlbumRow.size(), songs + 1);
+        EXPECT_EQ(m_rows.AllSongsCache.SongRowTrack.size(), songs + 1);
+        EXPECT_EQ(m_rows.AllSongsCache.SongRowAlbumRow.size(), songs + 1);
     }
 
 private:
     const BrowserFixture& m_browser;
     const SelectionModel& m_model;
     const FakeForm1& m_form = m_browser.Form;
-    const BrowserState& m_state = m_browser.State;
+    const RowTables& m_rows = m_browser.Linked.Rows();
     const std::vector<ArtistRecord>& m_artists = m_browser.Library.Artists;
 
     AlbumId AlbumAt(qint32 row) const {
-        return {m_state.AlbumRowArtist.at(row), m_state.AlbumRowAlbum.at(row)};
+        return {m_rows.Albums.AlbumRowArtist.at(row), m_rows.Albums.AlbumRowAlbum.at(row)};
     }
     const AlbumRecord& Album(const AlbumId& id) const {
         return m_artists.at(id.first).Albums.at(id.second);
@@ -267,7 +268,7 @@ private:
         const int row = m_form.lstArtists.ListIndex();
         std::set<AlbumId> albums;
         for (qint32 artist = 0; artist < static_cast<qint32>(m_artists.size()); ++artist) {
-            if (row < 1 || m_state.ArtistRows.at(row) == artist) {
+            if (row < 1 || m_rows.ArtistRows.at(row) == artist) {
                 for (size_t i = 0; i < m_artists[artist].Albums.size(); ++i) {
                     albums.insert({artist, static_cast<qint32>(i)});
                 }
@@ -303,7 +304,7 @@ private:
                 }
             }
         }
-        const auto& saved = m_state.SavedArtists;
+        const auto& saved = m_browser.Result.SavedArtists();
         for (qint32 i = 0; i < static_cast<qint32>(saved.size()); ++i) {
             for (qint32 j = 0; j < static_cast<qint32>(saved[i].Albums.size()); ++j) {
                 const bool asked =
@@ -323,32 +324,32 @@ private:
 } // namespace
 
 CurrentRecords CurrentRecordsOf(const BrowserFixture& browser) {
-    const BrowserState& state = browser.State;
+    const RowTables& rows = browser.Linked.Rows();
+    const bool isResult = browser.Result.Search();
     const auto& artists = browser.Library.Artists;
     const auto albumOf = [&](qint32 row) {
-        const qint32 artist = state.AlbumRowArtist.at(row);
-        const qint32 album = state.AlbumRowAlbum.at(row);
-        return state.Search ? std::tuple(artists.at(artist).SourceIndex,
-                                         artists.at(artist).Albums.at(album).SourceIndex)
-                            : std::tuple(artist, album);
+        const qint32 artist = rows.Albums.AlbumRowArtist.at(row);
+        const qint32 album = rows.Albums.AlbumRowAlbum.at(row);
+        return isResult ? std::tuple(artists.at(artist).SourceIndex,
+                                     artists.at(artist).Albums.at(album).SourceIndex)
+                        : std::tuple(artist, album);
     };
     CurrentRecords current;
     if (browser.lstArtists.ListIndex() >= 1) {
-        const qint32 index = state.ArtistRows.at(browser.lstArtists.ListIndex());
-        current.Artist = state.Search ? artists.at(index).SourceIndex : index;
+        const qint32 index = rows.ArtistRows.at(browser.lstArtists.ListIndex());
+        current.Artist = isResult ? artists.at(index).SourceIndex : index;
     }
     if (browser.lstAlbums.ListIndex() >= 1) {
         current.Album = albumOf(browser.lstAlbums.ListIndex());
     }
     if (browser.lstSongs.ListIndex() >= 1) {
         const int row = browser.lstSongs.ListIndex();
-        const qint32 albumRow = state.SongRowAlbumRow.at(row);
-        const qint32 track = state.SongRowTrack.at(row);
-        const AlbumRecord& album = artists.at(state.AlbumRowArtist.at(albumRow))
-                                       .Albums.at(state.AlbumRowAlbum.at(albumRow));
-        current.Song =
-            std::tuple_cat(albumOf(albumRow),
-                           std::tuple(state.Search ? album.Tracks.at(track).SourceIndex : track));
+        const qint32 albumRow = rows.Songs.SongRowAlbumRow.at(row);
+        const qint32 track = rows.Songs.SongRowTrack.at(row);
+        const AlbumRecord& album = artists.at(rows.Albums.AlbumRowArtist.at(albumRow))
+                                       .Albums.at(rows.Albums.AlbumRowAlbum.at(albumRow));
+        current.Song = std::tuple_cat(
+            albumOf(albumRow), std::tuple(isResult ? album.Tracks.at(track).SourceIndex : track));
     }
     return current;
 }
@@ -395,7 +396,7 @@ void ExpectInvariants(const BrowserFixture& browser, const SelectionModel& model
     check.Flags();
     check.Controls();
     ExpectRecords(browser.Library.Artists, model.Shown);
-    ExpectRecords(browser.State.SavedArtists, model.Saved);
+    ExpectRecords(browser.Result.SavedArtists(), model.Saved);
     if (testing::Test::HasFailure()) {
         return;
     }

@@ -299,9 +299,9 @@ TEST_F(CheckPropagationTest, TheLastArtistBySongTicksTheAllArtistsRow) {
 
 TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowThatMissesMoreThanOneRow) {
     browser.Click(artists, "All");
-    browser.State.Building = true;
+    NestedFlag::Guard building = browser.Linked.Building.Set();
     albums.SetSelected(0, true); // of three albums none is ticked
-    browser.State.Building = false;
+    building.End();
     browser.Tick(songs, "Bijou");
     EXPECT_EQ(Ticked(albums), "Innuendo");
 }
@@ -309,18 +309,18 @@ TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowThatMissesMoreThanOneRow) {
 TEST_F(CheckPropagationTest, AnAlbumsChangeShowsItsSongsFirstEvenWithoutAClick) {
     browser.Click(artists, "Queen");
     browser.Click(albums, "Innuendo");
-    browser.State.Building = true;
+    NestedFlag::Guard building = browser.Linked.Building.Set();
     albums.SetListIndex(2); // Jazz
-    browser.State.Building = false;
+    building.End();
     albums.SetSelected(2, true);
     EXPECT_EQ(Ticked(songs), "All (2 Items), Mustapha, Bicycle Race");
     EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race");
 }
 
 TEST_F(CheckPropagationTest, AnArtistsChangeShowsItsAlbumsFirstEvenWithoutAClick) {
-    browser.State.Building = true;
+    NestedFlag::Guard building = browser.Linked.Building.Set();
     artists.SetListIndex(2); // Queen
-    browser.State.Building = false;
+    building.End();
     artists.SetSelected(2, true);
     EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
     EXPECT_EQ(Checked(), AllOfQueen);

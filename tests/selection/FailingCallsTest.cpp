@@ -42,10 +42,10 @@ void PrintTo(const Failing& failing, std::ostream* out) {
 /// A model of what is shown, whatever that is.
 SelectionModel ModelOf(const BrowserFixture& browser) {
     SelectionModel model(browser.Library.Artists);
-    model.Saved = browser.State.SavedArtists;
-    model.Search = browser.State.Search;
-    model.SearchingText = browser.State.SearchingText;
-    model.SearchString = browser.State.SearchString;
+    model.Saved = browser.Result.SavedArtists();
+    model.Search = browser.Result.Search();
+    model.SearchingText = browser.WordSearch.SearchingText();
+    model.SearchString = browser.WordSearch.SearchString();
     model.Box = browser.Form.txtSearch.Text();
     model.Tab = browser.Form.tbsFilter.SelectedCaption();
     return model;
@@ -75,16 +75,15 @@ void ClickFirstRow(FakeListControl& list) {
 /// A list that could not be filled is empty until the next click fills it; that click is done here,
 /// and everything must fit.
 void ExpectFitForUse(BrowserFixture& browser) {
-    const BrowserState& state = browser.State;
-    EXPECT_FALSE(state.Building);
-    EXPECT_FALSE(state.Restoring);
-    EXPECT_FALSE(state.SearchRunning);
-    EXPECT_FALSE(state.SearchPending);
-    EXPECT_EQ(state.Search, !state.SavedArtists.empty());
-    if (state.RefreshAlbums) {
+    EXPECT_FALSE(browser.Linked.Building);
+    EXPECT_FALSE(browser.Linked.Restoring);
+    EXPECT_FALSE(browser.WordSearch.SearchRunning());
+    EXPECT_FALSE(browser.WordSearch.SearchPending());
+    EXPECT_EQ(browser.Result.Search(), !browser.Result.SavedArtists().empty());
+    if (browser.Linked.RefreshAlbums()) {
         EXPECT_EQ(browser.lstAlbums.ListCount(), 0);
     }
-    if (state.RefreshSongs) {
+    if (browser.Linked.RefreshSongs()) {
         EXPECT_EQ(browser.lstSongs.ListCount(), 0);
     }
     for (const FakeListControl* list :

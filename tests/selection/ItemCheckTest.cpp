@@ -9,7 +9,7 @@ class ItemCheckTest : public CheckPropagationFixture {};
 } // namespace
 
 TEST_F(ItemCheckTest, AProgrammaticChangeWhileBuildingChangesNoRecordAndComputesNothing) {
-    browser.State.Building = true;
+    const NestedFlag::Guard building = browser.Linked.Building.Set();
     const QString message = QStringLiteral("untouched");
     browser.Form.lblMessage.SetCaption(message);
     artists.SetSelected(1, true);
@@ -32,7 +32,7 @@ TEST_F(ItemCheckTest, CopyIsEnabledExactlyWhenAnArtistIsTickedOrTicksAreHidden) 
     EXPECT_TRUE(browser.Form.cmdCopy.Enabled());
     browser.Untick(artists, "Abba");
     EXPECT_FALSE(browser.Form.cmdCopy.Enabled());
-    browser.State.CheckedHidden = true;
+    browser.Result.SetCheckedHidden();
     browser.Tick(songs, "Money");
     browser.Untick(songs, "Money");
     EXPECT_TRUE(browser.Form.cmdCopy.Enabled());
@@ -94,7 +94,7 @@ TEST_F(ItemCheckTest, TheSummaryIsComputedOnceAChange) {
     browser.Form.prgCopy.Values.clear();
     browser.Tick(artists, "All");
     EXPECT_EQ(browser.Form.prgCopy.Values, std::vector<float>{64512.0F});
-    EXPECT_FALSE(browser.State.Building);
+    EXPECT_FALSE(browser.Linked.Building);
 }
 
 TEST_F(ItemCheckTest, InAResultAllArtistsTicksTheResultAlone) {

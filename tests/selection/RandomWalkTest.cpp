@@ -113,7 +113,7 @@ private:
 
     /// The tracks of the model that a row stands for.
     std::vector<TrackRecord*> TracksOf(const FakeListControl& list, int row) {
-        const BrowserState& state = m_browser.State;
+        const RowTables& rows = m_browser.Linked.Rows();
         std::vector<TrackRecord*> tracks;
         const auto addAlbum = [&tracks](AlbumRecord& album) {
             for (TrackRecord& track : album.Tracks) {
@@ -121,21 +121,21 @@ private:
             }
         };
         const auto albumOf = [&](qint32 albumRow) -> AlbumRecord& {
-            return m_model.Shown.at(state.AlbumRowArtist.at(albumRow))
-                .Albums.at(state.AlbumRowAlbum.at(albumRow));
+            return m_model.Shown.at(rows.Albums.AlbumRowArtist.at(albumRow))
+                .Albums.at(rows.Albums.AlbumRowAlbum.at(albumRow));
         };
         const int first = row == 0 ? 1 : row;
         const int last = row == 0 ? list.ListCount() - 1 : row;
         for (int r = first; r <= last; ++r) {
             if (&list == &m_browser.lstArtists) {
-                for (AlbumRecord& album : m_model.Shown.at(state.ArtistRows.at(r)).Albums) {
+                for (AlbumRecord& album : m_model.Shown.at(rows.ArtistRows.at(r)).Albums) {
                     addAlbum(album);
                 }
             } else if (&list == &m_browser.lstAlbums) {
                 addAlbum(albumOf(r));
             } else {
-                tracks.push_back(
-                    &albumOf(state.SongRowAlbumRow.at(r)).Tracks.at(state.SongRowTrack.at(r)));
+                tracks.push_back(&albumOf(rows.Songs.SongRowAlbumRow.at(r))
+                                      .Tracks.at(rows.Songs.SongRowTrack.at(r)));
             }
         }
         return tracks;

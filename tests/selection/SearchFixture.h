@@ -50,7 +50,7 @@ protected:
     void ExpectFullLibrary() {
         EXPECT_EQ(Texts(artists), "All (3 Artists), Abba, Blue River, Queen");
         EXPECT_TRUE(artists.Enabled() && albums.Enabled() && songs.Enabled());
-        EXPECT_FALSE(browser.State.Search);
-        EXPECT_TRUE(browser.State.SavedArtists.empty());
+        EXPECT_FALSE(browser.Result.Search());
+        EXPECT_TRUE(browser.Result.SavedArtists().empty());
     }
 };

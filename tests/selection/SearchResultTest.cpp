@@ -73,7 +73,7 @@ TEST_F(SearchResultTest, CopyStaysEnabledForTicksThatTheResultHides) {
     browser.Tick(songs, "Money");
     browser.Type("stone");
     EXPECT_EQ(Ticked(artists), "");
-    EXPECT_TRUE(browser.State.CheckedHidden);
+    EXPECT_TRUE(browser.Result.CheckedHidden());
     EXPECT_TRUE(form.cmdCopy.Enabled());
     browser.Tick(songs, "Stone");
     browser.Untick(songs, "Stone");
@@ -83,7 +83,7 @@ TEST_F(SearchResultTest, CopyStaysEnabledForTicksThatTheResultHides) {
 TEST_F(SearchResultTest, WithoutHiddenTicksCopyGoesByTheResultAlone) {
     browser.Tick(songs, "Money");
     browser.Type("money");
-    EXPECT_FALSE(browser.State.CheckedHidden);
+    EXPECT_FALSE(browser.Result.CheckedHidden());
     EXPECT_TRUE(form.cmdCopy.Enabled());
     browser.Untick(songs, "Money");
     EXPECT_FALSE(form.cmdCopy.Enabled());
@@ -111,10 +111,10 @@ TEST_F(SearchResultTest, HiddenTicksAreForgottenWithTheResult) {
     browser.Tick(songs, "Money");
     browser.Type("stone");
     browser.Type("money");
-    EXPECT_FALSE(browser.State.CheckedHidden);
+    EXPECT_FALSE(browser.Result.CheckedHidden());
     browser.Type("stone");
     form.cmdClear.UserPress();
-    EXPECT_FALSE(browser.State.CheckedHidden);
+    EXPECT_FALSE(browser.Result.CheckedHidden());
     EXPECT_TRUE(form.cmdCopy.Enabled());
 }
 
@@ -156,13 +156,13 @@ TEST_F(SearchResultTest, NothingFoundShowsEmptyDisabledLists) {
     EXPECT_EQ(browser.FullName(), "");
     EXPECT_EQ(browser.Message(), "Selected: 512 KB of 1023 KB");
     EXPECT_TRUE(browser.Messages.Shown.empty());
-    EXPECT_FALSE(browser.State.Building);
+    EXPECT_FALSE(browser.Linked.Building);
 }
 
 TEST_F(SearchResultTest, NothingFoundAndNothingTickedDisablesCopy) {
     browser.Type("nowhere");
     EXPECT_FALSE(form.cmdCopy.Enabled());
-    EXPECT_FALSE(browser.State.CheckedHidden);
+    EXPECT_FALSE(browser.Result.CheckedHidden());
 }
 
 TEST_F(SearchResultTest, FromNothingFoundAShorterTextFindsAgainOnTheAllRows) {
@@ -204,10 +204,10 @@ TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsBuiltIfItNeverWasBefore)
     browser.Click(artists, "All");
     browser.Click(artists, "Abba");
     browser.Type("");
-    EXPECT_FALSE(browser.State.AllSongsCached);
+    EXPECT_FALSE(browser.Linked.Rows().AllSongsCached);
     browser.Click(artists, "All");
     EXPECT_EQ(songs.ListCount(), 11);
-    EXPECT_TRUE(browser.State.AllSongsCached);
+    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
 }
 
 TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsStillThereIfItWasBefore) {
@@ -218,7 +218,7 @@ TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsStillThereIfItWasBefore)
     form.lblMessage.Captions.clear();
     browser.Type("");
     EXPECT_EQ(Texts(songs), all);
-    EXPECT_TRUE(browser.State.AllSongsCached);
+    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
     EXPECT_TRUE(form.lblMessage.Captions.isEmpty()); // nothing was built
 }
 

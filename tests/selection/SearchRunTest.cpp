@@ -64,7 +64,7 @@ TEST_F(SearchRunTest, DuringTheSearchTheTabsAndTheDeviceRowAreDisabled) {
     InYield(1, [&] {
         tabs = form.tbsFilter.Enabled();
         device = form.Picture2.Enabled();
-        building = browser.State.Building && browser.State.SearchRunning;
+        building = browser.Linked.Building && browser.WordSearch.SearchRunning();
     });
     browser.Type("money");
     EXPECT_FALSE(tabs);
@@ -72,8 +72,8 @@ TEST_F(SearchRunTest, DuringTheSearchTheTabsAndTheDeviceRowAreDisabled) {
     EXPECT_TRUE(building);
     EXPECT_TRUE(form.tbsFilter.Enabled());
     EXPECT_TRUE(form.Picture2.Enabled());
-    EXPECT_FALSE(browser.State.Building);
-    EXPECT_FALSE(browser.State.SearchRunning);
+    EXPECT_FALSE(browser.Linked.Building);
+    EXPECT_FALSE(browser.WordSearch.SearchRunning());
 }
 
 TEST_F(SearchRunTest, TypingQuicklyEndsWithTheResultForTheLastText) {
@@ -87,11 +87,11 @@ TEST_F(SearchRunTest, TypingQuicklyEndsWithTheResultForTheLastText) {
         }
     };
     browser.Type("tig");
-    EXPECT_EQ(browser.State.SearchString, QStringLiteral("headlong"));
+    EXPECT_EQ(browser.WordSearch.SearchString(), QStringLiteral("headlong"));
     EXPECT_EQ(Texts(songs), "All (1 Item), Headlong");
     EXPECT_EQ(Texts(artists), "All (1 Artist), Queen");
-    EXPECT_EQ(browser.State.SavedArtists.size(), 2U);
-    EXPECT_FALSE(browser.State.SearchPending);
+    EXPECT_EQ(browser.Result.SavedArtists().size(), 2U);
+    EXPECT_FALSE(browser.WordSearch.SearchPending());
 }
 
 TEST_F(SearchRunTest, NoResultForAnOutdatedTextIsShown) {
@@ -127,10 +127,10 @@ TEST_F(SearchRunTest, ATextThatComesBackToWhatItWasIsSearchedAgainAllTheSame) {
 TEST_F(SearchRunTest, ATextDeletedWhileTheSearchRunsEndsTheSearch) {
     InYield(2, [this] { browser.Type(""); });
     browser.Type("money");
-    EXPECT_FALSE(browser.State.Search);
-    EXPECT_FALSE(browser.State.SearchingText);
+    EXPECT_FALSE(browser.Result.Search());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
     EXPECT_EQ(Texts(artists), "All (2 Artists), Abba, Queen");
-    EXPECT_TRUE(browser.State.SavedArtists.empty());
+    EXPECT_TRUE(browser.Result.SavedArtists().empty());
     EXPECT_FALSE(form.cmdClear.Enabled());
 }
 
@@ -138,8 +138,8 @@ TEST_F(SearchRunTest, ATextDeletedWhileTheSearchRunsUnderAFilterLeavesTheFilter)
     browser.ChooseTab("Video");
     InYield(2, [this] { browser.Type("  "); });
     browser.Type("money");
-    EXPECT_TRUE(browser.State.Search);
-    EXPECT_FALSE(browser.State.SearchingText);
+    EXPECT_TRUE(browser.Result.Search());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
     EXPECT_EQ(Texts(songs), "All (1 Video), Film");
     EXPECT_FALSE(form.cmdClear.Enabled());
 }
@@ -147,7 +147,7 @@ TEST_F(SearchRunTest, ATextDeletedWhileTheSearchRunsUnderAFilterLeavesTheFilter)
 TEST_F(SearchRunTest, ATextTypedWhileAFilterIsAppliedBecomesATextSearch) {
     InYield(2, [this] { browser.Type("tiger"); });
     browser.ChooseTab("Audio");
-    EXPECT_TRUE(browser.State.SearchingText);
+    EXPECT_TRUE(browser.WordSearch.SearchingText());
     EXPECT_TRUE(form.cmdClear.Enabled());
     EXPECT_EQ(Texts(songs), "All (1 Song), Tiger");
     browser.ChooseTab("All Files");
@@ -170,7 +170,7 @@ TEST_F(SearchRunTest, TheTicksOfTheEarlierResultSurviveARestart) {
     browser.Tick(songs, "Money");
     InYield(2, [this] { browser.Type("headlong"); });
     browser.Type("tiger");
-    EXPECT_TRUE(browser.State.CheckedHidden);
+    EXPECT_TRUE(browser.Result.CheckedHidden());
     EXPECT_TRUE(form.cmdCopy.Enabled());
     browser.Events.OnYield = {};
     browser.Type("");
@@ -182,7 +182,7 @@ TEST_F(SearchRunTest, WhatAnOutdatedResultWouldHaveHiddenDoesNotCount) {
     browser.Tick(songs, "Money");
     InYield(8, [this] { browser.Type("money"); });
     browser.Type("nowhere");
-    EXPECT_FALSE(browser.State.CheckedHidden);
+    EXPECT_FALSE(browser.Result.CheckedHidden());
 }
 
 TEST_F(SearchRunTest, ClicksAndTicksInAYieldChangeNothing) {
@@ -223,7 +223,7 @@ TEST_F(SearchRunTest, ClicksAndTicksAfterARestartChangeNothingEither) {
     browser.Type("nowhere");
     ASSERT_GT(browser.Events.Yields, 9);
     EXPECT_EQ(CheckedRecords(browser.Library.Artists), "");
-    EXPECT_EQ(CheckedRecords(browser.State.SavedArtists), "");
+    EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()), "");
     EXPECT_EQ(browser.Message(), "Selected: 0 KB of 6 KB");
 }
 
@@ -232,8 +232,8 @@ TEST_F(SearchRunTest, TheSearchButtonPressedWhileAFilterIsAppliedDoesNotMixWithI
     form.cmdClear.UserPress(); // the text stays in the box, and is in force no more
     InYield(2, [this] { form.cmdSearch.UserPress(); });
     browser.ChooseTab("Audio");
-    EXPECT_FALSE(browser.State.SearchingText);
-    EXPECT_EQ(browser.State.SearchString, QString());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
+    EXPECT_EQ(browser.WordSearch.SearchString(), QString());
     EXPECT_FALSE(form.cmdClear.Enabled());
     EXPECT_EQ(Texts(artists), "All (2 Artists), Abba, Queen");
 }
@@ -243,8 +243,8 @@ TEST_F(SearchRunTest, TheButtonsPressedInAYieldDoNothing) {
         form.cmdClear.UserPress();
         form.cmdSearch.UserPress();
         browser.WordSearch.DoSearch();
-        EXPECT_TRUE(browser.State.SearchingText);
-        EXPECT_EQ(browser.State.SearchString, QStringLiteral("money"));
+        EXPECT_TRUE(browser.WordSearch.SearchingText());
+        EXPECT_EQ(browser.WordSearch.SearchString(), QStringLiteral("money"));
     });
     browser.Type("money");
     EXPECT_EQ(Texts(songs), "All (1 Item), Money");

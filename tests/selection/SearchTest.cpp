@@ -196,7 +196,7 @@ TEST_F(SearchTest, EveryKeystrokeSearches) {
 TEST_F(SearchTest, ATabOrAnotherCharacterThanTheBlankIsAText) {
     browser.Type("\t");
     EXPECT_TRUE(browser.WordSearch.AllowSearch());
-    EXPECT_TRUE(browser.State.Search);
+    EXPECT_TRUE(browser.Result.Search());
     EXPECT_EQ(artists.ListCount(), 0);
     browser.Type(" a ");
     EXPECT_TRUE(browser.WordSearch.AllowSearch());
@@ -224,8 +224,8 @@ TEST_F(SearchTest, TheButtonWithoutATextUnderAFilterLeavesTheFilter) {
     const std::string found = Texts(artists);
     form.cmdSearch.UserPress();
     EXPECT_EQ(Texts(artists), found);
-    EXPECT_TRUE(browser.State.Search);
-    EXPECT_FALSE(browser.State.SearchingText);
+    EXPECT_TRUE(browser.Result.Search());
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
 }
 
 TEST_F(SearchTest, ClearIsEnabledWhileATextSearchIsInForce) {
@@ -256,7 +256,7 @@ TEST_F(SearchTest, ClickingTheLabelEntersTheBox) {
 TEST_F(SearchTest, WithoutTracksNothingIsSearched) {
     browser.Library.TrackCount = 0;
     browser.Type("money");
-    EXPECT_FALSE(browser.State.Search);
+    EXPECT_FALSE(browser.Result.Search());
     EXPECT_EQ(browser.Library.Artists.size(), 3U);
 }
 
@@ -264,7 +264,7 @@ TEST_F(SearchTest, ASearchFromAResultStartsFromTheFullLibrary) {
     browser.Type("money");
     browser.Type("stone");
     EXPECT_EQ(Texts(artists), "All (1 Artist), Blue River");
-    EXPECT_EQ(browser.State.SavedArtists.size(), 3U);
+    EXPECT_EQ(browser.Result.SavedArtists().size(), 3U);
     browser.Type("");
     ExpectFullLibrary();
 }

@@ -1,0 +1,82 @@
+#include "app/Subsystems.h"
+
+Subsystems::Subsystems(const Services& services, Form1Controls& controls)
+    : Loading(services.Files, services.MessageBoxes, controls),
+      Devices(Loading, services.Drives, services.Files, services.MessageBoxes, services.Windows,
+              controls),
+      Fitting(services.Windows, controls), Lists(Loading.Library, Fitting, controls),
+      Result(Loading.Library, Lists), Artists(Loading.Library, Lists, Result, controls),
+      Filter(Loading.Library, Devices, controls), Summary(Result, Loading.Library, controls),
+      WordSearch(Loading.Library, Lists, Result, Artists, Summary, services.Events,
+                 services.Windows, controls),
+      Checks(Loading.Library, Lists, Artists, Summary, WordSearch, controls),
+      Target(services.Files, services.Desktop, services.Windows, controls),
+      Job(services.Files, services.MessageBoxes, services.Events, services.Windows, controls,
+          Loading.Library, Result, WordSearch, Summary, Target, Prompt) {
+    WireDevices(controls);
+    WireLists(controls);
+    WireMouse(controls);
+    WireSearch(controls);
+    WireCopy(controls);
+}
+
+void Subsystems::WireDevices(Form1Controls& controls) {
+    controls.Combo1.DropDown = [this] { Devices.Combo1_DropDown(); };
+    controls.Combo1.Click = [this] { Devices.Combo1_Click(); };
+    controls.timScan.Timer = [this] { Devices.timScan_Timer(); };
+    Devices.LibraryLeaves = [this] { ForgetLibrary(); };
+    Devices.LibraryLoaded = [this] { ShowLibrary(); };
+}
+
+void Subsystems::WireLists(Form1Controls& controls) {
+    controls.lstArtists.Click = [this] { Lists.lstArtists_Click(); };
+    controls.lstAlbums.Click = [this] { Lists.lstAlbums_Click(); };
+    controls.lstSongs.Click = [this] { Lists.lstSongs_Click(); };
+    controls.lstArtists.ItemCheck = [this](int Item) { Checks.lstArtists_ItemCheck(Item); };
+    controls.lstAlbums.ItemCheck = [this](int Item) { Checks.lstAlbums_ItemCheck(Item); };
+    controls.lstSongs.ItemCheck = [this](int Item) { Checks.lstSongs_ItemCheck(Item); };
+}
+
+void Subsystems::WireMouse(Form1Controls& controls) {
+    controls.lstArtists.MouseMove = [this](const MouseState&) { Fitting.lstArtists_MouseMove(); };
+    controls.lstAlbums.MouseMove = [this](const MouseState&) { Fitting.lstAlbums_MouseMove(); };
+    controls.lstSongs.MouseMove = [this](const MouseState&) { Fitting.lstSongs_MouseMove(); };
+    controls.lstArtists.Scroll = [this] { Fitting.lstArtists_Scroll(); };
+    controls.lstAlbums.Scroll = [this] { Fitting.lstAlbums_Scroll(); };
+    controls.lstSongs.Scroll = [this] { Fitting.lstSongs_Scroll(); };
+    controls.lstSongs.MouseDown = [this](const MouseState& mouse) {
+        Fitting.lstSongs_MouseDown(mouse);
+    };
+}
+
+void Subsystems::WireSearch(Form1Controls& controls) {
+    controls.tbsFilter.Click = [this] { Filter.tbsFilter_Click(); };
+    controls.txtSearch.Change = [this] { WordSearch.txtSearch_Change(); };
+    controls.txtSearch.GotFocus = [this] { WordSearch.txtSearch_GotFocus(); };
+    controls.txtSearch.LostFocus = [this] { WordSearch.txtSearch_LostFocus(); };
+    controls.lblSearch.Click = [this] { WordSearch.lblSearch_Click(); };
+    controls.cmdSearch.Click = [this] { WordSearch.cmdSearch_Click(); };
+    controls.cmdClear.Click = [this] { WordSearch.cmdClear_Click(); };
+    Filter.FilterChanged = [this] { WordSearch.ShowFiltered(); };
+}
+
+void Subsystems::WireCopy(Form1Controls& controls) {
+    controls.txtDestination.Change = [this] { Target.txtDestination_Change(); };
+    controls.cmdBrowse.Click = [this] { Target.cmdBrowse_Click(); };
+    controls.cmdCopy.Click = [this] { Job.cmdCopy_Click(); };
+}
+
+void Subsystems::ForgetLibrary() {
+    Lists.ResetState();
+    Result.ResetState();
+    Artists.ResetState();
+    Filter.ResetState();
+    WordSearch.ResetState();
+    Summary.ResetState();
+    Fitting.AdjustText(QString()); // else a resize would bring the old name back
+}
+
+void Subsystems::ShowLibrary() {
+    Artists.ShowLibrary();
+    Summary.CalculateSize(false);
+}
