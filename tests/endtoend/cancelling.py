@@ -3,17 +3,8 @@ be copied, the large files included."""
 
 import sys
 
-from desktop import wait_for
 from ipod import assert_copied, tree
-from scenario import WHOLE_SMALL_SAMPLE, load_small_sample, main, tick_album
-
-
-def freeze_in_large_file(window, destination):
-    """Stops the program while it writes a large file."""
-    unfinished = destination / "tmp" / "copy.tmp"
-    wait_for("the large file to be begun", unfinished.exists, pause=0.001)
-    window.freeze()
-    assert unfinished.exists(), "the large file was copied too fast"
+from scenario import WHOLE_SMALL_SAMPLE, freeze_in_large_file, load_small_sample, main, tick_album
 
 
 def play(stage):

@@ -1,9 +1,10 @@
-"""Closing the window while a job runs asks first; No lets the job go on, Yes ends the program."""
+"""Closing the window while a job runs asks first, inside a large file too; No lets the job go on, Yes ends
+the program."""
 
 import sys
 
 from ipod import assert_copied, tree
-from scenario import load_small_sample, main, tick_album
+from scenario import freeze_in_large_file, load_small_sample, main, tick_album
 
 QUESTION = "Are you sure you want to quit?"
 FILES = {
@@ -11,6 +12,8 @@ FILES = {
     "VoltAmpere/Live 1999/02 Song.mp3": 1,
     "VoltAmpere/Live 1999/02 Song (2).mp3": 2,
 }
+
+FILM = "Small Screen Society/Long/01 Whole Night.m4v"
 
 
 def close_while_copying(window, button):
@@ -31,6 +34,23 @@ def play(stage):
         window.answer("Songlift", QUESTION, "No")
         window.answer("Songlift", "Copy completed!", "OK")
         assert_copied(ipod, stage.destination, FILES)
+
+        window.choose("Artists", "Volt/Ampere")
+        window.tick("Albums", "Live: 1999?", ticked=False)
+        tick_album(window, "Small Screen Society", "Long")
+        films = stage.work / "films"
+        films.mkdir()
+        window.set_text("Destination", str(films))
+        window.press("Copy to destination")
+        unfinished = freeze_in_large_file(window, films)
+        window.request_close()
+        window.thaw()
+        question = window.message("Songlift", QUESTION)
+        begun = unfinished.stat()
+        window.press("No", question)
+        window.answer("Songlift", "Copy completed!", "OK")
+        assert_copied(ipod, films, {FILM: 11})
+        assert (films / FILM).stat().st_ino == begun.st_ino, "the film was begun anew"
 
         other = stage.work / "other"
         other.mkdir()

@@ -8,7 +8,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from desktop import Desktop
+from desktop import Desktop, wait_for
 from driver import Bus, Songlift
 from ipod import Ipod
 
@@ -83,6 +83,15 @@ def tick_album(window, artist, album):
     """Ticks one album."""
     window.choose("Artists", artist)
     window.tick("Albums", album)
+
+
+def freeze_in_large_file(window, destination):
+    """Stops the program while it writes a large file; returns that file, which has no name of its own yet."""
+    unfinished = destination / "tmp" / "copy.tmp"
+    wait_for("the large file to be begun", unfinished.exists, pause=0.001)
+    window.freeze()
+    assert unfinished.exists(), "the large file was copied too fast"
+    return unfinished
 
 
 def main(play):
