@@ -28,7 +28,8 @@ CopyJob::CopyJob(FileSystem& files, Messages& messages, EventLoop& events,
     : m_files(files), m_messages(messages), m_events(events), m_windowManager(windowManager),
       m_controls(controls), m_library(library), m_result(result), m_search(search),
       m_summary(summary), m_destination(destination), m_prompt(prompt),
-      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, [this] { return MayGoOn(); }) {
+      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, [this] { return MayGoOn(); }),
+      m_folderNames(files) {
 }
 
 void CopyJob::cmdCopy_Click() {
@@ -84,7 +85,8 @@ void CopyJob::Start() {
     m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
     m_naming.FolderChanged = true;
     m_fileIndex = 0;
-    m_clearedFolder.clear();
+    m_enteredFolder.clear();
+    m_folderNames.StartOver();
 }
 
 /// Puts the full library in the place of the shown search result, or the result back in its place.

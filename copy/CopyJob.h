@@ -3,6 +3,7 @@
 #include "copy/ChunkedCopy.h"
 #include "copy/CopyErrors.h"
 #include "copy/Destination.h"
+#include "copy/FolderNames.h"
 #include "copy/Naming.h"
 #include "copy/OverwritePrompt.h"
 #include "platform/EventLoop.h"
@@ -68,7 +69,7 @@ private:
     Next CountTrack();
     Next MakeFolders();
     Next MakeFolder(const CheckControl& option, const QString& name);
-    void ClearFolder();
+    void EnterFolder();
     void NameFile(const TrackRecord& track);
     Next PutFile(const TrackRecord& track);
     void AskToReplace(const QString& target);
@@ -97,11 +98,12 @@ private:
     OverwritePrompt& m_prompt;
     ChunkedCopy m_chunkedCopy;
     Naming m_naming;
+    FolderNames m_folderNames;
 
     /// The destination folder, with a separator at its end.
     QString m_destRoot;
-    /// The last folder that leftovers were looked for in.
-    QString m_clearedFolder;
+    /// The folder of the last track.
+    QString m_enteredFolder;
     /// How a stop that was asked for inside a large file was answered; SameTrack without one.
     Next m_stop = Next::SameTrack;
     /// The track at hand: where it comes from and goes to.

@@ -34,7 +34,7 @@ CopyJob::Next CopyJob::CopyTrack(const TrackRecord& track) {
             next = MakeFolders();
         }
         if (next == Next::Step) {
-            ClearFolder();
+            EnterFolder();
             NameFile(track);
             next = PutFile(track);
         }
@@ -71,10 +71,11 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
     if (option.Value() != 1) {
         return Next::Step;
     }
-    const QString folder = m_place.DestFolder + name;
+    const QString fitting = m_folderNames.NameFor(m_place.DestFolder, name);
+    const QString folder = m_place.DestFolder + fitting;
     // A failure names the folder that is being made; a file that is copied once more keeps its
     // name.
-    const QString fileName = std::exchange(m_place.FileName, name);
+    const QString fileName = std::exchange(m_place.FileName, fitting);
     // Looked for again by every attempt: a disk that comes back may bring the folder along.
     const Next next = Step([&] { EnsureFolder(m_files, folder); });
     m_place.FileName = fileName;
@@ -86,11 +87,12 @@ CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& nam
 }
 
 /// Removes what a killed job has left in the folder of the track at hand, also where all its files
-/// are going to be skipped.
-void CopyJob::ClearFolder() {
-    if (m_place.DestFolder != m_clearedFolder) {
-        m_clearedFolder = m_place.DestFolder;
-        m_files.RemoveLeftovers(m_clearedFolder);
+/// are going to be skipped, and asks what names the folder can hold.
+void CopyJob::EnterFolder() {
+    if (m_place.DestFolder != m_enteredFolder) {
+        m_enteredFolder = m_place.DestFolder;
+        m_files.RemoveLeftovers(m_enteredFolder);
+        m_naming.Limits = m_files.LimitsOf(m_enteredFolder);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "copy/Naming.h"
 
+#include "copy/FittingName.h"
 #include "library/MusicLibrary.h"
 
 namespace {
@@ -58,12 +59,13 @@ QString Naming::MakeSafeName(const QString& Text, bool IsFile, const QString& Ex
         m_usedCounts.clear();
         m_indexOf.clear();
     }
-    QString name = result + Ext;
+    QString numbers;
+    QString name = FittingName(result, Ext, Limits);
     for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
          used = m_indexOf.constFind(name)) {
-        result += QStringLiteral(" (") + QString::number(m_usedCounts[*used]) + QLatin1Char(')');
+        numbers += QStringLiteral(" (") + QString::number(m_usedCounts[*used]) + QLatin1Char(')');
         ++m_usedCounts[*used];
-        name = result + Ext;
+        name = FittingName(result, numbers + Ext, Limits);
     }
     Enter(name);
     FolderChanged = false;

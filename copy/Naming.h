@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/NameLimits.h"
+
 #include <QHash>
 #include <QString>
 #include <QtGlobal>
@@ -7,7 +9,8 @@
 #include <vector>
 
 /// Turns library text into names that file systems accept, and numbers the file names that come
-/// again in one folder.
+/// again in one folder, also those that become equal because its file system cannot hold them
+/// whole.
 class Naming {
 public:
     Naming();
@@ -15,6 +18,8 @@ public:
     /// A new destination folder has begun: the names given so far are forgotten by the next call,
     /// and the next file name clears this.
     bool FolderChanged = false;
+    /// What the file names must fit.
+    NameLimits Limits;
 
     /// The safe name for `Text`, never empty. With `IsFile`, `Ext` (the extension with its dot) is
     /// appended, and the name differs from every file name given since the folder changed. Letter

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/NameLimits.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -73,6 +75,10 @@ public:
     /// Whether `path` lies, or would lie, on a drive that is an iPod, whatever leads there. Nothing
     /// is ever changed on one: what would do so throws PermissionDenied. Never throws.
     virtual bool IsOnIpod(const QString& path) = 0;
+
+    /// What names a file or folder can have in the folder `path`, or in the nearest one above it
+    /// that exists. Never throws.
+    virtual NameLimits LimitsOf(const QString& path) = 0;
 
     /// The drive that holds `path`, as it is named to the user: the first two characters in drive
     /// form, the mount point in native form.

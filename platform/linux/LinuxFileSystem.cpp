@@ -236,6 +236,11 @@ bool LinuxFileSystem::IsOnIpod(const QString& path) {
     return folder.IsOpen() && m_drives.IsOnIpod(folder.Get());
 }
 
+NameLimits LinuxFileSystem::LimitsOf(const QString& path) {
+    const FileDescriptor folder = OpenNearestFolder(path);
+    return folder.IsOpen() ? NameLimitsOf(folder.Get()) : NameLimits();
+}
+
 QString LinuxFileSystem::DriveOf(const QString& path) {
     if (Paths::IsDriveForm(path)) {
         return path.left(2);

@@ -28,6 +28,7 @@ public:
     void CopyModificationTime(const QString& source, const QString& target) override;
 
     bool IsOnIpod(const QString& path) override;
+    NameLimits LimitsOf(const QString& path) override;
     QString DriveOf(const QString& path) override;
     double FreeBytes(const QString& path) override;
 

@@ -5,11 +5,37 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/vfs.h>
 
 namespace {
 
+/// As statfs(2) tells the types of file systems.
+enum FileSystemType : quint32 {
+    Fat = 0x4d44,
+    ExFat = 0x2011bab0,
+    Ntfs = 0x5346544e,
+    Ntfs3 = 0x7366746e,
+    Smb = 0xff534d42,
+    Smb2 = 0xfe534d42,
+    HfsPlus = 0x482b,
+    Fuse = 0x65735546,
+};
+
+/// No file system in use holds less. One that says so, as some outside the kernel do, does not
+/// know.
+constexpr int LeastName = 30;
+/// Of file systems that keep names as UTF-16; for them Linux tells the bytes that may come of it.
+constexpr int LongestUtf16Name = 255;
+
 bool IsAscii(const QByteArray& name) {
     return std::none_of(name.begin(), name.end(), [](char c) { return (c & 0x80) != 0; });
+}
+
+bool LiesOnBlockDevice(int folder) {
+    struct stat info {};
+    return fstat(folder, &info) == 0 && major(info.st_dev) != 0;
 }
 
 /// What two names have in common that differ only in case or in composition. Empty for bytes that
@@ -32,6 +58,37 @@ std::optional<QByteArray> EncodeName(const QString& text) {
         return std::nullopt;
     }
     return text.toUtf8();
+}
+
+NameLimits NameLimitsOf(int folder) {
+    struct statfs info {};
+    NameLimits limits;
+    if (fstatfs(folder, &info) != 0) {
+        return limits;
+    }
+    const NameLimits windows{LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
+    switch (static_cast<quint32>(info.f_type)) {
+    case Fat:
+    case ExFat:
+    case Ntfs:
+    case Ntfs3:
+    case Smb:
+    case Smb2:
+        return windows;
+    case HfsPlus:
+        return {LongestUtf16Name, NameLimits::Unit::DecomposedUtf16Units, false};
+    case Fuse:
+        if (LiesOnBlockDevice(folder)) {
+            return windows; // NTFS or exFAT, outside the kernel
+        }
+        break;
+    default:
+        break;
+    }
+    if (info.f_namelen >= LeastName) {
+        limits.Longest = static_cast<int>(info.f_namelen);
+    }
+    return limits;
 }
 
 QByteArray FindNameIgnoringCase(int folder, const QByteArray& wanted) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/NameLimits.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -9,6 +11,9 @@
 /// with half a surrogate pair or a NUL. Writing such a name some other way would let two titles
 /// meet in one file.
 std::optional<QByteArray> EncodeName(const QString& text);
+
+/// What names the file system of an open folder can hold.
+NameLimits NameLimitsOf(int folder);
 
 /// The name in the open folder that equals `wanted` but for case and for how accents are composed
 /// (HFS+ stores them decomposed); the first in byte order where several do, empty where none does.

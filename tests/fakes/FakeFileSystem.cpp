@@ -3,6 +3,8 @@
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -15,7 +17,25 @@ bool HoldsAny(const QString& text, const char* characters) {
     });
 }
 
-constexpr qsizetype LongestName = 255;
+bool IsDevice(const QString& name) {
+    static const QRegularExpression device(
+        QStringLiteral("^(con|prn|aux|nul|(com|lpt)[1-9]) *(\\..*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return device.match(name).hasMatch();
+}
+
+/// What Windows refuses, or makes so that nobody can open it.
+bool IsBadForWindows(const QString& name) {
+    return name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' ')) || IsDevice(name) ||
+           std::any_of(name.begin(), name.end(), [](QChar c) { return c < QLatin1Char(' '); });
+}
+
+bool IsRefused(const QString& name, const NameLimits& limits) {
+    const bool countsBytes = limits.CountedIn == NameLimits::Unit::Utf8Bytes;
+    return !name.isValidUtf16() || name.contains(QChar(u'\0')) ||
+           (countsBytes ? name.toUtf8().size() : name.size()) > limits.Longest ||
+           (limits.IsForWindows && IsBadForWindows(name));
+}
 
 } // namespace
 
@@ -202,7 +222,7 @@ void FakeFileSystem::CreateFolder(const QString& path) {
         throw RuntimeError(ErrorNumber::BadFileName);
     }
     RequireParent(path);
-    if (name.toUtf8().size() > LongestName) {
+    if (IsRefused(name, Limits)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     MakeFolder(path);
@@ -267,8 +287,7 @@ void FakeFileSystem::RequireFileTarget(const QString& path, Existing existing) c
         throw RuntimeError(ErrorNumber::FileAlreadyExists);
     }
     const QString name = Paths::FileName(path);
-    if (name.toUtf8().size() > LongestName ||
-        (Paths::IsDriveForm(path) && HoldsAny(name, "/:*?\"<>|"))) {
+    if (IsRefused(name, Limits) || (Paths::IsDriveForm(path) && HoldsAny(name, "/:*?\"<>|"))) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
 }

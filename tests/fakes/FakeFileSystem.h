@@ -134,12 +134,15 @@ public:
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
     void CopyModificationTime(const QString& source, const QString& target) override;
     bool IsOnIpod(const QString& path) override;
+    NameLimits LimitsOf(const QString&) override { return Limits; }
     QString DriveOf(const QString& path) override;
     double FreeBytes(const QString& path) override;
     QString NativePath(const QString& path) override;
 
     /// Files that are open at this moment.
     int OpenFiles = 0;
+    /// Names beyond these are refused.
+    NameLimits Limits;
 
 private:
     friend class FakeBinaryFile;

@@ -294,3 +294,13 @@ TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
 TEST_F(FilesFixture, AMissingDriveHasNoFreeBytes) {
     EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(QStringLiteral("Q:\\Music")); }), 68);
 }
+
+TEST_F(FilesFixture, TheLimitsOfNamesAreThoseOfTheFileSystem) {
+    const NameLimits limits = m_files.LimitsOf(Native());
+    EXPECT_EQ(limits.Longest, pathconf(Native().toUtf8().constData(), _PC_NAME_MAX));
+    EXPECT_EQ(limits.CountedIn, NameLimits::Unit::Utf8Bytes);
+    EXPECT_FALSE(limits.IsForWindows);
+    // Of a folder that is not there yet, those of where it would be made.
+    EXPECT_EQ(m_files.LimitsOf(Native(QStringLiteral("new/newer"))).Longest, limits.Longest);
+    EXPECT_EQ(m_files.LimitsOf(QStringLiteral("nowhere")).Longest, 255);
+}

@@ -1,0 +1,118 @@
+#include "copy/FittingName.h"
+
+#include "library/MusicLibrary.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+int Length(const QString& text, const NameLimits& limits) {
+    switch (limits.CountedIn) {
+    case NameLimits::Unit::Utf16Units:
+        return static_cast<int>(text.size());
+    case NameLimits::Unit::DecomposedUtf16Units:
+        return static_cast<int>(text.normalized(QString::NormalizationForm_D).size());
+    case NameLimits::Unit::Utf8Bytes:
+        break;
+    }
+    return static_cast<int>(text.toUtf8().size());
+}
+
+/// Without what no name can hold: NUL, half a surrogate pair, and under Windows control characters.
+QString WithoutUnholdable(const QString& text, const NameLimits& limits) {
+    QString result;
+    result.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        const bool isPair =
+            c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (isPair) {
+            result += c;
+            result += text[++i];
+        } else if (!c.isSurrogate() && c != QChar(u'\0') &&
+                   !(limits.IsForWindows && c < QLatin1Char(' '))) {
+            result += c;
+        }
+    }
+    return result;
+}
+
+bool EndsInDotOrBlank(const QString& text) {
+    return text.endsWith(QLatin1Char('.')) || text.endsWith(QLatin1Char(' '));
+}
+
+QString WithoutDotsAndBlanksAtEnd(QString text) {
+    while (EndsInDotOrBlank(text)) {
+        text.chop(1);
+    }
+    return text;
+}
+
+/// Windows goes by what stands before the first dot, in any case.
+bool IsDeviceName(const QString& name) {
+    const QString base = WithoutDotsAndBlanksAtEnd(name.section(QLatin1Char('.'), 0, 0)).toUpper();
+    static const std::array<QString, 4> devices = {QStringLiteral("CON"), QStringLiteral("PRN"),
+                                                   QStringLiteral("AUX"), QStringLiteral("NUL")};
+    if (std::find(devices.begin(), devices.end(), base) != devices.end()) {
+        return true;
+    }
+    const bool isNumbered =
+        base.startsWith(QLatin1String("COM")) || base.startsWith(QLatin1String("LPT"));
+    return isNumbered && base.size() == 4 && base[3] >= u'1' && base[3] <= u'9';
+}
+
+/// The "_" follows the part of the name that Windows takes for a device.
+QString WithMarkedDevice(const QString& text) {
+    const qsizetype dot = text.indexOf(QLatin1Char('.'));
+    return QString(text).insert(dot < 0 ? text.size() : dot, QLatin1Char('_'));
+}
+
+/// The longest beginning of `text` that holds whole letters and is at most `room` long.
+QString Cut(const QString& text, int room, const NameLimits& limits) {
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+    qsizetype end = 0;
+    for (qsizetype next = letters.toNextBoundary();
+         next > 0 && Length(text.left(next), limits) <= room; next = letters.toNextBoundary()) {
+        end = next;
+    }
+    if (end > 0) {
+        return text.left(end);
+    }
+    // One letter with hundreds of accents: some of them stay.
+    end = std::min<qsizetype>(text.size(), room);
+    while (Length(text.left(end), limits) > room || text[end - 1].isHighSurrogate()) {
+        --end;
+    }
+    return text.left(end);
+}
+
+} // namespace
+
+QString FittingName(const QString& text, const QString& ending, const NameLimits& limits) {
+    QString begin = WithoutUnholdable(text, limits);
+    QString end = WithoutUnholdable(ending, limits);
+    if (limits.IsForWindows) {
+        end = WithoutDotsAndBlanksAtEnd(end);
+        if (end.isEmpty()) {
+            begin = WithoutDotsAndBlanksAtEnd(begin);
+        }
+        if (IsDeviceName(begin + end)) {
+            begin = WithMarkedDevice(begin);
+        }
+    }
+    if (begin.isEmpty()) {
+        begin = UnknownName();
+    }
+    const int room = limits.Longest - Length(end, limits);
+    if (room < limits.Longest / 2) { // an ending that leaves too little is none
+        begin += std::exchange(end, QString());
+    }
+    if (Length(begin + end, limits) > limits.Longest) {
+        begin = WithoutDotsAndBlanksAtEnd(Cut(begin, limits.Longest - Length(end, limits), limits));
+    }
+    return begin + end;
+}

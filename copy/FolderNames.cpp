@@ -1,0 +1,25 @@
+#include "copy/FolderNames.h"
+
+#include "copy/FittingName.h"
+
+QString FolderNames::NameFor(const QString& parent, const QString& name) {
+    const auto known = m_names.constFind(parent + name);
+    if (known != m_names.cend()) {
+        return *known;
+    }
+    const NameLimits limits = m_files.LimitsOf(parent);
+    const QString owner = name.toLower();
+    QString fitting = FittingName(name, QString(), limits);
+    const auto isTaken = [&] { return m_owners.value(parent + fitting.toLower(), owner) != owner; };
+    for (int number = 2; isTaken(); ++number) {
+        fitting = FittingName(name, QStringLiteral(" (%1)").arg(number), limits);
+    }
+    m_owners.insert(parent + fitting.toLower(), owner);
+    m_names.insert(parent + name, fitting);
+    return fitting;
+}
+
+void FolderNames::StartOver() {
+    m_names.clear();
+    m_owners.clear();
+}

@@ -1,0 +1,87 @@
+// What becomes of names that the destination cannot hold.
+
+#include "tests/copy/CopyFixture.h"
+#include "tests/fakes/PrintText.h"
+
+namespace {
+
+class FittingJobTest : public CopyFixture, public testing::Test {
+protected:
+    static QString Times(int count, const char* text) { return Text(text).repeated(count); }
+
+    void CopyToWindowsDisk() { files.Limits = {255, NameLimits::Unit::Utf16Units, true}; }
+
+    /// Copies without one question.
+    void PressAndComplete() {
+        Press();
+        EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
+        EXPECT_EQ(prompted, QStringList());
+        messages.Shown.clear();
+    }
+
+    QStringList CopiedNames() const {
+        QStringList names;
+        for (const QString& path : Copied()) {
+            names += path.mid(Text("D:\\Music\\").size());
+        }
+        return names;
+    }
+};
+
+} // namespace
+
+TEST_F(FittingJobTest, TitlesThatBecomeEqualWhenTheyAreCutAreNumbered) {
+    const QByteArray title = Times(90, "青").toUtf8();
+    AddTrack("Abba", "Arrival", title + "one", "first");
+    AddTrack("Abba", "Arrival", title + "two", "second");
+    PressAndComplete();
+    EXPECT_EQ(CopiedNames(),
+              QStringList({Times(82, "青") + Text(" (2).mp3"), Times(83, "青") + Text(".mp3")}));
+}
+
+TEST_F(FittingJobTest, ASecondJobAsksAboutTheNameThatIsReallyUsed) {
+    AddTrack("Abba", "Arrival", Times(90, "青").toUtf8(), "first");
+    PressAndComplete();
+    promptUses = {PromptUse::Skip};
+    Press();
+    EXPECT_EQ(prompted, QStringList{Text("D:\\Music\\") + Times(83, "青") + Text(".mp3")});
+}
+
+TEST_F(FittingJobTest, ArtistsThatBecomeEqualKeepAFolderEach) {
+    const QByteArray name = Times(90, "青").toUtf8();
+    AddTrack(name + "one", "Arrival", "Tiger", "first");
+    AddTrack(name + "two", "Arrival", "Tiger", "second");
+    AddTrack("Abba", "Arrival", "Tiger", "third");
+    SetOptions("A");
+    PressAndComplete();
+    EXPECT_EQ(CopiedNames(),
+              QStringList({Text("Abba\\Tiger.mp3"), Times(83, "青") + Text(" (2)\\Tiger.mp3"),
+                           Times(85, "青") + Text("\\Tiger.mp3")}));
+}
+
+TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfItsOwn) {
+    CopyToWindowsDisk();
+    AddTrack("CON", "Arrival", "Tiger", "first");
+    AddTrack("con_", "Arrival", "Tiger", "second");
+    SetOptions("A");
+    PressAndComplete();
+    EXPECT_EQ(CopiedNames(), QStringList({Text("CON_\\Tiger.mp3"), Text("con_ (2)\\Tiger.mp3")}));
+}
+
+TEST_F(FittingJobTest, AHardLibraryArrivesOnAWindowsDiskWithoutAQuestion) {
+    CopyToWindowsDisk();
+    int number = 0;
+    for (const char* title :
+         {"NUL", "aux", "Com1.live", "a\tb", "\x01", "Notes \xF0\x9F\x8E\xB5", "قمر الصيف"}) {
+        AddTrack("PRN", "LPT1.", title, QByteArray::number(++number));
+    }
+    AddTrack("PRN", "LPT1.", Times(400, "é").toUtf8(), "long");
+    AddTrack("\x02", "\x03", "Tiger", "control");
+    SetOptions("AB");
+    PressAndComplete();
+    EXPECT_EQ(Copied().size(), 9);
+    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\NUL_.mp3"), QByteArray("1"));
+    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\ab.mp3"), QByteArray("4"));
+    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\UNKNOWN.mp3"), QByteArray("5"));
+    EXPECT_EQ(Bytes("D:\\Music\\UNKNOWN\\UNKNOWN\\Tiger.mp3"), QByteArray("control"));
+}
