@@ -31,6 +31,7 @@ QIcon ProgramIcon() {
 int main(int argc, char** argv) {
     Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Songlift"));
+    QApplication::setApplicationVersion(QStringLiteral(SONGLIFT_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(SONGLIFT_ID));
     QApplication::setWindowIcon(ProgramIcon());
 

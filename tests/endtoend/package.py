@@ -14,7 +14,8 @@ from scenario import load_small_sample, main
 
 PROJECT = Path(__file__).resolve().parent.parent.parent
 ID = "org.songlift.songlift"
-VERSION = "1.0.0"
+VERSION = re.search(r"^project\(songlift VERSION (\S+)", (PROJECT / "CMakeLists.txt").read_text(),
+                    re.MULTILINE).group(1)
 CARRIED_SIZES = {16, 22, 24, 32, 48, 64, 128, 256}
 INSTALLED_SIZES = CARRIED_SIZES | {512}
 
