@@ -2,6 +2,7 @@
 // What a job copies must be what the summary promised, whatever was done before.
 
 #include "tests/app/ProgramFixture.h"
+#include "tests/support/Walks.h"
 
 #include "selection/SelectionSummary.h"
 
@@ -182,7 +183,7 @@ private:
 
 TEST(ProgramWalk, WhateverTheUserDoesTheJobCopiesWhatTheSummaryPromised) {
     int copies = 0;
-    for (unsigned seed = 1; seed <= 40; ++seed) {
+    for (unsigned seed = 1; seed <= Walks(40); ++seed) {
         Walker walker(seed);
         for (int step = 0; step < 120 && !testing::Test::HasFailure(); ++step) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);

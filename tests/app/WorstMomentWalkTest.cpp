@@ -3,6 +3,7 @@
 // window must show what a plain model of the library says, and be at rest.
 
 #include "tests/app/ProgramFixture.h"
+#include "tests/support/Walks.h"
 
 #include "selection/SelectionSummary.h"
 
@@ -503,7 +504,7 @@ private:
 
 TEST(WorstMomentWalk, TheWindowComesToRestAndShowsWhatHolds) {
     int steps = 0, meanwhiles = 0, copies = 0, questions = 0, closed = 0;
-    for (unsigned seed = 1; seed <= 60; ++seed) {
+    for (unsigned seed = 1; seed <= Walks(60); ++seed) {
         Walker walker(seed);
         for (int step = 0; step < 100 && !walker.IsClosed(); ++step, ++steps) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);

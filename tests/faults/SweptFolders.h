@@ -9,13 +9,6 @@
 /// as the drives that people carry away.
 enum class Disk { WithNamelessFiles, WithoutNamelessFiles };
 
-/// Every call is struck in turn, and with the sanitizers, which take their time, every fifth.
-#ifdef __SANITIZE_ADDRESS__
-inline constexpr int SweepStep = 5;
-#else
-inline constexpr int SweepStep = 1;
-#endif
-
 /// A template for temporary folders; in memory where the system has room there, since thousands of
 /// jobs are to be run.
 QString FolderForJobs();

@@ -8,6 +8,7 @@
 #include "platform/qt/QtWindowManager.h"
 #include "tests/app/ProgramFixture.h"
 #include "tests/support/ITunesDBWriter.h"
+#include "tests/support/Walks.h"
 #include "tests/window/QtInput.h"
 
 #include <QAbstractButton>
@@ -326,7 +327,7 @@ public:
 
 TEST(WorstMomentWindow, NothingCrashesHangsOrHarmsAFile) {
     int steps = 0, meanwhiles = 0, boxes = 0, closed = 0;
-    for (unsigned seed = 1; seed <= 20; ++seed) {
+    for (unsigned seed = 1; seed <= Walks(20); ++seed) {
         HastyUser user(seed);
         for (int step = 0; step < 200 && !user.IsClosed(); ++step, ++steps) {
             SCOPED_TRACE(testing::Message() << "seed " << seed << ", step " << step);
