@@ -5,7 +5,8 @@
 #include <QString>
 
 /// What the system tells about the block devices under mounts: the kernel in /sys, the device
-/// manager in /dev/disk.
+/// manager in /dev/disk. libudev would tell the same, its labels with the same escapes, but of the
+/// computer that it runs on alone, and not of one that a test makes up.
 class BlockDevices {
 public:
     BlockDevices(const QString& sysFolder, const QString& diskFolder);

@@ -1,61 +1,45 @@
 #include "platform/linux/MountTable.h"
 
 #include <QFile>
-#include <QList>
+
+#include <libmount/libmount.h>
+#include <memory>
+#include <sys/sysmacros.h>
 
 namespace {
 
-bool IsOctal(char c) {
-    return c >= '0' && c <= '7';
+struct TableCloser {
+    void operator()(libmnt_table* table) const { mnt_unref_table(table); }
+};
+struct IteratorCloser {
+    void operator()(libmnt_iter* iterator) const { mnt_free_iter(iterator); }
+};
+
+/// 0 for two mounts at the same folder, as libmount wants it told.
+int DiffersInFolder(libmnt_table*, libmnt_fs* one, libmnt_fs* other) {
+    return qstrcmp(mnt_fs_get_target(one), mnt_fs_get_target(other));
 }
 
-/// Blanks, tabs, line ends and backslashes stand in the table as "\040" and so on.
-QByteArray Unescaped(const QByteArray& field) {
-    QByteArray text;
-    for (qsizetype i = 0; i < field.size(); ++i) {
-        if (field[i] == '\\' && i + 3 < field.size() && IsOctal(field[i + 1]) &&
-            IsOctal(field[i + 2]) && IsOctal(field[i + 3])) {
-            const int code =
-                (field[i + 1] - '0') * 64 + (field[i + 2] - '0') * 8 + (field[i + 3] - '0');
-            text += static_cast<char>(code);
-            i += 3;
-        } else {
-            text += field[i];
-        }
-    }
-    return text;
-}
-
-/// Fields: id, parent, device, root, folder, options, any number of tags, "-", type, source, ...
-bool ParseLine(const QByteArray& line, Mount& mount) {
-    const QList<QByteArray> fields = line.split(' ');
-    const qsizetype dash = fields.indexOf("-", 6);
-    if (dash < 0 || dash + 2 >= fields.size()) {
-        return false;
-    }
-    mount.Device = fields[2];
-    mount.Root = Unescaped(fields[3]);
-    mount.Folder = Unescaped(fields[4]);
-    mount.Type = fields[dash + 1];
-    mount.Source = Unescaped(fields[dash + 2]);
-    return mount.Folder.startsWith('/');
+QByteArray DeviceText(dev_t device) {
+    return QByteArray::number(major(device)) + ':' + QByteArray::number(minor(device));
 }
 
 } // namespace
 
 std::vector<Mount> ReadMountTable(const QString& file) {
-    QFile table(file);
     std::vector<Mount> mounts;
-    if (!table.open(QIODevice::ReadOnly)) {
+    const std::unique_ptr<libmnt_table, TableCloser> table(
+        mnt_new_table_from_file(QFile::encodeName(file).constData()));
+    if (!table) {
         return mounts;
     }
-    const QList<QByteArray> lines = table.readAll().split('\n');
-    for (const QByteArray& line : lines) {
-        Mount mount;
-        if (ParseLine(line, mount)) {
-            std::erase_if(mounts, [&](const Mount& m) { return m.Folder == mount.Folder; });
-            mounts.push_back(mount);
-        }
+    mnt_table_uniq_fs(table.get(), 0, DiffersInFolder);
+    const std::unique_ptr<libmnt_iter, IteratorCloser> lines(mnt_new_iter(MNT_ITER_FORWARD));
+    libmnt_fs* line = nullptr;
+    while (mnt_table_next_fs(table.get(), lines.get(), &line) == 0) {
+        mounts.push_back({DeviceText(mnt_fs_get_devno(line)), mnt_fs_get_root(line),
+                          mnt_fs_get_target(line), mnt_fs_get_fstype(line),
+                          mnt_fs_get_source(line)});
     }
     return mounts;
 }
