@@ -9,7 +9,7 @@
 #include <QEventLoop>
 #include <QFontMetricsF>
 #include <QScreen>
-#include <QThread>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -236,17 +236,18 @@ void QtWindow::Refresh() {
 /// A window that has just been shown appears when the system says so, which the event loop would
 /// hear; long work that begins before the loop does waits here for it, once and not for long.
 void QtWindow::WaitForScreen() {
-    constexpr qint64 patienceMilliseconds = 500;
+    constexpr int patienceMilliseconds = 500;
     const QWindow* window = m_widget->windowHandle();
     if (m_waitedForScreen || window->isExposed() || State() == WindowState::Minimized) {
         return;
     }
     m_waitedForScreen = true;
-    QElapsedTimer waiting;
-    waiting.start();
-    while (!window->isExposed() && waiting.elapsed() < patienceMilliseconds) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        QThread::msleep(1);
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.start(patienceMilliseconds);
+    while (!window->isExposed() && patience.isActive()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::WaitForMoreEvents);
     }
 }
 
