@@ -186,6 +186,18 @@ TEST_F(PlayerBarTexts, WithoutADurationOnlyTheTime) {
     EXPECT_FALSE(bar.findChild<QSlider*>(QStringLiteral("PositionSlider"))->isEnabled());
 }
 
+/// Its edge stands for seconds of a song, which nobody wants to skip by holding the handle there.
+TEST_F(PlayerBarTexts, ASliderStaysWhereItIsWhenItsHandleIsTakenHoldOf) {
+    bar.VolumeChosen = [](int) {};
+    auto& volume = *bar.findChild<QSlider*>(QStringLiteral("VolumeSlider"));
+    volume.resize(70, 20);
+    volume.setValue(50);
+    const QPoint leftOfMiddle(31, 10); // the handle is 13 pixels wide
+    QTest::mousePress(&volume, Qt::LeftButton, Qt::NoModifier, leftOfMiddle);
+    EXPECT_EQ(volume.value(), 50);
+    EXPECT_TRUE(volume.isSliderDown());
+}
+
 TEST_F(PlayerBarTexts, AbsurdDurationsAreBounded) {
     EXPECT_EQ(TimeTextOf(1e300, 1e300), QStringLiteral("277777:46:40 / 277777:46:40"));
 }
