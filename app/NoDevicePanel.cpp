@@ -1,8 +1,8 @@
 #include "app/NoDevicePanel.h"
 
-#include "platform/qt/PlayerDrawing.h"
-
 #include <QFontDatabase>
+#include <QIcon>
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace {
@@ -15,13 +15,13 @@ QString MountingHelp() {
 /// The player that is missing, paler than one that is there.
 class MissingPlayer : public QWidget {
 public:
-    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setFixedSize(60, 95); }
+    explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setFixedSize(80, 100); }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setOpacity(0.5);
-        DrawPlayer(painter, rect(), palette());
+        QIcon(QStringLiteral(":/player.png")).paint(&painter, rect());
     }
 };
 

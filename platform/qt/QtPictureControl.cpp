@@ -1,6 +1,7 @@
 #include "platform/qt/QtPictureControl.h"
 
-#include "platform/qt/PlayerDrawing.h"
+#include <QIcon>
+#include <QPainter>
 
 namespace {
 
@@ -14,7 +15,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         if (Shown) {
             QPainter painter(this);
-            DrawPlayer(painter, rect(), palette());
+            QIcon(QStringLiteral(":/player.png")).paint(&painter, rect());
         }
     }
 };

@@ -4,8 +4,7 @@
 
 #include <QLabel>
 
-/// A small picture of a music player, drawn in the colours of the desktop. As a label it can name
-/// its neighbour to screen readers.
+/// A small picture of a music player. As a label it can name its neighbour to screen readers.
 class QtPictureControl : public QtControl<PictureControl, QLabel> {
 public:
     QtPictureControl(QWidget* parent, const QString& name);

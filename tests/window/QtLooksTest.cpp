@@ -1,6 +1,6 @@
 // What the controls look like: sharp, whole and telling, in the colours of the desktop.
 
-#include "platform/qt/PlayerDrawing.h"
+#include "platform/qt/BoxPalette.h"
 #include "platform/qt/QtComboControl.h"
 #include "platform/qt/QtContainers.h"
 #include "platform/qt/QtListControl.h"
@@ -18,6 +18,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 class QtLooks : public testing::Test {
@@ -33,22 +35,23 @@ protected:
 
     static QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
 
-    static QPalette TwoColours() {
-        QPalette palette;
-        palette.setColor(QPalette::WindowText, Qt::black);
-        palette.setColor(QPalette::Button, Qt::yellow);
-        palette.setColor(QPalette::Highlight, Qt::blue);
-        return palette;
-    }
-
-    /// The player on white, in the main window's place for it.
-    static QImage Player(qreal ratio) {
+    /// How the picture looks on a ground, at a scale of the screen.
+    static QImage Player(QtPictureControl& picture, QColor ground, qreal ratio) {
         QImage image(QSize(32, 40) * ratio, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        DrawPlayer(painter, QRectF(0, 0, 32, 40), TwoColours());
+        image.fill(ground);
+        picture.Widget()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
+    }
+
+    /// How many pixels from `start` in the direction `step` something stands out from the ground.
+    static int DistanceToSign(const QImage& image, QColor ground, QPoint start, QPoint step) {
+        int distance = 0;
+        while (image.valid(start) && Contrast(image.pixelColor(start), ground) < 3) {
+            start += step;
+            ++distance;
+        }
+        return distance;
     }
 
     static void HoverOver(QWidget& widget, QPoint position) {
@@ -57,27 +60,41 @@ protected:
     }
 };
 
-TEST_F(QtLooks, ThePlayerIsSharpAtEveryScale) {
-    const QRgb black = QColor(Qt::black).rgb();
-    const QRgb yellow = QColor(Qt::yellow).rgb();
-    const std::pair<qreal, int> lineWidths[] = {{1, 1}, {1.5, 2}, {2, 2}, {3, 3}};
-    for (const auto& [ratio, width] : lineWidths) {
-        const QImage player = Player(ratio);
-        const int middle = player.width() / 2;
-        const int bottom = player.height() - 1;
-        int left = 0;
-        while (player.pixelColor(left, bottom / 2) == QColor(Qt::white)) {
-            ++left;
+TEST_F(QtLooks, ThePlayersEdgesStandOutInLightAndDarkAtEveryScale) {
+    QtPictureControl picture(&window, QStringLiteral("Picture1"));
+    picture.Move(0, 0, 480, 600);
+    picture.ShowDevice();
+    for (const QColor& ground : {QColor(239, 239, 239), QColor(45, 47, 51)}) {
+        for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
+            const QImage player = Player(picture, ground, ratio);
+            const QPoint top(player.width() / 2, 0), left(0, player.height() / 2);
+            const QPoint bottom(top.x(), player.height() - 1), right(player.width() - 1, left.y());
+            // The ground around it is as wide as a line above and below it, and four beside it.
+            EXPECT_LE(DistanceToSign(player, ground, top, {0, 1}), std::ceil(2 * ratio)) << ratio;
+            EXPECT_LE(DistanceToSign(player, ground, bottom, {0, -1}), std::ceil(2 * ratio))
+                << ratio;
+            EXPECT_LE(DistanceToSign(player, ground, left, {1, 0}), std::ceil(5 * ratio)) << ratio;
+            EXPECT_LE(DistanceToSign(player, ground, right, {-1, 0}), std::ceil(5 * ratio))
+                << ratio;
         }
-        for (int line = 0; line < width; ++line) {
-            EXPECT_EQ(player.pixel(middle, line), black) << ratio;
-            EXPECT_EQ(player.pixel(middle, bottom - line), black) << ratio;
-            EXPECT_EQ(player.pixel(left + line, bottom / 2), black) << ratio;
+    }
+}
+
+TEST_F(QtLooks, ThePlayerIsSharpAtWholeScales) {
+    const QColor line(0x56, 0x62, 0x6a);
+    QtPictureControl picture(&window, QStringLiteral("Picture1"));
+    picture.Move(0, 0, 480, 600);
+    picture.ShowDevice();
+    for (const int ratio : {1, 2, 3}) {
+        const QImage player = Player(picture, Qt::white, ratio);
+        const QPoint middle(player.width() / 2, player.height() / 2);
+        for (int i = 0; i < ratio; ++i) {
+            EXPECT_EQ(player.pixelColor(middle.x(), ratio + i), line) << ratio;
+            EXPECT_EQ(player.pixelColor(middle.x(), 38 * ratio + i), line) << ratio;
+            EXPECT_EQ(player.pixelColor(4 * ratio + i, middle.y()), line) << ratio;
+            EXPECT_EQ(player.pixelColor(27 * ratio + i, middle.y()), line) << ratio;
         }
-        EXPECT_EQ(player.pixel(middle, width), yellow) << ratio;
-        EXPECT_EQ(player.pixel(middle, bottom - width), yellow) << ratio;
-        EXPECT_EQ(player.pixel(left + width, bottom / 2), yellow) << ratio;
-        EXPECT_EQ(player.pixel(qRound(10 * ratio), qRound(7 * ratio)), QColor(Qt::blue).rgb());
+        EXPECT_EQ(player.pixelColor(middle.x(), ratio - 1), QColor(Qt::white)) << ratio;
     }
 }
 
