@@ -194,10 +194,6 @@ bool LinuxDrives::IsRoot(const struct stat& folder) {
     });
 }
 
-QByteArray LinuxDrives::MountFolderOf(const QByteArray& path) const {
-    return ::MountFolderOf(ReadMountTable(m_sources.MountTable), path);
-}
-
 /// The file system's identity outlives a new device name after the cable was pulled. It is asked of
 /// the device manager, which may not know it yet or not for a moment: then the device name counts.
 bool LinuxDrives::IsSame(const Volume& one, const Volume& other) {

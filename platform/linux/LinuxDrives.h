@@ -50,8 +50,6 @@ public:
     bool IsOnIpod(int folder);
     /// Whether a folder is where one of the drives is mounted or attached.
     bool IsRoot(const struct stat& folder);
-    /// The folder of the mount that holds `path` (absolute, without links).
-    QByteArray MountFolderOf(const QByteArray& path) const;
 
 private:
     struct Volume {

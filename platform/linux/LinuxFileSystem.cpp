@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxNames.h"
 
 #include <QFile>
+#include <QStorageInfo>
 #include <QStringList>
 
 #include <algorithm>
@@ -246,10 +247,9 @@ QString LinuxFileSystem::DriveOf(const QString& path) {
         return path.left(2);
     }
     const FileDescriptor folder = OpenNearestFolder(path);
-    if (!folder.IsOpen()) {
-        return Paths::DrivePart(path);
-    }
-    return QFile::decodeName(m_drives.MountFolderOf(PathOfOpen(folder.Get())));
+    const QString place = QFile::decodeName(PathOfOpen(folder.Get()));
+    const QString mounted = place.isEmpty() ? QString() : QStorageInfo(place).rootPath();
+    return mounted.isEmpty() ? Paths::DrivePart(path) : mounted;
 }
 
 double LinuxFileSystem::FreeBytes(const QString& path) {

@@ -43,14 +43,3 @@ std::vector<Mount> ReadMountTable(const QString& file) {
     }
     return mounts;
 }
-
-QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path) {
-    QByteArray longest = "/";
-    for (const Mount& mount : mounts) {
-        const bool holdsPath = path == mount.Folder || path.startsWith(mount.Folder + '/');
-        if (holdsPath && mount.Folder.size() > longest.size()) {
-            longest = mount.Folder;
-        }
-    }
-    return longest;
-}

@@ -20,8 +20,6 @@ struct Mount {
 
 /// The mounts in mount order, without those that a later one at the same folder hides. Lines that
 /// make no sense are passed over; a table that cannot be read is empty. No mount is asked about
-/// itself, as QStorageInfo would: one whose server or disk hangs would stop the window.
+/// itself, as QStorageInfo::mountedVolumes does: one whose server or disk hangs would stop the
+/// window.
 std::vector<Mount> ReadMountTable(const QString& file);
-
-/// The folder of the mount that holds `path` (absolute, without links); "/" where none is known.
-QByteArray MountFolderOf(const std::vector<Mount>& mounts, const QByteArray& path);

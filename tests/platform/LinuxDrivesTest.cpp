@@ -369,16 +369,6 @@ TEST_F(DrivesFixture, ARootIsFoundByItsLetterInEitherCase) {
     EXPECT_EQ(m_drives.OpenRoot(u'A').Error(), ENOENT);
 }
 
-TEST_F(DrivesFixture, TheMountThatHoldsAPathIsTheInnermostOne) {
-    Mount("0:50", "/media/ana/My\\040Disk", "fuse.x", "a");
-    Mount("0:51", "/media/ana/My\\040Disk/inner", "fuse.x", "b");
-    EXPECT_EQ(m_drives.MountFolderOf("/media/ana/My Disk"), "/media/ana/My Disk");
-    EXPECT_EQ(m_drives.MountFolderOf("/media/ana/My Disk/x"), "/media/ana/My Disk");
-    EXPECT_EQ(m_drives.MountFolderOf("/media/ana/My Disk/inner/x"), "/media/ana/My Disk/inner");
-    EXPECT_EQ(m_drives.MountFolderOf("/media/ana/My Disk2"), "/");
-    EXPECT_EQ(m_drives.MountFolderOf("/home/ana"), "/");
-}
-
 TEST(KernelMountTable, AVolumeThatIsUnmountedLeavesNoWayToTheFolderBeneath) {
     qunsetenv("SONGLIFT_DRIVES");
     const QTemporaryDir content;

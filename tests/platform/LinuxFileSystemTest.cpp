@@ -258,6 +258,7 @@ TEST_F(FilesFixture, TheDriveOfADrivePathIsItsFirstTwoCharacters) {
 TEST_F(FilesFixture, TheDriveOfANativePathIsItsMountFolder) {
     const QString disk = Native(QStringLiteral("my disk"));
     MakeFolder(disk);
+    MakeFolder(disk + QStringLiteral(" of others"));
     MakeLink(disk, Native(QStringLiteral("link")));
     const QString before = m_files.DriveOf(disk);
     EXPECT_TRUE(disk.startsWith(before)) << qPrintable(before);
@@ -268,7 +269,13 @@ TEST_F(FilesFixture, TheDriveOfANativePathIsItsMountFolder) {
     EXPECT_EQ(m_files.DriveOf(disk), disk);
     EXPECT_EQ(m_files.DriveOf(disk + QStringLiteral("/not/there/yet")), disk);
     EXPECT_EQ(m_files.DriveOf(Native(QStringLiteral("link/x"))), disk);
+    EXPECT_EQ(m_files.DriveOf(disk + QStringLiteral(" of others/x")), before);
     EXPECT_EQ(m_files.DriveOf(Native()), before);
+    const QString inner = disk + QStringLiteral("/inner");
+    MakeFolder(inner);
+    const TestMount innerMount = TestMount::Memory(inner);
+    EXPECT_EQ(m_files.DriveOf(inner + QStringLiteral("/x")), inner);
+    EXPECT_EQ(m_files.DriveOf(disk), disk);
     EXPECT_EQ(m_files.DriveOf(QStringLiteral("/proc/self/fd")), QStringLiteral("/proc"));
 }
 
