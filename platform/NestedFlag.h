@@ -6,6 +6,8 @@
 /// that sets it again:
 ///
 ///     const NestedFlag::Guard building = m_lists.Building.Set();
+///
+/// QScopedValueRollback ends with its scope alone, and would let everybody write the flag.
 class NestedFlag {
 public:
     class [[nodiscard]] Guard {

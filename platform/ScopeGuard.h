@@ -6,6 +6,8 @@
 ///
 ///     m_state.Building = true;
 ///     ScopeGuard building([this] { m_state.Building = false; });
+///
+/// QScopeGuard would end the program where the action fails, and cannot be run early.
 template <class Action>
 class ScopeGuard {
 public:

@@ -7,5 +7,5 @@ bool IsSameFile(const struct stat& file, int folder, const char* name, int flags
 
 /// Locks an open file that is being written, so that no other copy that runs right now writes it
 /// too or takes its name away. File systems without locks are trusted. Throws PermissionDenied
-/// where another copy was first.
+/// where another copy was first. QLockFile would leave a second file beside a killed copy's.
 void LockNamed(int file, int folder, const char* name);

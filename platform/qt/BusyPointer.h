@@ -1,7 +1,8 @@
 #pragma once
 
 /// The pointer that tells that the program works. It is the whole program's, and is lifted while
-/// the user is asked something.
+/// the user is asked something: an arrow on Qt's stack of pointers would hide those of the
+/// question's own boxes, and be taken away in place of the hourglass when work ends meanwhile.
 namespace BusyPointer {
 
 /// Work begins, which may be within other work.

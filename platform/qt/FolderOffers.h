@@ -6,7 +6,8 @@
 
 /// Offers, while the user types a path into a box, the folders that it may go on with. The list is
 /// a part of the window and takes neither the focus nor the mouse: keys stay with the box, a click
-/// elsewhere arrives there, and what stands in the box is what counts. Goes with the box.
+/// elsewhere arrives there, and what stands in the box is what counts. QCompleter's list is a
+/// window that grabs both, and its QFileSystemModel fills it late. Goes with the box.
 class FolderOffers : public QObject {
 public:
     explicit FolderOffers(QLineEdit* box);

@@ -1,7 +1,8 @@
 #pragma once
 
 /// The desktop ends the session, or the system asks the program to quit: its windows are closed one
-/// after the other, and nobody is there to answer a question.
+/// after the other, and nobody is there to answer a question. QGuiApplication::isSavingSession
+/// tells only of desktops that save their sessions, and not of the closing itself.
 namespace SessionEnd {
 
 /// Whether that happens now.
