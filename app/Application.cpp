@@ -8,30 +8,11 @@
 #include <QStyle>
 
 #include <exception>
-#include <new>
-#include <stdexcept>
-
-namespace {
-
-/// The error that an exception of the standard library stands for.
-RuntimeError ErrorOf(const std::exception& exception) {
-    if (dynamic_cast<const std::bad_alloc*>(&exception) != nullptr ||
-        dynamic_cast<const std::length_error*>(&exception) != nullptr) {
-        return RuntimeError(ErrorNumber::OutOfMemory);
-    }
-    return RuntimeError(dynamic_cast<const std::out_of_range*>(&exception) != nullptr
-                            ? ErrorNumber::SubscriptOutOfRange
-                            : ErrorNumber::InvalidProcedureCall);
-}
-
-} // namespace
 
 bool TellFailure(Messages& messages, const std::function<void()>& work) {
     try {
         work();
         return true;
-    } catch (const RuntimeError& error) {
-        ShowError(messages, error);
     } catch (const std::exception& exception) {
         ShowError(messages, ErrorOf(exception));
     }

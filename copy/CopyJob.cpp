@@ -4,7 +4,7 @@
 #include "platform/Paths.h"
 #include "platform/ScopeGuard.h"
 
-#include <new>
+#include <exception>
 #include <utility>
 
 namespace {
@@ -60,10 +60,8 @@ CopyJob::Next CopyJob::Run() {
         Start();
         const Next next = Walk();
         return next == Next::Step ? FinishWalk() : next;
-    } catch (const RuntimeError& error) {
-        ShowError(m_messages, error);
-    } catch (const std::bad_alloc&) {
-        ShowError(m_messages, RuntimeError(ErrorNumber::OutOfMemory));
+    } catch (const std::exception& exception) {
+        ShowError(m_messages, ErrorOf(exception));
     }
     return Next::Cleanup;
 }
@@ -185,10 +183,8 @@ bool CopyJob::Try(const Event& action, ErrorAnswer& answer) {
         try {
             action();
             return true;
-        } catch (const RuntimeError& error) {
-            answer = AskAboutError(m_messages, error, m_place);
-        } catch (const std::bad_alloc&) {
-            answer = AskAboutError(m_messages, RuntimeError(ErrorNumber::OutOfMemory), m_place);
+        } catch (const std::exception& exception) {
+            answer = AskAboutError(m_messages, ErrorOf(exception), m_place);
         }
     } while (answer == ErrorAnswer::Retry);
     return false;

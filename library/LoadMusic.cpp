@@ -9,15 +9,16 @@
 
 namespace {
 
-/// Runs a reader and shows what stops it. False when the reader leaves the load open.
+/// Runs a reader and shows what stops it. False when the reader leaves the load open. What no
+/// reader fails with passes on: the device must not count as loaded then.
 template <class Reader>
 bool RunReader(Messages& messages, const Reader& reader) {
     try {
         return reader();
     } catch (const RuntimeError& error) {
         ShowError(messages, error);
-    } catch (const std::bad_alloc&) {
-        ShowError(messages, RuntimeError(ErrorNumber::OutOfMemory));
+    } catch (const std::bad_alloc& exception) {
+        ShowError(messages, ErrorOf(exception));
     }
     return true;
 }

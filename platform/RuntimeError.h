@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <exception>
+
 /// The numbers a failing step can raise. SQLite's failures carry SQLite's own result codes instead.
 namespace ErrorNumber {
 constexpr int InvalidProcedureCall = 5;
@@ -21,11 +23,18 @@ constexpr int PathNotFound = 76;
 } // namespace ErrorNumber
 
 /// What a failing step throws: a number that its callers decide by, and a text for the user.
-struct RuntimeError {
+struct RuntimeError : std::exception {
     int Number;
     QString Description;
 
-    /// An error of one of the numbers above, with its fixed text.
+    /// An error of one of the numbers above, with its fixed text. Takes no memory, of which there
+    /// may be none.
     explicit RuntimeError(int number);
     RuntimeError(int number, const QString& description);
+
+    /// Only for those who do not know this type; the others read the description.
+    const char* what() const noexcept override { return "RuntimeError"; }
 };
+
+/// The error that an exception stands for.
+RuntimeError ErrorOf(const std::exception& exception);

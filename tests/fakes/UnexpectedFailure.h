@@ -20,11 +20,7 @@ inline const std::function<void()>& UnexpectedFailure(int kind) {
 inline void RunHandler(const std::function<void()>& handler) {
     try {
         handler();
-    } catch (const RuntimeError&) {
-        return;
-    } catch (const std::bad_alloc&) {
-        return;
-    } catch (const std::out_of_range&) {
+    } catch (const std::exception&) {
         return;
     }
 }

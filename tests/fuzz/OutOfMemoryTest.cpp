@@ -109,3 +109,12 @@ TEST_F(OutOfMemory, AnyAllocationOfAnSqliteLoadMayFail) {
     EXPECT_GT(nth, 200);
     EXPECT_EQ(Left, (std::set{0, 1, 2, 3, 4, 5, 6, 7}));
 }
+
+TEST(ErrorOfMemory, TakesNone) {
+    Allocations::FailNth(1);
+    const RuntimeError error = ErrorOf(std::bad_alloc());
+    const bool failed = Allocations::HasFailed();
+    Allocations::FailNth(0);
+    EXPECT_FALSE(failed);
+    EXPECT_EQ(error.Description, u"Out of memory"_s);
+}

@@ -2,10 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <new>
+#include <stdexcept>
+
 namespace {
 
 std::string TextOf(int number) {
     return RuntimeError(number).Description.toStdString();
+}
+
+RuntimeError Caught(const std::function<void()>& failing) {
+    try {
+        failing();
+    } catch (const std::exception& exception) {
+        return ErrorOf(exception);
+    }
+    ADD_FAILURE() << "nothing thrown";
+    return RuntimeError(0, {});
 }
 
 } // namespace
@@ -31,4 +45,18 @@ TEST(RuntimeErrorText, CanBeAnotherOnesOwn) {
     const RuntimeError error(11, QStringLiteral("database disk image is malformed"));
     EXPECT_EQ(error.Number, 11);
     EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
+}
+
+TEST(ErrorOfAnException, IsARuntimeErrorItself) {
+    const RuntimeError error =
+        Caught([] { throw RuntimeError(11, QStringLiteral("database disk image is malformed")); });
+    EXPECT_EQ(error.Number, 11);
+    EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
+}
+
+TEST(ErrorOfAnException, IsWhatAnotherOneStandsFor) {
+    EXPECT_EQ(Caught([] { throw std::bad_alloc(); }).Number, 7);
+    EXPECT_EQ(Caught([] { throw std::length_error("too long for any memory"); }).Number, 7);
+    EXPECT_EQ(Caught([] { throw std::out_of_range("a programming error"); }).Number, 9);
+    EXPECT_EQ(Caught([] { throw std::logic_error("a programming error"); }).Number, 5);
 }
