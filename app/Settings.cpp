@@ -4,12 +4,27 @@
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 
+#include <initializer_list>
+
 namespace {
 
 constexpr int DocumentsFolderId = 5;
 
 QString NumberText(double value) {
     return QString::number(static_cast<double>(static_cast<float>(value)), 'g', 7);
+}
+
+struct OptionBit {
+    const CheckControl& Check;
+    int Bit;
+};
+
+QString MaskText(std::initializer_list<OptionBit> options) {
+    int mask = 0;
+    for (const OptionBit& option : options) {
+        mask |= option.Check.Value() ? option.Bit : 0;
+    }
+    return QString::number(mask);
 }
 
 /// A number of the store, converted by `convert`. What fails there is told with the key.
@@ -70,7 +85,7 @@ void Settings::WriteNumber(const QString& key, double value) {
 
 void Settings::RestoreBit(CheckControl& check, int mask, int bit) {
     if ((mask & bit) != 0) {
-        check.SetValue(1);
+        check.SetValue(true);
     }
 }
 
@@ -119,11 +134,10 @@ void Settings::RestoreHandles() {
 
 bool Settings::Save() {
     m_store.Write(QStringLiteral("DestFolders"),
-                  QString::number(m_controls.chkAlbum.Value() * 2 + m_controls.chkArtist.Value()));
-    m_store.Write(QStringLiteral("TrackNames"),
-                  QString::number(m_controls.chkAlbumName.Value() * 2 +
-                                  m_controls.chkArtistName.Value() +
-                                  m_controls.chkTrackNum.Value() * 4));
+                  MaskText({{m_controls.chkArtist, 1}, {m_controls.chkAlbum, 2}}));
+    m_store.Write(QStringLiteral("TrackNames"), MaskText({{m_controls.chkArtistName, 1},
+                                                          {m_controls.chkAlbumName, 2},
+                                                          {m_controls.chkTrackNum, 4}}));
     m_store.Write(QStringLiteral("DestPath"), m_controls.txtDestination.Text());
 
     Window& window = m_controls.Form1;

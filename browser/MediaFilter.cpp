@@ -25,7 +25,7 @@ Filter SelectedFilter(const TabsControl& tbsFilter) {
     return found == Captions().end() ? Filter::Unknown : found->first;
 }
 
-bool CorrectFiletype(Filter filter, qint16 Filetype) {
+bool CorrectFiletype(Filter filter, Kind Filetype) {
     return filter == Filter::AllFiles || (filter == Filter::Audio && Filetype == KindAudio) ||
            (filter == Filter::Video && Filetype == KindVideo);
 }

@@ -11,7 +11,7 @@ enum class Filter { Unknown, AllFiles, Audio, Video };
 Filter SelectedFilter(const TabsControl& tbsFilter);
 
 /// Whether a track of this kind passes the filter.
-bool CorrectFiletype(Filter filter, qint16 Filetype);
+bool CorrectFiletype(Filter filter, Kind Filetype);
 
 /// What the song list's "All" row calls its items under the filter, with a leading blank.
 QString GetCorrectName(Filter filter);

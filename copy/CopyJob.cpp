@@ -112,7 +112,7 @@ CopyJob::Next CopyJob::Walk() {
 CopyJob::Next CopyJob::CopyArtist(const ArtistRecord& artist) {
     const QString previous =
         std::exchange(m_artistFolder, m_naming.MakeSafeName(artist.Name, false, QString()));
-    if (m_controls.chkArtist.Value() == 1 && !IsSameFolder(m_artistFolder, previous)) {
+    if (m_controls.chkArtist.Value() && !IsSameFolder(m_artistFolder, previous)) {
         m_naming.FolderChanged = true;
     }
     for (const AlbumRecord& album : artist.Albums) {
@@ -128,7 +128,7 @@ CopyJob::Next CopyJob::CopyArtist(const ArtistRecord& artist) {
 CopyJob::Next CopyJob::CopyAlbum(const AlbumRecord& album) {
     const QString previous =
         std::exchange(m_albumFolder, m_naming.MakeSafeName(album.Name, false, QString()));
-    if (m_controls.chkAlbum.Value() == 1 && !IsSameFolder(m_albumFolder, previous)) {
+    if (m_controls.chkAlbum.Value() && !IsSameFolder(m_albumFolder, previous)) {
         m_naming.FolderChanged = true;
     }
     for (const TrackRecord& track : album.Tracks) {

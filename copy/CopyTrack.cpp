@@ -68,7 +68,7 @@ CopyJob::Next CopyJob::MakeFolders() {
 
 /// Goes one folder deeper where its option is ticked, and makes that folder if it is missing.
 CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& name) {
-    if (option.Value() != 1) {
+    if (!option.Value()) {
         return Next::Step;
     }
     const QString fitting = m_folderNames.NameFor(m_place.DestFolder, name);
@@ -101,14 +101,14 @@ void CopyJob::NameFile(const TrackRecord& track) {
         return; // the same track once more: a second name would make a second file of it
     }
     QString name = track.Title;
-    if (m_controls.chkTrackNum.Value() == 1 && track.TrackNumber >= 1) {
+    if (m_controls.chkTrackNum.Value() && track.TrackNumber >= 1) {
         name = QString::number(track.TrackNumber).rightJustified(2, QLatin1Char('0')) +
                QLatin1Char(' ') + name;
     }
-    if (m_controls.chkAlbumName.Value() == 1) {
+    if (m_controls.chkAlbumName.Value()) {
         name = m_albumFolder + QStringLiteral(" - ") + name;
     }
-    if (m_controls.chkArtistName.Value() == 1) {
+    if (m_controls.chkArtistName.Value()) {
         name = m_artistFolder + QStringLiteral(" - ") + name;
     }
     m_place.FileName = m_naming.MakeSafeName(name, true, ExtensionOf(track.Location));

@@ -19,9 +19,9 @@ void frmOverwrite::Form_Load() {
     m_controls.window.SetSize(m_controls.lblMessage.Width() + margin, m_controls.window.Height());
 }
 
-void frmOverwrite::cmdOverwrite_Click(int Index) {
-    m_prompt.OverwriteAnswer = static_cast<qint16>(Index);
+void frmOverwrite::cmdOverwrite_Click(OverwritePrompt::Answer answer) {
+    m_prompt.OverwriteAnswer = answer;
     // Cancel is never kept for later files: this is meant.
-    m_prompt.OverwriteAll = m_controls.chkSame.Value() == 1 && Index < OverwritePrompt::Cancel;
+    m_prompt.OverwriteAll = m_controls.chkSame.Value() && answer != OverwritePrompt::Cancel;
     m_controls.window.Unload();
 }

@@ -6,12 +6,13 @@
 /// What the copy job and its prompt for existing files tell each other; lives as long as the
 /// program.
 struct OverwritePrompt {
-    enum Answer : qint16 { Replace = 0, Skip = 1, Cancel = 2 };
+    enum class Answer : qint16 { Replace, Skip, Cancel };
+    using enum Answer;
 
     /// Full path of the existing file, set before the prompt is shown.
     QString OverwriteFile;
     /// The last answer; it keeps its value between prompts.
-    qint16 OverwriteAnswer = Replace;
+    Answer OverwriteAnswer = Replace;
     /// The answer holds for every later existing file of this job.
     bool OverwriteAll = false;
 };
@@ -37,8 +38,8 @@ public:
     /// Writes the question and makes the window as wide as it needs. Call before showing the
     /// window.
     void Form_Load();
-    /// Takes the answer 0 Replace, 1 Skip or 2 Cancel, and closes the window.
-    void cmdOverwrite_Click(int Index);
+    /// Takes the answer, and closes the window.
+    void cmdOverwrite_Click(OverwritePrompt::Answer answer);
 
 private:
     OverwritePrompt& m_prompt;

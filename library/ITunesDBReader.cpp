@@ -23,7 +23,7 @@ struct PendingTrack {
     QString Artist;
     qint32 TrackNumber = 0;
     qint32 FileSize = 0;
-    qint16 Kind = KindOther;
+    ::Kind Kind = KindOther;
 };
 
 struct NameHash {

@@ -6,7 +6,8 @@
 #include <vector>
 
 /// What a track's file is, as the media filter sees it.
-enum Kind : qint16 { KindOther = 0, KindAudio = 1, KindVideo = 2 };
+enum class Kind : qint16 { KindOther = 0, KindAudio = 1, KindVideo = 2 };
+using enum Kind;
 
 /// One song or video.
 struct TrackRecord {
@@ -17,7 +18,7 @@ struct TrackRecord {
     qint32 TrackNumber = 0;
     /// Size in bytes, as the device's database tells it.
     qint32 FileSize = 0;
-    qint16 Kind = KindOther;
+    ::Kind Kind = KindOther;
     /// The track is to be copied.
     bool Checked = false;
     /// In a search result: 0-based index of this track in the full library's album.

@@ -43,6 +43,14 @@ QString FromUtf8(QByteArrayView bytes) {
     return QStringDecoder(QStringConverter::Utf8, Stateless | ConvertInitialBom).decode(bytes);
 }
 
+RuntimeError SqliteError(int result, const QString& description) {
+    return RuntimeError(static_cast<ErrorNumber>(result), description);
+}
+
+RuntimeError SqliteError(int result) {
+    return SqliteError(result, QString::fromUtf8(sqlite3_errstr(result)));
+}
+
 } // namespace
 
 QString SqliteRows::Text(qsizetype row, int column) const {
@@ -108,7 +116,7 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
 /// Rows that come sorted repeat much of the row before; its bytes then serve both.
 void SqliteRows::AddText(QByteArrayView text) {
     if (text.size() > MaxValueBytes) {
-        throw RuntimeError(SQLITE_TOOBIG, QString::fromUtf8(sqlite3_errstr(SQLITE_TOOBIG)));
+        throw SqliteError(SQLITE_TOOBIG);
     }
     m_textBytes += text.size(); // whoever makes texts of them makes one of each
     if (m_rowCount > 0) {
@@ -228,14 +236,14 @@ void SqliteDatabase::Check(int result) {
         return;
     }
     if (!m_database || result == SQLITE_INTERRUPT) {
-        throw RuntimeError(result, QString::fromUtf8(sqlite3_errstr(result)));
+        throw SqliteError(result);
     }
     QString description = QString::fromUtf8(sqlite3_errmsg(m_database.get())).simplified();
     description.truncate(MaxDescriptionLength);
     if (!description.isEmpty() && description.back().isHighSurrogate()) {
         description.chop(1);
     }
-    throw RuntimeError(result, description);
+    throw SqliteError(result, description);
 }
 
 int SqliteDatabase::StopWhenLate(void* self) {

@@ -163,9 +163,9 @@ public:
     Event Click;
 
     virtual QString Caption() const = 0;
-    /// 1 ticked, 0 not.
-    virtual int Value() const = 0;
-    virtual void SetValue(int value) = 0;
+    /// Whether it is ticked.
+    virtual bool Value() const = 0;
+    virtual void SetValue(bool ticked) = 0;
 };
 
 class TabsControl : public Control {

@@ -5,7 +5,7 @@
 
 namespace {
 
-QString TextOf(int number) {
+QString TextOf(ErrorNumber number) {
     switch (number) {
     case ErrorNumber::InvalidProcedureCall:
         return QStringLiteral("Invalid procedure call or argument");
@@ -46,10 +46,10 @@ bool Is(const std::exception& exception) {
 
 } // namespace
 
-RuntimeError::RuntimeError(int number) : RuntimeError(number, TextOf(number)) {
+RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, TextOf(number)) {
 }
 
-RuntimeError::RuntimeError(int number, const QString& description)
+RuntimeError::RuntimeError(ErrorNumber number, const QString& description)
     : Number(number), Description(description) {
 }
 

@@ -4,33 +4,34 @@
 
 #include <exception>
 
-/// The numbers a failing step can raise. SQLite's failures carry SQLite's own result codes instead.
-namespace ErrorNumber {
-constexpr int InvalidProcedureCall = 5;
-constexpr int Overflow = 6;
-constexpr int OutOfMemory = 7;
-constexpr int SubscriptOutOfRange = 9;
-constexpr int TypeMismatch = 13;
-constexpr int BadFileName = 52;
-constexpr int FileNotFound = 53;
-constexpr int DeviceIOError = 57;
-constexpr int FileAlreadyExists = 58;
-constexpr int DiskFull = 61;
-constexpr int DeviceUnavailable = 68;
-constexpr int PermissionDenied = 70;
-constexpr int PathFileAccessError = 75;
-constexpr int PathNotFound = 76;
-} // namespace ErrorNumber
+/// The numbers a failing step can raise. SQLite's failures carry SQLite's own result codes, which
+/// are none of these.
+enum class ErrorNumber : int {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    BadFileName = 52,
+    FileNotFound = 53,
+    DeviceIOError = 57,
+    FileAlreadyExists = 58,
+    DiskFull = 61,
+    DeviceUnavailable = 68,
+    PermissionDenied = 70,
+    PathFileAccessError = 75,
+    PathNotFound = 76
+};
 
 /// What a failing step throws: a number that its callers decide by, and a text for the user.
 struct RuntimeError : std::exception {
-    int Number;
+    ErrorNumber Number;
     QString Description;
 
     /// An error of one of the numbers above, with its fixed text. Takes no memory, of which there
     /// may be none.
-    explicit RuntimeError(int number);
-    RuntimeError(int number, const QString& description);
+    explicit RuntimeError(ErrorNumber number);
+    RuntimeError(ErrorNumber number, const QString& description);
 
     /// Only for those who do not know this type; the others read the description.
     const char* what() const noexcept override { return "RuntimeError"; }

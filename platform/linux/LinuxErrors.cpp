@@ -1,10 +1,8 @@
 #include "platform/linux/LinuxErrors.h"
 
-#include "platform/RuntimeError.h"
-
 #include <cerrno>
 
-int ErrorNumberOf(int error) {
+ErrorNumber ErrorNumberOf(int error) {
     switch (error) {
     case ENOENT:
         return ErrorNumber::FileNotFound;

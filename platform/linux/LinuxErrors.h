@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
+
 /// From the system's error codes (errno values) to the numbers that the program decides by.
 
 /// The number of a failure. ENOENT counts as a missing file; where it may mean a missing folder,
 /// the caller decides.
-int ErrorNumberOf(int error);
+ErrorNumber ErrorNumberOf(int error);
 
 /// Throws the RuntimeError of a failure.
 [[noreturn]] void ThrowError(int error);

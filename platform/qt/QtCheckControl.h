@@ -10,6 +10,6 @@ public:
     QtCheckControl(QWidget* parent, const QString& name, const QString& caption);
 
     QString Caption() const override { return Widget()->text(); }
-    int Value() const override { return Widget()->isChecked() ? 1 : 0; }
-    void SetValue(int value) override { Widget()->setChecked(value != 0); }
+    bool Value() const override { return Widget()->isChecked(); }
+    void SetValue(bool ticked) override { Widget()->setChecked(ticked); }
 };

@@ -147,7 +147,7 @@ TEST_F(Form1Test, ADeviceThatWasGoneForAnInstantLoadsWhenItIsChosenAgain) {
     PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
     PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
     Start();
-    files.FailNthCall(FileCall::FileExists, 1, 68);
+    files.FailNthCall(FileCall::FileExists, 1, ErrorNumber::DeviceUnavailable);
     form.Combo1.UserChoose(1);
     EXPECT_EQ(messages.Texts(), QStringList({Q("Error loading iPod.")}));
     EXPECT_EQ(form.lstArtists.ListCount(), 0);

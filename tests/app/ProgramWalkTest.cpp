@@ -138,7 +138,7 @@ private:
         // All in one folder, where equal names are numbered and nothing stands in the way.
         for (FakeCheckControl* option : {&form.chkArtist, &form.chkAlbum, &form.chkArtistName,
                                          &form.chkAlbumName, &form.chkTrackNum}) {
-            option->SetValue(0);
+            option->SetValue(false);
         }
         const bool enabled = form.cmdCopy.Enabled();
         form.cmdCopy.UserPress();

@@ -29,7 +29,7 @@ protected:
             settings.Check();
             return {};
         } catch (const RuntimeError& error) {
-            return QStringLiteral("%1: %2").arg(error.Number).arg(error.Description);
+            return QStringLiteral("%1: %2").arg(int(error.Number)).arg(error.Description);
         }
     }
     QString Saved(const char* key) const { return store.Values.value(QString::fromLatin1(key)); }
@@ -48,11 +48,11 @@ protected:
 
 TEST_F(SettingsTest, AFirstStartTicksArtistAlbumAndTrackNumber) {
     Restore();
-    EXPECT_EQ(form.chkArtist.Value(), 1);
-    EXPECT_EQ(form.chkAlbum.Value(), 1);
-    EXPECT_EQ(form.chkArtistName.Value(), 0);
-    EXPECT_EQ(form.chkAlbumName.Value(), 0);
-    EXPECT_EQ(form.chkTrackNum.Value(), 1);
+    EXPECT_TRUE(form.chkArtist.Value());
+    EXPECT_TRUE(form.chkAlbum.Value());
+    EXPECT_FALSE(form.chkArtistName.Value());
+    EXPECT_FALSE(form.chkAlbumName.Value());
+    EXPECT_TRUE(form.chkTrackNum.Value());
 }
 
 TEST_F(SettingsTest, AFirstStartPointsToMyMusicInTheDocumentsFolder) {
@@ -87,11 +87,11 @@ TEST_F(SettingsTest, TheBitsOfTheFoldersAndNamesAreReadOneByOne) {
     Put("DestFolders", "2");
     Put("TrackNames", "3");
     Restore();
-    EXPECT_EQ(form.chkArtist.Value(), 0);
-    EXPECT_EQ(form.chkAlbum.Value(), 1);
-    EXPECT_EQ(form.chkArtistName.Value(), 1);
-    EXPECT_EQ(form.chkAlbumName.Value(), 1);
-    EXPECT_EQ(form.chkTrackNum.Value(), 0);
+    EXPECT_FALSE(form.chkArtist.Value());
+    EXPECT_TRUE(form.chkAlbum.Value());
+    EXPECT_TRUE(form.chkArtistName.Value());
+    EXPECT_TRUE(form.chkAlbumName.Value());
+    EXPECT_FALSE(form.chkTrackNum.Value());
 }
 
 TEST_F(SettingsTest, ASavedLeftBeyondTheScreenCentresHorizontallyAndKeepsTheTop) {
@@ -188,9 +188,9 @@ TEST_F(SettingsTest, ANumberOutOfRangeIsRefusedNamingTheKey) {
 }
 
 TEST_F(SettingsTest, EverythingSavedIsText) {
-    form.chkAlbum.SetValue(1);
-    form.chkAlbumName.SetValue(1);
-    form.chkTrackNum.SetValue(1);
+    form.chkAlbum.SetValue(true);
+    form.chkAlbumName.SetValue(true);
+    form.chkTrackNum.SetValue(true);
     form.txtDestination.SetText(QStringLiteral("/no/such; folder, really"));
     form.Form1.MoveTo(300, 450.5);
     settings.Save();

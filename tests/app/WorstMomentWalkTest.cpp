@@ -49,7 +49,7 @@ public:
         AtPrompt = [this](OverwritePrompt& prompt) { Answer(prompt); };
         Start();
         form.txtDestination.SetText(Q("D:\\Music"));
-        form.chkTrackNum.SetValue(0);
+        form.chkTrackNum.SetValue(false);
     }
 
     bool IsClosed() const { return form.Form1.Closed; }
@@ -260,10 +260,8 @@ private:
     }
 
     QString TargetOf(const Song& song) const {
-        return Q("D:\\Music\\") +
-               (form.chkArtist.Value() == 1 ? song.Artist + Q("\\") : QString()) +
-               (form.chkAlbum.Value() == 1 ? song.Album + Q("\\") : QString()) + song.Title +
-               Q(".mp3");
+        return Q("D:\\Music\\") + (form.chkArtist.Value() ? song.Artist + Q("\\") : QString()) +
+               (form.chkAlbum.Value() ? song.Album + Q("\\") : QString()) + song.Title + Q(".mp3");
     }
 
     void ChooseDevice() {
@@ -384,9 +382,9 @@ private:
         EXPECT_FALSE(prompt.OverwriteAll);
         ++Meanwhiles;
         MoveWindow();
-        const auto answer = static_cast<qint16>(Below(3));
+        const auto answer = static_cast<OverwritePrompt::Answer>(Below(3));
         prompt.OverwriteAnswer = answer;
-        prompt.OverwriteAll = answer < 2 && Below(3) == 0;
+        prompt.OverwriteAll = answer != OverwritePrompt::Cancel && Below(3) == 0;
     }
 
     // ---- what must hold

@@ -4,7 +4,7 @@
 
 namespace {
 
-qint16 KindOf(const QString& word) {
+Kind KindOf(const QString& word) {
     if (word == QLatin1String("audio")) {
         return KindAudio;
     }
@@ -24,7 +24,7 @@ TrackRecord TrackOf(const QString& line) {
     track.Location = QStringLiteral("E:\\") + track.Title + QStringLiteral(".mp3");
     track.TrackNumber = fields.size() > 1 ? fields[1].toInt() : 0;
     track.FileSize = fields.size() > 2 ? fields[2].toInt() : 1024;
-    track.Kind = fields.size() > 3 ? KindOf(fields[3].trimmed()) : qint16{KindAudio};
+    track.Kind = fields.size() > 3 ? KindOf(fields[3].trimmed()) : KindAudio;
     return track;
 }
 

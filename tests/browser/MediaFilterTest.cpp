@@ -26,7 +26,7 @@ TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
     FakeTabsControl tabs;
     const auto passing = [&tabs] {
         std::string kinds;
-        for (const qint16 kind : std::initializer_list<qint16>{0, 1, 2, 3, -1}) {
+        for (const Kind kind : {KindOther, KindAudio, KindVideo, Kind(3), Kind(-1)}) {
             kinds += CorrectFiletype(SelectedFilter(tabs), kind) ? "+" : "-";
         }
         return kinds;

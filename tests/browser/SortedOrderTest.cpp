@@ -218,7 +218,7 @@ int ErrorWithoutMemory(bool onceSorted) {
     try {
         Order({QString(1000, QChar(0xE9)), QStringLiteral("a")});
     } catch (const RuntimeError& error) {
-        return error.Number;
+        return int(error.Number);
     }
     return 0;
 }

@@ -33,7 +33,7 @@ protected:
         try {
             Copy(bytesAtOnce);
         } catch (const RuntimeError& error) {
-            return error.Number;
+            return int(error.Number);
         }
         return 0;
     }

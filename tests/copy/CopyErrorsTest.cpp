@@ -32,7 +32,7 @@ protected:
     }
 
     /// The second copy fails `times` times.
-    void FailCopy(int number, int times = 1) {
+    void FailCopy(ErrorNumber number, int times = 1) {
         for (int i = 0; i < times; ++i) {
             files.FailNthCall(FileCall::CopyFile, 2 + i, number);
         }
@@ -71,7 +71,7 @@ protected:
 // ---- 53
 
 TEST_F(CopyErrorsTest, FileNotFoundNamesTheSourceAndRetryCopiesIt) {
-    FailCopy(53, 2);
+    FailCopy(ErrorNumber::FileNotFound, 2);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::Retry, MessageAnswer::OK};
     Press();
     EXPECT_EQ(messages.Shown, (std::vector{FileNotFound, FileNotFound, Completed}));
@@ -79,14 +79,14 @@ TEST_F(CopyErrorsTest, FileNotFoundNamesTheSourceAndRetryCopiesIt) {
 }
 
 TEST_F(CopyErrorsTest, FileNotFoundIgnoredLeavesThatFileOut) {
-    FailCopy(53);
+    FailCopy(ErrorNumber::FileNotFound);
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
     Press();
     ExpectTheSecondLeftOut(FileNotFound);
 }
 
 TEST_F(CopyErrorsTest, FileNotFoundAbortedStopsTheJob) {
-    FailCopy(53);
+    FailCopy(ErrorNumber::FileNotFound);
     messages.Answers = {MessageAnswer::Abort};
     Press();
     ExpectStoppedAfterTheFirst(FileNotFound);
@@ -95,7 +95,7 @@ TEST_F(CopyErrorsTest, FileNotFoundAbortedStopsTheJob) {
 // ---- 76
 
 TEST_F(CopyErrorsTest, PathNotFoundNamesTheSourcesFolderAndRetryCopiesIt) {
-    FailCopy(76);
+    FailCopy(ErrorNumber::PathNotFound);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
     EXPECT_EQ(messages.Shown, (std::vector{PathNotFound, Completed}));
@@ -103,14 +103,14 @@ TEST_F(CopyErrorsTest, PathNotFoundNamesTheSourcesFolderAndRetryCopiesIt) {
 }
 
 TEST_F(CopyErrorsTest, PathNotFoundIgnoredLeavesThatFileOut) {
-    FailCopy(76);
+    FailCopy(ErrorNumber::PathNotFound);
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
     Press();
     ExpectTheSecondLeftOut(PathNotFound);
 }
 
 TEST_F(CopyErrorsTest, PathNotFoundAbortedStopsTheJob) {
-    FailCopy(76);
+    FailCopy(ErrorNumber::PathNotFound);
     messages.Answers = {MessageAnswer::Abort};
     Press();
     ExpectStoppedAfterTheFirst(PathNotFound);
@@ -133,7 +133,7 @@ TEST_F(CopyErrorsTest, DiskFullRetriedAfterRoomWasMadeCopiesTheFile) {
 }
 
 TEST_F(CopyErrorsTest, DiskFullCancelledStopsTheJob) {
-    FailCopy(61);
+    FailCopy(ErrorNumber::DiskFull);
     messages.Answers = {MessageAnswer::Cancel};
     Press();
     ExpectStoppedAfterTheFirst(DiskFull);
@@ -142,7 +142,7 @@ TEST_F(CopyErrorsTest, DiskFullCancelledStopsTheJob) {
 // ---- 70
 
 TEST_F(CopyErrorsTest, PermissionDeniedNamesTheCopyAndRetryCopiesIt) {
-    FailCopy(70);
+    FailCopy(ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
     EXPECT_EQ(messages.Shown, (std::vector{PermissionDenied, Completed}));
@@ -150,14 +150,14 @@ TEST_F(CopyErrorsTest, PermissionDeniedNamesTheCopyAndRetryCopiesIt) {
 }
 
 TEST_F(CopyErrorsTest, PermissionDeniedIgnoredLeavesThatFileOut) {
-    FailCopy(70);
+    FailCopy(ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
     Press();
     ExpectTheSecondLeftOut(PermissionDenied);
 }
 
 TEST_F(CopyErrorsTest, PermissionDeniedAbortedStopsTheJob) {
-    FailCopy(70);
+    FailCopy(ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Abort};
     Press();
     ExpectStoppedAfterTheFirst(PermissionDenied);
@@ -176,14 +176,14 @@ TEST_F(CopyErrorsTest, AFileNameThatTheDriveRefusesCanBeLeftOut) {
 // ---- any other
 
 TEST_F(CopyErrorsTest, AnyOtherErrorIsToldWithItsNumberAndEndsTheJobWithoutCompletion) {
-    FailCopy(57);
+    FailCopy(ErrorNumber::DeviceIOError);
     Press();
     ExpectStoppedAfterTheFirst(
         ErrorBox("Error 57: Device I/O error", MessageButtons::OK, MessageIcon::Critical));
 }
 
 TEST_F(CopyErrorsTest, AnyOtherErrorAsksNoQuitQuestionEvenWhenTheWindowWasClosed) {
-    FailCopy(68);
+    FailCopy(ErrorNumber::DeviceUnavailable);
     files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
         if (call.Call == FileCall::CopyFile) {
             job.CUnload = true;
@@ -208,7 +208,7 @@ TEST_F(CopyErrorsTest, ADevicePulledOutIsReportedAndTheJobCanBeStopped) {
 // ---- the closed window
 
 TEST_F(CopyErrorsTest, AbortWithAClosedWindowAsksToQuitAndNoStartsTheSameTrackAgain) {
-    FailCopy(53, 2);
+    FailCopy(ErrorNumber::FileNotFound, 2);
     files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
         job.CUnload = job.CUnload || call.Call == FileCall::CopyFile;
     };

@@ -114,7 +114,7 @@ void CopyFixture::ShowPrompt() {
     }
     const bool all =
         use == PromptUse::ReplaceAll || use == PromptUse::SkipAll || use == PromptUse::CancelAll;
-    chkSame.SetValue(all ? 1 : 0);
+    chkSame.SetValue(all);
     if (use != PromptUse::CloseBox) {
         window.ModalScript = [&] { buttons[static_cast<int>(use) % 3].UserPress(); };
     }

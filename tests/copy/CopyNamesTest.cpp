@@ -113,7 +113,7 @@ TEST_F(CopyNamesTest, TrackNumberZeroOrLessNeverGetsAPrefix) {
 
 TEST_F(CopyNamesTest, TheGenreOptionHasNoEffect) {
     AddTrack("Abba", "Arrival", "Tiger", "tiger");
-    form.chkGenre.SetValue(1);
+    form.chkGenre.SetValue(true);
     Press();
     EXPECT_EQ(Names(), QStringList{Text("Tiger.mp3")});
 }

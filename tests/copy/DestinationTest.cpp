@@ -215,7 +215,7 @@ TEST_F(DestinationTest, CreatePathRaisesWhatFails) {
         destination.CreatePath(Text("C:\\New\\Sub"));
         FAIL() << "nothing was raised";
     } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number, 70);
+        EXPECT_EQ(int(error.Number), 70);
     }
     EXPECT_FALSE(files.HasFolder(Text("C:\\New")));
 }

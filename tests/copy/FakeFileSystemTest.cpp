@@ -17,7 +17,7 @@ int ErrorOf(Action action) {
     try {
         action();
     } catch (const RuntimeError& error) {
-        return error.Number;
+        return int(error.Number);
     }
     return 0;
 }
@@ -151,14 +151,14 @@ TEST_F(FakeFileSystemTest, ALargeFileDiffersFromItsCopyWhenAnyBlockOfItIsMisplac
 }
 
 TEST_F(FakeFileSystemTest, FailuresStrikeWhereTheyWereAskedFor) {
-    files.FailNthCall(2, 68);
+    files.FailNthCall(2, ErrorNumber::DeviceUnavailable);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 68);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
-    files.FailNthCall(FileCall::CopyFile, 1, 70);
+    files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
     EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 70);
-    files.FailPath(source, 57);
+    files.FailPath(source, ErrorNumber::DeviceIOError);
     EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 57);
     EXPECT_FALSE(files.FileExists(source));
     EXPECT_EQ(files.FailuresStruck, 4);

@@ -44,7 +44,7 @@ public:
     }
 
     /// Runs the job with its `nth` call failing.
-    void Run(int nth, int errorNumber) {
+    void Run(int nth, ErrorNumber errorNumber) {
         files.FailNthCall(nth, errorNumber);
         Press();
     }
@@ -52,7 +52,7 @@ public:
     const FakeFileSystem::RecordedCall& Struck(int nth) const { return files.Calls.at(nth - 1); }
 
     /// Runs the job with its `nth` call failing after the user has closed the window.
-    void RunClosed(int nth, int errorNumber) {
+    void RunClosed(int nth, ErrorNumber errorNumber) {
         int count = 0;
         files.BeforeCall = [this, nth, count](const FakeFileSystem::RecordedCall&) mutable {
             if (++count == nth && job.Copying) {
@@ -191,7 +191,7 @@ void SweepRetry(Large large, const std::vector<int>& numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
             SweptJob job(Policy::Retry, large);
-            job.Run(nth, number);
+            job.Run(nth, ErrorNumber(number));
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
             if (!IsExistenceTest(job.Struck(nth).Call)) {
@@ -211,7 +211,7 @@ void SweepIgnore(Large large, const std::vector<int>& numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
             SweptJob job(Policy::Ignore, large);
-            job.Run(nth, number);
+            job.Run(nth, ErrorNumber(number));
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
             if (!IsExistenceTest(job.Struck(nth).Call)) {
@@ -233,7 +233,7 @@ void SweepStop(Large large, const std::vector<int>& numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
             SweptJob job(Policy::Stop, large);
-            job.Run(nth, number);
+            job.Run(nth, ErrorNumber(number));
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
             const FileCall struck = job.Struck(nth).Call;
@@ -275,7 +275,7 @@ void SweepClosed(Large large, const std::vector<int>& numbers, Policy policy) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
             SweptJob job(policy, large);
-            job.RunClosed(nth, number);
+            job.RunClosed(nth, ErrorNumber(number));
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
             EXPECT_FALSE(job.job.Copying);
@@ -393,7 +393,7 @@ TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
                         job.messages.Answers = {MessageAnswer::Abort};
                     }
                 };
-                job.Run(nth, number);
+                job.Run(nth, ErrorNumber(number));
                 EXPECT_EQ(Text("old two"),
                           QString::fromLatin1(job.Bytes("D:\\Music\\Abba\\Arrival\\Two.mp3")));
                 EXPECT_EQ(job.Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));

@@ -5,6 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
+/// How GoogleTest prints an answer that is not the expected one.
+static void PrintTo(OverwritePrompt::Answer answer, std::ostream* out) {
+    *out << int(answer);
+}
+
 namespace {
 
 QString Text(const char* text) {
@@ -60,10 +67,10 @@ TEST_F(OverwritePromptTest, AShortPathNarrowsTheWindowWhichKeepsItsMargin) {
 }
 
 TEST_F(OverwritePromptTest, ClosingThePromptWithItsCloseBoxGivesCancel) {
-    prompt.OverwriteAnswer = 0;
+    prompt.OverwriteAnswer = OverwritePrompt::Replace;
     form.Form_Load();
     window.ShowModal();
-    EXPECT_EQ(prompt.OverwriteAnswer, 2);
+    EXPECT_EQ(prompt.OverwriteAnswer, OverwritePrompt::Cancel);
     EXPECT_FALSE(prompt.OverwriteAll);
 }
 
@@ -73,30 +80,30 @@ TEST_F(OverwritePromptTest, EachButtonGivesItsIndexAndClosesTheWindow) {
         window.ModalScript = [this, index] { buttons[index].UserPress(); };
         window.ShowModal();
         EXPECT_TRUE(window.Closed);
-        EXPECT_EQ(prompt.OverwriteAnswer, index);
+        EXPECT_EQ(prompt.OverwriteAnswer, static_cast<OverwritePrompt::Answer>(index));
         EXPECT_FALSE(prompt.OverwriteAll);
     }
 }
 
 TEST_F(OverwritePromptTest, TheTickedBoxIsRememberedForReplaceAndSkip) {
-    chkSame.SetValue(1);
-    form.cmdOverwrite_Click(0);
+    chkSame.SetValue(true);
+    form.cmdOverwrite_Click(OverwritePrompt::Replace);
     EXPECT_TRUE(prompt.OverwriteAll);
     prompt.OverwriteAll = false;
-    form.cmdOverwrite_Click(1);
+    form.cmdOverwrite_Click(OverwritePrompt::Skip);
     EXPECT_TRUE(prompt.OverwriteAll);
 }
 
 TEST_F(OverwritePromptTest, TheTickedBoxIsNeverRememberedForCancel) {
-    chkSame.SetValue(1);
+    chkSame.SetValue(true);
     prompt.OverwriteAll = true;
-    form.cmdOverwrite_Click(2);
-    EXPECT_EQ(prompt.OverwriteAnswer, 2);
+    form.cmdOverwrite_Click(OverwritePrompt::Cancel);
+    EXPECT_EQ(prompt.OverwriteAnswer, OverwritePrompt::Cancel);
     EXPECT_FALSE(prompt.OverwriteAll);
 }
 
 TEST_F(OverwritePromptTest, WithoutTheTickTheNextFileIsAskedAboutAgain) {
     prompt.OverwriteAll = true;
-    form.cmdOverwrite_Click(1);
+    form.cmdOverwrite_Click(OverwritePrompt::Skip);
     EXPECT_FALSE(prompt.OverwriteAll);
 }

@@ -291,7 +291,7 @@ void FakeButtonControl::UserPress() {
 
 void FakeCheckControl::UserPress() {
     if (UserReaches()) {
-        m_value = 1 - m_value;
+        m_ticked = !m_ticked;
         Raise(Click);
     }
 }

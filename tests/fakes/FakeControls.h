@@ -283,14 +283,14 @@ public:
     QString FixedCaption;
 
     QString Caption() const override { return FixedCaption; }
-    int Value() const override { return m_value; }
-    void SetValue(int value) override { m_value = value != 0 ? 1 : 0; }
+    bool Value() const override { return m_ticked; }
+    void SetValue(bool ticked) override { m_ticked = ticked; }
 
     /// Clicks the box, which ticks or unticks it and raises Click.
     void UserPress();
 
 private:
-    int m_value = 0;
+    bool m_ticked = false;
 };
 
 class FakeTabsControl : public FakeControlBase<TabsControl> {

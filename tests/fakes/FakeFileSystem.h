@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/RuntimeError.h"
 #include "tests/fakes/FakeFileContent.h"
 
 #include <QStringList>
@@ -101,13 +102,13 @@ public:
     /// Runs before each call, after it was recorded; may throw, or change anything.
     std::function<void(const RecordedCall&)> BeforeCall;
     /// Fails the `nth` call (1-based, counted from now on) once.
-    void FailNthCall(int nth, int errorNumber);
+    void FailNthCall(int nth, ErrorNumber errorNumber);
     /// Fails the `nth` call of one kind once.
-    void FailNthCall(FileCall call, int nth, int errorNumber);
+    void FailNthCall(FileCall call, int nth, ErrorNumber errorNumber);
     /// Fails every call that names `path`, or works on an open file of it, until ClearFailures.
-    void FailPath(const QString& path, int errorNumber);
+    void FailPath(const QString& path, ErrorNumber errorNumber);
     /// Fails every call of one kind that names `path`, until ClearFailures.
-    void FailPath(FileCall call, const QString& path, int errorNumber);
+    void FailPath(FileCall call, const QString& path, ErrorNumber errorNumber);
     /// Lets `bytes` more bytes be written, whatever the drives' free space, then raises DiskFull
     /// until ClearFailures.
     void DiskFullAfter(qint64 bytes);
@@ -166,7 +167,7 @@ private:
         FileCall Call = FileCall::FileExists;
         QString Key;       // of the path, null for any
         int CallsToGo = 0; // 0 for a failure that stays
-        int Number = 0;
+        ErrorNumber Number = ErrorNumber::DeviceIOError;
     };
 
     static QString Key(const QString& path);

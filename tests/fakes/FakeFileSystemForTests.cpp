@@ -7,6 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "tests/fakes/FakeFaults.h"
 
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -215,19 +216,19 @@ QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
 
 // ---- failures
 
-void FakeFileSystem::FailNthCall(int nth, int errorNumber) {
+void FakeFileSystem::FailNthCall(int nth, ErrorNumber errorNumber) {
     m_failures.push_back({true, FileCall::FileExists, {}, nth, errorNumber});
 }
 
-void FakeFileSystem::FailNthCall(FileCall call, int nth, int errorNumber) {
+void FakeFileSystem::FailNthCall(FileCall call, int nth, ErrorNumber errorNumber) {
     m_failures.push_back({false, call, {}, nth, errorNumber});
 }
 
-void FakeFileSystem::FailPath(const QString& path, int errorNumber) {
+void FakeFileSystem::FailPath(const QString& path, ErrorNumber errorNumber) {
     m_failures.push_back({true, FileCall::FileExists, Key(path), 0, errorNumber});
 }
 
-void FakeFileSystem::FailPath(FileCall call, const QString& path, int errorNumber) {
+void FakeFileSystem::FailPath(FileCall call, const QString& path, ErrorNumber errorNumber) {
     m_failures.push_back({false, call, Key(path), 0, errorNumber});
 }
 
@@ -263,14 +264,14 @@ void FakeFileSystem::Record(FileCall call, const QString& path, const QString& t
     if (BeforeCall) {
         BeforeCall(recorded);
     }
-    int number = 0;
+    std::optional<ErrorNumber> number;
     for (Failure& failure : m_failures) {
         if (Strikes(failure, recorded)) {
             number = failure.Number;
         }
     }
-    if (number != 0) {
+    if (number) {
         ++FailuresStruck;
-        throw RuntimeError(number);
+        throw RuntimeError(*number);
     }
 }

@@ -158,8 +158,8 @@ RealJob::RealJob(const JobFolders& folders) {
         }
     }
     form.txtDestination.SetText(folders.Destination);
-    form.chkArtist.SetValue(1);
-    form.chkAlbum.SetValue(1);
+    form.chkArtist.SetValue(true);
+    form.chkAlbum.SetValue(true);
     form.cmdClear.SetEnabled(false);
     form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) {
         job.CUnload = job.CancelCopy = cancel = job.Copying;

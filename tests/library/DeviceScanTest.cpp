@@ -96,7 +96,7 @@ TEST_F(DeviceScan, ADriveThatCannotTellItsNameIsListedWithoutOne) {
 
 TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
     struct NoDrives : FakeDriveService {
-        std::vector<Drive> Drives() override { throw RuntimeError(68); }
+        std::vector<Drive> Drives() override { throw RuntimeError(ErrorNumber::DeviceUnavailable); }
     } drives;
     DeviceSelection devices(Music, drives, Files, Boxes, Window.WindowManager, Window.Controls);
 
@@ -256,7 +256,7 @@ TEST_F(DeviceScan, AFailingListenerDoesNotStopTheReset) {
     Choose(0);
     FillWindow();
     Detach('E');
-    const auto fail = [] { throw RuntimeError(9); };
+    const auto fail = [] { throw RuntimeError(ErrorNumber::SubscriptOutOfRange); };
     Devices.LibraryLeaves = fail;
     Window.txtSearch.Change = fail;
     Window.tbsFilter.Click = fail;

@@ -187,7 +187,7 @@ TEST_F(DeviceChoice, ADeviceWhoseDatabaseIsBrokenHasNoMusic) {
 
 TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Devices.LibraryLoaded = [] { throw RuntimeError(7); };
+    Devices.LibraryLoaded = [] { throw RuntimeError(ErrorNumber::OutOfMemory); };
     Window.Combo1.UserDropDown();
 
     EXPECT_THROW(Window.Combo1.UserChoose(0), RuntimeError);

@@ -81,8 +81,8 @@ protected:
         ASSERT_EQ(Lines(Library), Lines(plain.Library));
         ASSERT_EQ(Boxes.Shown.size(), plain.Error != 0 ? 1U : 0U);
         if (plain.Error != 0) {
-            ASSERT_EQ(Boxes.Shown[0].Text,
-                      u"Error %1: "_s.arg(plain.Error) + RuntimeError(plain.Error).Description);
+            ASSERT_EQ(Boxes.Shown[0].Text, u"Error %1: "_s.arg(plain.Error) +
+                                               RuntimeError(ErrorNumber(plain.Error)).Description);
         }
         if (Library.TrackCount > 0) {
             ExpectConsistent(Library);

@@ -8,7 +8,7 @@ QStringList Lines(const MusicLibrary& library) {
                 lines += QStringLiteral("%1 | %2 | %3 %4 | %5 | %6 | ")
                              .arg(artist.Name, album.Name, QString::number(track.TrackNumber),
                                   track.Title, QString::number(track.FileSize),
-                                  QString::number(track.Kind)) +
+                                  QString::number(int(track.Kind))) +
                          track.Location;
             }
         }

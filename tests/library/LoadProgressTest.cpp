@@ -134,7 +134,7 @@ TEST_F(LoadProgressShown, ATrackWithoutATotalIsATypeMismatch) {
         progress.TrackLoaded();
         FAIL() << "nothing was raised";
     } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number, 13);
+        EXPECT_EQ(int(error.Number), 13);
     }
     EXPECT_EQ(Window.prgCopy.Value(), 1);
     EXPECT_EQ(Window.lblMessage.Caption(), u"Please wait..."_s);

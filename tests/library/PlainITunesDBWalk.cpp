@@ -16,7 +16,7 @@ struct Bytes {
 
     int At(qint64 p) const {
         if (p > Last) {
-            throw RuntimeError(9);
+            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
         }
         return quint8(Data[p]);
     }
@@ -24,7 +24,7 @@ struct Bytes {
         const double value =
             At(p) + At(p + 1) * 256.0 + At(p + 2) * 65536.0 + At(p + 3) * 16777216.0;
         if (value >= 2147483648.0) {
-            throw RuntimeError(6);
+            throw RuntimeError(ErrorNumber::Overflow);
         }
         return qint32(value);
     }
@@ -36,7 +36,7 @@ struct Bytes {
 struct Pending {
     QString Title, Location, Album, Artist;
     qint32 TrackNumber = 0, FileSize = 0;
-    qint16 Kind = 0;
+    ::Kind Kind = KindOther;
 };
 
 template <class Record>
@@ -56,7 +56,7 @@ QString Stored(const QString& name) {
 
 void Commit(MusicLibrary& library, Pending& pending, qint32 count) {
     if (library.TrackCount == 32767) {
-        throw RuntimeError(6);
+        throw RuntimeError(ErrorNumber::Overflow);
     }
     if (library.TrackCount < 1) {
         library.Artists.clear();
@@ -75,10 +75,10 @@ void Commit(MusicLibrary& library, Pending& pending, qint32 count) {
     library.TrackCount = qint16(library.TrackCount + 1);
     pending = {};
     if (count == 0) {
-        throw RuntimeError(13);
+        throw RuntimeError(ErrorNumber::TypeMismatch);
     }
     if (std::nearbyint((100.0 / count) * library.TrackCount) > 32767) {
-        throw RuntimeError(6);
+        throw RuntimeError(ErrorNumber::Overflow);
     }
 }
 
@@ -152,6 +152,6 @@ PlainITunesDBWalk::PlainITunesDBWalk(const QByteArray& bytes) {
     try {
         Walk({bytes + '\0', bytes.size()}, Library);
     } catch (const RuntimeError& error) {
-        Error = error.Number;
+        Error = int(error.Number);
     }
 }

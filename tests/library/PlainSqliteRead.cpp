@@ -38,7 +38,7 @@ std::vector<QStringList> Rows(sqlite3* database, const QByteArray& sql) {
     }
     sqlite3_finalize(statement);
     if (result != SQLITE_DONE) {
-        throw RuntimeError(result, QString::fromUtf8(sqlite3_errmsg(database)));
+        throw RuntimeError(ErrorNumber(result), QString::fromUtf8(sqlite3_errmsg(database)));
     }
     return rows;
 }
@@ -116,7 +116,7 @@ PlainSqliteRead::PlainSqliteRead(const QString& libraryFile, const QString& loca
                                        SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
     try {
         if (opened != SQLITE_OK) {
-            throw RuntimeError(opened, u"cannot be opened"_s);
+            throw RuntimeError(ErrorNumber(opened), u"cannot be opened"_s);
         }
         Rows(database, "Attach '" + Uri(locationsFile) + "' As main2");
         Read(database, Library);

@@ -90,7 +90,7 @@ TEST_F(HostileSQLiteLibrary, StatementsThatAreEachSoonDoneEndTogether) {
             database.Query("With Recursive c(n) As (Select 1 Union All Select n + 1 From c Limit "
                            "100000) Select n From c Where n < 0");
         } catch (const RuntimeError& error) {
-            number = error.Number;
+            number = int(error.Number);
         }
     }
     EXPECT_EQ(number, 9);
@@ -106,7 +106,7 @@ TEST_F(HostileSQLiteLibrary, NoStatementBeginsWhenTheTimeIsOver) {
         database.Query("Select 1");
         FAIL() << "a statement was run";
     } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number, 9);
+        EXPECT_EQ(int(error.Number), 9);
         EXPECT_EQ(error.Description, u"interrupted"_s);
     }
 }

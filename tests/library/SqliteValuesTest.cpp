@@ -60,14 +60,14 @@ TEST_F(SQLiteValues, AKindWithoutATextIsOfNoKind) {
     LoadChanged({}, u"Update location_kind_map Set kind = NULL"_s);
 
     EXPECT_EQ(Library.TrackCount, 2);
-    EXPECT_EQ(Library.Artists[0].Albums[0].Tracks[0].Kind, 0);
+    EXPECT_EQ(Library.Artists[0].Albums[0].Tracks[0].Kind, KindOther);
 }
 
 TEST_F(SQLiteValues, AMissingKindIdIsOfNoKind) {
     LoadChanged({}, u"Update location Set kind_id = NULL"_s);
 
     EXPECT_EQ(Library.TrackCount, 2);
-    EXPECT_EQ(Library.Artists[0].Albums[0].Tracks[0].Kind, 0);
+    EXPECT_EQ(Library.Artists[0].Albums[0].Tracks[0].Kind, KindOther);
 }
 
 // ---- numbers

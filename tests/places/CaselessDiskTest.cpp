@@ -109,7 +109,7 @@ TEST_P(OnCaselessDisk, ItsDriveLetterMakesNoDifference) {
 }
 
 TEST_P(OnCaselessDisk, ArtistsOfOneFolderShareIt) {
-    form.chkArtist.SetValue(1);
+    form.chkArtist.SetValue(true);
     for (const char* artist : {"Bj\u00F6rk", "BJ\u00D6RK?", "Bjo\u0308rk"}) {
         Add("Song", artist).Artist = Text(artist);
     }
@@ -134,7 +134,7 @@ TEST_P(OnCaselessDisk, ARefusedCharacterCostsOnlyItsFile) {
 }
 
 TEST_P(OnCaselessDisk, ARefusedCharacterInAFolderCostsOnlyItsFiles) {
-    form.chkArtist.SetValue(1);
+    form.chkArtist.SetValue(true);
     Add("Song", "x").Artist = Text("two\nlines");
     Add("Song", "song");
     Run();

@@ -16,8 +16,8 @@ protected:
         m_names += name;
     }
     void SetFolders() {
-        form.chkArtist.SetValue(1);
-        form.chkAlbum.SetValue(1);
+        form.chkArtist.SetValue(true);
+        form.chkAlbum.SetValue(true);
     }
 
     void RunAndExpect() {

@@ -61,7 +61,7 @@ TEST_F(IpodDestination, AnArtistFolderThatIsTheIpodCostsItsFilesOnly) {
     tracks[1].Artist = Text("IPOD");
     AddSong(Text("Sound"), "sound");
     form.txtDestination.SetText(World());
-    form.chkArtist.SetValue(1);
+    form.chkArtist.SetValue(true);
     Run();
     EXPECT_EQ(MessagesShown(),
               QStringList({Text("Error: Unable to create file: \"") + Ipod("Song.mp3") + u'"',
@@ -75,7 +75,7 @@ TEST_F(IpodDestination, AnArtistFolderThatIsTheIpodCostsItsFilesOnly) {
 
 TEST_F(IpodDestination, AnAlbumFolderThatLeadsToTheIpodCostsItsFilesOnly) {
     MakeLink(Ipod("Notes"), Destination("Album"));
-    form.chkAlbum.SetValue(1);
+    form.chkAlbum.SetValue(true);
     Run();
     EXPECT_EQ(MessagesShown(),
               QStringList(

@@ -17,7 +17,7 @@ protected:
     QString Unable(const char* name) const {
         return Text("Error: Unable to create file: \"") + Destination(name) + u'"';
     }
-    void SetArtistFolders() { form.chkArtist.SetValue(1); }
+    void SetArtistFolders() { form.chkArtist.SetValue(true); }
 
     const QString Completed = Text("Songlift: Copy completed!");
 };

@@ -15,25 +15,25 @@ int CreationNumberOf(int error) {
 } // namespace
 
 TEST(SystemError, HasTheNumberThatFits) {
-    EXPECT_EQ(ErrorNumberOf(ENOENT), 53);
-    EXPECT_EQ(ErrorNumberOf(ENOTDIR), 76);
-    EXPECT_EQ(ErrorNumberOf(ENOSPC), 61);
-    EXPECT_EQ(ErrorNumberOf(EDQUOT), 61);
-    EXPECT_EQ(ErrorNumberOf(EACCES), 70);
-    EXPECT_EQ(ErrorNumberOf(EPERM), 70);
-    EXPECT_EQ(ErrorNumberOf(EROFS), 70);
-    EXPECT_EQ(ErrorNumberOf(EFBIG), 70);
-    EXPECT_EQ(ErrorNumberOf(EIO), 57);
-    EXPECT_EQ(ErrorNumberOf(ENODEV), 68);
-    EXPECT_EQ(ErrorNumberOf(ENXIO), 68);
-    EXPECT_EQ(ErrorNumberOf(ESTALE), 68);
+    EXPECT_EQ(int(ErrorNumberOf(ENOENT)), 53);
+    EXPECT_EQ(int(ErrorNumberOf(ENOTDIR)), 76);
+    EXPECT_EQ(int(ErrorNumberOf(ENOSPC)), 61);
+    EXPECT_EQ(int(ErrorNumberOf(EDQUOT)), 61);
+    EXPECT_EQ(int(ErrorNumberOf(EACCES)), 70);
+    EXPECT_EQ(int(ErrorNumberOf(EPERM)), 70);
+    EXPECT_EQ(int(ErrorNumberOf(EROFS)), 70);
+    EXPECT_EQ(int(ErrorNumberOf(EFBIG)), 70);
+    EXPECT_EQ(int(ErrorNumberOf(EIO)), 57);
+    EXPECT_EQ(int(ErrorNumberOf(ENODEV)), 68);
+    EXPECT_EQ(int(ErrorNumberOf(ENXIO)), 68);
+    EXPECT_EQ(int(ErrorNumberOf(ESTALE)), 68);
 }
 
 TEST(SystemError, IsAnAccessErrorWhereNothingElseFits) {
-    EXPECT_EQ(ErrorNumberOf(EBUSY), 75);
-    EXPECT_EQ(ErrorNumberOf(EISDIR), 75);
-    EXPECT_EQ(ErrorNumberOf(EMFILE), 75);
-    EXPECT_EQ(ErrorNumberOf(EINVAL), 75);
+    EXPECT_EQ(int(ErrorNumberOf(EBUSY)), 75);
+    EXPECT_EQ(int(ErrorNumberOf(EISDIR)), 75);
+    EXPECT_EQ(int(ErrorNumberOf(EMFILE)), 75);
+    EXPECT_EQ(int(ErrorNumberOf(EINVAL)), 75);
 }
 
 TEST(CreationError, OfANameThatTheFileSystemRefusesIsADeniedPermission) {

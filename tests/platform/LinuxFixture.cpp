@@ -172,7 +172,7 @@ int NumberOf(const std::function<void()>& step) {
     try {
         step();
     } catch (const RuntimeError& error) {
-        return error.Number;
+        return int(error.Number);
     }
     return 0;
 }

@@ -9,7 +9,7 @@
 namespace {
 
 std::string TextOf(int number) {
-    return RuntimeError(number).Description.toStdString();
+    return RuntimeError(ErrorNumber(number)).Description.toStdString();
 }
 
 RuntimeError Caught(const std::function<void()>& failing) {
@@ -19,7 +19,7 @@ RuntimeError Caught(const std::function<void()>& failing) {
         return ErrorOf(exception);
     }
     ADD_FAILURE() << "nothing thrown";
-    return RuntimeError(0, {});
+    return RuntimeError(ErrorNumber(0), {});
 }
 
 } // namespace
@@ -42,21 +42,22 @@ TEST(RuntimeErrorText, IsFixedForEveryNumberInUse) {
 }
 
 TEST(RuntimeErrorText, CanBeAnotherOnesOwn) {
-    const RuntimeError error(11, QStringLiteral("database disk image is malformed"));
-    EXPECT_EQ(error.Number, 11);
+    const RuntimeError error(ErrorNumber(11), QStringLiteral("database disk image is malformed"));
+    EXPECT_EQ(int(error.Number), 11);
     EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
 }
 
 TEST(ErrorOfAnException, IsARuntimeErrorItself) {
-    const RuntimeError error =
-        Caught([] { throw RuntimeError(11, QStringLiteral("database disk image is malformed")); });
-    EXPECT_EQ(error.Number, 11);
+    const RuntimeError error = Caught([] {
+        throw RuntimeError(ErrorNumber(11), QStringLiteral("database disk image is malformed"));
+    });
+    EXPECT_EQ(int(error.Number), 11);
     EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
 }
 
 TEST(ErrorOfAnException, IsWhatAnotherOneStandsFor) {
-    EXPECT_EQ(Caught([] { throw std::bad_alloc(); }).Number, 7);
-    EXPECT_EQ(Caught([] { throw std::length_error("too long for any memory"); }).Number, 7);
-    EXPECT_EQ(Caught([] { throw std::out_of_range("a programming error"); }).Number, 9);
-    EXPECT_EQ(Caught([] { throw std::logic_error("a programming error"); }).Number, 5);
+    EXPECT_EQ(int(Caught([] { throw std::bad_alloc(); }).Number), 7);
+    EXPECT_EQ(int(Caught([] { throw std::length_error("too long for any memory"); }).Number), 7);
+    EXPECT_EQ(int(Caught([] { throw std::out_of_range("a programming error"); }).Number), 9);
+    EXPECT_EQ(int(Caught([] { throw std::logic_error("a programming error"); }).Number), 5);
 }

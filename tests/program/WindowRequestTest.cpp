@@ -162,7 +162,7 @@ TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJob) {
     EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
     EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
     EXPECT_EQ(controls.tbsFilter.SelectedCaption(), Q("All Files"));
-    EXPECT_EQ(controls.chkArtist.Value(), 1);
+    EXPECT_TRUE(controls.chkArtist.Value());
 }
 
 TEST_F(WindowRequest, ARightClickOnASongOffersItsPreview) {

@@ -70,7 +70,7 @@ private:
                     track.Title = OneOf({"Song", "song", "Old Song", "Intro", "River", "Ä & B"});
                     track.TrackNumber = static_cast<qint32>(Below(4));
                     track.FileSize = static_cast<qint32>(Below(5000));
-                    track.Kind = static_cast<qint16>(Below(3));
+                    track.Kind = static_cast<Kind>(Below(3));
                 }
             }
         }

@@ -123,8 +123,8 @@ std::vector<ArtistRecord> SelectionModel::Merged() const {
 
 bool SelectionModel::Passes(const TrackRecord& track) const {
     return Tab == QLatin1String("All Files") ||
-           (Tab == QLatin1String("Audio") && track.Kind == 1) ||
-           (Tab == QLatin1String("Video") && track.Kind == 2);
+           (Tab == QLatin1String("Audio") && track.Kind == KindAudio) ||
+           (Tab == QLatin1String("Video") && track.Kind == KindVideo);
 }
 
 std::vector<ArtistRecord> SelectionModel::Result() const {

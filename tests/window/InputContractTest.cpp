@@ -195,7 +195,7 @@ TEST_P(ComboContract, AnEntryThatDoesNotExistIsOutOfRange) {
             combo.List(index);
             ADD_FAILURE() << index;
         } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number, 9);
+            EXPECT_EQ(int(error.Number), 9);
         }
     }
 }
@@ -295,7 +295,7 @@ TEST_P(TabsContract, ATabThatDoesNotExistIsOutOfRange) {
             tabs.Select(index);
             ADD_FAILURE() << index;
         } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number, 9);
+            EXPECT_EQ(int(error.Number), 9);
         }
     }
     EXPECT_EQ(log, Log{});

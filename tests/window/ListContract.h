@@ -38,7 +38,7 @@ protected:
             step();
             ADD_FAILURE() << what << " raised nothing";
         } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number, 9) << what;
+            EXPECT_EQ(int(error.Number), 9) << what;
             EXPECT_EQ(error.Description, QStringLiteral("Subscript out of range")) << what;
         }
     }

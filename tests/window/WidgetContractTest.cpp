@@ -113,20 +113,20 @@ INSTANTIATE_TEST_SUITE_P(Kits, CheckContract, EveryKit, KitName);
 TEST_P(CheckContract, KeepsItsValueAndRaisesNothingForTheProgram) {
     int clicks = 0;
     kit.Check().Click = [&] { ++clicks; };
-    EXPECT_EQ(kit.Check().Value(), 0);
-    kit.Check().SetValue(1);
-    EXPECT_EQ(kit.Check().Value(), 1);
-    kit.Check().SetValue(0);
-    EXPECT_EQ(kit.Check().Value(), 0);
+    EXPECT_FALSE(kit.Check().Value());
+    kit.Check().SetValue(true);
+    EXPECT_TRUE(kit.Check().Value());
+    kit.Check().SetValue(false);
+    EXPECT_FALSE(kit.Check().Value());
     EXPECT_EQ(clicks, 0);
 }
 
 TEST_P(CheckContract, APressTogglesThenRaisesClick) {
-    std::vector<int> values;
+    std::vector<bool> values;
     kit.Check().Click = [&] { values.push_back(kit.Check().Value()); };
     kit.PressCheck();
     kit.PressCheck();
-    EXPECT_EQ(values, std::vector<int>({1, 0}));
+    EXPECT_EQ(values, std::vector<bool>({true, false}));
 }
 
 TEST_P(CheckContract, ADisabledCheckBoxIgnoresTheUser) {
@@ -134,10 +134,10 @@ TEST_P(CheckContract, ADisabledCheckBoxIgnoresTheUser) {
     kit.Check().Click = [&] { ++clicks; };
     kit.Check().SetEnabled(false);
     kit.PressCheck();
-    EXPECT_EQ(kit.Check().Value(), 0);
+    EXPECT_FALSE(kit.Check().Value());
     EXPECT_EQ(clicks, 0);
-    kit.Check().SetValue(1);
-    EXPECT_EQ(kit.Check().Value(), 1);
+    kit.Check().SetValue(true);
+    EXPECT_TRUE(kit.Check().Value());
 }
 
 class ProgressContract : public ControlContractTest {};
