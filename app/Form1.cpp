@@ -3,8 +3,10 @@
 Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls& preview,
              std::function<void(OverwritePrompt&)> showOverwrite)
     : m_messages(services.MessageBoxes), m_controls(controls), m_previewControls(preview),
-      m_parts(services, controls), m_layout(services.Windows, m_parts.Loading.Library,
-                                            m_parts.Job.Copying, m_parts.Fitting, controls),
+      m_parts(services, controls),
+      m_layout(
+          services.Windows, m_parts.Loading.Library, [this] { return m_parts.Job.Copying; },
+          m_parts.Fitting, controls),
       m_settings(services.Store, services.Desktop, services.Windows, m_layout, controls),
       m_preview(m_parts.Lists, services.Files, services.MessageBoxes, controls, preview) {
     m_parts.Job.ShowOverwrite = [this, showOverwrite] { showOverwrite(m_parts.Prompt); };

@@ -4,6 +4,7 @@
 #include "platform/ScopeGuard.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -17,9 +18,9 @@ double Right(const Control& control) {
 
 } // namespace
 
-Layout::Layout(WindowManager& windowManager, const MusicLibrary& library, const bool& copying,
-               TextFitting& textFitting, Form1Controls& controls)
-    : m_windowManager(windowManager), m_library(library), m_copying(copying),
+Layout::Layout(WindowManager& windowManager, const MusicLibrary& library,
+               std::function<bool()> isCopying, TextFitting& textFitting, Form1Controls& controls)
+    : m_windowManager(windowManager), m_library(library), m_isCopying(std::move(isCopying)),
       m_textFitting(textFitting), m_controls(controls) {
 }
 
@@ -167,7 +168,7 @@ void Layout::DragSecond(double position) {
 void Layout::Form_Resize() {
     Window& window = m_controls.Form1;
     if (window.Minimized()) {
-        if (m_copying || m_library.LoadingMusic) {
+        if (m_isCopying() || m_library.LoadingMusic) {
             window.SetCaption(m_controls.lblMessage.Caption());
         }
         return;

@@ -5,13 +5,15 @@
 #include "platform/Form1Controls.h"
 #include "platform/WindowManager.h"
 
+#include <functional>
+
 /// The main window's layout and its two splitters. All positions are in twips; margins are whole
 /// screen pixels.
 class Layout {
 public:
-    /// `copying` is read at each resize: a minimised window shows the progress of a job.
-    Layout(WindowManager& windowManager, const MusicLibrary& library, const bool& copying,
-           TextFitting& textFitting, Form1Controls& controls);
+    /// `isCopying` is asked at each resize: a minimised window shows the progress of a job.
+    Layout(WindowManager& windowManager, const MusicLibrary& library,
+           std::function<bool()> isCopying, TextFitting& textFitting, Form1Controls& controls);
 
     /// Raised after the destination box has a new width.
     Event DestinationResized;
@@ -58,7 +60,7 @@ private:
 
     WindowManager& m_windowManager;
     const MusicLibrary& m_library;
-    const bool& m_copying;
+    std::function<bool()> m_isCopying;
     TextFitting& m_textFitting;
     Form1Controls& m_controls;
     Design m_design;

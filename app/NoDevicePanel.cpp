@@ -25,26 +25,6 @@ protected:
     }
 };
 
-/// Scrolls what does not fit, but not because of the picture, which goes first.
-class TextWithPicture : public QScrollArea {
-public:
-    using QScrollArea::QScrollArea;
-
-    QWidget* Picture = nullptr;
-
-    void ShowPictureIfItFits() {
-        const int shown = widget()->layout()->heightForWidth(viewport()->width());
-        const int whole = Picture->isHidden() ? shown + Picture->height() : shown;
-        Picture->setHidden(whole > viewport()->height());
-    }
-
-protected:
-    void resizeEvent(QResizeEvent* event) override {
-        QScrollArea::resizeEvent(event);
-        ShowPictureIfItFits();
-    }
-};
-
 QLabel* NewText(QWidget* parent, const QString& text) {
     auto* label = new QLabel(text, parent);
     label->setTextFormat(Qt::PlainText);
@@ -74,11 +54,35 @@ QLineEdit* NewCommand(QWidget* parent, const QString& text) {
 
 } // namespace
 
+/// Scrolls what does not fit, but not because of the picture, which goes first.
+class NoDevicePanel::TextWithPicture : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+
+    QWidget* Picture = nullptr;
+
+    void ShowPictureIfItFits() {
+        const int shown = widget()->layout()->heightForWidth(viewport()->width());
+        const int whole = Picture->isHidden() ? shown + Picture->height() : shown;
+        Picture->setHidden(whole > viewport()->height());
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        ShowPictureIfItFits();
+    }
+};
+
 NoDevicePanel::NoDevicePanel(QWidget* parent, const QString& name)
-    : QtControl(new TextWithPicture(parent), name) {
+    : NoDevicePanel(new TextWithPicture(parent), name) {
+}
+
+NoDevicePanel::NoDevicePanel(TextWithPicture* text, const QString& name)
+    : QtControl(text, name), m_text(text) {
     auto* content = new QWidget(Widget());
     auto* picture = new MissingPlayer(content);
-    static_cast<TextWithPicture*>(Widget())->Picture = picture;
+    m_text->Picture = picture;
     m_title = NewTitle(content, {});
     m_whatToDo = NewText(content, {});
     m_command = NewCommand(content, QStringLiteral("udisksctl mount -b /dev/sdX2"));
@@ -123,5 +127,5 @@ void NoDevicePanel::SetDevicesListed(bool listed) {
         widget->setHidden(listed);
     }
     Widget()->setAccessibleName(m_title->text());
-    static_cast<TextWithPicture*>(Widget())->ShowPictureIfItFits();
+    m_text->ShowPictureIfItFits();
 }

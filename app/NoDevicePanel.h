@@ -17,9 +17,13 @@ public:
     QLineEdit* Command() const { return m_command; }
 
 private:
+    class TextWithPicture;
+    TextWithPicture* m_text;
     QLabel* m_title;
     QLabel* m_whatToDo;
     QLineEdit* m_command;
     /// What stands there for iPods that the desktop does not mount: the command, and texts around.
     QList<QWidget*> m_mounting;
+
+    NoDevicePanel(TextWithPicture* text, const QString& name);
 };

@@ -161,8 +161,8 @@ void CopyJob::DeleteTemporaryFolder() {
 }
 
 void CopyJob::Cleanup() {
-    ErrorAnswer answer; // whatever it is, the window must come back to life
-    Try([this] { DeleteTemporaryFolder(); }, answer);
+    // Whatever the answer, the window must come back to life.
+    Try([this] { DeleteTemporaryFolder(); });
     CancelCopy = false;
     Copying = false;
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
@@ -177,22 +177,25 @@ void CopyJob::Cleanup() {
     m_prompt.OverwriteAll = false;
 }
 
-/// Runs a step until it succeeds (true) or the user answers its failure otherwise than with Retry.
-bool CopyJob::Try(const Event& action, ErrorAnswer& answer) {
-    do {
+/// Runs a step until it succeeds (no answer) or the user answers its failure otherwise than with
+/// Retry.
+std::optional<ErrorAnswer> CopyJob::Try(const Event& action) {
+    for (;;) {
         try {
             action();
-            return true;
+            return {};
         } catch (const std::exception& exception) {
-            answer = AskAboutError(m_messages, ErrorOf(exception), m_place);
+            const ErrorAnswer answer = AskAboutError(m_messages, ErrorOf(exception), m_place);
+            if (answer != ErrorAnswer::Retry) {
+                return answer;
+            }
         }
-    } while (answer == ErrorAnswer::Retry);
-    return false;
+    }
 }
 
 CopyJob::Next CopyJob::Step(const Event& action) {
-    ErrorAnswer answer = ErrorAnswer::Ignore;
-    if (Try(action, answer) || answer == ErrorAnswer::Ignore) {
+    const ErrorAnswer answer = Try(action).value_or(ErrorAnswer::Ignore);
+    if (answer == ErrorAnswer::Ignore) {
         return Next::Step;
     }
     return answer == ErrorAnswer::Stop ? StopRequest() : Next::Cleanup;

@@ -13,6 +13,8 @@
 #include "platform/WindowManager.h"
 #include "selection/Search.h"
 
+#include <optional>
+
 /// Copies every ticked track of the library into the destination folder. The job runs inside the
 /// click that starts it and yields to the event loop once per file and once per chunk of a large
 /// file; what the user asks for meanwhile reaches it through its flags.
@@ -78,7 +80,7 @@ private:
     void CopyBytes(const TrackRecord& track, const QString& target, Existing existing);
     bool MayGoOn();
 
-    bool Try(const Event& action, ErrorAnswer& answer);
+    std::optional<ErrorAnswer> Try(const Event& action);
     Next Step(const Event& action);
     Next StopRequest();
     Next AskToStop();

@@ -164,8 +164,7 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target,
     });
     if (m_stop == Next::Leave) {
         // A window that closes now leaves no half of a large file behind.
-        ErrorAnswer answer;
-        Try([this] { DeleteTemporaryFolder(); }, answer);
+        Try([this] { DeleteTemporaryFolder(); });
         return Quit();
     }
     return m_stop == Next::SameTrack ? next : m_stop;

@@ -18,8 +18,7 @@ void LinuxFile::Read(char* buffer, qint64 size) {
 }
 
 void LinuxFile::WriteFrom(BinaryFile& source, qint64 size) {
-    // The one service that makes files here makes no others.
-    const int from = static_cast<LinuxFile&>(source).m_file.Get();
+    const int from = dynamic_cast<LinuxFile&>(source).m_file.Get();
     TransferAll(from, m_file.Get(), size);
 }
 

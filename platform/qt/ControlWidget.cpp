@@ -23,9 +23,9 @@ protected:
         if (event->type() != QEvent::ToolTip) {
             return false;
         }
-        QWidget* widget = static_cast<QWidget*>(watched);
-        if (qobject_cast<QTabBar*>(widget) != nullptr) {
-            return false; // each of its tabs has its own
+        auto* widget = qobject_cast<QWidget*>(watched);
+        if (widget == nullptr || qobject_cast<QTabBar*>(widget) != nullptr) {
+            return false; // each tab has its own
         }
         const QPoint position = static_cast<QHelpEvent*>(event)->globalPos();
         QToolTip::showText(position, ShownText::ToolTip(widget->toolTip()), widget);

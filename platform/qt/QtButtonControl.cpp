@@ -4,9 +4,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
-namespace {
-
-class PushButton : public QPushButton {
+class QtButtonControl::PushButton : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
@@ -63,10 +61,12 @@ private:
     }
 };
 
-} // namespace
-
 QtButtonControl::QtButtonControl(QWidget* parent, const QString& name, const QString& caption)
-    : QtControl(new PushButton(caption, parent), name) {
+    : QtButtonControl(new PushButton(caption, parent), name) {
+}
+
+QtButtonControl::QtButtonControl(PushButton* button, const QString& name)
+    : QtControl(button, name), m_button(button) {
     Widget()->setAutoDefault(false);
     QObject::connect(Widget(), &QPushButton::clicked, Widget(), [this] {
         if (ControlWidget::IsReached(*Widget())) {
@@ -85,5 +85,5 @@ void QtButtonControl::SetDefault(bool isDefault) {
 }
 
 void QtButtonControl::MakePrimary() {
-    static_cast<PushButton*>(Widget())->IsPrimary = true;
+    m_button->IsPrimary = true;
 }

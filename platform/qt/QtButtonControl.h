@@ -18,4 +18,10 @@ public:
     /// Makes it look like the one button of its window that matters. Unlike the default button, it
     /// is pressed by nothing else than before.
     void MakePrimary();
+
+private:
+    class PushButton;
+    PushButton* m_button;
+
+    QtButtonControl(PushButton* button, const QString& name);
 };

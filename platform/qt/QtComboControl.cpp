@@ -6,9 +6,7 @@
 #include <QStylePainter>
 #include <QWheelEvent>
 
-namespace {
-
-class DropDownList : public QComboBox {
+class QtComboControl::DropDownList : public QComboBox {
 public:
     using QComboBox::QComboBox;
 
@@ -43,11 +41,12 @@ protected:
     }
 };
 
-} // namespace
-
 QtComboControl::QtComboControl(QWidget* parent, const QString& name)
-    : QtControl(new DropDownList(parent), name) {
-    static_cast<DropDownList*>(Widget())->Opening = [this] { Raise(DropDown); };
+    : QtComboControl(new DropDownList(parent), name) {
+}
+
+QtComboControl::QtComboControl(DropDownList* list, const QString& name) : QtControl(list, name) {
+    list->Opening = [this] { Raise(DropDown); };
     QObject::connect(Widget(), &QComboBox::activated, Widget(), [this] { Raise(Click); });
 }
 

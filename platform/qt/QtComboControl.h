@@ -15,4 +15,9 @@ public:
     void AddItem(const QString& text) override;
     QString Text() const override { return Widget()->currentText(); }
     void SetText(const QString& text) override;
+
+private:
+    class DropDownList;
+
+    QtComboControl(DropDownList* list, const QString& name);
 };

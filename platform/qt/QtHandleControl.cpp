@@ -2,9 +2,7 @@
 
 #include "platform/qt/MouseInput.h"
 
-namespace {
-
-class SplitterBar : public QWidget {
+class QtHandleControl::SplitterBar : public QWidget {
 public:
     explicit SplitterBar(QWidget* parent) : QWidget(parent) {
         setCursor(Qt::SplitHCursor);
@@ -41,6 +39,8 @@ private:
     }
 };
 
+namespace {
+
 /// Passes the mouse on to whoever listens by then.
 MouseEvent PassOn(const MouseEvent& listener) {
     return [&listener](const MouseState& mouse) {
@@ -53,8 +53,10 @@ MouseEvent PassOn(const MouseEvent& listener) {
 } // namespace
 
 QtHandleControl::QtHandleControl(QWidget* parent, const QString& name)
-    : QtControl(new SplitterBar(parent), name) {
-    auto* bar = static_cast<SplitterBar*>(Widget());
+    : QtHandleControl(new SplitterBar(parent), name) {
+}
+
+QtHandleControl::QtHandleControl(SplitterBar* bar, const QString& name) : QtControl(bar, name) {
     bar->Pressed = PassOn(MouseDown);
     bar->Moved = PassOn(MouseMove);
     bar->Released = PassOn(MouseUp);

@@ -11,5 +11,9 @@ public:
     void SetBackColor(SystemColor color) override;
 
 private:
+    class SplitterBar;
+
+    QtHandleControl(SplitterBar* bar, const QString& name);
+
     SystemColor m_color = SystemColor::ButtonFace;
 };

@@ -4,9 +4,7 @@
 
 #include <QMouseEvent>
 
-namespace {
-
-class ClickLabel : public QLabel {
+class QtLabelControl::ClickLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
@@ -23,11 +21,13 @@ protected:
     }
 };
 
-} // namespace
-
 QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QString& caption)
-    : QtControl(new ClickLabel(parent), name) {
-    static_cast<ClickLabel*>(Widget())->Clicked = [this] { Raise(Click); };
+    : QtLabelControl(new ClickLabel(parent), name, caption) {
+}
+
+QtLabelControl::QtLabelControl(ClickLabel* label, const QString& name, const QString& caption)
+    : QtControl(label, name) {
+    label->Clicked = [this] { Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
     // An empty label may ask for less height than any text.
     Widget()->setText(QStringLiteral("X"));

@@ -18,6 +18,10 @@ public:
     void LimitWidth(double width) { m_longest = width; }
 
 private:
+    class ClickLabel;
+
+    QtLabelControl(ClickLabel* label, const QString& name, const QString& caption);
+
     /// In twips, 0 without a limit.
     double m_longest = 0;
     QString m_caption;

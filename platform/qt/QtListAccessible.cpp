@@ -1,6 +1,5 @@
 #include "platform/qt/QtListAccessible.h"
 
-#include <QPointer>
 #include <QWindow>
 
 namespace {
@@ -93,7 +92,7 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 } // namespace
 
 QtListAccessible::QtListAccessible(QtListView* view)
-    : QAccessibleWidget(view, QAccessible::List), m_fillings(view->Fillings()) {
+    : QAccessibleWidget(view, QAccessible::List), m_view(view), m_fillings(view->Fillings()) {
 }
 
 QtListAccessible::~QtListAccessible() {

@@ -3,6 +3,7 @@
 #include "platform/qt/QtListView.h"
 
 #include <QAccessibleWidget>
+#include <QPointer>
 
 #include <unordered_map>
 
@@ -25,10 +26,11 @@ protected:
     ~QtListAccessible() override;
 
 private:
+    QPointer<QtListView> m_view;
     /// The rows that were asked for, as long as they stand in the list.
     mutable std::unordered_map<int, QAccessible::Id> m_rows;
     mutable int m_fillings = 0;
 
-    QtListView* View() const { return static_cast<QtListView*>(object()); }
+    QtListView* View() const { return m_view; }
     void ForgetRows() const;
 };

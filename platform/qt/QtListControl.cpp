@@ -3,7 +3,7 @@
 #include "platform/RuntimeError.h"
 
 QtListControl::QtListControl(QWidget* parent, const QString& name)
-    : QtControl(new QtListView(parent), name), m_view(static_cast<QtListView*>(Widget())) {
+    : QtControl(new QtListView(parent), name), m_view(Widget()) {
     m_view->setModel(&m_model);
     Listen();
 }

@@ -6,7 +6,7 @@
 
 /// A list of check boxes. While it is not Visible it stays on the screen and keeps the focus, but
 /// paints nothing: it is hidden for bulk changes only.
-class QtListControl : public QtControl<ListControl, QListView> {
+class QtListControl : public QtControl<ListControl, QtListView> {
 public:
     QtListControl(QWidget* parent, const QString& name);
     ~QtListControl() override;

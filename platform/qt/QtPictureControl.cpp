@@ -3,9 +3,7 @@
 #include <QIcon>
 #include <QPainter>
 
-namespace {
-
-class DevicePicture : public QLabel {
+class QtPictureControl::DevicePicture : public QLabel {
 public:
     using QLabel::QLabel;
 
@@ -20,16 +18,17 @@ protected:
     }
 };
 
-} // namespace
-
 QtPictureControl::QtPictureControl(QWidget* parent, const QString& name)
-    : QtControl(new DevicePicture(parent), name) {
+    : QtPictureControl(new DevicePicture(parent), name) {
+}
+
+QtPictureControl::QtPictureControl(DevicePicture* picture, const QString& name)
+    : QtControl(picture, name), m_picture(picture) {
 }
 
 void QtPictureControl::SetShown(bool shown) {
-    auto* picture = static_cast<DevicePicture*>(Widget());
-    if (picture->Shown != shown) {
-        picture->Shown = shown;
-        picture->update();
+    if (m_picture->Shown != shown) {
+        m_picture->Shown = shown;
+        m_picture->update();
     }
 }

@@ -13,5 +13,9 @@ public:
     void Clear() override { SetShown(false); }
 
 private:
+    class DevicePicture;
+    DevicePicture* m_picture;
+
+    QtPictureControl(DevicePicture* picture, const QString& name);
     void SetShown(bool shown);
 };

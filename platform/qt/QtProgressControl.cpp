@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-namespace {
-
 /// Paints itself: the styles' bars are animated and striped, which costs more than a whole load.
-class PixelBar : public QProgressBar {
+class QtProgressControl::PixelBar : public QProgressBar {
 public:
     using QProgressBar::QProgressBar;
 
@@ -32,14 +30,15 @@ protected:
     }
 };
 
-} // namespace
-
 QtProgressControl::QtProgressControl(QWidget* parent, const QString& name)
-    : QtControl(new PixelBar(parent), name) {
+    : QtProgressControl(new PixelBar(parent), name) {
+}
+
+QtProgressControl::QtProgressControl(PixelBar* bar, const QString& name) : QtControl(bar, name) {
     Widget()->setTextVisible(false);
     Widget()->setRange(0, std::max(1, Widget()->width()));
     Widget()->setValue(0);
-    static_cast<PixelBar*>(Widget())->Resized = [this] { ShowValue(); };
+    bar->Resized = [this] { ShowValue(); };
 }
 
 void QtProgressControl::SetMax(float max) {

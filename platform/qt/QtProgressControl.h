@@ -15,6 +15,10 @@ public:
     void SetValue(float value) override;
 
 private:
+    class PixelBar;
+
+    QtProgressControl(PixelBar* bar, const QString& name);
+
     float m_max = 100;
     float m_value = 0;
 

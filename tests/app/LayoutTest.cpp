@@ -35,7 +35,8 @@ protected:
     MusicLibrary library;
     bool copying = false;
     TextFitting textFitting{form.WindowManager, form.Controls};
-    Layout layout{form.WindowManager, library, copying, textFitting, form.Controls};
+    Layout layout{form.WindowManager, library, [this] { return copying; }, textFitting,
+                  form.Controls};
 };
 
 } // namespace

@@ -38,9 +38,8 @@ protected:
     FakeSettingsStore store;
     FakeShell shell;
     MusicLibrary library;
-    bool copying = false;
     TextFitting textFitting{form.WindowManager, form.Controls};
-    Layout layout{form.WindowManager, library, copying, textFitting, form.Controls};
+    Layout layout{form.WindowManager, library, [] { return false; }, textFitting, form.Controls};
     Settings settings{store, shell, form.WindowManager, layout, form.Controls};
 };
 
