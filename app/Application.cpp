@@ -3,20 +3,35 @@
 #include "app/FocusRing.h"
 #include "platform/ScopeGuard.h"
 #include "platform/qt/BoxPalette.h"
+#include "platform/qt/QtFrames.h"
 #include "platform/qt/SessionEnd.h"
 
 #include <QStyle>
 
+#include <cstdio>
 #include <exception>
+
+namespace {
+
+void Tell(Messages& messages, const std::exception& failure) {
+    try {
+        ShowError(messages, ErrorOf(failure));
+    } catch (const std::exception& second) {
+        // Most likely memory is short; what fails next would be told nowhere else either.
+        std::fprintf(stderr, "songlift: %s (not shown: %s)\n", failure.what(), second.what());
+    }
+}
+
+} // namespace
 
 bool TellFailure(Messages& messages, const std::function<void()>& work) {
     try {
         work();
         return true;
-    } catch (const std::exception& exception) {
-        ShowError(messages, ErrorOf(exception));
+    } catch (const std::exception& failure) {
+        Tell(messages, failure);
+        return false;
     }
-    return false;
 }
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
@@ -24,18 +39,16 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
         setStyle(new FocusRing);
     }
     setPalette(WithReadableSelection(palette()));
+    QtFrames::SetTeller([this](const std::exception& failure) {
+        if (MessageBoxes == nullptr) {
+            throw;
+        }
+        Tell(*MessageBoxes, failure);
+    });
 }
 
-bool Application::notify(QObject* receiver, QEvent* event) {
-    bool handled = false;
-    const auto handle = [&] { handled = QApplication::notify(receiver, event); };
-    if (MessageBoxes == nullptr) {
-        handle();
-    } else {
-        // By reference: a copy of it would take memory, and nobody would tell when there is none.
-        TellFailure(*MessageBoxes, std::ref(handle));
-    }
-    return handled;
+Application::~Application() {
+    QtFrames::SetTeller({});
 }
 
 bool Application::event(QEvent* event) {

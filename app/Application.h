@@ -6,19 +6,19 @@
 
 #include <functional>
 
-/// Runs `work` and tells the user what it fails with. False when it failed.
+/// Runs `work` and tells the user what it fails with, or the log where even that fails. False when
+/// it failed.
 bool TellFailure(Messages& messages, const std::function<void()>& work);
 
 /// The program's event loop. A handler that fails unexpectedly ends with a message, and the program
-/// goes on.
+/// goes on. There is one of these, as of any QApplication.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
+    ~Application() override;
 
     /// Where failures are told; null until the window that shows them is built.
     Messages* MessageBoxes = nullptr;
-
-    bool notify(QObject* receiver, QEvent* event) override;
 
 protected:
     bool event(QEvent* event) override;

@@ -1,5 +1,7 @@
 #include "platform/qt/FolderOffers.h"
 
+#include "platform/qt/QtFrames.h"
+
 #include <QApplication>
 #include <QDirIterator>
 #include <QKeyEvent>
@@ -31,7 +33,8 @@ QStringList FoldersIn(const QString& folder) {
 } // namespace
 
 FolderOffers::FolderOffers(QLineEdit* box) : QObject(box), m_box(box) {
-    QObject::connect(box, &QLineEdit::textEdited, this, [this] { Offer(); });
+    QObject::connect(box, &QLineEdit::textEdited, this,
+                     [this] { QtFrames::Handle([this] { Offer(); }); });
 }
 
 FolderOffers::~FolderOffers() {
@@ -77,8 +80,10 @@ void FolderOffers::Open(const QStringList& names) {
         m_list->setUniformItemSizes(true);
         m_list->setAccessibleName(QStringLiteral("Folders"));
         QObject::connect(m_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-            m_box->setText(m_folder + item->text());
-            Close();
+            QtFrames::Handle([&] {
+                m_box->setText(m_folder + item->text());
+                Close();
+            });
         });
     }
     if (!IsOpen()) {

@@ -70,7 +70,7 @@ QtButtonControl::QtButtonControl(PushButton* button, const QString& name)
     Widget()->setAutoDefault(false);
     QObject::connect(Widget(), &QPushButton::clicked, Widget(), [this] {
         if (ControlWidget::IsReached(*Widget())) {
-            Raise(Click);
+            QtFrames::Raise(Click);
         }
     });
 }

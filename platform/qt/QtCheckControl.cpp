@@ -23,7 +23,7 @@ QtCheckControl::QtCheckControl(QWidget* parent, const QString& name, const QStri
     Widget()->setPalette(WithVisibleBoxes(Widget()->palette()));
     QObject::connect(Widget(), &QCheckBox::clicked, Widget(), [this] {
         if (ControlWidget::IsReached(*Widget())) {
-            Raise(Click);
+            QtFrames::Raise(Click);
         }
     });
 }

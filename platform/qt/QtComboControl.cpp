@@ -46,8 +46,8 @@ QtComboControl::QtComboControl(QWidget* parent, const QString& name)
 }
 
 QtComboControl::QtComboControl(DropDownList* list, const QString& name) : QtControl(list, name) {
-    list->Opening = [this] { Raise(DropDown); };
-    QObject::connect(Widget(), &QComboBox::activated, Widget(), [this] { Raise(Click); });
+    list->Opening = [this] { QtFrames::Raise(DropDown); };
+    QObject::connect(Widget(), &QComboBox::activated, Widget(), [this] { QtFrames::Raise(Click); });
 }
 
 QString QtComboControl::List(int index) const {

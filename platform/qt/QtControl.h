@@ -2,6 +2,7 @@
 
 #include "platform/Controls.h"
 #include "platform/qt/ControlWidget.h"
+#include "platform/qt/QtFrames.h"
 #include "platform/qt/Twips.h"
 
 #include <QPointer>
@@ -29,12 +30,12 @@ public:
     bool Enabled() const override { return m_enabled; }
     void SetEnabled(bool enabled) override {
         m_enabled = enabled;
-        m_widget->setEnabled(enabled);
+        QtFrames::Call([this, enabled] { m_widget->setEnabled(enabled); });
     }
     bool Visible() const override { return m_visible; }
     void SetVisible(bool visible) override {
         m_visible = visible;
-        m_widget->setVisible(visible);
+        QtFrames::Call([this, visible] { m_widget->setVisible(visible); });
     }
 
     double Left() const override { return m_left; }
@@ -51,7 +52,7 @@ public:
 
     void SetFocus() override {
         if (m_enabled && Visible()) {
-            m_widget->setFocus(Qt::OtherFocusReason);
+            QtFrames::Call([this] { m_widget->setFocus(Qt::OtherFocusReason); });
         }
     }
     WindowHandle Handle() const override { return ControlWidget::HandleOf(*m_widget); }

@@ -43,11 +43,7 @@ namespace {
 
 /// Passes the mouse on to whoever listens by then.
 MouseEvent PassOn(const MouseEvent& listener) {
-    return [&listener](const MouseState& mouse) {
-        if (listener) {
-            listener(mouse);
-        }
-    };
+    return [&listener](const MouseState& mouse) { QtFrames::Raise(listener, mouse); };
 }
 
 } // namespace

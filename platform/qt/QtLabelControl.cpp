@@ -27,7 +27,7 @@ QtLabelControl::QtLabelControl(QWidget* parent, const QString& name, const QStri
 
 QtLabelControl::QtLabelControl(ClickLabel* label, const QString& name, const QString& caption)
     : QtControl(label, name) {
-    label->Clicked = [this] { Raise(Click); };
+    label->Clicked = [this] { QtFrames::Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
     // An empty label may ask for less height than any text.
     Widget()->setText(QStringLiteral("X"));

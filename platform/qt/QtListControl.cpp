@@ -14,29 +14,19 @@ QtListControl::~QtListControl() {
 }
 
 void QtListControl::Listen() {
-    m_view->RowPressed = [this](int row, bool onCheckBox) { UserPressed(row, onCheckBox); };
-    m_view->RowToggled = [this](int row) { UserToggles(row); };
+    m_view->RowPressed = [this](int row, bool onCheckBox) {
+        QtFrames::Handle([&] { UserPressed(row, onCheckBox); });
+    };
+    m_view->RowToggled = [this](int row) { QtFrames::Handle([&] { UserToggles(row); }); };
     m_view->MenuPressed = [this](int row, const MouseState& mouse) {
-        if (row >= 0 && row != ListIndex()) {
-            m_view->MakeCurrent(row, false);
-            Raise(Click);
-        }
-        if (MouseDown) {
-            MouseDown(mouse);
-        }
+        QtFrames::Handle([&] { UserWantsMenu(row, mouse); });
     };
     m_view->OtherButtonPressed = [this](const MouseState& mouse) {
-        if (MouseDown) {
-            MouseDown(mouse);
-        }
+        QtFrames::Raise(MouseDown, mouse);
     };
-    m_view->MouseMoved = [this](const MouseState& mouse) {
-        if (MouseMove) {
-            MouseMove(mouse);
-        }
-    };
-    m_view->Scrolled = [this] { Raise(Scroll); };
-    m_view->CurrentRowMoved = [this] { Raise(Click); };
+    m_view->MouseMoved = [this](const MouseState& mouse) { QtFrames::Raise(MouseMove, mouse); };
+    m_view->Scrolled = [this] { QtFrames::Raise(Scroll); };
+    m_view->CurrentRowMoved = [this] { QtFrames::Raise(Click); };
 }
 
 void QtListControl::Require(int row) const {
@@ -114,6 +104,16 @@ void QtListControl::UserPressed(int row, bool onCheckBox) {
     // On the check box of the current row, Click follows the tick.
     if (moves || !onCheckBox) {
         Raise(Click);
+    }
+}
+
+void QtListControl::UserWantsMenu(int row, const MouseState& mouse) {
+    if (row >= 0 && row != ListIndex()) {
+        m_view->MakeCurrent(row, false);
+        Raise(Click);
+    }
+    if (MouseDown) {
+        MouseDown(mouse);
     }
 }
 

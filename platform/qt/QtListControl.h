@@ -37,6 +37,7 @@ private:
     void Require(int row) const;
     void Tick(int row, bool ticked);
     void UserPressed(int row, bool onCheckBox);
+    void UserWantsMenu(int row, const MouseState& mouse);
     void UserToggles(int row);
     void Listen();
     void RememberTicksInView();

@@ -1,6 +1,7 @@
 #include "platform/qt/QtPopupMenu.h"
 
 #include "platform/qt/ControlWidget.h"
+#include "platform/qt/QtFrames.h"
 #include "platform/qt/Twips.h"
 
 QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& entryName,
@@ -9,7 +10,7 @@ QtPopupMenu::QtPopupMenu(QWidget* parent, const QString& name, const QString& en
     m_menu->setObjectName(name);
     QAction* action = m_menu->addAction(entryCaption);
     action->setObjectName(entryName);
-    QObject::connect(action, &QAction::triggered, m_menu, [this] { Raise(Entry.Click); });
+    QObject::connect(action, &QAction::triggered, m_menu, [this] { QtFrames::Raise(Entry.Click); });
 }
 
 QtPopupMenu::~QtPopupMenu() {

@@ -30,12 +30,12 @@ QtTabsControl::QtTabsControl(QWidget* parent, const QString& name, const QString
 
     QObject::connect(Widget(), &QTabBar::currentChanged, Widget(), [this] {
         if (!m_selecting) {
-            Raise(Click);
+            QtFrames::Raise(Click);
         }
     });
     QObject::connect(Widget(), &QTabBar::tabBarClicked, Widget(), [this](int index) {
         if (index != -1 && index == Widget()->currentIndex()) {
-            Raise(Click);
+            QtFrames::Raise(Click);
         }
     });
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
@@ -47,9 +48,24 @@ private:
 
 QtTextControl::QtTextControl(QWidget* parent, const QString& name)
     : QtControl(new TextBox(parent), name) {
-    QObject::connect(Widget(), &QLineEdit::textChanged, &m_listener, [this] { Raise(Change); });
+    QObject::connect(Widget(), &QLineEdit::textChanged, &m_listener, [this] {
+        if (!m_setting) {
+            QtFrames::Raise(Change);
+        }
+    });
     QObject::connect(qApp, &QApplication::focusChanged, &m_listener,
                      [this](QWidget*, QWidget* now) { FocusMovedTo(now); });
+}
+
+void QtTextControl::SetText(const QString& text) {
+    const QString before = Text();
+    {
+        const QScopedValueRollback guard(m_setting, true);
+        Widget()->setText(text);
+    }
+    if (Text() != before) {
+        Raise(Change);
+    }
 }
 
 void QtTextControl::Select(int start, int length) {
@@ -67,7 +83,7 @@ void QtTextControl::FocusMovedTo(const QWidget* widget) {
         return;
     }
     m_hasFocus = hasFocus;
-    Raise(hasFocus ? GotFocus : LostFocus);
+    QtFrames::Raise(hasFocus ? GotFocus : LostFocus);
 }
 
 void QtTextControl::CompletePaths() {

@@ -11,12 +11,13 @@ public:
     QtTextControl(QWidget* parent, const QString& name);
 
     QString Text() const override { return Widget()->text(); }
-    void SetText(const QString& text) override { Widget()->setText(text); }
+    void SetText(const QString& text) override;
     void Select(int start, int length) override;
     void CompletePaths() override;
 
 private:
     bool m_hasFocus = false;
+    bool m_setting = false;
     /// Ends what this control listens to before the rest of it goes.
     QObject m_listener;
 

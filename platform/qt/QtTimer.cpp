@@ -1,8 +1,10 @@
 #include "platform/qt/QtTimer.h"
 
+#include "platform/qt/QtFrames.h"
+
 QtTimer::QtTimer(int milliseconds) {
     m_timer.setInterval(milliseconds);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { Raise(Timer); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { QtFrames::Raise(Timer); });
 }
 
 void QtTimer::SetEnabled(bool enabled) {

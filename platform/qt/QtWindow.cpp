@@ -2,12 +2,14 @@
 
 #include "platform/qt/BusyPointer.h"
 #include "platform/qt/ControlWidget.h"
+#include "platform/qt/QtFrames.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/Twips.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFontMetricsF>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
@@ -35,9 +37,13 @@ QtWindow::~QtWindow() {
 }
 
 void QtWindow::Listen() {
-    m_widget->Resized = [this] { RaiseResize(); };
-    m_widget->StateChanged = [this] { StateChanged(); };
-    m_widget->MayClose = [this] { return MayClose(); };
+    m_widget->Resized = [this] { QtFrames::Handle([this] { RaiseResize(); }); };
+    m_widget->StateChanged = [this] { QtFrames::Handle([this] { StateChanged(); }); };
+    m_widget->MayClose = [this] {
+        bool mayClose = true; // a handler that always fails must not keep the window for ever
+        QtFrames::Handle([&] { mayClose = MayClose(); });
+        return mayClose;
+    };
 }
 
 WindowHandle QtWindow::Handle() const {
@@ -68,7 +74,7 @@ void QtWindow::SetState(WindowState state) {
     if (state != WindowState::Minimized) {
         states.setFlag(Qt::WindowMaximized, state == WindowState::Maximized);
     }
-    m_widget->setWindowState(states);
+    QtFrames::Call([&] { m_widget->setWindowState(states); });
 }
 
 void QtWindow::StateChanged() {
@@ -123,16 +129,18 @@ void QtWindow::SetSize(double width, double height) {
 }
 
 void QtWindow::SetMinimumSize(double width, double height) {
-    m_widget->setMinimumSize(Twips::ToPixels(0, 0, width, height).size());
+    QtFrames::Call([&] { m_widget->setMinimumSize(Twips::ToPixels(0, 0, width, height).size()); });
 }
 
 void QtWindow::TakeSetSize() {
     m_sizeWaits = false;
     const int resizes = m_resizes;
-    m_widget->resize(SetPixels());
-    if (m_widget->isVisible()) {
-        KeepOnScreen();
-    }
+    QtFrames::Call([this] {
+        m_widget->resize(SetPixels());
+        if (m_widget->isVisible()) {
+            KeepOnScreen();
+        }
+    });
     // A window that is not on the screen yet would raise it only once it is.
     if (m_resizes == resizes) {
         RaiseResize();
@@ -186,10 +194,16 @@ void QtWindow::Show() {
     if (m_widget->isVisible() && State() == WindowState::Minimized) {
         SetState(WindowState::Normal);
     }
-    KeepOnScreen();
-    m_widget->show();
-    m_widget->raise();
-    m_widget->activateWindow();
+    QtFrames::Call([this] {
+        KeepOnScreen();
+        m_widget->show();
+        m_widget->raise();
+        m_widget->activateWindow();
+    });
+}
+
+void QtWindow::Hide() {
+    QtFrames::Call([this] { m_widget->hide(); });
 }
 
 void QtWindow::ShowModal() {
@@ -207,9 +221,8 @@ void QtWindow::ShowModal() {
 }
 
 void QtWindow::Unload() {
-    m_unloading = true;
-    m_widget->close();
-    m_unloading = false;
+    const QScopedValueRollback unloading(m_unloading, true);
+    QtFrames::Call([this] { m_widget->close(); });
 }
 
 bool QtWindow::MayClose() {

@@ -38,7 +38,7 @@ public:
 
     void Show() override;
     void ShowModal() override;
-    void Hide() override { m_widget->hide(); }
+    void Hide() override;
     void Unload() override;
 
     /// At most about 60 times a second, which is all that can be seen: more calls do nothing.

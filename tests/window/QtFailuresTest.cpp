@@ -1,0 +1,140 @@
+// What handlers throw never passes Qt: it is told where the user has acted, and reaches the calling
+// code where the program has.
+
+#include "platform/RuntimeError.h"
+#include "platform/qt/QtFrames.h"
+#include "platform/qt/QtPopupMenu.h"
+#include "platform/qt/QtTextControl.h"
+#include "platform/qt/QtWindow.h"
+#include "tests/window/ControlKit.h"
+
+#include <QApplication>
+
+namespace {
+
+void Fail() {
+    throw RuntimeError(ErrorNumber::Overflow);
+}
+
+class QtFailures : public testing::Test {
+protected:
+    QtFailures() {
+        QtFrames::SetTeller(
+            [this](const std::exception& failure) { told.append(ErrorOf(failure).Description); });
+    }
+    ~QtFailures() override { QtFrames::SetTeller({}); }
+
+    /// Does what lets Qt raise a failing event, and has the failure told.
+    void ExpectTold(const char* what, const std::function<void()>& act) {
+        SCOPED_TRACE(what);
+        told.clear();
+        EXPECT_NO_THROW(act());
+        ASSERT_FALSE(told.isEmpty());
+        EXPECT_EQ(told.constFirst(), QStringLiteral("Overflow"));
+    }
+
+    QStringList told;
+};
+
+TEST_F(QtFailures, OfAControlThatTheUserUsesAreTold) {
+    const std::unique_ptr<ControlKit> kit = MakeQtKit();
+    ListControl& list = kit->List();
+    const auto failAtMouse = [](const MouseState&) { Fail(); };
+    list.Fill({{QStringLiteral("a")}, {QStringLiteral("b")}, {QStringLiteral("c")}});
+    list.Click = Fail;
+    ExpectTold("click", [&] { kit->ClickRow(list, 1); });
+    ExpectTold("key", [&] { kit->PressDown(list); });
+    list.Click = {};
+    list.ItemCheck = [](int) { Fail(); };
+    ExpectTold("check box", [&] { kit->ClickCheckBox(list, 1); });
+    list.MouseDown = failAtMouse;
+    ExpectTold("menu", [&] { kit->RightClickRow(list, 0); });
+    list.MouseMove = failAtMouse;
+    ExpectTold("move", [&] { kit->HoverAt(list, 5, 5); });
+    kit->Combo().AddItem(QStringLiteral("(E:) ONE"));
+    kit->Combo().DropDown = Fail;
+    ExpectTold("drop down", [&] { kit->OpenCombo(); });
+    kit->Combo().Click = Fail;
+    ExpectTold("choice", [&] { kit->ChooseEntry(0); });
+    kit->Text().GotFocus = Fail;
+    ExpectTold("focus", [&] { kit->ClickIntoText(); });
+    kit->Text().Change = Fail;
+    ExpectTold("typing", [&] { kit->TypeText(QStringLiteral("x")); });
+    kit->Label().Click = Fail;
+    ExpectTold("label", [&] { kit->ClickLabel(); });
+    kit->Button().Click = Fail;
+    ExpectTold("button", [&] { kit->Press(kit->Button()); });
+    kit->Check().Click = Fail;
+    ExpectTold("check", [&] { kit->PressCheck(); });
+    kit->Tabs().Click = Fail;
+    ExpectTold("tab", [&] { kit->ClickTab(1); });
+    ExpectTold("same tab", [&] { kit->ClickTab(1); });
+    kit->Handle().MouseUp = failAtMouse;
+    ExpectTold("handle", [&] { kit->DragHandle(5); });
+    kit->Timer().Timer = Fail;
+    kit->Timer().SetEnabled(true);
+    ExpectTold("timer", [&] { kit->LetTimePass(); });
+}
+
+TEST_F(QtFailures, OfAMenuAreTold) {
+    QWidget window;
+    QtPopupMenu menu(&window, QStringLiteral("menu"), QStringLiteral("entry"),
+                     QStringLiteral("Preview"));
+    menu.Entry.Click = Fail;
+    ExpectTold("menu", [&] { window.findChild<QAction*>(QStringLiteral("entry"))->trigger(); });
+}
+
+TEST_F(QtFailures, OfAWindowThatTheUserChangesAreToldAndKeepItOpenNoLonger) {
+    QtWindow window(nullptr, QStringLiteral("window"));
+    window.Show();
+    window.Resize = Fail;
+    window.QueryUnload = [](bool&, UnloadMode) { Fail(); };
+    ExpectTold("resize", [&] { window.Widget()->resize(345, 234); });
+    ExpectTold("state", [&] { window.Widget()->showMaximized(); });
+    ExpectTold("close", [&] { window.Widget()->close(); });
+    EXPECT_FALSE(window.Widget()->isVisible());
+}
+
+TEST_F(QtFailures, OfTheProgramReachItOnceQtIsDone) {
+    const std::unique_ptr<ControlKit> kit = MakeQtKit();
+    auto& box = dynamic_cast<QtTextControl&>(kit->Text());
+    // Who listens later is not heard any more when a failure passes Qt.
+    int texts = 0;
+    int focuses = 0;
+    QObject listener;
+    QObject::connect(box.Widget(), &QLineEdit::textChanged, &listener, [&] { ++texts; });
+    QObject::connect(qApp, &QApplication::focusChanged, &listener, [&] { ++focuses; });
+    kit->Button().SetFocus();
+    focuses = 0;
+    box.Change = box.GotFocus = box.LostFocus = Fail;
+    EXPECT_THROW(box.SetText(QStringLiteral("x")), RuntimeError);
+    EXPECT_EQ(texts, 1);
+    EXPECT_THROW(box.SetFocus(), RuntimeError);
+    EXPECT_EQ(focuses, 1);
+    EXPECT_THROW(box.SetEnabled(false), RuntimeError);
+    EXPECT_EQ(focuses, 2);
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(QtFailures, OfAWindowThatTheProgramChangesReachItOnceQtIsDone) {
+    QtWindow window(nullptr, QStringLiteral("window"));
+    window.Show();
+    window.Resize = Fail;
+    window.QueryUnload = [](bool&, UnloadMode) { Fail(); };
+    EXPECT_THROW(window.SetSize(6000, 4500), RuntimeError);
+    EXPECT_EQ(window.Width(), 6000);
+    EXPECT_THROW(window.SetState(WindowState::Maximized), RuntimeError);
+    EXPECT_EQ(window.State(), WindowState::Maximized);
+    EXPECT_THROW(window.Unload(), RuntimeError);
+    EXPECT_FALSE(window.Widget()->isVisible());
+    EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(QtFailures, OfAnEventThatAHandlerLetsInAreToldToo) {
+    const std::unique_ptr<ControlKit> kit = MakeQtKit();
+    kit->Text().Change = Fail;
+    kit->Text().GotFocus = [&] { kit->TypeText(QStringLiteral("x")); };
+    ExpectTold("typing", [&] { kit->Text().SetFocus(); });
+}
+
+} // namespace
