@@ -108,8 +108,8 @@ void Layout::Handle_MouseMove(int Index, double X) {
     }
 }
 
-// The margin at which the right-hand side stops is 20 pixels for the first handle and 22 for the
-// second one: both are meant.
+// The right-hand side stops 20 pixels short for the first handle and 22 for the second one. The
+// difference is intentional: behind the second one there is no third list with a gap of its own.
 
 void Layout::DragFirst(double position) {
     ListControl& left = m_controls.lstArtists;
@@ -188,7 +188,8 @@ void Layout::Form_Resize() {
     if (Px(LeastListPixels) > window.Height() - m_design.BottomMargin - top) {
         window.SetSize(window.Width(), top + m_design.BottomMargin + Px(LeastListPixels));
     }
-    // The tab strip alone runs to the window's edge, without a margin: that is meant.
+    // The tab strip alone runs to the window's edge, without a margin: intentionally, so that its
+    // line ends at no visible edge.
     m_controls.tbsFilter.SetWidth(window.Width() - m_controls.tbsFilter.Left());
     ShareListWidth();
     PlaceSearchRow();

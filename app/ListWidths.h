@@ -7,7 +7,7 @@ struct ListWidths {
     /// Shares `available` twips in the ratio of the widths.
     void Rescale(float available);
     /// Widens each list that is narrower than 21 pixels, at its neighbours' cost as long as these
-    /// stay wider than 20 pixels. Two different numbers, and a sum that may end wider than before
-    /// where no neighbour can give: both are meant.
+    /// stay wider than 20 pixels. Where no neighbour can give, the sum ends wider than before: a
+    /// list that cannot be seen would be worse.
     void RaiseToFloor(float twipsPerPixel);
 };

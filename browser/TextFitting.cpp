@@ -15,8 +15,8 @@ TextFitting::TextFitting(WindowManager& windowManager, Form1Controls& controls)
 void TextFitting::AdjustText(const QString& Text) {
     m_fullText = Text;
     QString shown = Text;
-    // A text exactly as wide as the label stays whole, while a shortened text must be narrower than
-    // it: the difference is meant.
+    // A text exactly as wide as the label stays whole; a shortened one must be narrower than it, so
+    // that the dots are seen to end.
     if (m_controls.Form1.TextWidth(Text) <= m_controls.lblFullName.Width()) {
         m_controls.lblFullName.SetToolTip(QString());
     } else {

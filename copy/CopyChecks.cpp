@@ -49,8 +49,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
             MessageIcon::Question) != MessageAnswer::OK) {
         return false;
     }
-    // This speaks of an earlier attempt, since one that failed just now was answered above: the
-    // order is meant.
+    // This speaks of an earlier attempt: one that failed just now was answered above.
     if (std::exchange(m_destination.CreateFailed, false)) {
         m_messages.Show(QStringLiteral("Unable to create folder."), QStringLiteral("Error"),
                         MessageButtons::OK, MessageIcon::Critical);

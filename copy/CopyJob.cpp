@@ -152,7 +152,8 @@ CopyJob::Next CopyJob::FinishWalk() {
     return Next::Cleanup;
 }
 
-/// Deletes "tmp" in the destination with all it holds, whoever made it: this is meant.
+/// Deletes "tmp" in the destination with all it holds. Whoever made it: the README says so, and
+/// what a killed job has left there could be half a film.
 void CopyJob::DeleteTemporaryFolder() {
     const QString folder = m_destRoot + QStringLiteral("tmp");
     if (m_files.FolderExists(folder)) {
@@ -170,7 +171,7 @@ void CopyJob::Cleanup() {
         ExchangeLibraries();
     }
     EnableControls(m_controls, m_search.SearchingText());
-    // The design's caption has a capital D; both are meant.
+    // With a small d, unlike the design's caption: people know the button by both.
     m_controls.cmdCopy.SetCaption(QStringLiteral("&Copy to destination"));
     m_controls.prgCopy.SetValue(0);
     m_summary.CalculateSize(false);

@@ -104,7 +104,7 @@ void Destination::CreatePath(const QString& Path) {
 void Destination::txtDestination_Change() {
     const QString text = m_controls.txtDestination.Text();
     const double room = m_controls.txtDestination.Width() - 4 * m_windowManager.TwipsPerPixelX();
-    // The window's font is measured, not the box's: this is meant.
+    // Measured in the window's font, which the box shares.
     const bool isTooWide = m_controls.Form1.TextWidth(text) >= room;
     m_controls.txtDestination.SetToolTip(isTooWide ? text : QString());
 }

@@ -21,7 +21,7 @@ void frmOverwrite::Form_Load() {
 
 void frmOverwrite::cmdOverwrite_Click(OverwritePrompt::Answer answer) {
     m_prompt.OverwriteAnswer = answer;
-    // Cancel is never kept for later files: this is meant.
+    // Cancel ends the job, so there are no later files that it could be kept for.
     m_prompt.OverwriteAll = m_controls.chkSame.Value() && answer != OverwritePrompt::Cancel;
     m_controls.window.Unload();
 }

@@ -33,7 +33,7 @@ void LoadMusic::LoadITunesDB(const QString& driveRoot) {
     LoadProgress progress(Library, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
-    // An empty track list is meant to stop the load where it is: LoadingMusic and the message stay.
+    // An empty track list stops the load where it is: LoadingMusic and the message stay.
     if (RunReader(m_messages,
                   [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
         loading.Run();

@@ -91,7 +91,7 @@ void CheckPropagation::PropagateArtist(int Item) {
     const bool ticked = artists.Selected(Item);
     if (Item == 0) {
         // By position, not through ArtistRows: all records get the same flag, so the order of the
-        // rows does not matter here. That is meant.
+        // rows does not matter.
         for (int row = 1; row < artists.ListCount(); ++row) {
             artists.SetSelected(row, ticked);
             m_library.Artists.at(row - 1).Checked = ticked;
@@ -194,7 +194,7 @@ void CheckPropagation::UpdateArtistCheck(int AlbumRow) {
         for (int row = 0; row < artists.ListCount(); ++row) {
             artists.SetSelected(row, ticked);
             if (row >= 1) {
-                m_library.Artists.at(row - 1).Checked = ticked; // by position: meant, as above
+                m_library.Artists.at(row - 1).Checked = ticked; // by position, as above
             }
         }
     } else {
