@@ -217,13 +217,21 @@ void LinuxDrives::AddMounted(std::vector<Volume>& volumes, const std::vector<Mou
             continue;
         }
         const QString name = m_devices.NameOf(mount);
-        const bool isMountedTwice =
-            !name.isEmpty() &&
-            std::any_of(volumes.begin(), volumes.end(),
-                        [&](const Volume& volume) { return volume.DeviceName == name; });
-        if (!isMountedTwice &&
-            (LiesWhereDesktopsMount(mount.Folder) || m_devices.IsRemovable(name))) {
-            volumes.push_back({mount.Folder, mount.Source, name, m_devices.UuidOf(name), {}, true});
+        if (!LiesWhereDesktopsMount(mount.Folder) && !m_devices.IsRemovable(name)) {
+            continue;
+        }
+        const auto other = std::find_if(volumes.begin(), volumes.end(), [&](const Volume& volume) {
+            return !name.isEmpty() && volume.DeviceName == name;
+        });
+        if (other == volumes.end()) {
+            volumes.push_back(
+                {mount.Folder, mount.Root, mount.Source, name, m_devices.UuidOf(name), {}, true});
+        } else if (mount.Root.size() < other->Root.size()) {
+            // The first one shows a folder of the device only, perhaps not the one that makes it an
+            // iPod.
+            other->Folder = mount.Folder;
+            other->Root = mount.Root;
+            other->Source = mount.Source;
         }
     }
 }
@@ -238,7 +246,7 @@ void LinuxDrives::AddAttached(std::vector<Volume>& volumes) {
             std::any_of(volumes.begin(), volumes.end(),
                         [&](const Volume& volume) { return volume.Folder == folder; });
         if (!folder.isEmpty() && !isListed && IsFolder(folder)) {
-            volumes.push_back({folder, {}, {}, {}, {}, true});
+            volumes.push_back({folder, {}, {}, {}, {}, {}, true});
         }
     }
 }

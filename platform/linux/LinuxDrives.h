@@ -54,6 +54,8 @@ public:
 private:
     struct Volume {
         QByteArray Folder;
+        /// The folder of the device that is mounted there; empty for an attached folder.
+        QByteArray Root;
         /// Empty for an attached folder.
         QByteArray Source;
         QString DeviceName;

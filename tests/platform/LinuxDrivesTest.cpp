@@ -57,9 +57,10 @@ protected:
                      (disk + '/' + name + '1').constData());
     }
 
-    void Mount(const char* device, const char* folder, const char* type, const char* source) {
-        m_lines += QByteArray("36 27 ") + device + " / " + folder + " rw,relatime shared:9 - " +
-                   type + ' ' + source + " rw\n";
+    void Mount(const char* device, const char* folder, const char* type, const char* source,
+               const char* root = "/") {
+        m_lines += QByteArray("36 27 ") + device + ' ' + root + ' ' + folder +
+                   " rw,relatime shared:9 - " + type + ' ' + source + " rw\n";
         WriteFile(Path(QStringLiteral("mountinfo")), m_lines);
     }
 
@@ -175,6 +176,15 @@ TEST_F(DrivesFixture, ADeviceThatIsMountedTwiceIsOneDrive) {
     Mount("8:17", "/media/ana/IPOD", "vfat", "/dev/sdb1");
     Mount("8:17", "/srv/ipod", "vfat", "/dev/sdb1");
     EXPECT_EQ(Listed(), "E:IPOD");
+}
+
+TEST_F(DrivesFixture, OfADevicesMountsTheOneThatShowsMostIsTheDriveInThePlaceOfTheFirst) {
+    AddStick("8:16", "sdb", 17);
+    Mount("8:17", "/srv/music", "vfat", "/dev/sdb1", "/iPod_Control/Music");
+    Mount("0:50", "/media/ana/A", "fuse.x", "a");
+    Mount("8:17", "/media/ana/IPOD", "vfat", "/dev/sdb1");
+    Mount("8:17", "/media/ana/notes", "vfat", "/dev/sdb1", "/Notes");
+    EXPECT_EQ(Listed(), "E:IPOD F:A");
 }
 
 TEST_F(DrivesFixture, AFileSystemWithADeviceNumberOfItsOwnIsFoundByItsSource) {
