@@ -140,8 +140,8 @@ bool LinuxDrives::IsOnIpod(int folder) {
 }
 
 /// Goes up to the root. Paths would not do: the same folder has another one by every mount.
-std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) {
-    const std::vector<FolderId>& ipods = IpodFolders();
+std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) const {
+    const std::vector<FolderId> ipods = IpodFolders();
     if (ipods.empty()) {
         return false;
     }
@@ -167,22 +167,21 @@ std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) {
     return std::nullopt;
 }
 
-const std::vector<FolderId>& LinuxDrives::IpodFolders() {
-    if (!m_ipodFolders) {
-        std::vector<FolderId> folders;
-        for (const Volume& volume : m_volumes) {
-            const FileDescriptor drive =
-                volume.IsPresent ? OpenFolder(volume.Folder) : FileDescriptor();
-            if (drive.IsOpen() && HoldsIpod(drive.Get())) {
-                Add(folders, drive);
-                for (const Mount& mount : m_mounts) {
-                    AddShownElsewhere(folders, drive.Get(), mount.Root);
-                }
+/// Whatever is on an iPod lies in or below one of these. They are not remembered: some file systems
+/// (FAT) number a folder anew when it comes back into memory.
+std::vector<FolderId> LinuxDrives::IpodFolders() const {
+    std::vector<FolderId> folders;
+    for (const Volume& volume : m_volumes) {
+        const FileDescriptor drive =
+            volume.IsPresent ? OpenFolder(volume.Folder) : FileDescriptor();
+        if (drive.IsOpen() && HoldsIpod(drive.Get())) {
+            Add(folders, drive);
+            for (const Mount& mount : m_mounts) {
+                AddShownElsewhere(folders, drive.Get(), mount.Root);
             }
         }
-        m_ipodFolders = std::move(folders);
     }
-    return *m_ipodFolders;
+    return folders;
 }
 
 bool LinuxDrives::IsRoot(const struct stat& folder) {
@@ -255,7 +254,6 @@ void LinuxDrives::Refresh() {
     m_isRefreshed = false; // until all of it is known, whatever fails on the way
     m_mounts = ReadMountTable(m_sources.MountTable);
     const std::vector<Volume> volumes = FindVolumes(m_mounts);
-    m_ipodFolders.reset();
     m_asked = {};
     // Where two known volumes fit, the one that was there a moment ago stays.
     std::stable_partition(m_volumes.begin(), m_volumes.end(),

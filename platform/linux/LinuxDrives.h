@@ -75,8 +75,8 @@ private:
     const Volume* Present(QChar letter) const;
     const Volume& Require(QChar letter) const;
     bool TableHasChanged();
-    std::optional<bool> FindWhetherOnIpod(int folder);
-    const std::vector<FolderId>& IpodFolders();
+    std::optional<bool> FindWhetherOnIpod(int folder) const;
+    std::vector<FolderId> IpodFolders() const;
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
@@ -86,8 +86,6 @@ private:
     bool m_isRefreshed = false;
     /// Every volume that has a letter, also those that are gone.
     std::vector<Volume> m_volumes;
-    /// Whatever is on an iPod lies in or below one of these; found when first asked for.
-    std::optional<std::vector<FolderId>> m_ipodFolders;
     /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
     /// into the same folder.
     FolderId m_asked;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 
 #include <sys/stat.h>
@@ -126,6 +127,15 @@ TEST_F(IpodFixture, ItsFolderIsKnownInAnyCase) {
     EXPECT_TRUE(m_files.IsOnIpod(Native(QStringLiteral("SECOND"))));
     EXPECT_EQ(CreationError(QStringLiteral("F:\\Music")), 70);
     EXPECT_EQ(CreationError(QStringLiteral("E:\\Music")), 70);
+}
+
+TEST_F(IpodFixture, AnAttachedFolderThatGetsAnotherNumberIsStillOne) {
+    EXPECT_TRUE(m_files.IsOnIpod(Ipod()));
+    // As on disks that number a folder anew when it comes back into memory.
+    ASSERT_TRUE(QDir().rename(Ipod(), Native(QStringLiteral("earlier"))));
+    MakeFolder(Ipod(QStringLiteral("/iPod_Control")));
+    MakeFolder(Ipod(QStringLiteral("/Notes")));
+    EXPECT_TRUE(m_files.IsOnIpod(Ipod(QStringLiteral("/Notes"))));
 }
 
 TEST_F(IpodFixture, AnAttachedFolderOutlivesTheDeletionOfAFolderAboveIt) {
