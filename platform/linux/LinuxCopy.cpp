@@ -185,7 +185,12 @@ void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& n
 }
 
 void RequireNoPartName(const QByteArray& name) {
-    if (name.compare(PartName, Qt::CaseInsensitive) == 0) {
+    // The drives people carry away drop these at the end.
+    qsizetype length = name.size();
+    while (length > 0 && (name[length - 1] == '.' || name[length - 1] == ' ')) {
+        --length;
+    }
+    if (name.left(length).compare(PartName, Qt::CaseInsensitive) == 0) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
 }
