@@ -38,8 +38,12 @@ bool CopyJob::OfferToCreate(const QString& folder) {
     const bool isValid = m_destination.ValidatePath(folder);
     // Forgotten before it is deleted: should that fail, a later job may have filled the folder.
     const QString probe = std::exchange(m_destination.ProbeFolder, QString());
-    if (!probe.isEmpty() && Step([&] { m_files.DeleteFolder(probe); }) != Next::Step) {
-        return false;
+    if (!probe.isEmpty()) {
+        m_place = {probe, probe, {}}; // as a failure names it
+        if (Step([&] { m_files.DeleteFolder(probe); }) != Next::Step) {
+            return false;
+        }
+        m_place = {};
     }
     if (!isValid) {
         RefuseDestination(folder);

@@ -138,7 +138,7 @@ TEST_F(CopyChecksTest, AProbeFolderThatCouldNotBeDeletedIsNeverDeletedLater) {
     files.FailNthCall(FileCall::DeleteFolder, 1, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Abort};
     Press();
-    ASSERT_EQ(messages.Texts(), QStringList{Text("Unable to create file: \"\"")});
+    ASSERT_EQ(messages.Texts(), QStringList{Text("Unable to create file: \"D:\\New\"")});
     ASSERT_TRUE(files.HasFolder(Text("D:\\New")));
     // The folder is there now: a job fills it. Then another destination turns out invalid.
     Press();
