@@ -228,9 +228,13 @@ int Rename(int fromFolder, const QByteArray& from, int toFolder, const QByteArra
         if (errno != EINVAL && errno != ENOSYS) {
             return errno;
         }
-        // This file system can only replace (NFS, some that run outside the kernel).
+        // This file system can only replace (NFS, some that run outside the kernel). A link never
+        // does; where there are none either, one can but look.
+        if (linkat(fromFolder, from.constData(), toFolder, to.constData(), 0) == 0) {
+            return unlinkat(fromFolder, from.constData(), 0) == 0 ? 0 : errno;
+        }
         struct stat info {};
-        if (fstatat(toFolder, to.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
+        if (errno == EEXIST || fstatat(toFolder, to.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
             return EEXIST;
         }
     }
