@@ -2,6 +2,7 @@
 
 #include "copy/EnsureFolder.h"
 #include "platform/RuntimeError.h"
+#include "platform/ScopeGuard.h"
 
 #include <utility>
 
@@ -20,14 +21,18 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
     EnsureFolder(m_files, Base);
     const qint64 size = m_files.FileLength(Source);
     const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(Source);
+    // What could not be put in its place is told before a long copy, not after it.
+    m_files.RequireTarget(Destination, existing);
     // Kept until it stands under its final name: so long no other copy takes it.
     const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
-    if (!CopyChunks(*reading, *writing, size, BytesAtOnce)) {
-        return false;
+    // The job may go on without this file for hours, or be left by quitting.
+    ScopeGuard failed([&] { m_files.DeleteFile(*writing); });
+    const bool isWhole = CopyChunks(*reading, *writing, size, BytesAtOnce);
+    if (isWhole) {
+        m_files.MoveFile(*writing, Destination, existing);
     }
-    m_files.CopyModificationTime(Source, temp);
-    m_files.MoveFile(temp, Destination, existing);
-    return true;
+    failed.Dismiss();
+    return isWhole;
 }
 
 /// Fills the temporary file with the `size` bytes of `source`, and closes both. False when
@@ -48,8 +53,9 @@ bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size,
     }
     // A longer file left behind by an earlier copy would keep its tail.
     temp.Truncate(size);
-    source.Close();
     temp.Close();
+    temp.TakeModificationTime(source);
+    source.Close();
     return true;
 }
 

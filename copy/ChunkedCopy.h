@@ -18,7 +18,8 @@ public:
     /// Copies `Source` to `Destination` by way of "copy.tmp" in the folder `Base`, which ends in
     /// a separator, `BytesAtOnce` bytes at a time. An earlier Destination stays until all bytes are
     /// there, and for good unless `existing` lets it be replaced. False when cancelled: Destination
-    /// is untouched then, and the temporary file stays. Throws RuntimeError when a step fails.
+    /// is untouched then, and the temporary file stays. Throws RuntimeError when a step fails; then
+    /// the temporary file is deleted.
     bool NewCopy(const QString& Source, const QString& Destination, const QString& Base,
                  qint32 BytesAtOnce, Existing existing);
 

@@ -22,6 +22,10 @@ public:
     virtual void Truncate(qint64 size) = 0;
     /// Closes the file. Writing errors that the system reports late are raised here.
     virtual void Close() = 0;
+    /// Gives a file that was opened for writing, closed by now or not, the modification time of
+    /// `source`, which is open, where the file system lets it. Never throws: a copy is whole
+    /// without it.
+    virtual void TakeModificationTime(BinaryFile& source) = 0;
 };
 
 /// What becomes of a file that stands where another one is to be put.
@@ -55,9 +59,15 @@ public:
     /// earlier file, only once all bytes are there; a failed copy leaves nothing behind. A file
     /// that comes to stand at `target` meanwhile counts like one that was there before.
     virtual void CopyFile(const QString& source, const QString& target, Existing existing) = 0;
-    /// Renames a file. An earlier `target` is replaced in the same instant, so that there is never
-    /// a moment with neither.
-    virtual void MoveFile(const QString& source, const QString& target, Existing existing) = 0;
+    /// Throws what MoveFile to `target` would as far as that is known before.
+    virtual void RequireTarget(const QString& target, Existing existing) = 0;
+    /// Renames a file that was opened for writing, closed by now or not. An earlier `target` is
+    /// replaced in the same instant, so that there is never a moment with neither. Throws
+    /// PermissionDenied where the file has lost its name to another program's.
+    virtual void MoveFile(BinaryFile& file, const QString& target, Existing existing) = 0;
+    /// Deletes a file that was opened for writing, closed by now or not, unless it has lost its
+    /// name. Never throws.
+    virtual void DeleteFile(BinaryFile& file) = 0;
     /// Removes what a killed CopyFile has left in a folder, unless another copy is at work there.
     /// Never throws.
     virtual void RemoveLeftovers(const QString& folder) = 0;
@@ -68,9 +78,6 @@ public:
     /// Opens for reading and writing from the start; a missing file is created, an existing one is
     /// not emptied.
     virtual std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) = 0;
-    /// Gives the file at `target` the modification time of the file at `source`, where the file
-    /// system lets it. Never throws: a copy is whole without it.
-    virtual void CopyModificationTime(const QString& source, const QString& target) = 0;
 
     /// Whether `path` lies, or would lie, on a drive that is an iPod, whatever leads there. Nothing
     /// is ever changed on one: what would do so throws PermissionDenied. Never throws.

@@ -34,10 +34,7 @@ void CopyContent(const CopySource& source, int target) {
     if (error != 0) {
         ThrowError(error);
     }
-    // A file system that refuses the time (FAT, when another user mounted it) has the bytes at
-    // least. Some that run outside the kernel heed no time unless both are set.
-    const timespec times[2] = {{0, UTIME_NOW}, source.Info.st_mtim};
-    futimens(target, times);
+    SetModificationTime(target, source.Info.st_mtim);
 }
 
 /// Gives an open file that has no name yet a name; as linkat.
@@ -149,6 +146,12 @@ void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Exi
     if (!CopyNameless(source, folder, name, existing)) {
         CopyUnderPartName(source, folder, name, existing);
     }
+}
+
+void SetModificationTime(int file, const timespec& time) {
+    // Some file systems that run outside the kernel heed no time unless both are set.
+    const timespec times[2] = {{0, UTIME_NOW}, time};
+    futimens(file, times);
 }
 
 void RemoveLeftover(int folder) {

@@ -32,6 +32,10 @@ void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Exi
 void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
                        Existing existing);
 
+/// Gives an open file its modification time. A file system that refuses it (FAT, when another user
+/// mounted it) has the bytes at least.
+void SetModificationTime(int file, const timespec& time);
+
 /// Removes what a killed copy has left in `folder`. Throws PermissionDenied where another copy is
 /// at work there.
 void RemoveLeftover(int folder);

@@ -2,8 +2,10 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/linux/ByteTransfer.h"
+#include "platform/linux/LinuxCopy.h"
 #include "platform/linux/LinuxErrors.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 void LinuxFile::Read(char* buffer, qint64 size) {
@@ -18,8 +20,7 @@ void LinuxFile::Read(char* buffer, qint64 size) {
 }
 
 void LinuxFile::WriteFrom(BinaryFile& source, qint64 size) {
-    const int from = dynamic_cast<LinuxFile&>(source).m_file.Get();
-    TransferAll(from, m_file.Get(), size);
+    TransferAll(AsLinuxFile(source).m_file.Get(), m_file.Get(), size);
 }
 
 void LinuxFile::Truncate(qint64 size) {
@@ -31,5 +32,12 @@ void LinuxFile::Truncate(qint64 size) {
 void LinuxFile::Close() {
     if (const int error = m_file.Close()) {
         ThrowError(error);
+    }
+}
+
+void LinuxFile::TakeModificationTime(BinaryFile& source) {
+    struct stat info {};
+    if (fstat(AsLinuxFile(source).m_file.Get(), &info) == 0) {
+        SetModificationTime(m_kept.Get(), info.st_mtim);
     }
 }

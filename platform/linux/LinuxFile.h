@@ -7,17 +7,28 @@
 class LinuxFile : public BinaryFile {
 public:
     explicit LinuxFile(FileDescriptor file) : m_file(std::move(file)) {}
-    /// A file that is locked. `lock` is a second descriptor of it, which keeps the lock until this
-    /// ends, whether closed before or not.
-    LinuxFile(FileDescriptor file, FileDescriptor lock)
-        : m_file(std::move(file)), m_lock(std::move(lock)) {}
+    /// A locked file that was opened for writing as `path`. `kept` is a second descriptor of it,
+    /// which keeps the lock until this ends, whether closed before or not.
+    LinuxFile(FileDescriptor file, FileDescriptor kept, const QString& path)
+        : m_file(std::move(file)), m_kept(std::move(kept)), m_path(path) {}
 
     void Read(char* buffer, qint64 size) override;
     void WriteFrom(BinaryFile& source, qint64 size) override;
     void Truncate(qint64 size) override;
     void Close() override;
+    void TakeModificationTime(BinaryFile& source) override;
+
+    /// Of a file that was opened for writing: its path, and a descriptor that outlives Close.
+    const QString& Path() const { return m_path; }
+    int Kept() const { return m_kept.Get(); }
 
 private:
     FileDescriptor m_file;
-    FileDescriptor m_lock;
+    FileDescriptor m_kept;
+    QString m_path;
 };
+
+/// The one service that makes files here makes no others.
+inline LinuxFile& AsLinuxFile(BinaryFile& file) {
+    return static_cast<LinuxFile&>(file);
+}

@@ -142,17 +142,20 @@ void LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
     CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing);
 }
 
-void LinuxFileSystem::MoveFile(const QString& source, const QString& target, Existing existing) {
-    const FolderEntry from = EntryToChange(source);
+void LinuxFileSystem::RequireTarget(const QString& target, Existing existing) {
+    const FolderEntry entry = RequireEntry(target);
+    CheckTarget(entry.Folder.Get(), entry.Name, existing);
+}
+
+void LinuxFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing) {
+    const LinuxFile& moved = AsLinuxFile(file);
+    const FolderEntry from = RequireEntry(moved.Path());
     struct stat info {};
-    if (!from.Folder.IsOpen()) {
-        ThrowOpeningError(source, from.Folder.Error());
+    if (fstat(moved.Kept(), &info) != 0) {
+        ThrowError(errno);
     }
-    if (fstatat(from.Folder.Get(), from.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
-        ThrowOpeningError(source, errno);
-    }
-    if (!S_ISREG(info.st_mode)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (!IsSameFile(info, from.Folder.Get(), from.Name.constData(), AT_SYMLINK_NOFOLLOW)) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     const FolderEntry to = RequireEntry(target);
     CheckTarget(to.Folder.Get(), to.Name, existing);
@@ -163,10 +166,21 @@ void LinuxFileSystem::MoveFile(const QString& source, const QString& target, Exi
     if (error != EXDEV) {
         ThrowPlacingError(error);
     }
-    const FileDescriptor file = OpenRegular(source, info);
-    CopyWhole({file.Get(), info}, to.Folder.Get(), to.Name, existing);
-    if (unlinkat(from.Folder.Get(), from.Name.constData(), 0) != 0) {
+    if (lseek(moved.Kept(), 0, SEEK_SET) != 0) {
         ThrowError(errno);
+    }
+    CopyWhole({moved.Kept(), info}, to.Folder.Get(), to.Name, existing);
+    DeleteFile(file);
+}
+
+void LinuxFileSystem::DeleteFile(BinaryFile& file) {
+    const LinuxFile& deleted = AsLinuxFile(file);
+    const FolderEntry entry = m_paths.EntryOf(deleted.Path());
+    struct stat info {};
+    if (entry.Folder.IsOpen() && !m_drives.IsOnIpod(entry.Folder.Get()) &&
+        fstat(deleted.Kept(), &info) == 0 &&
+        IsSameFile(info, entry.Folder.Get(), entry.Name.constData(), AT_SYMLINK_NOFOLLOW)) {
+        unlinkat(entry.Folder.Get(), entry.Name.constData(), 0);
     }
 }
 
@@ -217,19 +231,11 @@ std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReadingAndWriting(const QStr
     }
     RequireOwnFile(file);
     LockNamed(file.Get(), entry.Folder.Get(), entry.Name.constData());
-    FileDescriptor lock(fcntl(file.Get(), F_DUPFD_CLOEXEC, 0));
-    return std::make_unique<LinuxFile>(std::move(file), std::move(lock));
-}
-
-void LinuxFileSystem::CopyModificationTime(const QString& source, const QString& target) {
-    const FileDescriptor from = m_paths.Open(source, O_PATH);
-    const FolderEntry to = m_paths.EntryOf(target);
-    struct stat info {};
-    const bool isThere = from.IsOpen() && to.Folder.IsOpen();
-    if (isThere && !m_drives.IsOnIpod(to.Folder.Get()) && fstat(from.Get(), &info) == 0) {
-        const timespec times[2] = {{0, UTIME_NOW}, info.st_mtim};
-        utimensat(to.Folder.Get(), to.Name.constData(), times, AT_SYMLINK_NOFOLLOW);
+    FileDescriptor kept(fcntl(file.Get(), F_DUPFD_CLOEXEC, 0));
+    if (!kept.IsOpen()) {
+        ThrowError(kept.Error());
     }
+    return std::make_unique<LinuxFile>(std::move(file), std::move(kept), path);
 }
 
 bool LinuxFileSystem::IsOnIpod(const QString& path) {

@@ -19,13 +19,14 @@ public:
     void DeleteFolder(const QString& path) override;
 
     void CopyFile(const QString& source, const QString& target, Existing existing) override;
-    void MoveFile(const QString& source, const QString& target, Existing existing) override;
+    void RequireTarget(const QString& target, Existing existing) override;
+    void MoveFile(BinaryFile& file, const QString& target, Existing existing) override;
+    void DeleteFile(BinaryFile& file) override;
     void RemoveLeftovers(const QString& folder) override;
 
     qint64 FileLength(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
-    void CopyModificationTime(const QString& source, const QString& target) override;
 
     bool IsOnIpod(const QString& path) override;
     NameLimits LimitsOf(const QString& path) override;

@@ -127,6 +127,26 @@ TEST_F(ChunkedCopyTest, AnExistingDestinationStaysUntilAllBytesAreThere) {
     EXPECT_EQ(files.Bytes(Target), QByteArray("0123456789"));
 }
 
+TEST_F(ChunkedCopyTest, AnImpossibleTargetIsToldBeforeTheFirstChunk) {
+    files.AddFile(Source, "0123456789");
+    files.AddFolder(Target);
+    EXPECT_EQ(ErrorOfCopy(4), 70);
+    EXPECT_EQ(files.CountOf(FileCall::Write), 0);
+}
+
+TEST_F(ChunkedCopyTest, ATempOfAnotherProgramThatHasTakenTheNameIsNotMoved) {
+    files.AddFile(Source, "0123456789");
+    events.OnYield = [this](int number) {
+        if (number == 1) {
+            files.Remove(Base);
+            files.AddFile(Temp, "half of another film");
+        }
+    };
+    EXPECT_EQ(ErrorOfCopy(4), 70);
+    EXPECT_FALSE(files.HasFile(Target));
+    EXPECT_EQ(files.Bytes(Temp), QByteArray("half of another film"));
+}
+
 TEST_F(ChunkedCopyTest, ATempLeftBehindIsReusedUnderTheSameName) {
     files.AddFile(Source, "0123456789");
     files.AddFile(Temp, "left");
@@ -173,23 +193,24 @@ TEST_F(ChunkedCopyTest, TheModificationTimeIsKept) {
 
 TEST_F(ChunkedCopyTest, ADriveThatKeepsNoTimesTakesTheFileAllTheSame) {
     files.AddFile(Source, "0123456789");
-    files.FailNthCall(FileCall::CopyModificationTime, 1, ErrorNumber::PermissionDenied);
+    files.FailNthCall(FileCall::TakeModificationTime, 1, ErrorNumber::PermissionDenied);
     EXPECT_TRUE(Copy(4));
     EXPECT_EQ(files.FailuresStruck, 1);
     EXPECT_EQ(files.Bytes(Target), QByteArray("0123456789"));
 }
 
-TEST_F(ChunkedCopyTest, EveryFailingCallIsRaisedAndLeavesTheDestinationAndNoOpenFile) {
+TEST_F(ChunkedCopyTest, EveryFailingCallIsRaisedAndLeavesTheDestinationAndNoTempNorOpenFile) {
     for (const FileCall call :
          {FileCall::CreateFolder, FileCall::FileLength, FileCall::OpenForReading,
-          FileCall::OpenForReadingAndWriting, FileCall::Read, FileCall::Write, FileCall::Truncate,
-          FileCall::Close, FileCall::MoveFile}) {
+          FileCall::RequireTarget, FileCall::OpenForReadingAndWriting, FileCall::Read,
+          FileCall::Write, FileCall::Truncate, FileCall::Close, FileCall::MoveFile}) {
         files.Remove(Base);
         files.AddFile(Source, "0123456789");
         files.AddFile(Target, "old film");
         files.FailNthCall(call, 1, ErrorNumber::DiskFull);
         EXPECT_EQ(ErrorOfCopy(4), 61) << static_cast<int>(call);
         EXPECT_EQ(files.Bytes(Target), QByteArray("old film"));
+        EXPECT_FALSE(files.HasFile(Temp));
         EXPECT_EQ(files.OpenFiles, 0);
     }
 }

@@ -108,7 +108,8 @@ TEST_F(FakeFileSystemTest, BytesWrittenCountAgainstTheFreeSpaceAndDeletedOnesCom
 TEST_F(FakeFileSystemTest, AMoveReplacesTheEarlierFile) {
     files.AddFile(Text("D:\\Out\\tmp"), "new");
     files.AddFile(target, "old");
-    files.MoveFile(Text("D:\\Out\\tmp"), target, Existing::Replace);
+    files.MoveFile(*files.OpenForReadingAndWriting(Text("D:\\Out\\tmp")), target,
+                   Existing::Replace);
     EXPECT_EQ(files.FilesBelow(Text("D:")), QStringList{target});
     EXPECT_EQ(files.Bytes(target), QByteArray("new"));
 }

@@ -77,6 +77,22 @@ public:
         Release();
     }
 
+    void TakeModificationTime(BinaryFile& source) override {
+        try {
+            m_files.Record(FileCall::TakeModificationTime, m_path);
+            const auto& from = static_cast<FakeBinaryFile&>(source);
+            m_entry->ModificationTime = from.m_entry->ModificationTime;
+        } catch (const RuntimeError&) {
+            // It never fails: some drives keep no times.
+        }
+    }
+
+    const QString& Path() const { return m_path; }
+    bool HasItsName() const {
+        const auto found = m_files.m_entries.find(FakeFileSystem::Key(m_path));
+        return found != m_files.m_entries.end() && found->second == m_entry;
+    }
+
 private:
     void Write(const char* buffer, qint64 size) {
         Begin(FileCall::Write, size);
@@ -334,19 +350,39 @@ void FakeFileSystem::CopyFile(const QString& source, const QString& target, Exis
     m_entries[Key(target)] = entry;
 }
 
-void FakeFileSystem::MoveFile(const QString& source, const QString& target, Existing existing) {
-    Record(FileCall::MoveFile, source, target);
-    if (HasFolder(source)) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
-    const EntryPointer from = RequireFile(source);
+void FakeFileSystem::RequireTarget(const QString& target, Existing existing) {
+    Record(FileCall::RequireTarget, target);
     RequireFileTarget(target, existing);
+}
+
+void FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing) {
+    const auto& moved = static_cast<FakeBinaryFile&>(file);
+    const QString source = moved.Path();
+    Record(FileCall::MoveFile, source, target);
+    RequireParent(source);
+    if (!moved.HasItsName()) {
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+    }
+    RequireFileTarget(target, existing);
+    const EntryPointer entry = m_entries.at(Key(source));
     if (Key(source) != Key(target)) {
         Drop(Key(target));
     }
     m_entries.erase(Key(source));
-    from->Path = target;
-    m_entries[Key(target)] = from;
+    entry->Path = target;
+    m_entries[Key(target)] = entry;
+}
+
+void FakeFileSystem::DeleteFile(BinaryFile& file) {
+    const auto& deleted = static_cast<FakeBinaryFile&>(file);
+    try {
+        Record(FileCall::DeleteFile, deleted.Path());
+        if (deleted.HasItsName()) {
+            Drop(Key(deleted.Path()));
+        }
+    } catch (const RuntimeError&) {
+        // It never fails.
+    }
 }
 
 qint64 FakeFileSystem::FileLength(const QString& path) {
@@ -366,15 +402,6 @@ std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QStri
         AddFile(path, {}, ++m_clock);
     }
     return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, true);
-}
-
-void FakeFileSystem::CopyModificationTime(const QString& source, const QString& target) {
-    try {
-        Record(FileCall::CopyModificationTime, source, target);
-        RequireFile(target)->ModificationTime = RequireFile(source)->ModificationTime;
-    } catch (const RuntimeError&) {
-        // It never fails: some drives keep no times.
-    }
 }
 
 bool FakeFileSystem::IsOnIpod(const QString& path) {

@@ -19,18 +19,20 @@ enum class FileCall {
     CreateFolderChain,
     DeleteFolder,
     CopyFile,
+    RequireTarget,
     MoveFile,
+    DeleteFile,
     FileLength,
     OpenForReading,
     OpenForReadingAndWriting,
-    CopyModificationTime,
     DriveOf,
     FreeBytes,
     NativePath,
     Read,
     Write,
     Truncate,
-    Close
+    Close,
+    TakeModificationTime
 };
 
 /// Files and folders in memory. Paths in drive form are found whatever their case and however their
@@ -41,7 +43,7 @@ public:
     struct RecordedCall {
         FileCall Call;
         QString Path;
-        /// The target of CopyFile, MoveFile and CopyModificationTime.
+        /// The target of CopyFile and MoveFile.
         QString Target;
         /// Bytes of Read and Write, the new length of Truncate.
         qint64 Size = 0;
@@ -128,12 +130,13 @@ public:
     /// A drive's root is left alone.
     void DeleteFolder(const QString& path) override;
     void CopyFile(const QString& source, const QString& target, Existing existing) override;
-    void MoveFile(const QString& source, const QString& target, Existing existing) override;
+    void RequireTarget(const QString& target, Existing existing) override;
+    void MoveFile(BinaryFile& file, const QString& target, Existing existing) override;
+    void DeleteFile(BinaryFile& file) override;
     void RemoveLeftovers(const QString& folder) override { ClearedFolders += folder; }
     qint64 FileLength(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
     std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
-    void CopyModificationTime(const QString& source, const QString& target) override;
     bool IsOnIpod(const QString& path) override;
     NameLimits LimitsOf(const QString&) override { return Limits; }
     QString DriveOf(const QString& path) override;

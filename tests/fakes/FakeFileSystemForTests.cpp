@@ -13,24 +13,12 @@
 namespace {
 
 const char* NameOf(FileCall call) {
-    static constexpr std::array names = {"FileExists",
-                                         "FolderExists",
-                                         "CreateFolder",
-                                         "CreateFolderChain",
-                                         "DeleteFolder",
-                                         "CopyFile",
-                                         "MoveFile",
-                                         "FileLength",
-                                         "OpenForReading",
-                                         "OpenForReadingAndWriting",
-                                         "CopyModificationTime",
-                                         "DriveOf",
-                                         "FreeBytes",
-                                         "NativePath",
-                                         "Read",
-                                         "Write",
-                                         "Truncate",
-                                         "Close"};
+    static constexpr std::array names = {
+        "FileExists",   "FolderExists", "CreateFolder",   "CreateFolderChain",
+        "DeleteFolder", "CopyFile",     "RequireTarget",  "MoveFile",
+        "DeleteFile",   "FileLength",   "OpenForReading", "OpenForReadingAndWriting",
+        "DriveOf",      "FreeBytes",    "NativePath",     "Read",
+        "Write",        "Truncate",     "Close",          "TakeModificationTime"};
     return names.at(static_cast<size_t>(call));
 }
 
@@ -41,10 +29,11 @@ bool Changes(FileCall call) {
     case FileCall::DeleteFolder:
     case FileCall::CopyFile:
     case FileCall::MoveFile:
+    case FileCall::DeleteFile:
     case FileCall::OpenForReadingAndWriting:
-    case FileCall::CopyModificationTime:
     case FileCall::Write:
     case FileCall::Truncate:
+    case FileCall::TakeModificationTime:
         return true;
     default:
         return false;
@@ -202,8 +191,7 @@ QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
     const QString folderKey = Key(folder);
     for (const RecordedCall& call : Calls) {
         // A copy reads its source; a move takes its source away.
-        const bool sourceChanges =
-            call.Call != FileCall::CopyFile && call.Call != FileCall::CopyModificationTime;
+        const bool sourceChanges = call.Call != FileCall::CopyFile;
         const auto isThere = [&folderKey](const QString& path) {
             return !path.isNull() && (Key(path) == folderKey || IsBelow(Key(path), folderKey));
         };

@@ -391,7 +391,8 @@ TEST_F(OtherProgram, ThatMakesTheTargetOfAMoveKeepsItsFile) {
             return 0;
         });
         EXPECT_EQ(NumberOf([this] {
-                      m_files.MoveFile(Native(Text("song.mp3")), m_target, Existing::Keep);
+                      m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(Text("song.mp3"))),
+                                       m_target, Existing::Keep);
                   }),
                   58);
         EXPECT_EQ(ReadFile(m_target), "another's");

@@ -25,7 +25,11 @@ protected:
         return NumberOf([&] { Files().CopyFile(source, target, existing); });
     }
     int MoveError(const QString& source, const QString& target, Existing existing) {
-        return NumberOf([&] { Files().MoveFile(source, target, existing); });
+        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(source);
+        return NumberOf([&] { Files().MoveFile(*file, target, existing); });
+    }
+    int TargetError(const QString& target, Existing existing) {
+        return NumberOf([&] { Files().RequireTarget(target, existing); });
     }
     QByteArray Bytes(const QString& path) {
         return GetParam() == Kind::Real ? ReadFile(path) : m_fake.Bytes(path);
@@ -44,7 +48,6 @@ private:
 
 TEST_P(FileSystemContract, AFolderIsNoSource) {
     EXPECT_EQ(CopyError(Folder, Missing, Existing::Keep), 53);
-    EXPECT_EQ(MoveError(Folder, Missing, Existing::Keep), 75);
     EXPECT_EQ(NumberOf([this] { Files().FileLength(Folder); }), 53);
     EXPECT_EQ(NumberOf([this] { Files().OpenForReading(Folder); }), 53);
 }
@@ -53,6 +56,7 @@ TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
     for (const Existing existing : {Existing::Keep, Existing::Replace}) {
         EXPECT_EQ(CopyError(Song, Folder, existing), 70);
         EXPECT_EQ(MoveError(Song, Folder, existing), 70);
+        EXPECT_EQ(TargetError(Folder, existing), 70);
     }
     EXPECT_EQ(NumberOf([this] { Files().OpenForReadingAndWriting(Folder); }), 70);
     EXPECT_FALSE(Files().WouldReplace(Folder));
@@ -71,10 +75,40 @@ TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
     EXPECT_FALSE(Files().WouldReplace(Missing));
     EXPECT_EQ(CopyError(Song, Other, Existing::Keep), 58);
     EXPECT_EQ(MoveError(Song, Other, Existing::Keep), 58);
+    EXPECT_EQ(TargetError(Other, Existing::Keep), 58);
+    EXPECT_EQ(TargetError(Other, Existing::Replace), 0);
+    EXPECT_EQ(TargetError(Missing, Existing::Keep), 0);
     EXPECT_EQ(Bytes(Other), Other.toUtf8());
     EXPECT_EQ(CopyError(Song, Missing, Existing::Keep), 0);
     EXPECT_EQ(MoveError(Missing, Other, Existing::Replace), 0);
     EXPECT_EQ(Bytes(Other), Song.toUtf8());
+}
+
+TEST_P(FileSystemContract, ATargetNeedsItsFolderAndANameThatTheDiskCanHold) {
+    EXPECT_EQ(TargetError(Native(QStringLiteral("nix/x")), Existing::Replace), 76);
+    EXPECT_EQ(TargetError(Native(QString(256, QLatin1Char('a'))), Existing::Replace), 70);
+}
+
+TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
+    for (const bool isMoved : {true, false}) {
+        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
+        file->Close();
+        if (isMoved) {
+            Files().MoveFile(*file, Missing, Existing::Keep);
+        }
+        Files().DeleteFile(*file);
+        EXPECT_FALSE(Files().FileExists(Song));
+        EXPECT_TRUE(Files().FileExists(Missing));
+    }
+}
+
+TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted) {
+    const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
+    Files().MoveFile(*Files().OpenForReadingAndWriting(Other), Song, Existing::Replace);
+    EXPECT_EQ(NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep); }), 70);
+    Files().DeleteFile(*file);
+    EXPECT_EQ(Bytes(Song), Other.toUtf8());
+    EXPECT_FALSE(Files().FileExists(Missing));
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract, testing::Values(Kind::Real, Kind::Fake),

@@ -150,7 +150,7 @@ TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
         EXPECT_EQ(WritingError(temp), 70);
         writing->Close();
         EXPECT_EQ(WritingError(temp), 70);
-        m_files.MoveFile(temp, Native(QStringLiteral("film.m4v")), Existing::Replace);
+        m_files.MoveFile(*writing, Native(QStringLiteral("film.m4v")), Existing::Replace);
         EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 70);
         EXPECT_EQ(WritingError(temp), 0);
     }

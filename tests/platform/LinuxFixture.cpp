@@ -86,7 +86,9 @@ int LinuxFixture::WritingError(const QString& path) {
 }
 
 int LinuxFixture::MoveError(const QString& source, const QString& target) {
-    return NumberOf([&] { m_files.MoveFile(source, target, Existing::Replace); });
+    return NumberOf([&] {
+        m_files.MoveFile(*m_files.OpenForReadingAndWriting(source), target, Existing::Replace);
+    });
 }
 
 TestMount TestMount::Memory(const QString& folder, const char* options) {
