@@ -28,7 +28,7 @@ private:
     QString m_path;
 };
 
-/// The one service that makes files here makes no others.
+/// The one service that makes files here makes no others. Throws std::bad_cast for any other.
 inline LinuxFile& AsLinuxFile(BinaryFile& file) {
-    return static_cast<LinuxFile&>(file);
+    return dynamic_cast<LinuxFile&>(file);
 }
