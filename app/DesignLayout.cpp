@@ -1,5 +1,7 @@
 #include "app/DesignLayout.h"
 
+#include "app/Layout.h"
+
 #include <algorithm>
 
 namespace {
@@ -32,9 +34,8 @@ private:
     double Px(double pixels) const { return pixels * m_pixel; }
     double Margin() const { return Px(10); }
     double Gap() const { return Px(6); }
-    // On a small screen, or with a large scale, the window still shows all of itself.
-    double Width() const { return std::min(Px(980), m_windowManager.WorkArea().Width * 0.95); }
-    double Height() const { return std::min(Px(660), m_windowManager.WorkArea().Height * 0.9); }
+    double Width() const { return std::min(Px(980), LargestWidth(m_windowManager)); }
+    double Height() const { return std::min(Px(660), LargestHeight(m_windowManager)); }
     double RightEdge() const { return Width() - Margin(); }
 
     /// Puts a control beside another one: same middle line, at the given left edge.

@@ -283,3 +283,11 @@ void Layout::PlaceBelowLists() {
     m_controls.lblFullName.SetWidth(RightEdge() - m_controls.lblFullName.Left());
     m_textFitting.AdjustTextAgain();
 }
+
+double LargestWidth(WindowManager& windowManager) {
+    return windowManager.WorkArea().Width * 0.95;
+}
+
+double LargestHeight(WindowManager& windowManager) {
+    return windowManager.WorkArea().Height * 0.9;
+}

@@ -67,3 +67,8 @@ private:
     /// Form_Resize corrects the window's size, which resizes it again.
     bool m_resizing = false;
 };
+
+/// The largest inside that the program itself gives the main window: with the desktop's frame
+/// around it, it still shows all of itself on the primary screen.
+double LargestWidth(WindowManager& windowManager);
+double LargestHeight(WindowManager& windowManager);

@@ -4,11 +4,15 @@
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace {
 
 constexpr int DocumentsFolderId = 5;
+
+/// What a desktop's frame takes at least, in pixels: a border at each side, and a title bar.
+constexpr int FrameWidth = 2, FrameHeight = 20;
 
 QString NumberText(double value) {
     return QString::number(static_cast<double>(static_cast<float>(value)), 'g', 7);
@@ -68,15 +72,13 @@ int Settings::ReadMask(const QString& key, int defaultValue) const {
     return ReadAs(ToInteger, m_store, key, defaultValue);
 }
 
-double Settings::ReadLength(const QString& key, double defaultValue, double longest,
-                            double fit) const {
-    const double length = ReadNumber(key, defaultValue);
-    return length > longest ? fit : length;
-}
-
-double Settings::ReadPosition(const QString& key, double centred, double end) const {
+double Settings::ReadPosition(const QString& key, double length, Extent work, Extent all,
+                              bool isCut) const {
+    // Of a window that is longer than the screen the beginning is seen.
+    const double centred = std::max(work.Begin, work.Begin + work.Length / 2 - length / 2);
     const double position = ReadNumber(key, centred);
-    return position > end ? centred : position;
+    const bool isSeen = position <= all.Begin + all.Length && position + length > all.Begin;
+    return isCut || !isSeen ? centred : position;
 }
 
 void Settings::WriteNumber(const QString& key, double value) {
@@ -110,13 +112,16 @@ void Settings::RestoreWindow() {
     Window& window = m_controls.Form1;
     const ScreenArea work = m_windowManager.WorkArea();
     const ScreenArea all = m_windowManager.AllScreens();
-    window.SetSize(ReadLength(QStringLiteral("Width"), window.Width(), all.Width, work.Width),
-                   ReadLength(QStringLiteral("Height"), window.Height(), all.Height, work.Height));
-
-    const double centredLeft = work.Left + work.Width / 2 - window.Width() / 2;
-    const double centredTop = work.Top + work.Height / 2 - window.Height() / 2;
-    window.MoveTo(ReadPosition(QStringLiteral("Left"), centredLeft, all.Left + all.Width),
-                  ReadPosition(QStringLiteral("Top"), centredTop, all.Top + all.Height));
+    const double width = ReadNumber(QStringLiteral("Width"), window.Width());
+    const double height = ReadNumber(QStringLiteral("Height"), window.Height());
+    const bool tooWide = width > all.Width - FrameWidth * m_windowManager.TwipsPerPixelX();
+    const bool tooHigh = height > all.Height - FrameHeight * m_windowManager.TwipsPerPixelY();
+    window.SetSize(tooWide ? LargestWidth(m_windowManager) : width,
+                   tooHigh ? LargestHeight(m_windowManager) : height);
+    window.MoveTo(ReadPosition(QStringLiteral("Left"), window.Width(), {work.Left, work.Width},
+                               {all.Left, all.Width}, tooWide),
+                  ReadPosition(QStringLiteral("Top"), window.Height(), {work.Top, work.Height},
+                               {all.Top, all.Height}, tooHigh));
 
     if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
         window.SetState(WindowState::Maximized);

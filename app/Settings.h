@@ -25,10 +25,14 @@ public:
 private:
     double ReadNumber(const QString& key, double defaultValue) const;
     int ReadMask(const QString& key, int defaultValue) const;
-    /// A length, or the one that fits where the saved one is longer than all screens together.
-    double ReadLength(const QString& key, double defaultValue, double longest, double fit) const;
-    /// A position, or the centred one where none is saved or the saved one lies beyond all screens.
-    double ReadPosition(const QString& key, double centred, double end) const;
+    /// What an area takes in one direction.
+    struct Extent {
+        double Begin, Length;
+    };
+    /// The position of a window of that length, or the centred one where none is saved, where the
+    /// window would lie off all screens, and where it was too long for them and is cut.
+    double ReadPosition(const QString& key, double length, Extent work, Extent all,
+                        bool isCut) const;
     void WriteNumber(const QString& key, double value);
     void RestoreBit(CheckControl& check, int mask, int bit);
 

@@ -118,19 +118,52 @@ TEST_F(SettingsTest, AWindowLeftOnAnotherScreenComesBackThere) {
     EXPECT_DOUBLE_EQ(form.Form1.Top(), -15000);
 }
 
-TEST_F(SettingsTest, ASizeLargerThanAllScreensTogetherIsCutToTheScreen) {
-    form.WindowManager.Work = {600, 300, 28200, 15900};
+TEST_F(SettingsTest, AWindowThatTheScreensCannotShowWithItsFrameIsCutAndCentred) {
+    form.WindowManager.Work = {600, 300, 28000, 15900};
     form.WindowManager.Screens = {0, 0, 57600, 16200};
-    Put("Width", "57601");
-    Put("Height", "16201");
+    Put("Width", "57571");  // one more than 57600 - 2 pixels
+    Put("Height", "15901"); // one more than 16200 - 20 pixels
+    Put("Left", "15");
+    Put("Top", "30");
     Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 28200);
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 26600);  // 0.95 * 28000
+    EXPECT_DOUBLE_EQ(form.Form1.Height(), 14310); // 0.9 * 15900
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 1300);    // 600 + (28000 - 26600) / 2
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 1095);     // 300 + (15900 - 14310) / 2
+}
+
+TEST_F(SettingsTest, AWindowOverTwoScreensStaysAsItWas) {
+    form.WindowManager.Screens = {0, 0, 57600, 16200};
+    Put("Width", "57570");
+    Put("Height", "15900");
+    Put("Left", "15");
+    Put("Top", "30");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Width(), 57570);
     EXPECT_DOUBLE_EQ(form.Form1.Height(), 15900);
-    Put("Width", "57600");
-    Put("Height", "16200");
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 15);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 30);
+}
+
+TEST_F(SettingsTest, ACentredWindowThatIsLargerThanTheScreenBeginsThere) {
+    form.WindowManager.Work = {600, 300, 9000, 7500};
     Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 57600);
-    EXPECT_DOUBLE_EQ(form.Form1.Height(), 16200);
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 600);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 300);
+}
+
+TEST_F(SettingsTest, AWindowWhollyLeftOfAllScreensOrAboveThemIsCentred) {
+    form.WindowManager.Screens = {-600, -300, 29400, 16500};
+    Put("Left", "-12600"); // its right edge, at -600, is where the screens begin
+    Put("Top", "-9300");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);
+    Put("Left", "-12599");
+    Put("Top", "-9299");
+    Restore();
+    EXPECT_DOUBLE_EQ(form.Form1.Left(), -12599);
+    EXPECT_DOUBLE_EQ(form.Form1.Top(), -9299);
 }
 
 TEST_F(SettingsTest, AWindowPartlyOffTheRightEdgeIsKept) {
