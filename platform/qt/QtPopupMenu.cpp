@@ -25,4 +25,5 @@ void QtPopupMenu::SetEntryToolTip(const QString& text) {
 void QtPopupMenu::PopUp(const Control& control, double x, double y) {
     const QWidget* widget = ControlWidget::WidgetOf(control.Handle());
     m_menu->popup(widget->mapToGlobal(Twips::ToPixels(x, y, 0, 0).topLeft()));
+    m_menu->setActiveAction(m_menu->actions().constFirst());
 }

@@ -206,7 +206,7 @@ def preview(window):
         row = window.area(window.row("Songs", "Whole Night"))
         x, y = window.desktop.corner_of(menu)
         assert row.x <= x < row.x + row.width and row.y <= y < row.y + row.height, (x, y, row)
-        press(window, "Down", "Return")
+        press(window, "Return")
         window.wait_for("the player", lambda: window.active_window() == "Whole Night")
         press(window, "alt+F4")
         window.wait_for("the player to close", lambda: window.active_window() == "Songlift")

@@ -71,7 +71,7 @@ def preview(window, song):
     before = window.windows_on_screen()
     window.desktop.xdotool("mousemove", area.x + 60, area.y + area.height // 2, "click", 3)
     window.wait_for("the menu", lambda: window.windows_on_screen() > before)
-    window.desktop.xdotool("key", "Down", "Return") # its one entry
+    window.desktop.xdotool("key", "Return") # its one entry
     window.wait_for("the player to open", lambda: window.active_window() == song)
     window.request_close()
     window.wait_for("the player to close", lambda: window.active_window() == "Songlift")

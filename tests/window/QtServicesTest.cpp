@@ -149,8 +149,7 @@ TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
     EXPECT_EQ(shown->actions().constFirst()->text(), QStringLiteral("Preview"));
     EXPECT_EQ(shown->actions().constFirst()->objectName(), QStringLiteral("mnuPreview"));
     EXPECT_EQ(clicks, 0);
-    QTest::keyClick(shown, Qt::Key_Down);
-    QTest::keyClick(shown, Qt::Key_Return);
+    QTest::keyClick(shown, Qt::Key_Return); // the one entry is the chosen one
     EXPECT_EQ(clicks, 1);
     EXPECT_FALSE(shown->isVisible());
 }
