@@ -39,5 +39,7 @@ void Preview::Form_QueryUnload(bool& Cancel, UnloadMode Mode) {
     if (Mode == UnloadMode::User) {
         Cancel = true;
         m_preview.frmPreview.Hide();
+        // The next one has its player's size, too, where this one was made large.
+        m_preview.frmPreview.SetState(WindowState::Normal);
     }
 }

@@ -90,7 +90,7 @@ def open_preview(window, form, title):
     before = window.windows_on_screen()
     window.desktop.xdotool("key", "Home", *["Down"] * ROWS.index(title), "shift+F10")
     window.wait_for("the menu", lambda: window.windows_on_screen() > before)
-    window.desktop.xdotool("key", "Down", "Return")
+    window.desktop.xdotool("key", "Return")
     window.wait_for("the player", lambda: window.active_window() == title)
     return window_id(window, title)
 
@@ -123,6 +123,18 @@ def previews_have_the_players_size(window, form):
             window.wait_for("the preview to lie on the screen",
                             lambda which=preview: lies_on_the_screen(window, which), 10)
             hang_over_the_edge(window, preview)
+
+
+def closing_ends_that_it_is_maximised(window, form):
+    preview = open_preview(window, form, LARGE_FILM)
+    maximise(window, preview, "add")
+    window.request_close()
+    window.wait_for("the player to close", lambda: window.active_window() == "Songlift")
+    preview = open_preview(window, form, SMALL_FILM)
+    width, height = FILM_SIZES[SMALL_FILM]
+    wait_for_geometry(window, preview, (None, None, width))
+    assert geometry(window, preview).height < height + 100
+    assert not has(window, preview, "_NET_WM_STATE", "MAXIMIZED")
 
 
 def preview_belongs_to_the_main_window(window, form):
@@ -161,6 +173,7 @@ def play(stage):
         window.choose("Artists", "Small Screen Society")
         window.choose("Songs", SMALL_FILM)
         previews_have_the_players_size(window, form)
+        closing_ends_that_it_is_maximised(window, form)
         preview_belongs_to_the_main_window(window, form)
         assert window.close() == 0
 
