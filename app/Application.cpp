@@ -55,7 +55,7 @@ bool Application::event(QEvent* event) {
     if (event->type() != QEvent::Quit) {
         return QApplication::event(event);
     }
-    ScopeGuard over([] { SessionEnd::SetNow(false); });
+    ScopeGuard over([before = SessionEnd::IsNow()] { SessionEnd::SetNow(before); });
     SessionEnd::SetNow(true);
     return QApplication::event(event);
 }

@@ -18,6 +18,8 @@ public:
     /// Restores the settings, shows the window, and loads the first iPod that is attached. Throws
     /// RuntimeError before anything is shown when a stored number is none.
     void Form_Load();
+    /// From now on a job that a close of the window stops does not ask whether to quit.
+    void QuitUnasked() { m_parts.Job.QuitsUnasked = true; }
 
 private:
     void Form_Unload(bool& cancel, UnloadMode mode);

@@ -5,11 +5,13 @@
 #include "app/PreviewWindow.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/QuitSignals.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtWindowManager.h"
+#include "platform/qt/SessionEnd.h"
 
 #include <QDir>
 #include <QIcon>
@@ -55,5 +57,10 @@ int main(int argc, char** argv) {
     if (!isLoaded && !window.Window().Widget()->isVisible()) {
         return 1;
     }
+    const QuitSignals signals([&form] {
+        SessionEnd::SetNow(true); // for good: a signal is no question
+        form.QuitUnasked();
+        QApplication::quit();
+    });
     return QApplication::exec();
 }

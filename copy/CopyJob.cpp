@@ -51,6 +51,9 @@ void CopyJob::cmdCopy_Click() {
         cleanup.Dismiss();
     } else {
         cleanup.Run();
+        if (QuitsUnasked) {
+            m_controls.Form1.Unload();
+        }
     }
 }
 
@@ -209,7 +212,7 @@ CopyJob::Next CopyJob::StopRequest() {
 
 /// What a stop request leads to: with a closed window the user is asked, and goes on with "No".
 CopyJob::Next CopyJob::AskToStop() {
-    if (!CUnload) {
+    if (!CUnload || QuitsUnasked) {
         return Next::Cleanup;
     }
     if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,

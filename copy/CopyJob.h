@@ -32,6 +32,8 @@ public:
     bool Copying = false;
     /// The user asked to close the window while the job ran.
     bool CUnload = false;
+    /// Nobody is there to be asked whether to quit: the window closes when a job ends.
+    bool QuitsUnasked = false;
     /// A stop was asked for; the job reads it once per file and once per chunk.
     bool CancelCopy = false;
     /// Bytes copied or skipped so far.

@@ -427,6 +427,10 @@ class Songlift:
     def thaw(self):
         os.kill(self.process.pid, signal.SIGCONT)
 
+    def signal(self, number):
+        """Sends a signal to the program."""
+        os.kill(self.process.pid, number)
+
     def kill(self):
         """Ends the program as a power cut would."""
         os.kill(self.process.pid, signal.SIGKILL)

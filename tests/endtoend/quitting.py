@@ -1,6 +1,7 @@
 """Closing the window while a job runs asks first, inside a large file too; No lets the job go on, Yes ends
-the program."""
+the program. A signal ends it unasked, as orderly: nothing half is left, and the settings are saved."""
 
+import signal
 import sys
 
 from ipod import assert_copied, tree
@@ -23,6 +24,29 @@ def close_while_copying(window, button):
     window.click_area(area)
     window.request_close()
     window.thaw()
+
+
+def end_by_signals(stage, ipod):
+    """In the middle of a film, and while a message waits to be read."""
+    ended = stage.work / "ended"
+    ended.mkdir()
+    with stage.start(ipod.folder) as window:
+        load_small_sample(window, ended)
+        tick_album(window, "Small Screen Society", "Long")
+        window.press("Copy to Destination")
+        freeze_in_large_file(window, ended)
+        window.signal(signal.SIGTERM)
+        window.thaw()
+        assert window.exit_code() == 0
+    assert tree(ended) == ["Small Screen Society/Long"] # the folder, with no file in it
+    with stage.start(ipod.folder) as window:
+        load_small_sample(window)
+        assert window.text_of("Destination") == str(ended)
+        tick_album(window, "Volt/Ampere", "Live: 1999?")
+        window.press("Copy to Destination")
+        window.message("Songlift", "Copy completed!")
+        window.signal(signal.SIGHUP)
+        assert window.exit_code() == 0
 
 
 def play(stage):
@@ -59,6 +83,7 @@ def play(stage):
         window.press("Yes", window.message("Songlift", QUESTION))
         assert window.exit_code() == 0
         assert tree(other) == []
+    end_by_signals(stage, ipod)
     ipod.assert_untouched()
 
 
