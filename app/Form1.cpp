@@ -64,8 +64,9 @@ void Form1::Form_Unload(bool& cancel, UnloadMode) {
     }
     m_previewControls.frmPreview.Unload();
     if (!m_settings.Save()) {
-        m_messages.Show(QStringLiteral("Your settings could not be saved. The next start will have "
-                                       "the earlier ones."),
+        m_messages.Show(QStringLiteral("Your settings could not be saved in \"%1\". The next start "
+                                       "will have the earlier ones.")
+                            .arg(m_settings.StoreName()),
                         QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Exclamation);
     }
 }

@@ -38,9 +38,8 @@ auto ReadAs(Convert convert, SettingsStore& store, const QString& key, double de
     try {
         return convert(TextToNumber(text));
     } catch (const RuntimeError& error) {
-        throw RuntimeError(
-            error.Number,
-            QStringLiteral("%1 (setting \"%2\": \"%3\")").arg(error.Description, key, text));
+        throw RuntimeError(error.Number, QStringLiteral("%1 (setting \"%2\": \"%3\", in \"%4\")")
+                                             .arg(error.Description, key, text, store.Name()));
     }
 }
 
@@ -135,6 +134,10 @@ void Settings::RestoreHandles() {
     m_controls.Handle0.SetLeft(ReadNumber(QStringLiteral("Handle1"), m_controls.Handle0.Left()));
     m_controls.Handle1.SetLeft(ReadNumber(QStringLiteral("Handle2"), m_controls.Handle1.Left()));
     m_layout.LayOutLists();
+}
+
+QString Settings::StoreName() const {
+    return m_store.Name();
 }
 
 bool Settings::Save() {

@@ -19,6 +19,8 @@ public:
     void RestoreWindow();
     /// Restores the splitters.
     void RestoreHandles();
+    /// Where the settings are kept, for the user.
+    QString StoreName() const;
     /// Saves everything. False when the store cannot keep it.
     bool Save();
 

@@ -7,6 +7,9 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
+    /// Where the user finds it.
+    virtual QString Name() const = 0;
+
     virtual QString Read(const QString& key, const QString& defaultValue) = 0;
     /// Sets a value, for good once Flush has kept it.
     virtual void Write(const QString& key, const QString& value) = 0;

@@ -10,6 +10,9 @@ class QtSettingsStore : public SettingsStore {
 public:
     QtSettingsStore();
 
+    /// The path of the file.
+    QString Name() const override { return m_settings.fileName(); }
+
     QString Read(const QString& key, const QString& defaultValue) override;
     void Write(const QString& key, const QString& value) override;
     bool Flush() override;

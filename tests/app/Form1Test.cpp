@@ -191,8 +191,8 @@ TEST_F(Form1Test, SettingsThatCannotBeSavedAreToldOnceAndTheWindowCloses) {
     form.Form1.UserClose();
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_EQ(messages.Shown, std::vector<ShownMessage>(
-                                  {{Q("Your settings could not be saved. The next start will "
-                                      "have the earlier ones."),
+                                  {{Q("Your settings could not be saved in \"/home/ana/settings\". "
+                                      "The next start will have the earlier ones."),
                                     Q("Error"), MessageButtons::OK, MessageIcon::Exclamation}}));
 }
 

@@ -200,23 +200,28 @@ TEST_F(SettingsTest, TheHandlesComeBackAndTheListsBetweenThem) {
     EXPECT_DOUBLE_EQ(form.lstSongs.Left(), 7165);
 }
 
-TEST_F(SettingsTest, ATextWhereANumberIsExpectedIsRefusedNamingTheKey) {
+TEST_F(SettingsTest, ATextWhereANumberIsExpectedIsRefusedNamingTheKeyAndTheFile) {
     for (const char* key :
          {"DestFolders", "TrackNames", "Width", "Height", "Left", "Top", "Handle1", "Handle2"}) {
         store.Values.clear();
         Put(key, "wide");
-        EXPECT_EQ(
-            Refusal(),
-            QStringLiteral("13: Type mismatch (setting \"%1\": \"wide\")").arg(QLatin1String(key)));
+        EXPECT_EQ(Refusal(),
+                  QStringLiteral(
+                      "13: Type mismatch (setting \"%1\": \"wide\", in \"/home/ana/settings\")")
+                      .arg(QLatin1String(key)));
     }
 }
 
 TEST_F(SettingsTest, ANumberOutOfRangeIsRefusedNamingTheKey) {
     Put("DestFolders", "99999");
-    EXPECT_EQ(Refusal(), QStringLiteral("6: Overflow (setting \"DestFolders\": \"99999\")"));
+    EXPECT_EQ(Refusal(),
+              QStringLiteral(
+                  "6: Overflow (setting \"DestFolders\": \"99999\", in \"/home/ana/settings\")"));
     store.Values.clear();
     Put("Left", "1e39");
-    EXPECT_EQ(Refusal(), QStringLiteral("6: Overflow (setting \"Left\": \"1e39\")"));
+    EXPECT_EQ(
+        Refusal(),
+        QStringLiteral("6: Overflow (setting \"Left\": \"1e39\", in \"/home/ana/settings\")"));
 }
 
 TEST_F(SettingsTest, EverythingSavedIsText) {

@@ -13,7 +13,8 @@ def play(stage):
     written = "[Settings]\nWindowState=1\nHandle1=left\n"
     file.write_text(written)
     with stage.start() as window:
-        box = window.message("Error", 'Error 13: Type mismatch (setting "Handle1": "left")')
+        box = window.message(
+            "Error", f'Error 13: Type mismatch (setting "Handle1": "left", in "{file}")')
         assert len(window.windows_on_screen()) == 1
         window.press("OK", box)
         assert window.exit_code() == 1
@@ -25,7 +26,7 @@ def play(stage):
     with stage.start() as window:
         window.wait_for_text("No compatible iPod detected.")
         window.request_close()
-        window.press("OK", window.message("Error", "Your settings could not be saved. "
+        window.press("OK", window.message("Error", f'Your settings could not be saved in "{file}". '
                                           "The next start will have the earlier ones."))
         assert window.exit_code() == 0
     assert folder.read_text() == "in the way"
