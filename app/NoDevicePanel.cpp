@@ -7,6 +7,27 @@
 
 namespace {
 
+struct Text {
+    QString Title, WhatToDo;
+};
+
+Text TextFor(NoDeviceReason reason) {
+    switch (reason) {
+    case NoDeviceReason::NoneChosen:
+        return {QStringLiteral("Choose an iPod"),
+                QStringLiteral("The list above names those that are connected.\n"
+                               "If yours is missing, connect it and open the list again.")};
+    case NoDeviceReason::NoMusic:
+        return {QStringLiteral("No music on this iPod"),
+                QStringLiteral("Songlift found no songs and no videos in its library.\n"
+                               "Once there are some, connect it and start Songlift again.")};
+    case NoDeviceReason::NoneConnected:
+        break;
+    }
+    return {QStringLiteral("Connect your iPod"),
+            QStringLiteral("Plug it in, and its library appears here by itself.")};
+}
+
 QString MountingHelp() {
     return QStringLiteral("Songlift needs it mounted as a drive, and most desktops see to that.\n"
                           "On one that does not, open a terminal and type:");
@@ -113,19 +134,16 @@ NoDevicePanel::NoDevicePanel(TextWithPicture* text, const QString& name)
     Widget()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Widget()->setAutoFillBackground(true); // over the lists
     SetVisible(false);
-    NoDevicePanel::SetDevicesListed(false);
+    NoDevicePanel::Tell(NoDeviceReason::NoneConnected);
 }
 
-void NoDevicePanel::SetDevicesListed(bool listed) {
-    m_title->setText(listed ? QStringLiteral("Choose an iPod")
-                            : QStringLiteral("Connect your iPod"));
-    m_whatToDo->setText(
-        listed ? QStringLiteral("The list above names those that are connected.\n"
-                                "If yours is missing, connect it and open the list again.")
-               : QStringLiteral("Plug it in, and its library appears here by itself."));
+void NoDevicePanel::Tell(NoDeviceReason reason) {
+    const Text text = TextFor(reason);
+    m_title->setText(text.Title);
+    m_whatToDo->setText(text.WhatToDo);
     for (QWidget* widget : m_mounting) {
-        widget->setHidden(listed);
+        widget->setHidden(reason != NoDeviceReason::NoneConnected);
     }
-    Widget()->setAccessibleName(m_title->text());
+    Widget()->setAccessibleName(text.Title);
     m_text->ShowPictureIfItFits();
 }

@@ -11,7 +11,7 @@ class NoDevicePanel : public QtControl<NoDeviceControl, QScrollArea> {
 public:
     NoDevicePanel(QWidget* parent, const QString& name);
 
-    void SetDevicesListed(bool listed) override;
+    void Tell(NoDeviceReason reason) override;
 
     /// The command that mounts an iPod, to be selected and copied.
     QLineEdit* Command() const { return m_command; }

@@ -151,7 +151,9 @@ void DeviceSelection::ResetWindow() {
     FilterLocked = true; // until a device is chosen
     IgnoringErrors([this] { m_controls.tbsFilter.Select(0); });
     IgnoringErrors([this] {
-        m_controls.pctNoDevice.SetDevicesListed(m_controls.Combo1.ListCount() > 0);
+        m_controls.pctNoDevice.Tell(m_controls.Combo1.ListCount() > 0
+                                        ? NoDeviceReason::NoneChosen
+                                        : NoDeviceReason::NoneConnected);
         m_controls.pctNoDevice.SetVisible(true);
     });
 }
@@ -183,6 +185,8 @@ void DeviceSelection::ShowLibrary() {
         m_controls.cmdClear.SetEnabled(false);
         m_controls.txtSearch.SetEnabled(false);
         m_controls.lblMessage.SetCaption(QStringLiteral("No music found."));
+        m_controls.pctNoDevice.Tell(NoDeviceReason::NoMusic);
+        m_controls.pctNoDevice.SetVisible(true);
         return;
     }
     m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));

@@ -194,11 +194,14 @@ public:
     virtual void Clear() = 0;
 };
 
-/// Tells, in the place of the lists, what to do while no iPod is shown.
+/// Why there is nothing to be shown in the lists: no iPod is connected, none of those that are is
+/// chosen, or the chosen one is empty.
+enum class NoDeviceReason { NoneConnected, NoneChosen, NoMusic };
+
+/// Tells, in the place of the lists, what to do while there is nothing to be shown in them.
 class NoDeviceControl : public Control {
 public:
-    /// Whether iPods are listed, to be chosen, or none is, and one has to be connected.
-    virtual void SetDevicesListed(bool listed) = 0;
+    virtual void Tell(NoDeviceReason reason) = 0;
 };
 
 enum class SystemColor { ButtonFace, DarkShadow3D };

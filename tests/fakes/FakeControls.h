@@ -334,11 +334,11 @@ class FakeNoDeviceControl : public FakeControlBase<NoDeviceControl> {
 public:
     using FakeControlBase::FakeControlBase;
 
-    bool DevicesListed = false;
+    NoDeviceReason Told = NoDeviceReason::NoneConnected;
 
-    void SetDevicesListed(bool listed) override {
+    void Tell(NoDeviceReason reason) override {
         FakeFaults::Call();
-        DevicesListed = listed;
+        Told = reason;
     }
 };
 

@@ -146,14 +146,14 @@ TEST_F(DeviceScan, WhatToDoIsShownJustAsLongAsNoDeviceIsChosen) {
     AttachIPod('F', u"OTHER"_s, {u"2"_s});
     Devices.Combo1_DropDown();
     EXPECT_TRUE(Window.pctNoDevice.Visible());
-    EXPECT_TRUE(Window.pctNoDevice.DevicesListed);
+    EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NoneChosen);
 
     Window.Combo1.UserChoose(0);
     EXPECT_FALSE(Window.pctNoDevice.Visible());
     Detach('F');
     Devices.Combo1_DropDown();
     EXPECT_TRUE(Window.pctNoDevice.Visible());
-    EXPECT_FALSE(Window.pctNoDevice.DevicesListed);
+    EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NoneConnected);
 }
 
 TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {

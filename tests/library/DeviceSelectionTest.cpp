@@ -146,6 +146,8 @@ TEST_F(DeviceChoice, ADeviceWithoutMusicSaysSo) {
     Choose(0);
 
     EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
+    EXPECT_TRUE(Window.pctNoDevice.Visible());
+    EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NoMusic);
     for (const FakeListControl* list : {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
         EXPECT_FALSE(list->Enabled());
     }

@@ -98,7 +98,9 @@ protected:
         EXPECT_EQ(Window.lblFullName.Caption(), QString());
         EXPECT_FALSE(Window.Picture1.ShowsDevice);
         EXPECT_TRUE(Window.pctNoDevice.Visible());
-        EXPECT_EQ(Window.pctNoDevice.DevicesListed, Window.Combo1.ListCount() > 0);
+        EXPECT_EQ(Window.pctNoDevice.Told, Window.Combo1.ListCount() > 0
+                                               ? NoDeviceReason::NoneChosen
+                                               : NoDeviceReason::NoneConnected);
         for (const FakeListControl* list :
              {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
             EXPECT_EQ(list->ListCount(), 0);

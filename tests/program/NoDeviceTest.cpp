@@ -30,6 +30,16 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    QStringList ShownTexts() {
+        QStringList shown;
+        for (const QLabel* text : Panel().findChildren<QLabel*>()) {
+            if (text->isVisible()) {
+                shown += text->text();
+            }
+        }
+        return shown;
+    }
+
     QRect ListsArea() {
         return Widget("lstArtists").geometry() | Widget("lstAlbums").geometry() |
                Widget("lstSongs").geometry();
@@ -130,12 +140,7 @@ TEST_F(NoDevice, WhenTheChosenIpodIsGoneAndAnotherListedItAsksToChooseOne) {
 
     Raise(controls.Combo1.DropDown);
 
-    QStringList shown;
-    for (const QLabel* text : Panel().findChildren<QLabel*>()) {
-        shown += text->isVisible() ? text->text() : QString();
-    }
-    shown.removeAll(QString());
-    EXPECT_EQ(shown,
+    EXPECT_EQ(ShownTexts(),
               QStringList({Q("Choose an iPod"),
                            Q("The list above names those that are connected.\nIf yours is missing, "
                              "connect it and open the list again.")}));
@@ -146,6 +151,16 @@ TEST_F(NoDevice, WhenTheChosenIpodIsGoneAndAnotherListedItAsksToChooseOne) {
     controls.Combo1.SetText(Q("(F:) OTHER"));
     EXPECT_FALSE(Panel().isVisible());
     EXPECT_EQ(controls.lstArtists.ListCount(), 3);
+}
+
+TEST_F(NoDevice, OfAnIpodWithoutMusicItSaysSo) {
+    Start({});
+    EXPECT_EQ(ShownTexts(),
+              QStringList({Q("No music on this iPod"),
+                           Q("Songlift found no songs and no videos in its library.\nOnce there "
+                             "are some, connect it and start Songlift again.")}));
+    EXPECT_FALSE(Command().isVisible());
+    EXPECT_EQ(controls.lblMessage.Caption(), Q("No music found."));
 }
 
 TEST_F(NoDevice, ItTakesNoPartInTheOrderOfTabsWhileAnIpodIsListed) {
