@@ -164,7 +164,7 @@ TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyI
 }
 
 TEST_F(CopyPromptTest, AFileThatAppearsAfterAFailureIsAskedAboutByTheRetry) {
-    files.FailNthCall(FileCall::CopyFile, 1, 61);
+    files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::DiskFull);
     messages.WhileShown = [this](const ShownMessage& message) {
         if (message.Text == Text("This drive is full.")) {
             files.AddFile(Text("D:\\Music\\Two.mp3"), "another's");
