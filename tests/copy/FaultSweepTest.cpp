@@ -241,7 +241,7 @@ void SweepStop(Large large, const std::vector<int>& numbers) {
             if (IsExistenceTest(struck) || struck == FileCall::TakeModificationTime) {
                 continue; // no failure that the user is told
             }
-            if (number == ErrorNumber::FileAlreadyExists && job.IsNewCopy(nth)) {
+            if (ErrorNumber(number) == ErrorNumber::FileAlreadyExists && job.IsNewCopy(nth)) {
                 EXPECT_TRUE(job.IsCompleted()); // it is asked about, and may be replaced
                 job.ExpectOver();
                 continue;
