@@ -165,9 +165,9 @@ TEST_F(WindowLayout, EveryControlSpeaksANameOrItsOwnText) {
 
 TEST_F(WindowLayout, TheSizeAndTheSplittersComeBack) {
     Start(SmallLibrary());
-    // No larger than the screen, to whose size it would be cut.
+    // With a title bar no larger than the screen, to whose size it would be cut.
     const QSize size =
-        Top().minimumSize().expandedTo(Top().screen()->availableSize() - QSize(10, 10));
+        Top().minimumSize().expandedTo(Top().screen()->availableSize() - QSize(10, 30));
     Top().resize(size);
     Drag("Handle0", 40);
     QCoreApplication::processEvents();

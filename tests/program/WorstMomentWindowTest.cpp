@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -271,10 +272,17 @@ private:
     /// Answers whatever stands open, not before some vain clicks at the window behind it.
     void AtBox() {
         if (QWidget* popup = QApplication::activePopupWidget()) {
-            QTest::keyClick(popup, Below(3) == 0 ? Qt::Key_Return : Qt::Key_Escape);
-            if (QApplication::activePopupWidget() == popup) {
-                popup->close();
-            }
+            // A little later: this timer, which would still be under way, could not answer the box
+            // that the chosen entry may open.
+            const Qt::Key key = Below(3) == 0 ? Qt::Key_Return : Qt::Key_Escape;
+            QTimer::singleShot(0, popup, [popup = QPointer<QWidget>(popup), key] {
+                if (popup == QApplication::activePopupWidget()) {
+                    QTest::keyClick(popup, key);
+                }
+                if (popup != nullptr && popup == QApplication::activePopupWidget()) {
+                    popup->close();
+                }
+            });
             return;
         }
         QWidget* box = QApplication::activeModalWidget();
