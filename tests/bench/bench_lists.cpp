@@ -1,5 +1,6 @@
 // The three lists and the check marks, from the user's event to the painted window.
 
+#include "browser/Ordering.h"
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
 #include "tests/bench/Sizes.h"
