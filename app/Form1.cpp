@@ -1,5 +1,7 @@
 #include "app/Form1.h"
 
+#include <utility>
+
 Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls& preview,
              std::function<void(OverwritePrompt&)> showOverwrite)
     : m_messages(services.MessageBoxes), m_controls(controls), m_previewControls(preview),
@@ -9,7 +11,7 @@ Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls&
           m_parts.Fitting, controls),
       m_settings(services.Store, services.Desktop, services.Windows, m_layout, controls),
       m_preview(m_parts.Lists, services.Files, services.MessageBoxes, controls, preview) {
-    m_parts.Job.ShowOverwrite = [this, showOverwrite] { showOverwrite(m_parts.Prompt); };
+    m_parts.Job.ShowOverwrite = [this, show = std::move(showOverwrite)] { show(m_parts.Prompt); };
     m_layout.KeepDesign();
     WireWindow();
 }

@@ -9,7 +9,7 @@
 
 /// A list as screen readers see it: its rows are check boxes, since those are spoken with their
 /// state, while the desktop's bridge tells of no list item that it can be checked.
-class QtListAccessible : public QAccessibleWidget {
+class QtListAccessible final : public QAccessibleWidget {
 public:
     explicit QtListAccessible(QtListView* view);
 

@@ -81,7 +81,7 @@ QString OneLine(const QString& text) {
 }
 
 QString FittingLine(const QString& text, const QFontMetrics& metrics, int width) {
-    const QString line = WithoutBreaks(text);
+    QString line = WithoutBreaks(text);
     const qsizetype start = line.indexOf(QLatin1Char('"')) + 1;
     const qsizetype end = line.lastIndexOf(QLatin1Char('"'));
     if (start == 0 || end < start || metrics.horizontalAdvance(line) <= width) {
