@@ -9,9 +9,12 @@
 
 /// A list as screen readers see it: its rows are check boxes, since those are spoken with their
 /// state, while the desktop's bridge tells of no list item that it can be checked.
-class QtListAccessible final : public QAccessibleWidget {
+class QtListAccessible : public QAccessibleWidget {
 public:
     explicit QtListAccessible(QtListView* view);
+    ~QtListAccessible() override;
+    QtListAccessible(const QtListAccessible&) = delete;
+    QtListAccessible& operator=(const QtListAccessible&) = delete;
 
     /// Lets every QtListView be seen in this way.
     static void Install();
@@ -21,9 +24,6 @@ public:
     QAccessibleInterface* childAt(int x, int y) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
     QAccessibleInterface* focusChild() const override;
-
-protected:
-    ~QtListAccessible() override;
 
 private:
     QPointer<QtListView> m_view;
