@@ -104,15 +104,15 @@ QString FittingName(const QString& text, const QString& ending, const NameLimits
             begin = WithMarkedDevice(begin);
         }
     }
-    if (begin.isEmpty()) {
-        begin = UnknownName();
-    }
     const int room = limits.Longest - Length(end, limits);
     if (room < limits.Longest / 2) { // an ending that leaves too little is none
         begin += std::exchange(end, QString());
     }
     if (Length(begin + end, limits) > limits.Longest) {
         begin = WithoutDotsAndBlanksAtEnd(Cut(begin, limits.Longest - Length(end, limits), limits));
+    }
+    if (begin.isEmpty()) { // nothing but what cannot be held, or a cut among dots
+        begin = UnknownName();
     }
     return begin + end;
 }

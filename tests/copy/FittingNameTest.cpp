@@ -59,6 +59,11 @@ TEST(FittingName, ACutLeavesNoBlankAndNoDotBehind) {
               Times(249, "a") + Text(".mp3"));
 }
 
+TEST(FittingName, ACutThatLeavesNothingButDotsIsUnknown) {
+    EXPECT_EQ(FittingName(Times(300, ".") + Text("x"), {}, Ext4), Text("UNKNOWN"));
+    EXPECT_EQ(FittingName(Times(300, ".") + Text("x"), Text(".mp3"), Ext4), Text("UNKNOWN.mp3"));
+}
+
 TEST(FittingName, WhatNoNameCanHoldIsLeftOut) {
     const QString half = Text("half") + QChar(0xD83C);
     EXPECT_EQ(FittingName(half + Text(" note"), Text(".mp3"), Ext4), Text("half note.mp3"));
