@@ -44,10 +44,7 @@ void ArtistList::RecoverLibrary() {
     m_lists.ForgetAllSongs();
     RollUpMarks();
     EnableLists();
-    const NestedFlag::Guard building = m_lists.Building.Set();
-    m_controls.lstArtists.Clear();
-    m_controls.lstAlbums.Clear();
-    m_controls.lstSongs.Clear();
+    m_lists.Empty();
 }
 
 void ArtistList::RollUpMarks() {

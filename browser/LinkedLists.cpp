@@ -85,11 +85,16 @@ void LinkedLists::FillArtists() {
     FillList(m_controls.lstArtists, std::move(rows), QStringLiteral(" Artist"));
 }
 
-void LinkedLists::StartOver() {
+void LinkedLists::Empty() {
     const NestedFlag::Guard building = Building.Set();
     m_controls.lstArtists.Clear();
     m_controls.lstAlbums.Clear();
     m_controls.lstSongs.Clear();
+}
+
+void LinkedLists::StartOver() {
+    Empty();
+    const NestedFlag::Guard building = Building.Set();
     BuildArtistList();
     FillArtists();
     m_refreshAlbums = true;

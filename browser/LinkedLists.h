@@ -53,6 +53,8 @@ public:
     void FillAlbums();
     void FillSongs();
 
+    /// Empties the three lists.
+    void Empty();
     /// Empties the three lists and fills that of the artists; the next ones follow when their time
     /// has come, whatever rows are current then.
     void StartOver();
