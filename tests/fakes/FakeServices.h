@@ -5,6 +5,7 @@
 #include "platform/Messages.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
+#include "platform/Worker.h"
 
 #include <QMap>
 #include <QString>
@@ -51,6 +52,16 @@ public:
 
     void BeginWork() override;
     void Yield() override;
+};
+
+/// Does everything at once, on the caller's thread.
+class InlineWorker : public Worker {
+public:
+    bool Do(std::function<void()> work, const std::function<bool()>&) override {
+        work();
+        return true;
+    }
+    void DoLater(std::function<void()> work) override { work(); }
 };
 
 class FakeSettingsStore : public SettingsStore {

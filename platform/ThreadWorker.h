@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Worker.h"
+
+#include <memory>
+#include <thread>
+
+/// A Worker with one thread, started when it is first needed. Work that was given up keeps the
+/// thread, and the next work gets a new one.
+class ThreadWorker : public Worker {
+public:
+    ThreadWorker() = default;
+    ThreadWorker(const ThreadWorker&) = delete;
+    ThreadWorker& operator=(const ThreadWorker&) = delete;
+    /// Waits a moment for what is still being done, then leaves it to itself.
+    ~ThreadWorker() override;
+
+    bool Do(std::function<void()> work, const std::function<bool()>& mayGoOn) override;
+    void DoLater(std::function<void()> work) override;
+
+private:
+    struct Job;
+    struct Queue;
+
+    void Start(std::shared_ptr<Job> job);
+    void GiveUp();
+
+    /// Shared with the thread, which outlives this object where it hangs.
+    std::shared_ptr<Queue> m_queue;
+    std::thread m_thread;
+};
