@@ -1,12 +1,15 @@
 #include "app/Subsystems.h"
 
+#include "app/ControlGroups.h"
+#include "platform/IgnoringErrors.h"
+
 Subsystems::Subsystems(const Services& services, Form1Controls& controls)
-    : Loading(services.Files, services.MessageBoxes, controls),
+    : Loading(services.Files, services.MessageBoxes, LoadControlsOf(controls)),
       Devices(Loading, services.Drives, services.Files, services.MessageBoxes, services.Windows,
-              controls),
+              DeviceControlsOf(controls)),
       Fitting(services.Windows, controls), Lists(Loading.Library, Fitting, controls),
       Result(Loading.Library, Lists), Artists(Loading.Library, Lists, Result, controls),
-      Filter(Loading.Library, Devices, controls), Summary(Result, Loading.Library, controls),
+      Filter(Loading.Library, controls), Summary(Result, Loading.Library, controls),
       WordSearch(Loading.Library, Lists, Result, Artists, Summary, services.Events,
                  services.Windows, controls),
       Checks(Loading.Library, Lists, Artists, Summary, WordSearch, controls),
@@ -25,7 +28,10 @@ void Subsystems::WireDevices(Form1Controls& controls) {
     controls.Combo1.Click = [this] { Devices.Combo1_Click(); };
     controls.timScan.Timer = [this] { Devices.timScan_Timer(); };
     Devices.LibraryLeaves = [this] { ForgetLibrary(); };
+    Devices.DeviceChosen = [this] { AwaitLibrary(); };
     Devices.LibraryLoaded = [this] { ShowLibrary(); };
+    Devices.NoMusicFound = [this] { ShowNoMusic(); };
+    Devices.NoDeviceChosen = [this] { ShowNoDevice(); };
 }
 
 void Subsystems::WireLists(Form1Controls& controls) {
@@ -73,10 +79,30 @@ void Subsystems::ForgetLibrary() {
     Filter.ResetState();
     WordSearch.ResetState();
     Summary.ResetState();
-    Fitting.AdjustText(QString()); // else a resize would bring the old name back
+    Fitting.ForgetText();
+}
+
+void Subsystems::AwaitLibrary() {
+    Artists.AwaitLibrary();
+    WordSearch.AwaitLibrary();
+    Filter.AwaitLibrary();
 }
 
 void Subsystems::ShowLibrary() {
     Artists.ShowLibrary();
     Summary.CalculateSize(false);
+    WordSearch.ShowLibrary();
+    Artists.TakeFocus();
+}
+
+void Subsystems::ShowNoMusic() {
+    Artists.ShowNoMusic();
+    WordSearch.ShowNoMusic();
+}
+
+void Subsystems::ShowNoDevice() {
+    IgnoringErrors([this] { Fitting.ForgetText(); });
+    Artists.ShowNoDevice();
+    WordSearch.ShowNoDevice();
+    IgnoringErrors([this] { Filter.ShowNoDevice(); });
 }

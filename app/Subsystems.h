@@ -45,5 +45,8 @@ private:
     void WireSearch(Form1Controls& controls);
     void WireCopy(Form1Controls& controls);
     void ForgetLibrary();
+    void AwaitLibrary();
     void ShowLibrary();
+    void ShowNoMusic();
+    void ShowNoDevice();
 };

@@ -1,6 +1,7 @@
 #include "browser/ArtistList.h"
 
 #include "browser/AnyChecked.h"
+#include "platform/IgnoringErrors.h"
 #include "platform/ScopeGuard.h"
 
 ArtistList::ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
@@ -21,6 +22,31 @@ void ArtistList::ShowLibrary() {
     m_controls.lstArtists.SetListIndex(1);
     hidden.Run();
     m_lists.ShowAlbumsOfArtist();
+}
+
+void ArtistList::AwaitLibrary() {
+    EnableLists();
+    m_lists.Empty();
+    m_controls.cmdCopy.SetEnabled(false);
+}
+
+void ArtistList::ShowNoMusic() {
+    m_controls.lstArtists.SetEnabled(false);
+    m_controls.lstAlbums.SetEnabled(false);
+    m_controls.lstSongs.SetEnabled(false);
+}
+
+void ArtistList::ShowNoDevice() {
+    for (ListControl* list :
+         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
+        IgnoringErrors([list] { list->Clear(); });
+        IgnoringErrors([list] { list->SetEnabled(false); });
+    }
+    IgnoringErrors([this] { m_controls.cmdCopy.SetEnabled(false); });
+}
+
+void ArtistList::TakeFocus() {
+    m_controls.lstArtists.SetFocus();
 }
 
 void ArtistList::Clear(bool NoFound) {

@@ -17,6 +17,14 @@ public:
 
     /// Shows a library that has just been loaded; its first artist becomes current.
     void ShowLibrary();
+    /// Makes the lists ready for the library of a device that has been chosen.
+    void AwaitLibrary();
+    /// Disables the lists, which that library left empty.
+    void ShowNoMusic();
+    /// Empties and disables the lists, and cmdCopy with them. Whatever fails, the rest is done.
+    void ShowNoDevice();
+    /// Gives the keyboard focus to the artists.
+    void TakeFocus();
     /// Puts the full library and the rows from before the search back. With `NoFound` (the search
     /// found nothing) every list starts on its "All" row.
     void Clear(bool NoFound);

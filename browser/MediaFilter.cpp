@@ -52,14 +52,23 @@ QStringList FilterTabs() {
     return tabs;
 }
 
-MediaFilter::MediaFilter(const MusicLibrary& library, const DeviceSelection& devices,
-                         Form1Controls& controls)
-    : m_library(library), m_devices(devices), m_controls(controls) {
+MediaFilter::MediaFilter(const MusicLibrary& library, Form1Controls& controls)
+    : m_library(library), m_controls(controls) {
+}
+
+void MediaFilter::AwaitLibrary() {
+    ShowNoDevice();
+    m_filterLocked = false;
+}
+
+void MediaFilter::ShowNoDevice() {
+    m_filterLocked = true;
+    m_controls.tbsFilter.Select(0);
 }
 
 void MediaFilter::tbsFilter_Click() {
     // Without tracks, Artists may still hold the records of an earlier device.
-    if (m_devices.FilterLocked || m_library.TrackCount < 1) {
+    if (m_filterLocked || m_library.TrackCount < 1) {
         return;
     }
     const Filter filter = SelectedFilter(m_controls.tbsFilter);

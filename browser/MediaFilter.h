@@ -1,7 +1,7 @@
 #pragma once
 
-#include "library/DeviceSelection.h"
 #include "library/MusicLibrary.h"
+#include "platform/Form1Controls.h"
 
 /// Which kinds of tracks are shown. Its value is the selected tab's caption; under a tab of an
 /// unknown caption nothing is.
@@ -22,19 +22,25 @@ QStringList FilterTabs();
 /// The tab strip that narrows the library to one kind of file.
 class MediaFilter {
 public:
-    MediaFilter(const MusicLibrary& library, const DeviceSelection& devices,
-                Form1Controls& controls);
+    MediaFilter(const MusicLibrary& library, Form1Controls& controls);
 
     /// Raised when another tab was chosen: the lists are to show what passes it.
     Event FilterChanged;
 
+    /// A click does nothing: the first tab is being selected by code, or no device is chosen.
+    bool FilterLocked() const { return m_filterLocked; }
+
     void tbsFilter_Click();
     /// Forgets the tab last acted on: a library that has just been loaded is shown unfiltered.
     void ResetState() { m_lastFilter = Filter::AllFiles; }
+    /// Selects the first tab, without a search, for the library of a device that has been chosen.
+    void AwaitLibrary();
+    /// Selects the first tab, and stays locked until a device is chosen.
+    void ShowNoDevice();
 
 private:
     const MusicLibrary& m_library;
-    const DeviceSelection& m_devices;
     Form1Controls& m_controls;
     Filter m_lastFilter = Filter::AllFiles;
+    bool m_filterLocked = false;
 };

@@ -26,6 +26,12 @@ void TextFitting::AdjustText(const QString& Text) {
     m_controls.lblFullName.SetCaption(shown.replace(QLatin1Char('&'), QLatin1String("&&")));
 }
 
+void TextFitting::ForgetText() {
+    m_fullText.clear();
+    m_controls.lblFullName.SetToolTip(QString());
+    m_controls.lblFullName.SetCaption(QString());
+}
+
 void TextFitting::AdjustTextAgain() {
     AdjustText(QString(m_fullText));
 }

@@ -12,6 +12,8 @@ public:
     /// Shows `Text` in lblFullName, shortened with "..." where it does not fit; the whole text is
     /// then the label's tooltip.
     void AdjustText(const QString& Text);
+    /// Empties lblFullName, which nothing brings back.
+    void ForgetText();
     /// Fits the text last shown again, after the label's width has changed.
     void AdjustTextAgain();
 

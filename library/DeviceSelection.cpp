@@ -1,22 +1,9 @@
 #include "library/DeviceSelection.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/IgnoringErrors.h"
 #include "platform/ScopeGuard.h"
 
-#include <exception>
-
 namespace {
-
-/// Runs one step of the scan for devices. A device may vanish at any moment, and the scan goes on
-/// with what it could find out.
-template <class Step>
-void IgnoringErrors(const Step& step) {
-    try {
-        step();
-    } catch (const std::exception&) {
-        return;
-    }
-}
 
 /// The drive of an entry, as "E:" of "(E:) MY IPOD".
 QString DriveOfEntry(const QString& entry) {
@@ -27,7 +14,7 @@ QString DriveOfEntry(const QString& entry) {
 
 DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives, FileSystem& files,
                                  Messages& messages, WindowManager& windowManager,
-                                 Form1Controls& controls)
+                                 const DeviceControls& controls)
     : m_loadMusic(loadMusic), m_drives(drives), m_files(files), m_messages(messages),
       m_windowManager(windowManager), m_controls(controls) {
 }
@@ -78,7 +65,7 @@ void DeviceSelection::Combo1_Click() {
     }
     ScopeGuard failed([this] { ForgetDevice(); });
     SelectedDevice = LoadedDevice = device;
-    PrepareBrowser();
+    MakeReady();
     // The binary database is required even where the SQLite library is used.
     if (!HasDatabase(driveRoot)) {
         // Nothing of this device is loaded: should it come back, choosing it again loads it.
@@ -96,7 +83,7 @@ void DeviceSelection::Combo1_Click() {
     } else {
         m_loadMusic.LoadITunesDB(driveRoot);
     }
-    ShowLibrary();
+    ReportLoad();
     failed.Dismiss();
     pointer.Run();
 }
@@ -134,22 +121,8 @@ void DeviceSelection::ResetWindow() {
     if (m_controls.Combo1.ListCount() > 0) { // else it is about to say that there is no device
         IgnoringErrors([this] { m_controls.lblMessage.SetCaption({}); });
     }
-    IgnoringErrors([this] { m_controls.lblFullName.SetCaption({}); });
     IgnoringErrors([this] { m_controls.Picture1.Clear(); });
-    for (ListControl* list :
-         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
-        IgnoringErrors([list] { list->Clear(); });
-        IgnoringErrors([list] { list->SetEnabled(false); });
-    }
-    for (Control* control :
-         {static_cast<Control*>(&m_controls.cmdCopy), static_cast<Control*>(&m_controls.cmdSearch),
-          static_cast<Control*>(&m_controls.cmdClear),
-          static_cast<Control*>(&m_controls.txtSearch)}) {
-        IgnoringErrors([control] { control->SetEnabled(false); });
-    }
-    IgnoringErrors([this] { m_controls.txtSearch.SetText({}); });
-    FilterLocked = true; // until a device is chosen
-    IgnoringErrors([this] { m_controls.tbsFilter.Select(0); });
+    IgnoringErrors([this] { Raise(NoDeviceChosen); });
     IgnoringErrors([this] {
         m_controls.pctNoDevice.Tell(m_controls.Combo1.ListCount() > 0
                                         ? NoDeviceReason::NoneChosen
@@ -158,32 +131,16 @@ void DeviceSelection::ResetWindow() {
     });
 }
 
-void DeviceSelection::PrepareBrowser() {
+void DeviceSelection::MakeReady() {
     m_controls.pctNoDevice.SetVisible(false);
     Raise(LibraryLeaves);
     m_controls.Picture1.ShowDevice();
-    for (ListControl* list :
-         {&m_controls.lstArtists, &m_controls.lstAlbums, &m_controls.lstSongs}) {
-        list->SetEnabled(true);
-        list->Clear();
-    }
-    m_controls.lblFullName.SetCaption({});
-    m_controls.cmdCopy.SetEnabled(false);
-    m_controls.cmdClear.SetEnabled(false);
-    m_controls.txtSearch.SetText({});
-    FilterLocked = true;
-    m_controls.tbsFilter.Select(0);
-    FilterLocked = false;
+    Raise(DeviceChosen);
 }
 
-void DeviceSelection::ShowLibrary() {
+void DeviceSelection::ReportLoad() {
     if (m_loadMusic.Library.TrackCount < 1) {
-        m_controls.lstArtists.SetEnabled(false);
-        m_controls.lstAlbums.SetEnabled(false);
-        m_controls.lstSongs.SetEnabled(false);
-        m_controls.cmdSearch.SetEnabled(false);
-        m_controls.cmdClear.SetEnabled(false);
-        m_controls.txtSearch.SetEnabled(false);
+        Raise(NoMusicFound);
         m_controls.lblMessage.SetCaption(QStringLiteral("No music found."));
         m_controls.pctNoDevice.Tell(NoDeviceReason::NoMusic);
         m_controls.pctNoDevice.SetVisible(true);
@@ -192,9 +149,6 @@ void DeviceSelection::ShowLibrary() {
     m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
     m_controls.Form1.Refresh();
     Raise(LibraryLoaded);
-    m_controls.txtSearch.SetEnabled(true);
-    m_controls.cmdSearch.SetEnabled(true);
-    m_controls.lstArtists.SetFocus();
 }
 
 void DeviceSelection::ReportLostDevice() {

@@ -4,18 +4,37 @@
 #include "platform/Drives.h"
 #include "platform/WindowManager.h"
 
-/// Finds the attached iPods, lists them in Combo1, and loads the chosen one.
+/// Where the devices are listed, and what tells of them.
+struct DeviceControls {
+    Window& Form1;
+    ComboControl& Combo1;
+    PictureControl& Picture1;
+    LabelControl& lblMessage;
+    /// Over the lists.
+    NoDeviceControl& pctNoDevice;
+    TimerControl& timScan;
+};
+
+/// Finds the attached iPods, lists them in Combo1, and loads the chosen one. What a window shows of
+/// a library belongs to others, who hear of it through the events.
 class DeviceSelection {
 public:
     DeviceSelection(LoadMusic& loadMusic, DriveService& drives, FileSystem& files,
-                    Messages& messages, WindowManager& windowManager, Form1Controls& controls);
+                    Messages& messages, WindowManager& windowManager,
+                    const DeviceControls& controls);
 
     /// Raised when the shown library is about to go (another device is chosen, or none is left):
     /// whoever keeps rows, results or sizes of it forgets them. Raised before any list changes.
     Event LibraryLeaves;
-    /// Raised after a library with at least one track has been loaded, to show it in the lists and
-    /// in the summary.
+    /// Raised after that when a device has been chosen, which is about to be loaded.
+    Event DeviceChosen;
+    /// Raised after a library with at least one track has been loaded: it is to be shown.
     Event LibraryLoaded;
+    /// Raised in its place when there was no track.
+    Event NoMusicFound;
+    /// Raised by every scan after which no device is chosen: nothing is to be shown. Whoever has
+    /// done so already leaves the window as it is.
+    Event NoDeviceChosen;
 
     /// The entry the user last chose; restored after each rescan.
     QString SelectedDevice;
@@ -23,9 +42,6 @@ public:
     QString LoadedDevice;
     /// The list is being changed by code, so that Combo1_Click does nothing.
     bool SuppressComboClick = false;
-    /// The media filter does nothing: the first tab is being selected by code, or no device is
-    /// chosen.
-    bool FilterLocked = false;
 
     /// Rebuilds the list of devices.
     void Combo1_DropDown();
@@ -39,8 +55,8 @@ private:
     void ListDevice(const Drive& drive);
     void ForgetDevice();
     void ResetWindow();
-    void PrepareBrowser();
-    void ShowLibrary();
+    void MakeReady();
+    void ReportLoad();
     void ReportLostDevice();
     bool HasDatabase(const QString& driveRoot) const;
 
@@ -49,5 +65,5 @@ private:
     FileSystem& m_files;
     Messages& m_messages;
     WindowManager& m_windowManager;
-    Form1Controls& m_controls;
+    DeviceControls m_controls;
 };

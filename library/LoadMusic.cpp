@@ -1,7 +1,6 @@
 #include "library/LoadMusic.h"
 
 #include "library/ITunesDBReader.h"
-#include "library/LoadProgress.h"
 #include "library/SqliteLibraryReader.h"
 #include "platform/ScopeGuard.h"
 
@@ -25,7 +24,7 @@ bool RunReader(Messages& messages, const Reader& reader) {
 
 } // namespace
 
-LoadMusic::LoadMusic(FileSystem& files, Messages& messages, Form1Controls& controls)
+LoadMusic::LoadMusic(FileSystem& files, Messages& messages, const LoadControls& controls)
     : m_files(files), m_messages(messages), m_controls(controls) {
 }
 

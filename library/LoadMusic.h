@@ -1,8 +1,8 @@
 #pragma once
 
+#include "library/LoadProgress.h"
 #include "library/MusicLibrary.h"
 #include "platform/FileSystem.h"
-#include "platform/Form1Controls.h"
 #include "platform/Messages.h"
 
 /// Owns the library and loads it from a device. A load runs to its end without yielding; it reports
@@ -10,7 +10,7 @@
 /// which the tracks loaded so far stay.
 class LoadMusic {
 public:
-    LoadMusic(FileSystem& files, Messages& messages, Form1Controls& controls);
+    LoadMusic(FileSystem& files, Messages& messages, const LoadControls& controls);
 
     MusicLibrary Library;
 
@@ -22,7 +22,7 @@ public:
 private:
     FileSystem& m_files;
     Messages& m_messages;
-    Form1Controls& m_controls;
+    LoadControls m_controls;
 };
 
 /// Where a device keeps its databases, relative to the drive.

@@ -4,7 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/ScopeGuard.h"
 
-LoadProgress::LoadProgress(MusicLibrary& library, Form1Controls& controls)
+LoadProgress::LoadProgress(MusicLibrary& library, const LoadControls& controls)
     : m_library(library), m_controls(controls) {
 }
 

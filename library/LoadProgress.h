@@ -1,14 +1,23 @@
 #pragma once
 
 #include "library/MusicLibrary.h"
-#include "platform/Form1Controls.h"
+#include "platform/Controls.h"
+#include "platform/Window.h"
 
 #include <optional>
+
+/// What a load shows of itself in.
+struct LoadControls {
+    Window& Form1;
+    ComboControl& Combo1;
+    LabelControl& lblMessage;
+    ProgressControl& prgCopy;
+};
 
 /// What the window shows while a library loads, and the state of the library that goes with it.
 class LoadProgress {
 public:
-    LoadProgress(MusicLibrary& library, Form1Controls& controls);
+    LoadProgress(MusicLibrary& library, const LoadControls& controls);
 
     /// Marks the library as loading and empty; its records stay until the reader replaces them.
     void Start();
@@ -25,7 +34,7 @@ private:
     void MirrorInCaption();
 
     MusicLibrary& m_library;
-    Form1Controls& m_controls;
+    LoadControls m_controls;
     std::optional<double> m_total;
     /// The percentage in the message, -1 while the message tells none.
     qint16 m_shownPercent = -1;

@@ -1,6 +1,7 @@
 #include "selection/Search.h"
 
 #include "browser/MediaFilter.h"
+#include "platform/IgnoringErrors.h"
 #include "platform/ScopeGuard.h"
 
 #include <algorithm>
@@ -69,6 +70,29 @@ void Search::ResetState() {
     m_lowered.clear();
     m_searchRunning = m_searchPending = false;
     ForgetText();
+}
+
+void Search::AwaitLibrary() {
+    m_controls.cmdClear.SetEnabled(false);
+    m_controls.txtSearch.SetText({});
+}
+
+void Search::ShowLibrary() {
+    m_controls.txtSearch.SetEnabled(true);
+    m_controls.cmdSearch.SetEnabled(true);
+}
+
+void Search::ShowNoMusic() {
+    m_controls.cmdSearch.SetEnabled(false);
+    m_controls.cmdClear.SetEnabled(false);
+    m_controls.txtSearch.SetEnabled(false);
+}
+
+void Search::ShowNoDevice() {
+    IgnoringErrors([this] { m_controls.cmdSearch.SetEnabled(false); });
+    IgnoringErrors([this] { m_controls.cmdClear.SetEnabled(false); });
+    IgnoringErrors([this] { m_controls.txtSearch.SetEnabled(false); });
+    IgnoringErrors([this] { m_controls.txtSearch.SetText({}); });
 }
 
 void Search::ForgetText() {

@@ -37,6 +37,14 @@ public:
     void ShowLibraryAgain();
     /// Forgets everything about a library that leaves.
     void ResetState();
+    /// Empties the box for the library of a device that has been chosen.
+    void AwaitLibrary();
+    /// Lets the user search the library that is shown now.
+    void ShowLibrary();
+    /// Disables what searches.
+    void ShowNoMusic();
+    /// The same, and empties the box. Whatever fails, the rest is done.
+    void ShowNoDevice();
 
     void cmdSearch_Click();
     void cmdClear_Click();

@@ -1,5 +1,6 @@
 // The three lists and the check marks, from the user's event to the painted window.
 
+#include "app/ControlGroups.h"
 #include "browser/Ordering.h"
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
@@ -81,7 +82,7 @@ BENCHMARK(SortSongs)->Apply(ForEverySize);
 /// The parts of the program that these cases run by themselves, on the window's controls.
 struct Parts {
     explicit Parts(BenchWindow& window)
-        : Music(window.Files(), window.MessageBoxes(), window.Controls()),
+        : Music(window.Files(), window.MessageBoxes(), LoadControlsOf(window.Controls())),
           Fitting(Windows, window.Controls()), Lists(Music.Library, Fitting, window.Controls()),
           Result(Music.Library, Lists), Summary(Result, Music.Library, window.Controls()) {
         Music.LoadITunesDB(QStringLiteral("E:"));

@@ -94,22 +94,9 @@ BrowserFixture::BrowserFixture(std::vector<ArtistRecord> artists) {
     Load(std::move(artists));
 }
 
-void BrowserFixture::ForgetLibrary() {
-    Raise(Devices.LibraryLeaves);
-    for (FakeListControl* list : {&lstArtists, &lstAlbums, &lstSongs}) {
-        list->SetEnabled(true);
-        list->Clear();
-    }
-    Form.cmdCopy.SetEnabled(false);
-    Form.cmdClear.SetEnabled(false);
-    Form.txtSearch.SetText({});
-    Devices.FilterLocked = true;
-    Form.tbsFilter.Select(0);
-    Devices.FilterLocked = false;
-}
-
 void BrowserFixture::Load(std::vector<ArtistRecord> artists) {
-    ForgetLibrary();
+    Raise(Devices.LibraryLeaves);
+    Raise(Devices.DeviceChosen);
     Library.Artists = std::move(artists);
     Library.TrackCount = 0;
     Library.TotalSize = 0;
@@ -125,7 +112,6 @@ void BrowserFixture::Load(std::vector<ArtistRecord> artists) {
         return;
     }
     Raise(Devices.LibraryLoaded);
-    lstArtists.SetFocus();
 }
 
 int BrowserFixture::RowOf(const FakeListControl& list, const char* text) {

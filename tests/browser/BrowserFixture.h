@@ -76,7 +76,4 @@ public:
 
     std::string FullName() const { return Form.lblFullName.Caption().toStdString(); }
     std::string Message() const { return Form.lblMessage.Caption().toStdString(); }
-
-private:
-    void ForgetLibrary();
 };

@@ -136,10 +136,10 @@ TEST(MediaFilter, ClickingTheSelectedTabChangesNothing) {
 
 TEST(MediaFilter, WhileTheFilterIsLockedAClickDoesNothingAndIsNotRemembered) {
     BrowserFixture browser(AllKinds);
-    browser.Devices.FilterLocked = true;
+    browser.Filter.ShowNoDevice();
     browser.ChooseTab("Video");
     EXPECT_FALSE(browser.Result.Search());
-    browser.Devices.FilterLocked = false;
+    browser.Filter.AwaitLibrary();
     browser.ChooseTab("Video");
     EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (1 Video)"));
 }

@@ -52,7 +52,7 @@ Cost Measure(const Load& load) {
         FakeForm1 window;
         FakeMessages boxes;
         FakeFileSystem files;
-        LoadMusic music(files, boxes, window.Controls);
+        LoadMusic music(files, boxes, LoadControlsOf(window.Controls));
         const auto [start, before] = load(files, music);
         best.Seconds = std::min(best.Seconds, ThreadProcessorSeconds() - start);
         best.PeakBytes = Allocations::Peak() - before;

@@ -1,5 +1,6 @@
 // The list of devices and the poll that waits for one.
 
+#include "app/ControlGroups.h"
 #include "platform/RuntimeError.h"
 #include "tests/library/DevicesWindow.h"
 
@@ -98,7 +99,8 @@ TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
     struct NoDrives : FakeDriveService {
         std::vector<Drive> Drives() override { throw RuntimeError(ErrorNumber::DeviceUnavailable); }
     } drives;
-    DeviceSelection devices(Music, drives, Files, Boxes, Window.WindowManager, Window.Controls);
+    DeviceSelection devices(Music, drives, Files, Boxes, Window.WindowManager,
+                            DeviceControlsOf(Window.Controls));
 
     devices.Combo1_DropDown();
 
@@ -175,7 +177,7 @@ TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {
     EXPECT_TRUE(Window.cmdCopy.Enabled());
     EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
     EXPECT_EQ(Window.tbsFilter.SelectedCaption(), u"Audio"_s);
-    EXPECT_FALSE(Devices.FilterLocked);
+    EXPECT_FALSE(Parts.Filter.FilterLocked());
 }
 
 TEST_F(DeviceScan, ADeviceThatHasLeftResetsTheWindow) {
@@ -237,17 +239,17 @@ TEST_F(DeviceScan, TheFilterIsLockedWhenItsFirstTabIsSelectedAndStaysSo) {
     AttachIPod('E', u"IPOD"_s, {u"1"_s});
     Choose(0);
     FillWindow();
-    EXPECT_FALSE(Devices.FilterLocked);
+    EXPECT_FALSE(Parts.Filter.FilterLocked());
     Detach('E');
 
     Devices.Combo1_DropDown();
 
     EXPECT_EQ(UnlockedTabClicks, 0);
-    EXPECT_TRUE(Devices.FilterLocked);
+    EXPECT_TRUE(Parts.Filter.FilterLocked());
 
     AttachIPod('E', u"IPOD"_s, {u"1"_s});
     Window.timScan.Elapse();
-    EXPECT_FALSE(Devices.FilterLocked);
+    EXPECT_FALSE(Parts.Filter.FilterLocked());
     EXPECT_EQ(UnlockedTabClicks, 0);
 }
 

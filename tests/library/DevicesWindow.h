@@ -1,33 +1,45 @@
 #pragma once
 
-#include "library/DeviceSelection.h"
+#include "app/Subsystems.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
 #include "tests/library/LibraryText.h"
 #include "tests/support/ITunesDBWriter.h"
 
-/// A window on fakes that lists and loads iPods, wired as the main window wires it.
+/// A window on fakes that lists and loads iPods, wired as the program wires it; only what the user
+/// does to tabs and search box ends here.
 class DevicesWindow : public testing::Test {
 protected:
     FakeForm1 Window;
     FakeMessages Boxes;
     FakeFileSystem Files;
     FakeDriveService Drives;
-    LoadMusic Music{Files, Boxes, Window.Controls};
-    DeviceSelection Devices{Music, Drives, Files, Boxes, Window.WindowManager, Window.Controls};
+    FakeSettingsStore Store;
+    FakeShell Shell;
+    FakeEventLoop Events;
+    Subsystems Parts{{Files, Drives, Store, Shell, Window.WindowManager, Boxes, Events},
+                     Window.Controls};
+    LoadMusic& Music = Parts.Loading;
+    DeviceSelection& Devices = Parts.Devices;
     /// What DeviceSelection has raised, in order.
     QStringList Raised;
     /// The filter tab's Click events that came while the filter was not locked.
     int UnlockedTabClicks = 0;
 
     DevicesWindow() {
-        Window.Combo1.DropDown = [this] { Devices.Combo1_DropDown(); };
-        Window.Combo1.Click = [this] { Devices.Combo1_Click(); };
-        Window.timScan.Timer = [this] { Devices.timScan_Timer(); };
-        Window.tbsFilter.Click = [this] { UnlockedTabClicks += Devices.FilterLocked ? 0 : 1; };
-        Devices.LibraryLeaves = [this] { Raised += QStringLiteral("leaves"); };
-        Devices.LibraryLoaded = [this] { Raised += QStringLiteral("loaded"); };
+        Window.txtSearch.Change = {};
+        Window.tbsFilter.Click = [this] {
+            UnlockedTabClicks += Parts.Filter.FilterLocked() ? 0 : 1;
+        };
+        Devices.LibraryLeaves = [this, wired = Devices.LibraryLeaves] {
+            Raised += QStringLiteral("leaves");
+            wired();
+        };
+        Devices.LibraryLoaded = [this, wired = Devices.LibraryLoaded] {
+            Raised += QStringLiteral("loaded");
+            wired();
+        };
     }
 
     static QString DatabaseOn(QChar letter) {
@@ -112,7 +124,7 @@ protected:
         EXPECT_FALSE(Window.txtSearch.Enabled());
         EXPECT_EQ(Window.txtSearch.Text(), QString());
         EXPECT_EQ(Window.tbsFilter.SelectedCaption(), QStringLiteral("All Files"));
-        EXPECT_TRUE(Devices.FilterLocked);
+        EXPECT_TRUE(Parts.Filter.FilterLocked());
         EXPECT_FALSE(Devices.SuppressComboClick);
     }
 };

@@ -127,7 +127,7 @@ TEST_F(LoadProgressShown, TheErrorBoxComesBeforeTheEnding) {
 }
 
 TEST_F(LoadProgressShown, ATrackWithoutATotalIsATypeMismatch) {
-    LoadProgress progress(Library, Window.Controls);
+    LoadProgress progress(Library, LoadControlsOf(Window.Controls));
     progress.Start();
     Library.TrackCount = 1;
     try {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ControlGroups.h"
 #include "library/LoadMusic.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
@@ -19,7 +20,7 @@ protected:
     FakeForm1 Window;
     FakeMessages Boxes;
     FakeFileSystem Files;
-    LoadMusic Music{Files, Boxes, Window.Controls};
+    LoadMusic Music{Files, Boxes, LoadControlsOf(Window.Controls)};
     MusicLibrary& Library = Music.Library;
 
     SqliteDevice() { PutFilesInto(Folder.path()); }

@@ -188,7 +188,7 @@ TEST(SelectionSummary, ATrackHiddenByTheFilterTabStillCountsInTheSize) {
 TEST(SelectionSummary, TheCountAsksNoFilterTab) {
     BrowserFixture browser(FourSizes);
     browser.Tick(browser.lstArtists, "All");
-    browser.Devices.FilterLocked = true;
+    browser.Filter.ShowNoDevice();
     browser.ChooseTab("Video");
     EXPECT_EQ(browser.Summary.GetSelSongCount(), 4);
     browser.Summary.CalculateSize(false);
