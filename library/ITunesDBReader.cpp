@@ -1,153 +1,49 @@
 #include "library/ITunesDBReader.h"
 
+#include "library/FileWindow.h"
 #include "library/LoadMusic.h"
+#include "library/TrackGrouping.h"
 #include "platform/Numbers.h"
+#include "platform/ScopeGuard.h"
 
-#include <QHashFunctions>
 #include <QStringBuilder>
+#include <QVarLengthArray>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
-#include <limits>
-#include <memory>
-#include <string_view>
-#include <unordered_map>
 
 namespace {
 
 /// The track that is being put together from its chunks.
 struct PendingTrack {
-    QString Title;
-    QString Location;
+    TrackRecord Record;
     QString Album;
     QString Artist;
-    qint32 TrackNumber = 0;
-    qint32 FileSize = 0;
-    ::Kind Kind = KindOther;
 };
 
-struct NameHash {
-    size_t operator()(const QString& name) const { return qHash(name, QHashSeed::globalSeed()); }
-};
+/// The text of an item. Mostly shorter than this, it costs no memory of its own.
+using ItemText = QVarLengthArray<char16_t, 200>;
 
-/// Indices of groups by their lower-cased names. No QHash, which ends the program when it is out of
-/// memory.
-using GroupTable = std::unordered_map<QString, qsizetype, NameHash>;
-
-template <class Record>
-qsizetype FindOrAdd(GroupTable& groups, std::vector<Record>& records, const QString& name) {
-    const QString key = name.toLower();
-    const auto found = groups.find(key);
-    if (found != groups.end()) {
-        return found->second;
-    }
-    records.emplace_back();
-    return groups.emplace(key, static_cast<qsizetype>(records.size()) - 1).first->second;
+QStringView AsView(const ItemText& text) {
+    return {text.constData(), text.size()};
 }
 
-/// Adds tracks to the library, grouped by the lower-cased names of artist and album.
-class TrackGrouping {
-public:
-    TrackGrouping(MusicLibrary& library, const QString& driveRoot)
-        : m_library(library), m_driveRoot(driveRoot) {}
-
-    /// Throws, and adds nothing, when the library is full (Overflow) or memory runs out.
-    void Add(PendingTrack&& track);
-
-private:
-    void Put(TrackRecord&& record, QString artistName, QString albumName);
-    void DropEmptyGroups();
-    qsizetype FindArtist(const QString& name);
-    qsizetype FindAlbum(const QString& name);
-
-    MusicLibrary& m_library;
-    const QString& m_driveRoot;
-    // Tracks of one album mostly follow each other, so the last group is tried first. A group takes
-    // over the spelling of its last track, but its lower-cased name, the key, never changes.
-    qsizetype m_artist = -1;
-    qsizetype m_album = -1;
-    GroupTable m_artists;
-    /// One table an artist.
-    std::vector<GroupTable> m_albums;
-};
-
-void TrackGrouping::Add(PendingTrack&& track) {
-    if (m_library.TrackCount == std::numeric_limits<qint16>::max()) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    TrackRecord record;
-    track.Location.replace(QLatin1Char(':'), QLatin1Char('\\'));
-    record.Location = m_driveRoot % track.Location;
-    record.TrackNumber = track.TrackNumber;
-    record.FileSize = track.FileSize;
-    record.Kind = track.Kind;
-    record.Title = track.Title.isEmpty() ? UnknownName() : track.Title;
-    if (m_library.TrackCount < 1) {
-        m_library.Artists.clear();
-    }
-    try {
-        Put(std::move(record), track.Artist.isEmpty() ? UnknownName() : track.Artist,
-            track.Album.isEmpty() ? UnknownName() : track.Album);
-    } catch (...) {
-        DropEmptyGroups();
-        throw;
-    }
-}
-
-void TrackGrouping::Put(TrackRecord&& record, QString artistName, QString albumName) {
-    m_artist = FindArtist(artistName);
-    m_album = FindAlbum(albumName);
-    ArtistRecord& artist = m_library.Artists[m_artist];
-    AlbumRecord& album = artist.Albums[m_album];
-    const qint32 fileSize = record.FileSize;
-    album.Tracks.push_back(std::move(record));
-    // From here on nothing fails.
-    m_library.TotalSize += fileSize;
-    album.Name = std::move(albumName);
-    artist.Name = std::move(artistName);
-    ++m_library.TrackCount;
-}
-
-/// Takes away the artist and the album that were made for a track that then did not fit into the
-/// memory. The load ends with it, so the tables of names need not follow.
-void TrackGrouping::DropEmptyGroups() {
-    std::vector<ArtistRecord>& artists = m_library.Artists;
-    for (ArtistRecord& artist : artists) {
-        if (!artist.Albums.empty() && artist.Albums.back().Tracks.empty()) {
-            artist.Albums.pop_back();
-        }
-    }
-    if (!artists.empty() && artists.back().Albums.empty()) {
-        artists.pop_back();
-    }
-}
-
-qsizetype TrackGrouping::FindArtist(const QString& name) {
-    if (m_artist >= 0 && m_library.Artists[m_artist].Name == name) {
-        return m_artist;
-    }
-    m_album = -1;
-    const qsizetype artist = FindOrAdd(m_artists, m_library.Artists, name);
-    m_albums.resize(m_library.Artists.size());
-    return artist;
-}
-
-qsizetype TrackGrouping::FindAlbum(const QString& name) {
-    std::vector<AlbumRecord>& albums = m_library.Artists[m_artist].Albums;
-    if (m_album >= 0 && albums[m_album].Name == name) {
-        return m_album;
-    }
-    return FindOrAdd(m_albums[m_artist], albums, name);
+/// `text` as a string. Where `before` says the same, that one, which costs less than a new one.
+QString AsString(const ItemText& text, const QString& before) {
+    return before == AsView(text) ? before : AsView(text).toString();
 }
 
 /// Walks the bytes of a database from tag to tag. Only the track list is understood; what is in
 /// between, and chunks of unknown kinds and lengths, is passed over byte by byte.
 class TrackListWalk {
 public:
-    /// `bytes` holds one more byte, 0, at `lastIndex`, which is the length of the file.
-    TrackListWalk(const char* bytes, qint64 lastIndex, TrackGrouping& grouping,
+    TrackListWalk(FileWindow& bytes, const QString& driveRoot, TrackGrouping& grouping,
                   LoadProgress& progress)
-        : m_bytes(bytes), m_lastIndex(lastIndex), m_grouping(grouping), m_progress(progress) {}
+        : m_bytes(bytes), m_lastIndex(bytes.LastIndex()), m_driveRoot(driveRoot),
+          m_grouping(grouping), m_progress(progress) {
+        StartTrack();
+    }
 
     /// Finds the head of the track list. False when it says that the list is empty.
     bool FindTrackList();
@@ -155,40 +51,44 @@ public:
     void Run();
 
 private:
-    /// The first "m" from `position` on, or the first position that is too near to the end of the
-    /// bytes to hold a chunk.
-    qint64 NextTag(qint64 position) const;
-    bool IsTag(qint64 position, const char* tag) const;
-    bool IsTextItem(qint64 position) const;
-    qint32 LongAt(qint64 position) const;
-    QString TextOf(qint64 item, qint32 length) const;
+    qint64 NextTag(qint64 position, qint64 end);
+    bool IsTag(qint64 position, const char* tag);
+    bool IsTextItem(qint64 position);
+    qint32 LongAt(qint64 position);
+    ItemText TextOf(qint64 item, qint32 length);
     void TakeItem(qint64 item, qint32 length);
+    Kind KindOf(const ItemText& typeText);
+    void StartTrack();
     void CommitTrack();
     void OpenTrack(qint64 position);
 
-    const char* m_bytes;
-    qint64 m_lastIndex;
+    FileWindow& m_bytes;
+    const qint64 m_lastIndex;
+    const QString& m_driveRoot;
     TrackGrouping& m_grouping;
     LoadProgress& m_progress;
     qint64 m_start = 0;
     PendingTrack m_pending;
+    // Most tracks have these in common with the one before.
+    QString m_album;
+    QString m_artist;
+    QString m_typeText;
+    Kind m_kind = KindOther;
 };
 
 bool TrackListWalk::FindTrackList() {
-    if (m_lastIndex < 12) {
-        return true;
+    const qint64 end = m_lastIndex - 12 + 1;
+    for (qint64 head = NextTag(0, end); head < end; head = NextTag(head + 1, end)) {
+        if (IsTag(head, "mhlt")) {
+            m_start = head;
+            const qint32 trackCount = LongAt(head + 8);
+            if (trackCount <= 0) {
+                return false;
+            }
+            m_progress.SetTotal(trackCount);
+            return true;
+        }
     }
-    const std::string_view searched(m_bytes, static_cast<size_t>(m_lastIndex - 12 + 4));
-    const size_t head = searched.find("mhlt");
-    if (head == std::string_view::npos) {
-        return true;
-    }
-    m_start = static_cast<qint64>(head);
-    const qint32 trackCount = LongAt(m_start + 8);
-    if (trackCount <= 0) {
-        return false;
-    }
-    m_progress.SetTotal(trackCount);
     return true;
 }
 
@@ -197,7 +97,7 @@ void TrackListWalk::Run() {
     bool endOfList = false;
     qint64 position = m_start;
     while (true) {
-        position = NextTag(position);
+        position = NextTag(position, m_lastIndex - 40);
         if (position > m_lastIndex - 41 || IsTag(position, "mhsd")) {
             endOfList = true;
         }
@@ -222,90 +122,119 @@ void TrackListWalk::Run() {
     }
 }
 
-qint64 TrackListWalk::NextTag(qint64 position) const {
-    const qint64 end = m_lastIndex - 40;
-    if (position >= end) {
-        return position;
+/// The first "m" from `position` on and before `end`; `end`, or `position` where that is not before
+/// it, when there is none.
+qint64 TrackListWalk::NextTag(qint64 position, qint64 end) {
+    while (position < end) {
+        const char* const bytes = m_bytes.At(position, 1);
+        const qint64 count = qMin(m_bytes.CountFrom(position), end - position);
+        const void* const found = std::memchr(bytes, 'm', static_cast<size_t>(count));
+        if (found != nullptr) {
+            return position + (static_cast<const char*>(found) - bytes);
+        }
+        position += count;
     }
-    const void* found = std::memchr(m_bytes + position, 'm', static_cast<size_t>(end - position));
-    return found ? static_cast<const char*>(found) - m_bytes : end;
+    return position;
 }
 
-bool TrackListWalk::IsTag(qint64 position, const char* tag) const {
-    return std::memcmp(m_bytes + position, tag, 4) == 0;
+bool TrackListWalk::IsTag(qint64 position, const char* tag) {
+    return std::memcmp(m_bytes.At(position, 4), tag, 4) == 0;
 }
 
-bool TrackListWalk::IsTextItem(qint64 position) const {
-    if (!IsTag(position, "mhod")) {
-        return false;
-    }
-    const char type = m_bytes[position + 12];
-    return (type >= 1 && type <= 4) || type == 6;
+bool TrackListWalk::IsTextItem(qint64 position) {
+    const char* const item = m_bytes.At(position, 13);
+    const char type = item[12];
+    return std::memcmp(item, "mhod", 4) == 0 && ((type >= 1 && type <= 4) || type == 6);
 }
 
-qint32 TrackListWalk::LongAt(qint64 position) const {
+qint32 TrackListWalk::LongAt(qint64 position) {
     if (position + 3 > m_lastIndex) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     }
-    const auto* bytes = reinterpret_cast<const quint8*>(m_bytes + position);
+    const auto* bytes = reinterpret_cast<const quint8*>(m_bytes.At(position, 4));
     return BytesToLong(bytes[0], bytes[1], bytes[2], bytes[3]);
 }
 
-QString TrackListWalk::TextOf(qint64 item, qint32 length) const {
+ItemText TrackListWalk::TextOf(qint64 item, qint32 length) {
     // An odd length takes one more byte than the item has.
     const qint64 units = length > 40 ? (qint64(length) - 40 + 1) / 2 : 0;
     if (item + 40 + 2 * units - 1 > m_lastIndex) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     }
-    QString text(units, Qt::Uninitialized);
-    qFromLittleEndian<quint16>(m_bytes + item + 40, units, text.data());
+    ItemText text(units);
+    qFromLittleEndian<quint16>(m_bytes.At(item, 40 + 2 * units) + 40, units, text.data());
     return text;
 }
 
 void TrackListWalk::TakeItem(qint64 item, qint32 length) {
-    const QString text = TextOf(item, length);
-    switch (m_bytes[item + 12]) {
+    const char type = m_bytes.At(item, 13)[12];
+    ItemText text = TextOf(item, length);
+    switch (type) {
     case 1:
-        m_pending.Title = text;
+        m_pending.Record.Title = AsView(text).toString();
         break;
     case 2:
-        m_pending.Location = text;
+        std::replace(text.begin(), text.end(), u':', u'\\');
+        m_pending.Record.Location = m_driveRoot % AsView(text);
         break;
     case 3:
-        m_pending.Album = text;
+        m_pending.Album = AsString(text, m_album);
         break;
     case 4:
-        m_pending.Artist = text;
+        m_pending.Artist = AsString(text, m_artist);
         break;
     case 6:
-        m_pending.Kind = KindFromTypeText(text);
+        m_pending.Record.Kind = KindOf(text);
         break;
     }
 }
 
-void TrackListWalk::CommitTrack() {
-    m_grouping.Add(std::move(m_pending));
+Kind TrackListWalk::KindOf(const ItemText& typeText) {
+    if (m_typeText != AsView(typeText)) {
+        m_typeText = AsView(typeText).toString();
+        m_kind = KindFromTypeText(m_typeText);
+    }
+    return m_kind;
+}
+
+void TrackListWalk::StartTrack() {
     m_pending = {};
+    m_pending.Record.Location = m_driveRoot;
+}
+
+void TrackListWalk::CommitTrack() {
+    TrackRecord& record = m_pending.Record;
+    for (QString* name : {&record.Title, &m_pending.Artist, &m_pending.Album}) {
+        if (name->isEmpty()) {
+            *name = UnknownName();
+        }
+    }
+    m_grouping.Add(std::move(record), m_pending.Artist, m_pending.Album);
+    m_artist = m_pending.Artist;
+    m_album = m_pending.Album;
+    StartTrack();
     m_progress.TrackLoaded();
 }
 
 void TrackListWalk::OpenTrack(qint64 position) {
-    m_pending.FileSize = LongAt(position + 36);
-    m_pending.TrackNumber = LongAt(position + 44);
+    m_pending.Record.FileSize = LongAt(position + 36);
+    m_pending.Record.TrackNumber = LongAt(position + 44);
 }
 
 } // namespace
 
 bool ReadITunesDB(FileSystem& files, const QString& driveRoot, MusicLibrary& library,
                   LoadProgress& progress) {
-    const QString path = DevicePaths::ITunesDB(driveRoot);
-    const qint32 length = ToLong(files.FileLength(path));
-    const auto bytes = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(length) + 1);
-    files.OpenForReading(path)->Read(bytes.get(), length);
-    bytes[length] = 0;
-
-    TrackGrouping grouping(library, driveRoot);
-    TrackListWalk walk(bytes.get(), length, grouping, progress);
+    FileWindow bytes(files, DevicePaths::ITunesDB(driveRoot));
+    TrackGrouping grouping(library);
+    TrackListWalk walk(bytes, driveRoot, grouping, progress);
+    // Of a file that cannot be read nothing counts as loaded, wherever in it the device fails.
+    const ScopeGuard unreadable([&] {
+        if (bytes.HasFailed()) {
+            library.TrackCount = 0;
+            library.TotalSize = 0;
+        }
+    });
     if (!walk.FindTrackList()) {
         return false;
     }

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <memory>
+
+/// A part of a file's bytes, which moves over the file from its beginning to its end, so that a
+/// large file takes little memory and is worked on while it is read. Behind the last byte of the
+/// file stands one more, 0.
+class FileWindow {
+public:
+    /// Throws Overflow for a file of 2 GiB or more.
+    FileWindow(FileSystem& files, const QString& path);
+
+    /// The index of the byte behind the file's last one, which is the length of the file.
+    qint64 LastIndex() const { return m_lastIndex; }
+    /// The `count` bytes from `position` on, none of which may lie behind the last index; they stay
+    /// until the next call. To go back far is to read the file anew. Throws RuntimeError.
+    const char* At(qint64 position, qint64 count) {
+        if (position < m_begin || position + count > m_end) {
+            MoveTo(position, count);
+        }
+        return m_bytes.get() + (position - m_begin);
+    }
+    /// How many bytes from `position` on, which At has been asked for, are there at once.
+    qint64 CountFrom(qint64 position) const { return m_end - position; }
+    /// The file could not be read to where it was asked for.
+    bool HasFailed() const { return m_hasFailed; }
+
+private:
+    void MoveTo(qint64 position, qint64 count);
+    void Keep(qint64 position);
+    void Grow(qint64 size);
+    void ReadOn();
+
+    FileSystem& m_files;
+    QString m_path;
+    qint64 m_lastIndex;
+    std::unique_ptr<BinaryFile> m_file;
+    std::unique_ptr<char[]> m_bytes;
+    qint64 m_size = 0;
+    /// What the bytes hold of the file.
+    qint64 m_begin = 0;
+    qint64 m_end = 0;
+    bool m_hasFailed = false;
+};
