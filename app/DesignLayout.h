@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Form1Controls.h"
+#include "app/Form1Controls.h"
 #include "platform/WindowManager.h"
 
 /// Lays the main window out at its design size: every control takes the size that suits it (which

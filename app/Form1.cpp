@@ -1,5 +1,7 @@
 #include "app/Form1.h"
 
+#include "app/ControlGroups.h"
+
 #include <utility>
 
 Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls& preview,
@@ -9,8 +11,10 @@ Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls&
       m_layout(
           services.Windows, m_parts.Loading.Library, [this] { return m_parts.Job.Copying; },
           m_parts.Fitting, controls),
-      m_settings(services.Store, services.Desktop, services.Windows, m_layout, controls),
-      m_preview(m_parts.Lists, services.Files, services.MessageBoxes, controls, preview) {
+      m_settings(services.Store, services.Desktop, services.Windows, m_layout,
+                 SettingsControlsOf(controls)),
+      m_preview(m_parts.Lists, services.Files, services.MessageBoxes, SongControlsOf(controls),
+                preview) {
     m_parts.Job.ShowOverwrite = [this, show = std::move(showOverwrite)] { show(m_parts.Prompt); };
     m_layout.KeepDesign();
     WireWindow();

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/Form1Controls.h"
 #include "app/NoDevicePanel.h"
-#include "platform/Form1Controls.h"
 #include "platform/qt/QtButtonControl.h"
 #include "platform/qt/QtCheckControl.h"
 #include "platform/qt/QtComboControl.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/Form1Controls.h"
 #include "browser/TextFitting.h"
 #include "library/MusicLibrary.h"
-#include "platform/Form1Controls.h"
 #include "platform/WindowManager.h"
 
 #include <functional>

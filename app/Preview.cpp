@@ -2,8 +2,8 @@
 
 #include "platform/ScopeGuard.h"
 
-Preview::Preview(LinkedLists& lists, FileSystem& files, Messages& messages, Form1Controls& controls,
-                 PreviewControls& preview)
+Preview::Preview(LinkedLists& lists, FileSystem& files, Messages& messages,
+                 const SongControls& controls, PreviewControls& preview)
     : m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
       m_preview(preview) {
 }

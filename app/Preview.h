@@ -4,6 +4,12 @@
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
 
+/// The list that the preview is chosen in, and its window.
+struct SongControls {
+    Window& Form1;
+    ListControl& lstSongs;
+};
+
 /// The preview window and its player.
 struct PreviewControls {
     Window& frmPreview;
@@ -14,7 +20,7 @@ struct PreviewControls {
 /// again for the next preview.
 class Preview {
 public:
-    Preview(LinkedLists& lists, FileSystem& files, Messages& messages, Form1Controls& controls,
+    Preview(LinkedLists& lists, FileSystem& files, Messages& messages, const SongControls& controls,
             PreviewControls& preview);
 
     void mnuPreview_Click();
@@ -27,6 +33,6 @@ private:
     LinkedLists& m_lists;
     FileSystem& m_files;
     Messages& m_messages;
-    Form1Controls& m_controls;
+    SongControls m_controls;
     PreviewControls& m_preview;
 };

@@ -50,7 +50,7 @@ QString GetSpecialFolderName(Shell& shell, int folderId) {
 }
 
 Settings::Settings(SettingsStore& store, Shell& shell, WindowManager& windowManager, Layout& layout,
-                   Form1Controls& controls)
+                   const SettingsControls& controls)
     : m_store(store), m_shell(shell), m_windowManager(windowManager), m_layout(layout),
       m_controls(controls) {
 }

@@ -4,11 +4,24 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 
+/// What the settings keep.
+struct SettingsControls {
+    Window& Form1;
+    HandleControl& Handle0;
+    HandleControl& Handle1;
+    CheckControl& chkArtist;
+    CheckControl& chkAlbum;
+    CheckControl& chkArtistName;
+    CheckControl& chkAlbumName;
+    CheckControl& chkTrackNum;
+    TextControl& txtDestination;
+};
+
 /// Restores the user's settings when the window is made, and saves them when it closes.
 class Settings {
 public:
     Settings(SettingsStore& store, Shell& shell, WindowManager& windowManager, Layout& layout,
-             Form1Controls& controls);
+             const SettingsControls& controls);
 
     /// Throws RuntimeError, naming the key, when the store holds a text where a number belongs or
     /// one out of range. Changes nothing, so that a start can stop before there is a window.
@@ -42,7 +55,7 @@ private:
     Shell& m_shell;
     WindowManager& m_windowManager;
     Layout& m_layout;
-    Form1Controls& m_controls;
+    SettingsControls m_controls;
 };
 
 /// The folder that the shell knows as the user's documents (`folderId` 5); empty for any other

@@ -7,20 +7,32 @@ Subsystems::Subsystems(const Services& services, Form1Controls& controls)
     : Loading(services.Files, services.MessageBoxes, LoadControlsOf(controls)),
       Devices(Loading, services.Drives, services.Files, services.MessageBoxes, services.Windows,
               DeviceControlsOf(controls)),
-      Fitting(services.Windows, controls), Lists(Loading.Library, Fitting, controls),
-      Result(Loading.Library, Lists), Artists(Loading.Library, Lists, Result, controls),
-      Filter(Loading.Library, controls), Summary(Result, Loading.Library, controls),
-      WordSearch(Loading.Library, Lists, Result, Artists, Summary, services.Events,
-                 services.Windows, controls),
-      Checks(Loading.Library, Lists, Artists, Summary, WordSearch, controls),
-      Target(services.Files, services.Desktop, services.Windows, controls),
-      Job(services.Files, services.MessageBoxes, services.Events, services.Windows, controls,
-          Loading.Library, Result, WordSearch, Summary, Target, Prompt) {
+      Fitting(services.Windows, FittingControlsOf(controls)),
+      Lists(Loading.Library, Fitting, ListControlsOf(controls)), Result(Loading.Library, Lists),
+      Artists(Loading.Library, Lists, Result, ArtistListControlsOf(controls)),
+      Filter(Loading.Library, controls.tbsFilter),
+      Summary(Result, Loading.Library, SummaryControlsOf(controls)),
+      WordSearch(Shown(), Summary, services.Events, services.Windows, SearchControlsOf(controls)),
+      Checks(Shown(), Summary, WordSearch, CheckedListControlsOf(controls)),
+      Target(services.Files, services.Desktop, services.Windows, DestinationControlsOf(controls)),
+      Job({.Files = services.Files,
+           .MessageBoxes = services.MessageBoxes,
+           .Events = services.Events,
+           .Windows = services.Windows},
+          {.Library = Loading.Library,
+           .Result = Result,
+           .WordSearch = WordSearch,
+           .Summary = Summary},
+          Target, Prompt, CopyControlsOf(controls)) {
     WireDevices(controls);
     WireLists(controls);
     WireMouse(controls);
     WireSearch(controls);
     WireCopy(controls);
+}
+
+Browser Subsystems::Shown() {
+    return {.Library = Loading.Library, .Lists = Lists, .Result = Result, .Artists = Artists};
 }
 
 void Subsystems::WireDevices(Form1Controls& controls) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Form1Controls.h"
 #include "browser/MediaFilter.h"
 #include "copy/CopyJob.h"
 #include "library/DeviceSelection.h"
@@ -39,6 +40,7 @@ struct Subsystems {
     CopyJob Job;
 
 private:
+    Browser Shown();
     void WireDevices(Form1Controls& controls);
     void WireLists(Form1Controls& controls);
     void WireMouse(Form1Controls& controls);

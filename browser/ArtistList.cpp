@@ -5,7 +5,7 @@
 #include "platform/ScopeGuard.h"
 
 ArtistList::ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
-                       Form1Controls& controls)
+                       const ArtistListControls& controls)
     : m_library(library), m_lists(lists), m_result(result), m_controls(controls) {
 }
 
@@ -83,10 +83,10 @@ void ArtistList::RollUpMarks() {
 }
 
 void ArtistList::RebuildLists() {
-    ScopeGuard hidden([this] { SetListsVisible(m_controls, true); });
+    ScopeGuard hidden([this] { m_lists.SetVisible(true); });
     NestedFlag::Guard building = m_lists.Building.Set();
     NestedFlag::Guard restoring = m_lists.Restoring.Set();
-    SetListsVisible(m_controls, false);
+    m_lists.SetVisible(false);
     m_lists.StartOver();
     RestoreArtistRow();
     m_lists.ShowAlbumsOfArtist();

@@ -4,12 +4,20 @@
 
 #include <array>
 
+/// The lists, and the button that is of use while something in them is ticked.
+struct ArtistListControls {
+    ListControl& lstArtists;
+    ListControl& lstAlbums;
+    ListControl& lstSongs;
+    ButtonControl& cmdCopy;
+};
+
 /// Builds all three lists anew: for a library that was loaded, for a search result, and for the way
 /// back to the full library, with the rows that were current.
 class ArtistList {
 public:
     ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
-               Form1Controls& controls);
+               const ArtistListControls& controls);
 
     /// Whether each list was to start on its "All" row when rows were last remembered: for artists,
     /// albums and songs.
@@ -64,7 +72,15 @@ private:
     MusicLibrary& m_library;
     LinkedLists& m_lists;
     SearchResult& m_result;
-    Form1Controls& m_controls;
+    ArtistListControls m_controls;
     std::array<bool, 3> m_allRowWasCurrent = {true, true, true};
     Remembered m_rememberedRows;
+};
+
+/// What shows the library, for whoever changes what is shown.
+struct Browser {
+    MusicLibrary& Library;
+    LinkedLists& Lists;
+    SearchResult& Result;
+    ArtistList& Artists;
 };

@@ -19,13 +19,8 @@ void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun)
     list.Fill(std::move(rows));
 }
 
-void SetListsVisible(Form1Controls& controls, bool visible) {
-    controls.lstArtists.SetVisible(visible);
-    controls.lstAlbums.SetVisible(visible);
-    controls.lstSongs.SetVisible(visible);
-}
-
-LinkedLists::LinkedLists(MusicLibrary& library, TextFitting& textFitting, Form1Controls& controls)
+LinkedLists::LinkedLists(MusicLibrary& library, TextFitting& textFitting,
+                         const ListControls& controls)
     : m_library(library), m_textFitting(textFitting), m_controls(controls) {
 }
 
@@ -83,6 +78,12 @@ void LinkedLists::FillArtists() {
         rows.push_back({artist.Name, artist.Checked});
     }
     FillList(m_controls.lstArtists, std::move(rows), QStringLiteral(" Artist"));
+}
+
+void LinkedLists::SetVisible(bool visible) {
+    m_controls.lstArtists.SetVisible(visible);
+    m_controls.lstAlbums.SetVisible(visible);
+    m_controls.lstSongs.SetVisible(visible);
 }
 
 void LinkedLists::Empty() {

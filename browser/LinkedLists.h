@@ -14,14 +14,21 @@ QString AllRowText(qsizetype rows, const QString& noun);
 /// when there are no others. `rows` begins with a free place for the "All" row.
 void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun);
 
-/// Shows or hides the three lists together.
-void SetListsVisible(Form1Controls& controls, bool visible);
+/// The lists, and what else takes part in showing them.
+struct ListControls {
+    Window& Form1;
+    ListControl& lstArtists;
+    ListControl& lstAlbums;
+    ListControl& lstSongs;
+    TabsControl& tbsFilter;
+    LabelControl& lblMessage;
+};
 
 /// The three lists and what their rows stand for. The albums follow the current artist row, the
 /// songs the current album row, and the full name the current song row.
 class LinkedLists {
 public:
-    LinkedLists(MusicLibrary& library, TextFitting& textFitting, Form1Controls& controls);
+    LinkedLists(MusicLibrary& library, TextFitting& textFitting, const ListControls& controls);
 
     /// Lists are being changed by code: every Click and ItemCheck handler returns at once.
     NestedFlag Building;
@@ -53,6 +60,10 @@ public:
     void FillAlbums();
     void FillSongs();
 
+    /// Shows or hides the three lists together.
+    void SetVisible(bool visible);
+    /// Neither a library nor a search result is shown.
+    bool AreEmpty() const { return m_controls.lstArtists.ListCount() == 0; }
     /// Empties the three lists.
     void Empty();
     /// Empties the three lists and fills that of the artists; the next ones follow when their time
@@ -94,7 +105,7 @@ private:
 
     MusicLibrary& m_library;
     TextFitting& m_textFitting;
-    Form1Controls& m_controls;
+    ListControls m_controls;
     RowTables m_rows;
     int m_lastArtistRow = -1;
     int m_lastAlbumRow = -1;

@@ -1,7 +1,5 @@
 #include "browser/MediaFilter.h"
 
-#include <QStringList>
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -52,8 +50,8 @@ QStringList FilterTabs() {
     return tabs;
 }
 
-MediaFilter::MediaFilter(const MusicLibrary& library, Form1Controls& controls)
-    : m_library(library), m_controls(controls) {
+MediaFilter::MediaFilter(const MusicLibrary& library, TabsControl& tbsFilter)
+    : m_library(library), m_tbsFilter(tbsFilter) {
 }
 
 void MediaFilter::AwaitLibrary() {
@@ -63,7 +61,7 @@ void MediaFilter::AwaitLibrary() {
 
 void MediaFilter::ShowNoDevice() {
     m_filterLocked = true;
-    m_controls.tbsFilter.Select(0);
+    m_tbsFilter.Select(0);
 }
 
 void MediaFilter::tbsFilter_Click() {
@@ -71,7 +69,7 @@ void MediaFilter::tbsFilter_Click() {
     if (m_filterLocked || m_library.TrackCount < 1) {
         return;
     }
-    const Filter filter = SelectedFilter(m_controls.tbsFilter);
+    const Filter filter = SelectedFilter(m_tbsFilter);
     if (std::exchange(m_lastFilter, filter) != filter) {
         Raise(FilterChanged);
     }

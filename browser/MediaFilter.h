@@ -1,7 +1,9 @@
 #pragma once
 
 #include "library/MusicLibrary.h"
-#include "platform/Form1Controls.h"
+#include "platform/Controls.h"
+
+#include <QStringList>
 
 /// Which kinds of tracks are shown. Its value is the selected tab's caption; under a tab of an
 /// unknown caption nothing is.
@@ -22,7 +24,7 @@ QStringList FilterTabs();
 /// The tab strip that narrows the library to one kind of file.
 class MediaFilter {
 public:
-    MediaFilter(const MusicLibrary& library, Form1Controls& controls);
+    MediaFilter(const MusicLibrary& library, TabsControl& tbsFilter);
 
     /// Raised when another tab was chosen: the lists are to show what passes it.
     Event FilterChanged;
@@ -40,7 +42,7 @@ public:
 
 private:
     const MusicLibrary& m_library;
-    Form1Controls& m_controls;
+    TabsControl& m_tbsFilter;
     Filter m_lastFilter = Filter::AllFiles;
     bool m_filterLocked = false;
 };

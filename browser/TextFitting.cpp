@@ -8,7 +8,7 @@ QString Dots() {
 
 } // namespace
 
-TextFitting::TextFitting(WindowManager& windowManager, Form1Controls& controls)
+TextFitting::TextFitting(WindowManager& windowManager, const FittingControls& controls)
     : m_windowManager(windowManager), m_controls(controls) {
 }
 

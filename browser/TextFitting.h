@@ -1,13 +1,25 @@
 #pragma once
 
-#include "platform/Form1Controls.h"
-#include "platform/WindowManager.h"
+#include "platform/Controls.h"
+#include "platform/Window.h"
+
+/// The label of the full name and what it is measured in, and whatever the mouse finds around the
+/// lists.
+struct FittingControls {
+    Window& Form1;
+    ListControl& lstArtists;
+    ListControl& lstAlbums;
+    ListControl& lstSongs;
+    TabsControl& tbsFilter;
+    LabelControl& lblFullName;
+    PopupMenu& mnuPopup;
+};
 
 /// The full name under the lists, the focus that follows the mouse among the lists, and the song
 /// list's menu.
 class TextFitting {
 public:
-    TextFitting(WindowManager& windowManager, Form1Controls& controls);
+    TextFitting(WindowManager& windowManager, const FittingControls& controls);
 
     /// Shows `Text` in lblFullName, shortened with "..." where it does not fit; the whole text is
     /// then the label's tooltip.
@@ -30,6 +42,6 @@ private:
     void TakeFocusFromNeighbours(ListControl& list);
 
     WindowManager& m_windowManager;
-    Form1Controls& m_controls;
+    FittingControls m_controls;
     QString m_fullText;
 };

@@ -4,8 +4,7 @@
 
 namespace {
 
-std::array<Control*, 18> LockedControls(Form1Controls& controls) {
-    // chkGenre is left out: it has no effect on what is copied.
+std::array<Control*, 18> InOrder(const LockedControls& controls) {
     return {&controls.Combo1,        &controls.tbsFilter,   &controls.lstArtists,
             &controls.lstAlbums,     &controls.lstSongs,    &controls.chkAlbumName,
             &controls.chkArtistName, &controls.chkTrackNum, &controls.txtDestination,
@@ -16,14 +15,14 @@ std::array<Control*, 18> LockedControls(Form1Controls& controls) {
 
 } // namespace
 
-void DisableControls(Form1Controls& controls) {
-    for (Control* control : LockedControls(controls)) {
+void DisableControls(const LockedControls& controls) {
+    for (Control* control : InOrder(controls)) {
         control->SetEnabled(false);
     }
 }
 
-void EnableControls(Form1Controls& controls, bool SearchingText) {
-    for (Control* control : LockedControls(controls)) {
+void EnableControls(const LockedControls& controls, bool SearchingText) {
+    for (Control* control : InOrder(controls)) {
         control->SetEnabled(control != &controls.cmdClear || SearchingText);
     }
 }

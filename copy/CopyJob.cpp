@@ -1,6 +1,5 @@
 #include "copy/CopyJob.h"
 
-#include "copy/ControlLock.h"
 #include "platform/Paths.h"
 #include "platform/ScopeGuard.h"
 
@@ -21,15 +20,15 @@ bool IsSameFolder(const QString& name, const QString& otherName) {
 
 } // namespace
 
-CopyJob::CopyJob(FileSystem& files, Messages& messages, EventLoop& events,
-                 WindowManager& windowManager, Form1Controls& controls, MusicLibrary& library,
-                 SearchResult& result, const Search& search, SelectionSummary& summary,
-                 Destination& destination, OverwritePrompt& prompt)
-    : m_files(files), m_messages(messages), m_events(events), m_windowManager(windowManager),
-      m_controls(controls), m_library(library), m_result(result), m_search(search),
-      m_summary(summary), m_destination(destination), m_prompt(prompt),
-      m_chunkedCopy(files, events, controls.prgCopy, CopiedBytes, [this] { return MayGoOn(); }),
-      m_folderNames(files) {
+CopyJob::CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
+                 OverwritePrompt& prompt, const CopyControls& controls)
+    : m_files(services.Files), m_messages(services.MessageBoxes), m_events(services.Events),
+      m_windowManager(services.Windows), m_controls(controls), m_library(source.Library),
+      m_result(source.Result), m_search(source.WordSearch), m_summary(source.Summary),
+      m_destination(destination), m_prompt(prompt),
+      m_chunkedCopy(services.Files, services.Events, controls.prgCopy, CopiedBytes,
+                    [this] { return MayGoOn(); }),
+      m_folderNames(services.Files) {
 }
 
 void CopyJob::cmdCopy_Click() {
@@ -72,7 +71,7 @@ CopyJob::Next CopyJob::Run() {
 void CopyJob::Start() {
     Copying = true;
     m_controls.cmdCopy.SetCaption(CancelCaption());
-    DisableControls(m_controls);
+    DisableControls(m_controls.Locked);
     m_controls.prgCopy.SetValue(0);
     m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
     m_controls.prgCopy.SetValue(0);
@@ -173,7 +172,7 @@ void CopyJob::Cleanup() {
     if (m_resultIsAside) {
         ExchangeLibraries();
     }
-    EnableControls(m_controls, m_search.SearchingText());
+    EnableControls(m_controls.Locked, m_search.SearchingText());
     // With a small d, unlike the design's caption: people know the button by both.
     m_controls.cmdCopy.SetCaption(QStringLiteral("&Copy to destination"));
     m_controls.prgCopy.SetValue(0);

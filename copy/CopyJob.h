@@ -1,6 +1,7 @@
 #pragma once
 
 #include "copy/ChunkedCopy.h"
+#include "copy/ControlLock.h"
 #include "copy/CopyErrors.h"
 #include "copy/Destination.h"
 #include "copy/FolderNames.h"
@@ -8,22 +9,50 @@
 #include "copy/OverwritePrompt.h"
 #include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
-#include "platform/Form1Controls.h"
 #include "platform/Messages.h"
 #include "platform/WindowManager.h"
 #include "selection/Search.h"
 
 #include <optional>
 
+/// What the job needs of the platform.
+struct CopyServices {
+    FileSystem& Files;
+    Messages& MessageBoxes;
+    EventLoop& Events;
+    WindowManager& Windows;
+};
+
+/// What there is to copy: the library, the result that may stand in its place, and the sizes.
+struct CopySource {
+    MusicLibrary& Library;
+    SearchResult& Result;
+    const Search& WordSearch;
+    SelectionSummary& Summary;
+};
+
+/// The options and the destination, the button, and where the job tells how far it is.
+struct CopyControls {
+    Window& Form1;
+    CheckControl& chkArtist;
+    CheckControl& chkAlbum;
+    CheckControl& chkArtistName;
+    CheckControl& chkAlbumName;
+    CheckControl& chkTrackNum;
+    TextControl& txtDestination;
+    ButtonControl& cmdCopy;
+    ProgressControl& prgCopy;
+    LabelControl& lblMessage;
+    LockedControls Locked;
+};
+
 /// Copies every ticked track of the library into the destination folder. The job runs inside the
 /// click that starts it and yields to the event loop once per file and once per chunk of a large
 /// file; what the user asks for meanwhile reaches it through its flags.
 class CopyJob {
 public:
-    CopyJob(FileSystem& files, Messages& messages, EventLoop& events, WindowManager& windowManager,
-            Form1Controls& controls, MusicLibrary& library, SearchResult& result,
-            const Search& search, SelectionSummary& summary, Destination& destination,
-            OverwritePrompt& prompt);
+    CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
+            OverwritePrompt& prompt, const CopyControls& controls);
 
     /// Creates, loads and shows the prompt for an existing file, and returns when it is closed.
     Event ShowOverwrite;
@@ -93,7 +122,7 @@ private:
     Messages& m_messages;
     EventLoop& m_events;
     WindowManager& m_windowManager;
-    Form1Controls& m_controls;
+    CopyControls m_controls;
     MusicLibrary& m_library;
     SearchResult& m_result;
     const Search& m_search;

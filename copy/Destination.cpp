@@ -24,7 +24,7 @@ bool HoldsForbidden(const QString& text, QChar separator) {
 } // namespace
 
 Destination::Destination(FileSystem& files, Shell& shell, WindowManager& windowManager,
-                         Form1Controls& controls)
+                         const DestinationControls& controls)
     : m_files(files), m_picker(shell), m_windowManager(windowManager), m_controls(controls) {
 }
 

@@ -1,15 +1,21 @@
 #pragma once
 
 #include "copy/BrowseDirectorysOnly.h"
+#include "platform/Controls.h"
 #include "platform/FileSystem.h"
-#include "platform/Form1Controls.h"
-#include "platform/WindowManager.h"
+#include "platform/Window.h"
+
+/// The box of the destination, and the window that it is measured in and picked over.
+struct DestinationControls {
+    Window& Form1;
+    TextControl& txtDestination;
+};
 
 /// The destination folder: its text box, its picker, and whether a folder of that path can be made.
 class Destination {
 public:
     Destination(FileSystem& files, Shell& shell, WindowManager& windowManager,
-                Form1Controls& controls);
+                const DestinationControls& controls);
 
     /// The topmost folder that ValidatePath created to try a path; whoever called it deletes that
     /// folder. Empty when there is none.
@@ -34,5 +40,5 @@ private:
     FileSystem& m_files;
     FolderPicker m_picker;
     WindowManager& m_windowManager;
-    Form1Controls& m_controls;
+    DestinationControls m_controls;
 };

@@ -24,11 +24,10 @@ void FollowRollUp(ListControl& list) {
 
 } // namespace
 
-CheckPropagation::CheckPropagation(MusicLibrary& library, LinkedLists& lists,
-                                   ArtistList& artistList, SelectionSummary& summary,
-                                   Search& search, Form1Controls& controls)
-    : m_library(library), m_lists(lists), m_artistList(artistList), m_summary(summary),
-      m_search(search), m_controls(controls) {
+CheckPropagation::CheckPropagation(const Browser& browser, SelectionSummary& summary,
+                                   Search& search, const CheckedListControls& controls)
+    : m_library(browser.Library), m_lists(browser.Lists), m_artistList(browser.Artists),
+      m_summary(summary), m_search(search), m_controls(controls) {
 }
 
 void CheckPropagation::lstArtists_ItemCheck(int Item) {
@@ -71,8 +70,8 @@ void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) 
     const int artistRow = m_controls.lstArtists.ListIndex();
     const int albumRow = m_controls.lstAlbums.ListIndex();
     const int songRow = m_controls.lstSongs.ListIndex();
-    ScopeGuard hidden([this] { SetListsVisible(m_controls, true); });
-    SetListsVisible(m_controls, false);
+    ScopeGuard hidden([this] { m_lists.SetVisible(true); });
+    m_lists.SetVisible(false);
 
     propagate();
 

@@ -2,14 +2,21 @@
 
 #include "selection/Search.h"
 
+/// The lists whose check marks hang together.
+struct CheckedListControls {
+    ListControl& lstArtists;
+    ListControl& lstAlbums;
+    ListControl& lstSongs;
+};
+
 /// Keeps the check marks of the three lists and the Checked flags of the records in step: a change
 /// goes down to everything beneath the row and up to its parents. A parent is ticked while at least
 /// one of its children is; an "All" row exactly while every other row of its list is.
 class CheckPropagation {
 public:
     /// `search` shows the library again where a change fails half way.
-    CheckPropagation(MusicLibrary& library, LinkedLists& lists, ArtistList& artistList,
-                     SelectionSummary& summary, Search& search, Form1Controls& controls);
+    CheckPropagation(const Browser& browser, SelectionSummary& summary, Search& search,
+                     const CheckedListControls& controls);
 
     void lstArtists_ItemCheck(int Item);
     void lstAlbums_ItemCheck(int Item);
@@ -31,5 +38,5 @@ private:
     ArtistList& m_artistList;
     SelectionSummary& m_summary;
     Search& m_search;
-    Form1Controls& m_controls;
+    CheckedListControls m_controls;
 };

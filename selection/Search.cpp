@@ -52,12 +52,11 @@ bool SplitSearch(const QString& FindText, const QString& InText) {
     return HasEveryWord(WordsOf(FindText), InText);
 }
 
-Search::Search(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
-               ArtistList& artistList, SelectionSummary& summary, EventLoop& eventLoop,
-               WindowManager& windowManager, Form1Controls& controls)
-    : m_library(library), m_lists(lists), m_result(result), m_artistList(artistList),
-      m_summary(summary), m_eventLoop(eventLoop), m_windowManager(windowManager),
-      m_controls(controls) {
+Search::Search(const Browser& browser, SelectionSummary& summary, EventLoop& eventLoop,
+               WindowManager& windowManager, const SearchControls& controls)
+    : m_library(browser.Library), m_lists(browser.Lists), m_result(browser.Result),
+      m_artistList(browser.Artists), m_summary(summary), m_eventLoop(eventLoop),
+      m_windowManager(windowManager), m_controls(controls) {
 }
 
 bool Search::AllowSearch() const {
@@ -98,10 +97,6 @@ void Search::ShowNoDevice() {
 void Search::ForgetText() {
     m_searchingText = false;
     m_searchString.clear();
-}
-
-bool Search::NothingIsShown() const {
-    return m_controls.lstArtists.ListCount() == 0;
 }
 
 bool Search::IsAllFiles() const {
@@ -162,7 +157,7 @@ void Search::ShowFiltered() {
     }
     ScopeGuard failed([this] { ShowLibraryAgain(); });
     m_result.End();
-    m_artistList.Clear(NothingIsShown());
+    m_artistList.Clear(m_lists.AreEmpty());
     failed.Dismiss();
 }
 
@@ -198,9 +193,9 @@ void Search::DoSearch() {
 void Search::BeginSearch() {
     m_eventLoop.BeginWork(); // else each keystroke would show the tabs grey for a moment
     if (m_result.Search()) {
-        m_artistList.PutLibraryBack(NothingIsShown());
+        m_artistList.PutLibraryBack(m_lists.AreEmpty());
     } else {
-        m_artistList.RememberRows(NothingIsShown());
+        m_artistList.RememberRows(m_lists.AreEmpty());
     }
     m_result.Begin();
     m_controls.cmdClear.SetEnabled(m_searchingText);

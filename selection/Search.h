@@ -6,6 +6,15 @@
 
 #include <QStringList>
 
+/// What the user searches with, and what is disabled meanwhile.
+struct SearchControls {
+    Control& Picture2;
+    TextControl& txtSearch;
+    ButtonControl& cmdSearch;
+    ButtonControl& cmdClear;
+    TabsControl& tbsFilter;
+};
+
 /// Whether every blank-separated word of `FindText` occurs in `InText`, letter by letter.
 bool SplitSearch(const QString& FindText, const QString& InText);
 
@@ -14,9 +23,8 @@ bool SplitSearch(const QString& FindText, const QString& InText);
 /// put back.
 class Search {
 public:
-    Search(MusicLibrary& library, LinkedLists& lists, SearchResult& result, ArtistList& artistList,
-           SelectionSummary& summary, EventLoop& eventLoop, WindowManager& windowManager,
-           Form1Controls& controls);
+    Search(const Browser& browser, SelectionSummary& summary, EventLoop& eventLoop,
+           WindowManager& windowManager, const SearchControls& controls);
 
     /// The search is running: it yields, and neither library is whole meanwhile.
     bool SearchRunning() const { return m_searchRunning; }
@@ -76,7 +84,6 @@ private:
     void ReplaceLibrary(std::vector<ArtistRecord> result);
     void ShowResult();
     void ForgetText();
-    bool NothingIsShown() const;
     bool IsAllFiles() const;
 
     MusicLibrary& m_library;
@@ -86,7 +93,7 @@ private:
     SelectionSummary& m_summary;
     EventLoop& m_eventLoop;
     WindowManager& m_windowManager;
-    Form1Controls& m_controls;
+    SearchControls m_controls;
     std::vector<LoweredArtist> m_lowered;
     QString m_searchString;
     bool m_searchRunning = false;

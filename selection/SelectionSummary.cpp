@@ -24,7 +24,7 @@ QString Whole(double number) {
 } // namespace
 
 SelectionSummary::SelectionSummary(const SearchResult& result, const MusicLibrary& library,
-                                   Form1Controls& controls)
+                                   const SummaryControls& controls)
     : m_result(result), m_library(library), m_controls(controls) {
 }
 

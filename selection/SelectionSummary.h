@@ -2,13 +2,19 @@
 
 #include "browser/SearchResult.h"
 #include "library/MusicLibrary.h"
-#include "platform/Form1Controls.h"
+#include "platform/Controls.h"
+
+/// Where the sizes are shown.
+struct SummaryControls {
+    LabelControl& lblMessage;
+    ProgressControl& prgCopy;
+};
 
 /// Counts and sizes of what is ticked, and the summary line and bar that show them.
 class SelectionSummary {
 public:
     SelectionSummary(const SearchResult& result, const MusicLibrary& library,
-                     Form1Controls& controls);
+                     const SummaryControls& controls);
 
     /// Bytes of all ticked tracks of the whole library, those hidden by a search included.
     double SelectedSize = 0;
@@ -27,7 +33,7 @@ private:
 
     const SearchResult& m_result;
     const MusicLibrary& m_library;
-    Form1Controls& m_controls;
+    SummaryControls m_controls;
 };
 
 /// A byte count as text, in binary units: "3 KB", "1.5 MB", "2.99 GB".

@@ -1,4 +1,5 @@
 #include "app/Layout.h"
+#include "app/ControlGroups.h"
 #include "tests/fakes/FakeForm1.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ protected:
     FakeForm1 form;
     MusicLibrary library;
     bool copying = false;
-    TextFitting textFitting{form.WindowManager, form.Controls};
+    TextFitting textFitting{form.WindowManager, FittingControlsOf(form.Controls)};
     Layout layout{form.WindowManager, library, [this] { return copying; }, textFitting,
                   form.Controls};
 };

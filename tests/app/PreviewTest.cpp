@@ -1,4 +1,5 @@
 #include "app/Preview.h"
+#include "app/ControlGroups.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -44,12 +45,12 @@ protected:
     FakeFileSystem files;
     FakeMessages messages;
     MusicLibrary library;
-    TextFitting textFitting{form.WindowManager, form.Controls};
-    LinkedLists lists{library, textFitting, form.Controls};
+    TextFitting textFitting{form.WindowManager, FittingControlsOf(form.Controls)};
+    LinkedLists lists{library, textFitting, ListControlsOf(form.Controls)};
     ObservedWindow frmPreview;
     ObservedPlayer player;
     PreviewControls controls{frmPreview, player};
-    Preview preview{lists, files, messages, form.Controls, controls};
+    Preview preview{lists, files, messages, SongControlsOf(form.Controls), controls};
 
     PreviewTest() {
         AlbumRecord clips;

@@ -1,4 +1,5 @@
 #include "app/Settings.h"
+#include "app/ControlGroups.h"
 #include "platform/RuntimeError.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -38,9 +39,9 @@ protected:
     FakeSettingsStore store;
     FakeShell shell;
     MusicLibrary library;
-    TextFitting textFitting{form.WindowManager, form.Controls};
+    TextFitting textFitting{form.WindowManager, FittingControlsOf(form.Controls)};
     Layout layout{form.WindowManager, library, [] { return false; }, textFitting, form.Controls};
-    Settings settings{store, shell, form.WindowManager, layout, form.Controls};
+    Settings settings{store, shell, form.WindowManager, layout, SettingsControlsOf(form.Controls)};
 };
 
 } // namespace

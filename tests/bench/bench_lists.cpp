@@ -83,8 +83,10 @@ BENCHMARK(SortSongs)->Apply(ForEverySize);
 struct Parts {
     explicit Parts(BenchWindow& window)
         : Music(window.Files(), window.MessageBoxes(), LoadControlsOf(window.Controls())),
-          Fitting(Windows, window.Controls()), Lists(Music.Library, Fitting, window.Controls()),
-          Result(Music.Library, Lists), Summary(Result, Music.Library, window.Controls()) {
+          Fitting(Windows, FittingControlsOf(window.Controls())),
+          Lists(Music.Library, Fitting, ListControlsOf(window.Controls())),
+          Result(Music.Library, Lists),
+          Summary(Result, Music.Library, SummaryControlsOf(window.Controls())) {
         Music.LoadITunesDB(QStringLiteral("E:"));
     }
 

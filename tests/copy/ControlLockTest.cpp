@@ -1,4 +1,5 @@
 #include "copy/ControlLock.h"
+#include "app/ControlGroups.h"
 
 #include "tests/fakes/FakeForm1.h"
 
@@ -21,7 +22,7 @@ std::vector<Control*> Locked(FakeForm1& form) {
 
 TEST(ControlLock, DisableControlsDisablesEveryControlThatCouldChangeTheJob) {
     FakeForm1 form;
-    DisableControls(form.Controls);
+    DisableControls(LockedControlsOf(form.Controls));
     for (const Control* control : Locked(form)) {
         EXPECT_FALSE(control->Enabled());
     }
@@ -31,7 +32,7 @@ TEST(ControlLock, TheControlsAreDisabledInTheirOrder) {
     for (size_t count = 0; count < 18; ++count) {
         FakeForm1 form;
         FakeFaults::FailNth(static_cast<int>(count) + 1, [] { throw std::runtime_error("stop"); });
-        EXPECT_THROW(DisableControls(form.Controls), std::runtime_error);
+        EXPECT_THROW(DisableControls(LockedControlsOf(form.Controls)), std::runtime_error);
         EXPECT_TRUE(FakeFaults::Stop());
         const std::vector<Control*> controls = Locked(form);
         for (size_t i = 0; i < controls.size(); ++i) {
@@ -42,21 +43,21 @@ TEST(ControlLock, TheControlsAreDisabledInTheirOrder) {
 
 TEST(ControlLock, TheCopyButtonTheBarAndTheGenreBoxAreNotTouched) {
     FakeForm1 form;
-    DisableControls(form.Controls);
+    DisableControls(LockedControlsOf(form.Controls));
     EXPECT_TRUE(form.cmdCopy.Enabled());
     EXPECT_TRUE(form.prgCopy.Enabled());
     EXPECT_TRUE(form.chkGenre.Enabled());
     form.chkGenre.SetEnabled(false);
     form.cmdCopy.SetEnabled(false);
-    EnableControls(form.Controls, true);
+    EnableControls(LockedControlsOf(form.Controls), true);
     EXPECT_FALSE(form.chkGenre.Enabled());
     EXPECT_FALSE(form.cmdCopy.Enabled());
 }
 
 TEST(ControlLock, EnableControlsEnablesThemAllWhileATextSearchIsInForce) {
     FakeForm1 form;
-    DisableControls(form.Controls);
-    EnableControls(form.Controls, true);
+    DisableControls(LockedControlsOf(form.Controls));
+    EnableControls(LockedControlsOf(form.Controls), true);
     for (const Control* control : Locked(form)) {
         EXPECT_TRUE(control->Enabled());
     }
@@ -64,8 +65,8 @@ TEST(ControlLock, EnableControlsEnablesThemAllWhileATextSearchIsInForce) {
 
 TEST(ControlLock, WithoutATextSearchTheClearButtonStaysDisabled) {
     FakeForm1 form;
-    DisableControls(form.Controls);
-    EnableControls(form.Controls, false);
+    DisableControls(LockedControlsOf(form.Controls));
+    EnableControls(LockedControlsOf(form.Controls), false);
     for (const Control* control : Locked(form)) {
         EXPECT_EQ(control->Enabled(), control != &form.cmdClear);
     }

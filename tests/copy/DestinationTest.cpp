@@ -1,4 +1,5 @@
 #include "copy/Destination.h"
+#include "app/ControlGroups.h"
 
 #include "platform/RuntimeError.h"
 #include "tests/fakes/FakeFileSystem.h"
@@ -28,7 +29,7 @@ protected:
     FakeForm1 form;
     FakeFileSystem files;
     FakeShell shell;
-    Destination destination{files, shell, form.WindowManager, form.Controls};
+    Destination destination{files, shell, form.WindowManager, DestinationControlsOf(form.Controls)};
 };
 
 } // namespace

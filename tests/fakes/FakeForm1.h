@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Form1Controls.h"
+#include "app/Form1Controls.h"
 #include "tests/fakes/FakeControls.h"
 #include "tests/fakes/FakeWindow.h"
 
@@ -50,14 +50,41 @@ struct FakeForm1 {
     FakePopupMenu mnuPopup;
     MenuEntry mnuPreview;
 
-    Form1Controls Controls{
-        Form1,          Picture2,       Picture1,      Combo1,       lblSearch,   txtSearch,
-        cmdSearch,      cmdClear,       tbsFilter,     lstArtists,   lstAlbums,   lstSongs,
-        Handle0,        Handle1,        pctNoDevice,   frmDP,        chkArtist,   chkAlbum,
-        chkGenre,       frmTN,          chkArtistName, chkAlbumName, chkTrackNum, frmDestination,
-        pctDestination, txtDestination, cmdBrowse,     cmdCopy,      prgCopy,     lblMessage,
-        Divider,        lblFullName,    timScan,       mnuPopup,     mnuPreview,
-    };
+    Form1Controls Controls{.Form1 = Form1,
+                           .Picture2 = Picture2,
+                           .Picture1 = Picture1,
+                           .Combo1 = Combo1,
+                           .lblSearch = lblSearch,
+                           .txtSearch = txtSearch,
+                           .cmdSearch = cmdSearch,
+                           .cmdClear = cmdClear,
+                           .tbsFilter = tbsFilter,
+                           .lstArtists = lstArtists,
+                           .lstAlbums = lstAlbums,
+                           .lstSongs = lstSongs,
+                           .Handle0 = Handle0,
+                           .Handle1 = Handle1,
+                           .pctNoDevice = pctNoDevice,
+                           .frmDP = frmDP,
+                           .chkArtist = chkArtist,
+                           .chkAlbum = chkAlbum,
+                           .chkGenre = chkGenre,
+                           .frmTN = frmTN,
+                           .chkArtistName = chkArtistName,
+                           .chkAlbumName = chkAlbumName,
+                           .chkTrackNum = chkTrackNum,
+                           .frmDestination = frmDestination,
+                           .pctDestination = pctDestination,
+                           .txtDestination = txtDestination,
+                           .cmdBrowse = cmdBrowse,
+                           .cmdCopy = cmdCopy,
+                           .prgCopy = prgCopy,
+                           .lblMessage = lblMessage,
+                           .Divider = Divider,
+                           .lblFullName = lblFullName,
+                           .timScan = timScan,
+                           .mnuPopup = mnuPopup,
+                           .mnuPreview = mnuPreview};
 
     FakeForm1();
     FakeForm1(const FakeForm1&) = delete;

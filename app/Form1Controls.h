@@ -3,8 +3,8 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 
-/// The main window and its controls, by name. Whoever builds the window fills this in; the
-/// subsystems take it by reference and use what is theirs.
+/// The main window and all its controls, by name, from whoever builds the window. The subsystems
+/// get small structs of what is theirs.
 struct Form1Controls {
     Window& Form1;
 
