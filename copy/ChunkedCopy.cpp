@@ -13,7 +13,7 @@ ChunkedCopy::ChunkedCopy(FileSystem& files, EventLoop& events, ProgressControl& 
 }
 
 bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, const QString& Base,
-                          qint32 BytesAtOnce, Existing existing) {
+                          qint32 BytesAtOnce, Existing existing, const CopyControl& control) {
     if (BytesAtOnce < 1) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     }
@@ -27,29 +27,29 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
     const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
     // The job may go on without this file for hours, or be left by quitting.
     ScopeGuard failed([&] { m_files.DeleteFile(*writing); });
-    const bool isWhole = CopyChunks(*reading, *writing, size, BytesAtOnce);
-    if (isWhole) {
-        m_files.MoveFile(*writing, Destination, existing);
-    }
+    const bool isCopied = CopyChunks(*reading, *writing, size, BytesAtOnce, control) &&
+                          m_files.MoveFile(*writing, Destination, existing, control);
     failed.Dismiss();
-    return isWhole;
+    return isCopied;
 }
 
 /// Fills the temporary file with the `size` bytes of `source`, and closes both. False when
 /// cancelled: nothing comes of the bytes, so whoever owns the files may close them unheard.
-bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size,
-                             qint32 bytesAtOnce) {
+bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce,
+                             const CopyControl& control) {
     qint64 done = 0;
     while (size - done > bytesAtOnce) {
-        temp.WriteFrom(source, bytesAtOnce);
+        if (!temp.WriteFrom(source, bytesAtOnce, control)) {
+            return false;
+        }
         done += bytesAtOnce;
         ShowProgress(done);
         if (!m_mayGoOn()) {
             return false;
         }
     }
-    if (size > done) {
-        temp.WriteFrom(source, size - done);
+    if (size > done && !temp.WriteFrom(source, size - done, control)) {
+        return false;
     }
     // A longer file left behind by an earlier copy would keep its tail.
     temp.Truncate(size);

@@ -19,12 +19,13 @@ public:
     /// a separator, `BytesAtOnce` bytes at a time. An earlier Destination stays until all bytes are
     /// there, and for good unless `existing` lets it be replaced. False when cancelled: Destination
     /// is untouched then, and the temporary file stays. Throws RuntimeError when a step fails; then
-    /// the temporary file is deleted.
+    /// the temporary file is deleted. `control` counts the bytes, and stops it inside a chunk.
     bool NewCopy(const QString& Source, const QString& Destination, const QString& Base,
-                 qint32 BytesAtOnce, Existing existing);
+                 qint32 BytesAtOnce, Existing existing, const CopyControl& control);
 
 private:
-    bool CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce);
+    bool CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce,
+                    const CopyControl& control);
     void ShowProgress(qint64 done);
 
     FileSystem& m_files;

@@ -40,7 +40,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
     const QString probe = std::exchange(m_destination.ProbeFolder, QString());
     if (!probe.isEmpty()) {
         m_place = {probe, probe, {}}; // as a failure names it
-        if (Step([&] { m_files.DeleteFolder(probe); }) != Next::Step) {
+        if (Step([&] { m_files.DeleteFolder(probe, {}); }) != Next::Step) {
             return false;
         }
         m_place = {};

@@ -159,7 +159,7 @@ CopyJob::Next CopyJob::FinishWalk() {
 void CopyJob::DeleteTemporaryFolder() {
     const QString folder = m_destRoot + QStringLiteral("tmp");
     if (m_files.FolderExists(folder)) {
-        m_files.DeleteFolder(folder);
+        m_files.DeleteFolder(folder, {});
     }
 }
 

@@ -172,10 +172,10 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target,
 
 void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existing existing) {
     if (track.FileSize <= LargeFileLimit) {
-        m_files.CopyFile(track.Location, target, existing);
+        m_files.CopyFile(track.Location, target, existing, {});
     } else {
         const QString base = Paths::WithSeparator(m_destRoot + QStringLiteral("tmp"));
-        m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing);
+        m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing, {});
     }
 }
 

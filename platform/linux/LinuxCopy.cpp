@@ -7,11 +7,14 @@
 #include "platform/linux/FileLock.h"
 #include "platform/linux/LinuxErrors.h"
 
+#include <atomic>
 #include <cstdio>
 #include <fcntl.h>
+#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -24,9 +27,12 @@ void SeekTo(int file, off_t position) {
     }
 }
 
-void CopyContent(const CopySource& source, int target) {
-    TransferAll(source.File, target, source.Info.st_size);
-    TransferRest(source.File, target); // some file systems report no length
+/// False when `control` has stopped it.
+bool CopyContent(const CopySource& source, int target, const CopyControl& control) {
+    if (!TransferAll(source.File, target, source.Info.st_size, control) ||
+        !TransferRest(source.File, target, control)) { // some file systems report no length
+        return false;
+    }
     // File systems that write late (over a network) report what went wrong when a descriptor is
     // closed. Closing a second one tells it while the target can still be given up.
     FileDescriptor second(fcntl(target, F_DUPFD_CLOEXEC, 0));
@@ -35,6 +41,7 @@ void CopyContent(const CopySource& source, int target) {
         ThrowError(error);
     }
     SetModificationTime(target, source.Info.st_mtim);
+    return true;
 }
 
 /// Gives an open file that has no name yet a name; as linkat.
@@ -49,15 +56,43 @@ int LinkNameless(int folder, int file, const char* name) {
     return linkat(AT_FDCWD, DescriptorPath(file).constData(), folder, name, AT_SYMLINK_FOLLOW);
 }
 
-/// The part file while it stands in the folder: removed again unless it took the target's place.
+/// A part file that stands in a folder. Shared with whoever removes it when its copy hangs.
+class PartEntry {
+public:
+    PartEntry(FileDescriptor folder, const struct stat& info)
+        : m_folder(std::move(folder)), m_info(info) {}
+
+    /// Another program has put something in its place.
+    bool IsReplaced() const {
+        struct stat found {};
+        return fstatat(m_folder.Get(), PartName, &found, AT_SYMLINK_NOFOLLOW) == 0 &&
+               (found.st_dev != m_info.st_dev || found.st_ino != m_info.st_ino);
+    }
+    /// Once at most: what has the name afterwards is another copy's.
+    void Remove() {
+        if (!m_isGone.exchange(true) && !IsReplaced()) {
+            unlinkat(m_folder.Get(), PartName, 0);
+        }
+    }
+    /// It has its final name.
+    void Keep() { m_isGone = true; }
+
+private:
+    FileDescriptor m_folder;
+    struct stat m_info;
+    std::atomic<bool> m_isGone = false;
+};
+
+/// The part file of a copy into a folder: removed again unless it took the target's place.
 class PartFile {
 public:
-    explicit PartFile(int folder) : m_folder(folder) {}
+    PartFile(int folder, const CopyControl& control) : m_folder(folder), m_control(control) {}
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
     ~PartFile() {
-        if (m_isMade && !IsReplaced()) {
-            unlinkat(m_folder, PartName, 0);
+        if (m_entry) {
+            m_entry->Remove();
+            m_control.SetRemover(nullptr);
         }
     }
 
@@ -72,8 +107,7 @@ public:
         if (!file.IsOpen()) {
             ThrowCreationError(file.Error());
         }
-        m_isMade = true;
-        Remember(file.Get());
+        Take(file.Get());
         LockNamed(file.Get(), m_folder, PartName);
         return file;
     }
@@ -81,71 +115,91 @@ public:
     /// Gives a file without a name the part name; false where that name is taken.
     bool Link(int file) {
         flock(file, LOCK_EX | LOCK_NB);
-        Remember(file);
-        m_isMade = LinkNameless(m_folder, file, PartName) == 0;
-        return m_isMade;
+        if (LinkNameless(m_folder, file, PartName) != 0) {
+            return false;
+        }
+        Take(file);
+        return true;
     }
 
     /// Throws PermissionDenied where another program has put something in the part file's place.
     void TakePlaceOf(const QByteArray& name, Existing existing) {
-        if (IsReplaced()) {
+        if (m_entry->IsReplaced()) {
             throw RuntimeError(ErrorNumber::PermissionDenied);
         }
         if (const int error = Rename(m_folder, PartName, m_folder, name, existing)) {
             ThrowPlacingError(error);
         }
-        m_isMade = false;
+        m_entry->Keep();
     }
 
 private:
-    void Remember(int file) { m_isKnown = fstat(file, &m_info) == 0; }
-    bool IsReplaced() const {
-        struct stat found {};
-        return m_isKnown && fstatat(m_folder, PartName, &found, AT_SYMLINK_NOFOLLOW) == 0 &&
-               (found.st_dev != m_info.st_dev || found.st_ino != m_info.st_ino);
+    /// The open `file` has the part name from now on.
+    void Take(int file) {
+        struct stat info {};
+        FileDescriptor folder(fcntl(m_folder, F_DUPFD_CLOEXEC, 0));
+        if (!folder.IsOpen() || fstat(file, &info) != 0) {
+            const int error = errno;
+            unlinkat(m_folder, PartName, 0);
+            ThrowError(error);
+        }
+        m_entry = std::make_shared<PartEntry>(std::move(folder), info);
+        m_control.SetRemover([entry = m_entry] { entry->Remove(); });
     }
 
     int m_folder;
-    bool m_isMade = false;
-    bool m_isKnown = false;
-    struct stat m_info {};
+    CopyControl m_control;
+    std::shared_ptr<PartEntry> m_entry;
+};
+
+/// What became of a copy.
+enum class Outcome {
+    Done,
+    Stopped,
+    /// Nothing: the file system does not know this way.
+    Refused
 };
 
 /// Copies into a file that has no name until it is whole, so that not even a killed program leaves
-/// anything behind. False where the file system knows no such files.
-bool CopyNameless(const CopySource& source, int folder, const QByteArray& name, Existing existing) {
+/// anything behind. Refused where the file system knows no such files.
+Outcome CopyNameless(const CopySource& source, int folder, const QByteArray& name,
+                     Existing existing, const CopyControl& control) {
     const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
     if (!file.IsOpen()) {
-        return false;
+        return Outcome::Refused;
     }
-    CopyContent(source, file.Get());
+    if (!CopyContent(source, file.Get(), control) || !control.BeginPlacing()) {
+        return Outcome::Stopped;
+    }
     if (existing == Existing::Keep) {
         if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
-            return true;
+            return Outcome::Done;
         }
         if (errno == EEXIST) {
             ThrowPlacingError(errno);
         }
-        return false;
+    } else {
+        PartFile part(folder, control);
+        if (part.Link(file.Get())) {
+            part.TakePlaceOf(name, existing);
+            return Outcome::Done;
+        }
     }
-    PartFile part(folder);
-    if (!part.Link(file.Get())) {
-        return false;
-    }
-    part.TakePlaceOf(name, existing);
-    return true;
+    control.EndPlacing();
+    return Outcome::Refused;
 }
 
 } // namespace
 
-void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing) {
+bool CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing,
+               const CopyControl& control) {
     CheckTarget(folder, name, existing);
     if (existing == Existing::Replace && IsSameFile(source.Info, folder, name.constData(), 0)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
-    if (!CopyNameless(source, folder, name, existing)) {
-        CopyUnderPartName(source, folder, name, existing);
-    }
+    const Outcome outcome = CopyNameless(source, folder, name, existing, control);
+    return outcome == Outcome::Refused ? CopyUnderPartName(source, folder, name, existing, control)
+                                       : outcome == Outcome::Done;
 }
 
 void SetModificationTime(int file, const timespec& time) {
@@ -175,16 +229,19 @@ void RemoveLeftover(int folder) {
     }
 }
 
-void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
-                       Existing existing) {
+bool CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+                       Existing existing, const CopyControl& control) {
     SeekTo(source.File, 0);
-    PartFile part(folder);
+    PartFile part(folder, control);
     FileDescriptor file = part.Create();
-    CopyContent(source, file.Get());
+    if (!CopyContent(source, file.Get(), control) || !control.BeginPlacing()) {
+        return false;
+    }
     part.TakePlaceOf(name, existing);
     if (const int error = file.Close()) {
         ThrowError(error);
     }
+    return true;
 }
 
 void RequireNoPartName(const QByteArray& name) {

@@ -26,11 +26,13 @@ struct CopySource {
 /// Copies the whole of `source` to `name` in the open folder `folder`, with its
 /// modification time. Throws RuntimeError: PermissionDenied where an earlier target may not be
 /// written, is no regular file or is the source itself, FileAlreadyExists where it is to be kept.
-void CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing);
+/// False when `control` has stopped it.
+bool CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing,
+               const CopyControl& control);
 
 /// What CopyWhole does on file systems that know no files without a name (FAT).
-void CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
-                       Existing existing);
+bool CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+                       Existing existing, const CopyControl& control);
 
 /// Gives an open file its modification time. A file system that refuses it (FAT, when another user
 /// mounted it) has the bytes at least.

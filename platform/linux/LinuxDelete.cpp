@@ -14,11 +14,12 @@ namespace {
 
 class TreeDeleter {
 public:
-    TreeDeleter(int parent, const FolderTest& isKept) : m_parent(parent), m_isKept(isKept) {}
+    TreeDeleter(int parent, const FolderTest& isKept, const CopyControl& control)
+        : m_parent(parent), m_isKept(isKept), m_control(control) {}
 
     void Delete(const QByteArray& name) {
         Enter(m_parent, m_parentInfo, name);
-        while (!m_levels.empty()) {
+        while (!m_levels.empty() && !m_control.IsStopped()) {
             std::vector<QByteArray>& folders = m_levels.back().Folders;
             if (folders.empty()) {
                 Leave();
@@ -63,6 +64,7 @@ private:
 
     int m_parent;
     const FolderTest& m_isKept;
+    const CopyControl& m_control;
     struct stat m_parentInfo {};
     FileDescriptor m_current;
     std::vector<Level> m_levels;
@@ -148,7 +150,8 @@ void TreeDeleter::Leave() {
 }
 
 void TreeDeleter::Remove(int folder, const QByteArray& name, int flags) {
-    if (unlinkat(folder, name.constData(), flags) == 0 || errno == ENOENT) {
+    if (m_control.IsStopped() || unlinkat(folder, name.constData(), flags) == 0 ||
+        errno == ENOENT) {
         return;
     }
     if (errno == EBUSY) { // a mount point
@@ -160,8 +163,9 @@ void TreeDeleter::Remove(int folder, const QByteArray& name, int flags) {
 
 } // namespace
 
-void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept) {
-    TreeDeleter deleter(parent, isKept);
+void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept,
+                const CopyControl& control) {
+    TreeDeleter deleter(parent, isKept, control);
     deleter.ReadParent();
     deleter.Delete(name);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/CopyControl.h"
+
 #include <QByteArray>
 
 #include <functional>
@@ -13,6 +15,7 @@ using FolderTest = std::function<bool(const struct stat& folder)>;
 /// folders) and those that `isKept` names are left alone with what they hold, and so are the
 /// folders above them; that is no error. What cannot be deleted does not keep the rest from it; the
 /// first failure is thrown at the end as RuntimeError. Nesting of any depth takes two open folders
-/// only. fts(3) would change the program's working folder or go by paths, which can be swapped, and
-/// ends where these get too long.
-void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept);
+/// only. Once `control` is stopped nothing more is deleted. fts(3) would change the program's
+/// working folder or go by paths, which can be swapped, and ends where these get too long.
+void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept,
+                const CopyControl& control);

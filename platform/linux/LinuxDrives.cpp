@@ -88,9 +88,8 @@ LinuxDrives::LinuxDrives(const LinuxDriveSources& sources)
 }
 
 std::vector<Drive> LinuxDrives::Drives() {
-    Refresh();
     std::vector<Drive> drives;
-    for (const Volume& volume : m_volumes) {
+    for (const Volume& volume : Refresh()->Volumes) {
         if (volume.IsPresent) {
             drives.push_back({volume.Letter, volume.Letter + QStringLiteral(":")});
         }
@@ -106,7 +105,7 @@ bool LinuxDrives::IsRemovable(const Drive& drive) {
 }
 
 QString LinuxDrives::VolumeName(const Drive& drive) {
-    const Volume& volume = Require(drive.Letter);
+    const Volume volume = Require(drive.Letter);
     QString label = m_devices.LabelOf(volume.DeviceName);
     if (!label.isEmpty()) {
         return label;
@@ -115,10 +114,11 @@ QString LinuxDrives::VolumeName(const Drive& drive) {
 }
 
 FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
-    if (TableHasChanged() || Present(letter) == nullptr) {
-        Refresh();
+    TablePointer table = Current();
+    if (table->Present(letter) == nullptr) {
+        table = Refresh();
     }
-    const Volume* volume = Present(letter);
+    const Volume* volume = table->Present(letter);
     if (volume == nullptr) {
         return FileDescriptor::Failed(ENOENT);
     }
@@ -126,13 +126,16 @@ FileDescriptor LinuxDrives::OpenRoot(QChar letter) {
 }
 
 bool LinuxDrives::IsOnIpod(int folder) {
-    RefreshIfNeeded();
+    const TablePointer table = Current();
     const std::optional<FolderId> asked = IdOf(folder);
+    std::unique_lock lock(m_mutex);
     if (asked && *asked == m_asked) {
         return m_answer;
     }
-    const std::optional<bool> answer = FindWhetherOnIpod(folder);
-    if (asked && answer) {
+    lock.unlock();
+    const std::optional<bool> answer = FindWhetherOnIpod(*table, folder);
+    lock.lock();
+    if (asked && answer && m_table == table) {
         m_asked = *asked;
         m_answer = *answer;
     }
@@ -140,8 +143,8 @@ bool LinuxDrives::IsOnIpod(int folder) {
 }
 
 /// Goes up to the root. Paths would not do: the same folder has another one by every mount.
-std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) const {
-    const std::vector<FolderId> ipods = IpodFolders();
+std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folder) {
+    const std::vector<FolderId> ipods = table.IpodFolders();
     if (ipods.empty()) {
         return false;
     }
@@ -169,14 +172,14 @@ std::optional<bool> LinuxDrives::FindWhetherOnIpod(int folder) const {
 
 /// Whatever is on an iPod lies in or below one of these. They are not remembered: some file systems
 /// (FAT) number a folder anew when it comes back into memory.
-std::vector<FolderId> LinuxDrives::IpodFolders() const {
+std::vector<FolderId> LinuxDrives::Table::IpodFolders() const {
     std::vector<FolderId> folders;
-    for (const Volume& volume : m_volumes) {
+    for (const Volume& volume : Volumes) {
         const FileDescriptor drive =
             volume.IsPresent ? OpenFolder(volume.Folder) : FileDescriptor();
         if (drive.IsOpen() && HoldsIpod(drive.Get())) {
             Add(folders, drive);
-            for (const Mount& mount : m_mounts) {
+            for (const Mount& mount : Mounts) {
                 AddShownElsewhere(folders, drive.Get(), mount.Root);
             }
         }
@@ -185,8 +188,8 @@ std::vector<FolderId> LinuxDrives::IpodFolders() const {
 }
 
 bool LinuxDrives::IsRoot(const struct stat& folder) {
-    RefreshIfNeeded();
-    return std::any_of(m_volumes.begin(), m_volumes.end(), [&](const Volume& volume) {
+    const TablePointer table = Current();
+    return std::any_of(table->Volumes.begin(), table->Volumes.end(), [&](const Volume& volume) {
         struct stat root {};
         return volume.IsPresent && stat(volume.Folder.constData(), &root) == 0 &&
                root.st_dev == folder.st_dev && root.st_ino == folder.st_ino;
@@ -250,75 +253,100 @@ void LinuxDrives::AddAttached(std::vector<Volume>& volumes) {
     }
 }
 
-void LinuxDrives::Refresh() {
-    m_isRefreshed = false; // until all of it is known, whatever fails on the way
-    m_mounts = ReadMountTable(m_sources.MountTable);
-    const std::vector<Volume> volumes = FindVolumes(m_mounts);
-    m_asked = {};
+/// Takes what was found just now into what was known. Makes no calls to the system.
+std::vector<LinuxDrives::Volume> LinuxDrives::Merge(std::vector<Volume> known,
+                                                    const std::vector<Volume>& found) {
     // Where two known volumes fit, the one that was there a moment ago stays.
-    std::stable_partition(m_volumes.begin(), m_volumes.end(),
+    std::stable_partition(known.begin(), known.end(),
                           [](const Volume& volume) { return volume.IsPresent; });
-    for (Volume& volume : m_volumes) {
+    for (Volume& volume : known) {
         volume.IsPresent = false;
     }
     std::vector<Volume> fresh;
-    for (const Volume& found : volumes) {
-        const auto known =
-            std::find_if(m_volumes.begin(), m_volumes.end(),
-                         [&](const Volume& volume) { return IsSame(volume, found); });
-        if (known == m_volumes.end()) {
-            fresh.push_back(found);
+    for (const Volume& volume : found) {
+        const auto same = std::find_if(known.begin(), known.end(),
+                                       [&](const Volume& other) { return IsSame(other, volume); });
+        if (same == known.end()) {
+            fresh.push_back(volume);
             continue;
         }
-        const QChar letter = known->Letter;
-        const QString uuid = found.Uuid.isEmpty() ? known->Uuid : found.Uuid;
-        *known = found;
-        known->Letter = letter;
-        known->Uuid = uuid;
+        const QChar letter = same->Letter;
+        const QString uuid = volume.Uuid.isEmpty() ? same->Uuid : volume.Uuid;
+        *same = volume;
+        same->Letter = letter;
+        same->Uuid = uuid;
     }
     for (Volume& volume : fresh) {
-        volume.Letter = TakeLetter();
+        volume.Letter = TakeLetter(known);
         if (!volume.Letter.isNull()) {
-            m_volumes.push_back(volume);
+            known.push_back(volume);
         }
     }
-    m_isRefreshed = true;
+    return known;
 }
 
-void LinuxDrives::RefreshIfNeeded() {
-    if (!m_isRefreshed || TableHasChanged()) {
-        Refresh();
+/// Looks at the system. A look that hung is overtaken by a later one, and then counts no more.
+LinuxDrives::TablePointer LinuxDrives::Refresh() {
+    auto table = std::make_shared<Table>();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isCurrent = false; // until all of it is known, whatever fails on the way
+        table->Number = ++m_looks;
     }
+    table->Mounts = ReadMountTable(m_sources.MountTable);
+    const std::vector<Volume> found = FindVolumes(table->Mounts);
+    const std::lock_guard lock(m_mutex);
+    if (m_table->Number > table->Number) {
+        return m_table;
+    }
+    table->Volumes = Merge(m_table->Volumes, found);
+    m_table = table;
+    m_isCurrent = table->Number == m_looks;
+    m_asked = {};
+    return m_table;
 }
 
-QChar LinuxDrives::TakeLetter() {
+/// The table as the system would tell it now.
+LinuxDrives::TablePointer LinuxDrives::Current() {
+    if (!TableHasChanged()) {
+        const std::lock_guard lock(m_mutex);
+        if (m_isCurrent) {
+            return m_table;
+        }
+    }
+    return Refresh();
+}
+
+QChar LinuxDrives::TakeLetter(std::vector<Volume>& volumes) {
     for (char16_t letter = FirstLetter; letter <= LastLetter; ++letter) {
-        const bool isTaken = std::any_of(m_volumes.begin(), m_volumes.end(),
+        const bool isTaken = std::any_of(volumes.begin(), volumes.end(),
                                          [&](const Volume& v) { return v.Letter == letter; });
         if (!isTaken) {
             return letter;
         }
     }
-    const auto gone = std::find_if(m_volumes.begin(), m_volumes.end(),
+    const auto gone = std::find_if(volumes.begin(), volumes.end(),
                                    [](const Volume& volume) { return !volume.IsPresent; });
-    if (gone == m_volumes.end()) {
+    if (gone == volumes.end()) {
         return {};
     }
     const QChar letter = gone->Letter;
-    m_volumes.erase(gone);
+    volumes.erase(gone);
     return letter;
 }
 
-const LinuxDrives::Volume* LinuxDrives::Present(QChar letter) const {
+const LinuxDrives::Volume* LinuxDrives::Table::Present(QChar letter) const {
     const QChar wanted = UpperCase(letter);
-    const auto volume = std::find_if(m_volumes.begin(), m_volumes.end(), [&](const Volume& v) {
+    const auto volume = std::find_if(Volumes.begin(), Volumes.end(), [&](const Volume& v) {
         return v.IsPresent && v.Letter == wanted;
     });
-    return volume == m_volumes.end() ? nullptr : &*volume;
+    return volume == Volumes.end() ? nullptr : &*volume;
 }
 
-const LinuxDrives::Volume& LinuxDrives::Require(QChar letter) const {
-    const Volume* volume = Present(letter);
+/// As far as it is known: the drives were listed a moment ago.
+LinuxDrives::Volume LinuxDrives::Require(QChar letter) {
+    const std::lock_guard lock(m_mutex);
+    const Volume* volume = m_table->Present(letter);
     if (volume == nullptr) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
     }

@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <sys/types.h>
 
@@ -30,7 +32,10 @@ struct FolderId {
 /// A volume keeps its letter while it stays mounted, and finds it again when it comes back; another
 /// one gets it only when no fresh letter is left, so that an iPod that is exchanged for another
 /// between two looks is not taken for the first. Volumes past "Z" are not listed.
-class LinuxDrives : public DriveService {
+///
+/// May be used by several threads, each of which asks the disks on its own: one that hangs there
+/// holds no other up.
+class LinuxDrives : public DriveService, public std::enable_shared_from_this<LinuxDrives> {
 public:
     explicit LinuxDrives(const LinuxDriveSources& sources = LinuxDriveSources());
 
@@ -65,27 +70,41 @@ private:
         bool IsPresent = false;
     };
 
+    /// What a look at the system has found; never changed afterwards.
+    struct Table {
+        /// How many looks had begun before.
+        unsigned Number = 0;
+        std::vector<Mount> Mounts;
+        /// Every volume that has a letter, also those that are gone.
+        std::vector<Volume> Volumes;
+
+        const Volume* Present(QChar letter) const;
+        std::vector<FolderId> IpodFolders() const;
+    };
+    using TablePointer = std::shared_ptr<const Table>;
+
     static bool IsSame(const Volume& one, const Volume& other);
+    static QChar TakeLetter(std::vector<Volume>& volumes);
+    static std::vector<Volume> Merge(std::vector<Volume> known, const std::vector<Volume>& found);
+    static std::optional<bool> FindWhetherOnIpod(const Table& table, int folder);
     std::vector<Volume> FindVolumes(const std::vector<Mount>& mounts) const;
     void AddMounted(std::vector<Volume>& volumes, const std::vector<Mount>& mounts) const;
     static void AddAttached(std::vector<Volume>& volumes);
-    void Refresh();
-    void RefreshIfNeeded();
-    QChar TakeLetter();
-    const Volume* Present(QChar letter) const;
-    const Volume& Require(QChar letter) const;
+    TablePointer Refresh();
+    TablePointer Current();
+    Volume Require(QChar letter);
     bool TableHasChanged();
-    std::optional<bool> FindWhetherOnIpod(int folder) const;
-    std::vector<FolderId> IpodFolders() const;
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
     FileDescriptor m_tableWatch;
-    /// The table when the drives were last looked at.
-    std::vector<Mount> m_mounts;
-    bool m_isRefreshed = false;
-    /// Every volume that has a letter, also those that are gone.
-    std::vector<Volume> m_volumes;
+
+    /// Guards what follows; never held while the system is asked, which may hang.
+    std::mutex m_mutex;
+    unsigned m_looks = 0;
+    TablePointer m_table = std::make_shared<Table>();
+    /// The table is what the system last told.
+    bool m_isCurrent = false;
     /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
     /// into the same folder.
     FolderId m_asked;

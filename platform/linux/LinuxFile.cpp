@@ -19,8 +19,8 @@ void LinuxFile::Read(char* buffer, qint64 size) {
     }
 }
 
-void LinuxFile::WriteFrom(BinaryFile& source, qint64 size) {
-    TransferAll(AsLinuxFile(source).m_file.Get(), m_file.Get(), size);
+bool LinuxFile::WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) {
+    return TransferAll(AsLinuxFile(source).m_file.Get(), m_file.Get(), size, control);
 }
 
 void LinuxFile::Truncate(qint64 size) {

@@ -13,7 +13,7 @@ public:
         : m_file(std::move(file)), m_kept(std::move(kept)), m_path(path) {}
 
     void Read(char* buffer, qint64 size) override;
-    void WriteFrom(BinaryFile& source, qint64 size) override;
+    bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override;
     void Truncate(qint64 size) override;
     void Close() override;
     void TakeModificationTime(BinaryFile& source) override;

@@ -121,7 +121,7 @@ void LinuxFileSystem::CreateFolderChain(const QString& path) {
     }
 }
 
-void LinuxFileSystem::DeleteFolder(const QString& path) {
+void LinuxFileSystem::DeleteFolder(const QString& path, const CopyControl& control) {
     const FolderEntry entry = EntryToChange(path);
     if (entry.Folder.Error() == EISDIR) {
         return; // a root, which is a mount point
@@ -131,15 +131,20 @@ void LinuxFileSystem::DeleteFolder(const QString& path) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
     // A folder that is attached as a drive is as good as a mount point.
-    DeleteTree(entry.Folder.Get(), entry.Name,
-               [this](const struct stat& folder) { return m_drives.IsRoot(folder); });
+    DeleteTree(
+        entry.Folder.Get(), entry.Name,
+        [this](const struct stat& folder) { return m_drives.IsRoot(folder); }, control);
 }
 
-void LinuxFileSystem::CopyFile(const QString& source, const QString& target, Existing existing) {
+bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Existing existing,
+                               const CopyControl& control) {
     struct stat info {};
     const FileDescriptor file = OpenRegular(source, info);
     const FolderEntry entry = RequireEntry(target);
-    CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing);
+    return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing, control);
+}
+
+void LinuxFileSystem::ReadAhead(const QString&) {
 }
 
 void LinuxFileSystem::RequireTarget(const QString& target, Existing existing) {
@@ -147,7 +152,8 @@ void LinuxFileSystem::RequireTarget(const QString& target, Existing existing) {
     CheckTarget(entry.Folder.Get(), entry.Name, existing);
 }
 
-void LinuxFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing) {
+bool LinuxFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                               const CopyControl& control) {
     const LinuxFile& moved = AsLinuxFile(file);
     const FolderEntry from = RequireEntry(moved.Path());
     struct stat info {};
@@ -159,18 +165,25 @@ void LinuxFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing
     }
     const FolderEntry to = RequireEntry(target);
     CheckTarget(to.Folder.Get(), to.Name, existing);
+    if (!control.BeginPlacing()) {
+        return false;
+    }
     const int error = Rename(from.Folder.Get(), from.Name, to.Folder.Get(), to.Name, existing);
     if (error == 0) {
-        return;
+        return true;
     }
     if (error != EXDEV) {
         ThrowPlacingError(error);
     }
+    control.EndPlacing();
     if (lseek(moved.Kept(), 0, SEEK_SET) != 0) {
         ThrowError(errno);
     }
-    CopyWhole({moved.Kept(), info}, to.Folder.Get(), to.Name, existing);
+    if (!CopyWhole({moved.Kept(), info}, to.Folder.Get(), to.Name, existing, control)) {
+        return false;
+    }
     DeleteFile(file);
+    return true;
 }
 
 void LinuxFileSystem::DeleteFile(BinaryFile& file) {

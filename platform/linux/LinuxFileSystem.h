@@ -7,7 +7,8 @@
 /// The files of the system, by paths in native form or on the drives of a LinuxDrives.
 class LinuxFileSystem : public FileSystem {
 public:
-    explicit LinuxFileSystem(LinuxDrives& drives) : m_drives(drives), m_paths(drives) {}
+    explicit LinuxFileSystem(LinuxDrives& drives)
+        : m_keptDrives(KeptAlive(drives)), m_drives(drives), m_paths(drives) {}
 
     /// Whether there is a regular file, perhaps by way of links.
     bool FileExists(const QString& path) override;
@@ -16,11 +17,14 @@ public:
 
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
-    void DeleteFolder(const QString& path) override;
+    void DeleteFolder(const QString& path, const CopyControl& control) override;
 
-    void CopyFile(const QString& source, const QString& target, Existing existing) override;
+    bool CopyFile(const QString& source, const QString& target, Existing existing,
+                  const CopyControl& control) override;
+    void ReadAhead(const QString& path) override;
     void RequireTarget(const QString& target, Existing existing) override;
-    void MoveFile(BinaryFile& file, const QString& target, Existing existing) override;
+    bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                  const CopyControl& control) override;
     void DeleteFile(BinaryFile& file) override;
     void RemoveLeftovers(const QString& folder) override;
 
@@ -43,6 +47,7 @@ private:
     void RequireNoLink(const QString& folder);
     [[noreturn]] void ThrowOpeningError(const QString& path, int error);
 
+    std::shared_ptr<LinuxDrives> m_keptDrives;
     LinuxDrives& m_drives;
     LinuxPaths m_paths;
 };

@@ -26,7 +26,7 @@ protected:
     }
 
     bool Copy(qint32 bytesAtOnce) {
-        return chunkedCopy.NewCopy(Source, Target, Base, bytesAtOnce, Existing::Replace);
+        return chunkedCopy.NewCopy(Source, Target, Base, bytesAtOnce, Existing::Replace, {});
     }
 
     int ErrorOfCopy(qint32 bytesAtOnce) {
@@ -260,6 +260,6 @@ TEST_F(ChunkedCopyTest, NativePathsWorkAlike) {
     files.AddFile(Source, "0123456789");
     files.AddFolder(Text("/home/ana/Music"));
     EXPECT_TRUE(chunkedCopy.NewCopy(Source, Text("/home/ana/Music/Film.m4v"),
-                                    Text("/home/ana/Music/tmp/"), 4, Existing::Replace));
+                                    Text("/home/ana/Music/tmp/"), 4, Existing::Replace, {}));
     EXPECT_EQ(files.Bytes(Text("/home/ana/Music/Film.m4v")), QByteArray("0123456789"));
 }

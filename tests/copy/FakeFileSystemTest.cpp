@@ -64,19 +64,21 @@ TEST_F(FakeFileSystemTest, TheIpodHoldsWhatLiesBelowItsRoot) {
 TEST_F(FakeFileSystemTest, WhatIsMissingIsAFileOrItsFolder) {
     EXPECT_EQ(ErrorOf([&] { files.FileLength(Text("E:\\Music\\b.mp3")); }), 53);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(Text("E:\\None\\b.mp3")); }), 76);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\None\\a.mp3"), Existing::Replace); }),
-              76);
+    EXPECT_EQ(
+        ErrorOf([&] { files.CopyFile(source, Text("D:\\None\\a.mp3"), Existing::Replace, {}); }),
+        76);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("Q:\\x")); }), 76);
 }
 
 TEST_F(FakeFileSystemTest, NamesThatADriveRefuses) {
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("D:\\a?")); }), 52);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("/a:b")); }), 52);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\a?.mp3"), Existing::Replace); }),
-              70);
+    EXPECT_EQ(
+        ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\a?.mp3"), Existing::Replace, {}); }),
+        70);
     EXPECT_EQ(ErrorOf([&] {
                   files.CopyFile(source, Text("D:\\Out\\") + QString(256, QLatin1Char('a')),
-                                 Existing::Replace);
+                                 Existing::Replace, {});
               }),
               70);
     EXPECT_EQ(ErrorOf([&] { files.CreateFolder(Text("D:\\Out")); }), 58);
@@ -85,22 +87,23 @@ TEST_F(FakeFileSystemTest, NamesThatADriveRefuses) {
 TEST_F(FakeFileSystemTest, ACopyAppearsWholeOrNotAtAll) {
     files.AddFile(target, "old");
     files.DiskFullAfter(3);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 61);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace, {}); }), 61);
     EXPECT_EQ(files.Bytes(target), QByteArray("old"));
     files.ClearFailures();
-    files.CopyFile(source, target, Existing::Replace);
+    files.CopyFile(source, target, Existing::Replace, {});
     EXPECT_EQ(files.Bytes(target), QByteArray("song"));
     EXPECT_EQ(files.ModificationTime(target), 5);
 }
 
 TEST_F(FakeFileSystemTest, BytesWrittenCountAgainstTheFreeSpaceAndDeletedOnesComeBack) {
     files.SetFreeBytes(Text("D:"), 10);
-    files.CopyFile(source, target, Existing::Replace);
+    files.CopyFile(source, target, Existing::Replace, {});
     EXPECT_EQ(files.FreeBytes(target), 6);
-    files.CopyFile(source, Text("D:\\Out\\b.mp3"), Existing::Replace);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\c.mp3"), Existing::Replace); }),
-              61);
-    files.DeleteFolder(Text("D:\\Out"));
+    files.CopyFile(source, Text("D:\\Out\\b.mp3"), Existing::Replace, {});
+    EXPECT_EQ(
+        ErrorOf([&] { files.CopyFile(source, Text("D:\\Out\\c.mp3"), Existing::Replace, {}); }),
+        61);
+    files.DeleteFolder(Text("D:\\Out"), {});
     EXPECT_EQ(files.FreeBytes(Text("D:\\")), 10);
     EXPECT_EQ(files.DriveOf(target), Text("D:"));
 }
@@ -108,8 +111,8 @@ TEST_F(FakeFileSystemTest, BytesWrittenCountAgainstTheFreeSpaceAndDeletedOnesCom
 TEST_F(FakeFileSystemTest, AMoveReplacesTheEarlierFile) {
     files.AddFile(Text("D:\\Out\\tmp"), "new");
     files.AddFile(target, "old");
-    files.MoveFile(*files.OpenForReadingAndWriting(Text("D:\\Out\\tmp")), target,
-                   Existing::Replace);
+    files.MoveFile(*files.OpenForReadingAndWriting(Text("D:\\Out\\tmp")), target, Existing::Replace,
+                   {});
     EXPECT_EQ(files.FilesBelow(Text("D:")), QStringList{target});
     EXPECT_EQ(files.Bytes(target), QByteArray("new"));
 }
@@ -118,7 +121,7 @@ TEST_F(FakeFileSystemTest, AnOpenedFileIsNotEmptiedAndCanBeCut) {
     files.AddFile(target, "0123456789");
     auto file = files.OpenForReadingAndWriting(target);
     files.AddFile(source, "ab");
-    file->WriteFrom(*files.OpenForReading(source), 2);
+    file->WriteFrom(*files.OpenForReading(source), 2, {});
     EXPECT_EQ(files.Bytes(target), QByteArray("ab23456789"));
     file->Truncate(4);
     file->Close();
@@ -132,7 +135,7 @@ TEST_F(FakeFileSystemTest, ReadingBehindTheEndIsADeviceThatFails) {
     file->Read(buffer, 3);
     EXPECT_EQ(QByteArray(buffer, 3), QByteArray("son"));
     EXPECT_EQ(ErrorOf([&] { file->Read(buffer, 2); }), 57);
-    EXPECT_EQ(ErrorOf([&] { file->WriteFrom(*files.OpenForReading(source), 1); }), 70);
+    EXPECT_EQ(ErrorOf([&] { file->WriteFrom(*files.OpenForReading(source), 1, {}); }), 70);
 }
 
 TEST_F(FakeFileSystemTest, ALargeFileDiffersFromItsCopyWhenAnyBlockOfItIsMisplaced) {
@@ -147,7 +150,7 @@ TEST_F(FakeFileSystemTest, ALargeFileDiffersFromItsCopyWhenAnyBlockOfItIsMisplac
     QByteArray block(1000000, Qt::Uninitialized);
     file->Read(block.data(), block.size());
     files.AddLargeFile(target, 120000000, 7);
-    files.OpenForReadingAndWriting(target)->WriteFrom(*file, block.size());
+    files.OpenForReadingAndWriting(target)->WriteFrom(*file, block.size(), {});
     EXPECT_FALSE(files.SameContent(source, target));
 }
 
@@ -158,18 +161,18 @@ TEST_F(FakeFileSystemTest, FailuresStrikeWhereTheyWereAskedFor) {
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
     files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::PermissionDenied);
     EXPECT_EQ(ErrorOf([&] { files.FileLength(source); }), 0);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 70);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace, {}); }), 70);
     files.FailPath(source, ErrorNumber::DeviceIOError);
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 57);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace, {}); }), 57);
     EXPECT_FALSE(files.FileExists(source));
     EXPECT_EQ(files.FailuresStruck, 4);
     files.ClearFailures();
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 0);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace, {}); }), 0);
 }
 
 TEST_F(FakeFileSystemTest, CallsAreRecordedInOrderAndChangesByFolder) {
     files.FileExists(source);
-    files.CopyFile(source, target, Existing::Replace);
+    files.CopyFile(source, target, Existing::Replace, {});
     files.OpenForReading(source)->Close();
     EXPECT_EQ(files.CallTexts(), QStringList({Text("FileExists E:\\Music\\a.mp3"),
                                               Text("CopyFile E:\\Music\\a.mp3 > D:\\Out\\a.mp3"),
@@ -186,7 +189,7 @@ TEST_F(FakeFileSystemTest, APulledDriveIsGoneAndItsOpenFilesFail) {
     char byte = 0;
     EXPECT_EQ(ErrorOf([&] { file->Read(&byte, 1); }), 57);
     EXPECT_FALSE(files.FileExists(source));
-    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace); }), 76);
+    EXPECT_EQ(ErrorOf([&] { files.CopyFile(source, target, Existing::Replace, {}); }), 76);
     EXPECT_EQ(ErrorOf([&] { files.FreeBytes(Text("E:")); }), 68);
 }
 
@@ -196,6 +199,6 @@ TEST_F(FakeFileSystemTest, AMountPointHasItsOwnSpaceAndADriveIsNotDeleted) {
     EXPECT_EQ(files.DriveOf(Text("/media/stick/Music")), Text("/media/stick"));
     EXPECT_EQ(files.FreeBytes(Text("/media/stick/Music")), 100);
     EXPECT_EQ(files.DriveOf(Text("/media/other")), Text("/"));
-    files.DeleteFolder(Text("/media/stick"));
+    files.DeleteFolder(Text("/media/stick"), {});
     EXPECT_TRUE(files.HasFolder(Text("/media/stick")));
 }

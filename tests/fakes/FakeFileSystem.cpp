@@ -59,10 +59,12 @@ public:
         m_position += size;
     }
 
-    void WriteFrom(BinaryFile& source, qint64 size) override {
+    bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override {
         QByteArray bytes(size, Qt::Uninitialized);
         source.Read(bytes.data(), size);
         Write(bytes.constData(), size);
+        control.AddBytes(size);
+        return !control.IsStopped();
     }
 
     void Truncate(qint64 size) override {
@@ -260,7 +262,7 @@ void FakeFileSystem::CreateFolderChain(const QString& path) {
                   [this](const QString& folder) { MakeFolder(folder); });
 }
 
-void FakeFileSystem::DeleteFolder(const QString& path) {
+void FakeFileSystem::DeleteFolder(const QString& path, const CopyControl&) {
     Record(FileCall::DeleteFolder, path);
     if (!HasFolder(path)) {
         throw RuntimeError(ErrorNumber::PathNotFound);
@@ -331,7 +333,8 @@ void FakeFileSystem::GiveSpace(const QString& path, qint64 bytes) {
     }
 }
 
-void FakeFileSystem::CopyFile(const QString& source, const QString& target, Existing existing) {
+bool FakeFileSystem::CopyFile(const QString& source, const QString& target, Existing existing,
+                              const CopyControl& control) {
     Record(FileCall::CopyFile, source, target);
     const EntryPointer from = RequireFile(source);
     RequireFileTarget(target, existing);
@@ -344,10 +347,16 @@ void FakeFileSystem::CopyFile(const QString& source, const QString& target, Exis
         GiveSpace(target, fits);
         throw RuntimeError(ErrorNumber::DiskFull);
     }
+    control.AddBytes(length);
+    if (!control.BeginPlacing()) {
+        GiveSpace(target, length);
+        return false;
+    }
     Drop(Key(target));
     auto entry = std::make_shared<Entry>(*from);
     entry->Path = target;
     m_entries[Key(target)] = entry;
+    return true;
 }
 
 void FakeFileSystem::RequireTarget(const QString& target, Existing existing) {
@@ -355,7 +364,8 @@ void FakeFileSystem::RequireTarget(const QString& target, Existing existing) {
     RequireFileTarget(target, existing);
 }
 
-void FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing) {
+bool FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                              const CopyControl& control) {
     const auto& moved = static_cast<FakeBinaryFile&>(file);
     const QString source = moved.Path();
     Record(FileCall::MoveFile, source, target);
@@ -364,6 +374,9 @@ void FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing 
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     RequireFileTarget(target, existing);
+    if (!control.BeginPlacing()) {
+        return false;
+    }
     const EntryPointer entry = m_entries.at(Key(source));
     if (Key(source) != Key(target)) {
         Drop(Key(target));
@@ -371,6 +384,7 @@ void FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing 
     m_entries.erase(Key(source));
     entry->Path = target;
     m_entries[Key(target)] = entry;
+    return true;
 }
 
 void FakeFileSystem::DeleteFile(BinaryFile& file) {

@@ -98,6 +98,8 @@ public:
     /// The folders that RemoveLeftovers was called for, in order. It never fails, and is no
     /// recorded call: nothing is left over here.
     QStringList ClearedFolders;
+    /// What ReadAhead was called for, in order. It never fails, and is no recorded call either.
+    QStringList AheadOf;
 
     // ---- failures. A test of existence that is made to fail answers false.
 
@@ -128,10 +130,13 @@ public:
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
     /// A drive's root is left alone.
-    void DeleteFolder(const QString& path) override;
-    void CopyFile(const QString& source, const QString& target, Existing existing) override;
+    void DeleteFolder(const QString& path, const CopyControl& control) override;
+    bool CopyFile(const QString& source, const QString& target, Existing existing,
+                  const CopyControl& control) override;
+    void ReadAhead(const QString& path) override { AheadOf += path; }
     void RequireTarget(const QString& target, Existing existing) override;
-    void MoveFile(BinaryFile& file, const QString& target, Existing existing) override;
+    bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                  const CopyControl& control) override;
     void DeleteFile(BinaryFile& file) override;
     void RemoveLeftovers(const QString& folder) override { ClearedFolders += folder; }
     qint64 FileLength(const QString& path) override;

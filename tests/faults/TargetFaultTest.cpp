@@ -316,7 +316,8 @@ protected:
     OtherProgram() { WriteFile(Native(Text("song.mp3")), "new"); }
 
     int CopyError(Existing existing) {
-        return NumberOf([&] { m_files.CopyFile(Native(Text("song.mp3")), m_target, existing); });
+        return NumberOf(
+            [&] { m_files.CopyFile(Native(Text("song.mp3")), m_target, existing, {}); });
     }
 
     const QString m_target = Native(Text("Song.mp3 copied"));
@@ -392,7 +393,7 @@ TEST_F(OtherProgram, ThatMakesTheTargetOfAMoveKeepsItsFile) {
         });
         EXPECT_EQ(NumberOf([this] {
                       m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(Text("song.mp3"))),
-                                       m_target, Existing::Keep);
+                                       m_target, Existing::Keep, {});
                   }),
                   58);
         EXPECT_EQ(ReadFile(m_target), "another's");

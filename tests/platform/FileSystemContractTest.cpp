@@ -22,11 +22,11 @@ protected:
         return GetParam() == Kind::Real ? static_cast<FileSystem&>(m_files) : m_fake;
     }
     int CopyError(const QString& source, const QString& target, Existing existing) {
-        return NumberOf([&] { Files().CopyFile(source, target, existing); });
+        return NumberOf([&] { Files().CopyFile(source, target, existing, {}); });
     }
     int MoveError(const QString& source, const QString& target, Existing existing) {
         const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(source);
-        return NumberOf([&] { Files().MoveFile(*file, target, existing); });
+        return NumberOf([&] { Files().MoveFile(*file, target, existing, {}); });
     }
     int TargetError(const QString& target, Existing existing) {
         return NumberOf([&] { Files().RequireTarget(target, existing); });
@@ -94,7 +94,7 @@ TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
         const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
         file->Close();
         if (isMoved) {
-            Files().MoveFile(*file, Missing, Existing::Keep);
+            Files().MoveFile(*file, Missing, Existing::Keep, {});
         }
         Files().DeleteFile(*file);
         EXPECT_FALSE(Files().FileExists(Song));
@@ -104,8 +104,8 @@ TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
 
 TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted) {
     const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
-    Files().MoveFile(*Files().OpenForReadingAndWriting(Other), Song, Existing::Replace);
-    EXPECT_EQ(NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep); }), 70);
+    Files().MoveFile(*Files().OpenForReadingAndWriting(Other), Song, Existing::Replace, {});
+    EXPECT_EQ(NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep, {}); }), 70);
     Files().DeleteFile(*file);
     EXPECT_EQ(Bytes(Song), Other.toUtf8());
     EXPECT_FALSE(Files().FileExists(Missing));

@@ -26,7 +26,7 @@ protected:
     }
     int CopyError(const QString& name, const QString& targetName) {
         return NumberOf(
-            [&] { m_files.CopyFile(Source(name), Target(targetName), Existing::Replace); });
+            [&] { m_files.CopyFile(Source(name), Target(targetName), Existing::Replace, {}); });
     }
 };
 

@@ -36,7 +36,7 @@ protected:
     }
 
     int CopyError(const QString& source, const QString& target) {
-        return NumberOf([&] { m_files.CopyFile(source, target, Existing::Replace); });
+        return NumberOf([&] { m_files.CopyFile(source, target, Existing::Replace, {}); });
     }
 };
 
@@ -53,7 +53,7 @@ protected:
             throw RuntimeError(ErrorNumber::FileNotFound);
         }
         const auto copy = GetParam() == Way::AsTheDiskAllows ? &CopyWhole : &CopyUnderPartName;
-        copy({file.Get(), info}, folder.Get(), name.toUtf8(), existing);
+        copy({file.Get(), info}, folder.Get(), name.toUtf8(), existing, {});
     }
     int CopyError(const QString& source, const QString& name,
                   Existing existing = Existing::Replace) {
@@ -71,7 +71,7 @@ void MakeLongFile(const QString& path) {
 TEST_F(CopyFixture, AFileIsCopiedFromADriveToANativePath) {
     WriteFile(Source(QStringLiteral("ABCD.mp3")), Pattern(300000));
     m_files.CopyFile(QStringLiteral("E:\\SOURCE\\abcd.mp3"), Target(QStringLiteral("Song.mp3")),
-                     Existing::Replace);
+                     Existing::Replace, {});
     EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), Pattern(300000));
     EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
 }
@@ -80,7 +80,7 @@ TEST_F(CopyFixture, OnADriveAFileInAnotherCaseIsReplaced) {
     WriteFile(Source(QStringLiteral("ABCD.mp3")), "new");
     WriteFile(Target(QStringLiteral("Song.mp3")), "old");
     m_files.CopyFile(QStringLiteral("E:\\source\\ABCD.mp3"), QStringLiteral("E:\\target\\SONG.mp3"),
-                     Existing::Replace);
+                     Existing::Replace, {});
     EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
     EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "new");
 }
@@ -145,7 +145,7 @@ TEST_F(CopyFixture, AnEarlierFileThatMayNotBeWrittenIsKept) {
     SetMode(Target(QStringLiteral("Song.mp3")), 0444);
     const int number = NumberOfNobody([this] {
         m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace);
+                         Existing::Replace, {});
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -161,7 +161,7 @@ TEST_F(CopyFixture, ATargetFolderThatMayNotBeWrittenIsADeniedPermission) {
     SetMode(Target(), 0555);
     const int number = NumberOfNobody([this] {
         m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace);
+                         Existing::Replace, {});
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -176,7 +176,7 @@ TEST_F(CopyFixture, AnotherUsersFileIsCopiedWithoutBeingOpenedForWriting) {
     SetMode(Target(), 0777);
     const int number = NumberOfNobody([this] {
         m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace);
+                         Existing::Replace, {});
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -190,7 +190,7 @@ TEST_F(CopyFixture, TheSourceIsOnlyRead) {
     const FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     ASSERT_GE(inotify_add_watch(watch.Get(), Source().toUtf8().constData(), IN_ALL_EVENTS), 0);
     m_files.CopyFile(QStringLiteral("E:\\source\\a"), Target(QStringLiteral("b")),
-                     Existing::Replace);
+                     Existing::Replace, {});
     alignas(inotify_event) char events[4096];
     const ssize_t length = read(watch.Get(), events, sizeof events);
     uint32_t seen = 0;
@@ -205,7 +205,7 @@ TEST_F(CopyFixture, TheSourceIsOnlyRead) {
 
 TEST_F(CopyFixture, AFileThatReportsNoLengthIsCopiedToItsEnd) {
     m_files.CopyFile(QStringLiteral("/proc/version"), Target(QStringLiteral("version")),
-                     Existing::Replace);
+                     Existing::Replace, {});
     const QByteArray copied = ReadFile(Target(QStringLiteral("version")));
     EXPECT_TRUE(copied.startsWith("Linux version "));
     EXPECT_TRUE(copied.endsWith('\n'));
@@ -219,7 +219,7 @@ TEST_F(CopyFixture, AFileIsCopiedBetweenTwoDisks) {
     for (const qsizetype size : {0, 1, 262144, 262145, 1048576, 1048577, 3000000}) {
         WriteFile(Source(QStringLiteral("a")), Pattern(size));
         m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("b")),
-                         Existing::Replace);
+                         Existing::Replace, {});
         EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), Pattern(size)) << size;
     }
 }
@@ -233,7 +233,7 @@ TEST_F(CopyFixture, ASecondAttemptBeginsAtTheStartAgain) {
     struct stat info {};
     ASSERT_EQ(fstat(file.Get(), &info), 0);
     ASSERT_EQ(lseek(file.Get(), 3, SEEK_SET), 3);
-    CopyUnderPartName({file.Get(), info}, folder.Get(), "b", Existing::Keep);
+    CopyUnderPartName({file.Get(), info}, folder.Get(), "b", Existing::Keep, {});
     EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "whole");
 }
 

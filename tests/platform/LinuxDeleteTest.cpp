@@ -14,7 +14,7 @@ namespace {
 class DeleteFixture : public LinuxFixture {
 protected:
     int DeleteError(const QString& path) {
-        return NumberOf([&] { m_files.DeleteFolder(path); });
+        return NumberOf([&] { m_files.DeleteFolder(path, {}); });
     }
 };
 
@@ -179,7 +179,7 @@ TEST_F(DeleteFixture, DeepNestingTakesFewOpenFilesAndLittleStack) {
     const int number = RunInChild([this] {
         const rlimit fewFiles{32, 32};
         setrlimit(RLIMIT_NOFILE, &fewFiles);
-        m_files.DeleteFolder(Native(QStringLiteral("tmp")));
+        m_files.DeleteFolder(Native(QStringLiteral("tmp")), {});
     });
     EXPECT_EQ(number, 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
@@ -195,7 +195,7 @@ TEST_F(DeleteFixture, WhatMayNotBeDeletedDoesNotKeepTheRest) {
     SetMode(Native(QStringLiteral("tmp/open")), 0777);
     SetMode(Native(QStringLiteral("tmp/closed")), 0555);
     const int number =
-        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp"))); });
+        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp")), {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
@@ -211,7 +211,7 @@ TEST_F(DeleteFixture, AnEmptyFolderThatNobodyMayLookIntoIsDeleted) {
     SetMode(Native(QStringLiteral("tmp")), 0777);
     SetMode(Native(QStringLiteral("tmp/dark")), 0);
     const int number =
-        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp"))); });
+        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp")), {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }

@@ -18,7 +18,7 @@ protected:
     void Write(BinaryFile& file, const QByteArray& bytes) {
         QTemporaryFile source;
         ASSERT_TRUE(source.open() && source.write(bytes) == bytes.size() && source.flush());
-        file.WriteFrom(*m_files.OpenForReading(source.fileName()), bytes.size());
+        file.WriteFrom(*m_files.OpenForReading(source.fileName()), bytes.size(), {});
     }
 };
 
@@ -73,9 +73,9 @@ TEST_F(FilesFixture, AFileIsWrittenFromAnotherStepByStep) {
         WriteFile(Native(QStringLiteral("film.m4v")), bytes);
         const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
         const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
-        to->WriteFrom(*from, step);
+        to->WriteFrom(*from, step, {});
         EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))).left(step), bytes.left(step));
-        to->WriteFrom(*from, step);
+        to->WriteFrom(*from, step, {});
         EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), bytes);
     }
 }
@@ -85,7 +85,7 @@ TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceThatFails) {
         WriteFile(Native(QStringLiteral("film.m4v")), QByteArray(size, 'x'));
         const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
         const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
-        EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, size + 1); }), 57);
+        EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, size + 1, {}); }), 57);
     }
 }
 
@@ -150,7 +150,7 @@ TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
         EXPECT_EQ(WritingError(temp), 70);
         writing->Close();
         EXPECT_EQ(WritingError(temp), 70);
-        m_files.MoveFile(*writing, Native(QStringLiteral("film.m4v")), Existing::Replace);
+        m_files.MoveFile(*writing, Native(QStringLiteral("film.m4v")), Existing::Replace, {});
         EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 70);
         EXPECT_EQ(WritingError(temp), 0);
     }
@@ -208,7 +208,8 @@ TEST_F(FilesFixture, AFileNameThatTheDiskRefusesIsADeniedPermission) {
         for (const QString& path : {Native(name), QStringLiteral("E:\\") + name}) {
             EXPECT_EQ(WritingError(path), 70);
             EXPECT_EQ(NumberOf([&] {
-                          m_files.CopyFile(QStringLiteral("E:\\song.mp3"), path, Existing::Replace);
+                          m_files.CopyFile(QStringLiteral("E:\\song.mp3"), path, Existing::Replace,
+                                           {});
                       }),
                       70);
             EXPECT_EQ(MoveError(QStringLiteral("E:\\song.mp3"), path), 70);
@@ -230,11 +231,11 @@ TEST_F(FilesFixture, NothingIsCreatedOnAReadOnlyDisk) {
     EXPECT_EQ(CreationError(Native(QStringLiteral("shown/new"))), 70);
     EXPECT_EQ(WritingError(Native(QStringLiteral("shown/copy.tmp"))), 70);
     EXPECT_EQ(NumberOf([&] {
-                  m_files.CopyFile(song, Native(QStringLiteral("shown/new.mp3")),
-                                   Existing::Replace);
+                  m_files.CopyFile(song, Native(QStringLiteral("shown/new.mp3")), Existing::Replace,
+                                   {});
               }),
               70);
-    EXPECT_EQ(NumberOf([&] { m_files.DeleteFolder(Native(QStringLiteral("shown"))); }), 0);
+    EXPECT_EQ(NumberOf([&] { m_files.DeleteFolder(Native(QStringLiteral("shown")), {}); }), 0);
     EXPECT_EQ(MoveError(song, Native(QStringLiteral("shown/new.mp3"))), 70);
     EXPECT_EQ(NamesIn(Native(QStringLiteral("disk"))), QStringList(QStringLiteral("song.mp3")));
 }

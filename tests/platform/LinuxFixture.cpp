@@ -87,7 +87,7 @@ int LinuxFixture::WritingError(const QString& path) {
 
 int LinuxFixture::MoveError(const QString& source, const QString& target) {
     return NumberOf([&] {
-        m_files.MoveFile(*m_files.OpenForReadingAndWriting(source), target, Existing::Replace);
+        m_files.MoveFile(*m_files.OpenForReadingAndWriting(source), target, Existing::Replace, {});
     });
 }
 

@@ -177,5 +177,5 @@ TEST_F(FoldersFixture, NothingIsMadeWhereItsPathWouldBeTooLongToBeFoundAgain) {
     const qsizetype room = 4095 - nativePath.size();
     EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room, u'f')), 70);
     EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room - 1, u'f')), 0);
-    m_files.DeleteFolder(QStringLiteral("E:\\") + QString(250, u'd')); // nobody else could
+    m_files.DeleteFolder(QStringLiteral("E:\\") + QString(250, u'd'), {}); // nobody else could
 }

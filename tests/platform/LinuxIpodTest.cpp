@@ -37,8 +37,8 @@ protected:
         const QString song = Home(QStringLiteral("/Song.mp3"));
         EXPECT_EQ(CreationError(fresh), 70);
         EXPECT_EQ(ChainError(fresh), 70);
-        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, fresh, Existing::Replace); }), 70);
-        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, note, Existing::Replace); }), 70);
+        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, fresh, Existing::Replace, {}); }), 70);
+        EXPECT_EQ(NumberOf([&] { m_files.CopyFile(song, note, Existing::Replace, {}); }), 70);
         EXPECT_EQ(MoveError(song, fresh), 70);
         EXPECT_EQ(MoveError(note, Home(QStringLiteral("/note.txt"))), 70);
         EXPECT_EQ(WritingError(note), 70);
@@ -53,7 +53,7 @@ protected:
     }
 
     int DeleteError(const QString& path) {
-        return NumberOf([&] { m_files.DeleteFolder(path); });
+        return NumberOf([&] { m_files.DeleteFolder(path, {}); });
     }
 };
 

@@ -81,7 +81,7 @@ TEST_F(MoveFixture, AMoveLeavesAnEarlierFileThatMayNotBeWritten) {
     SetMode(Native(QStringLiteral("Song.mp3")), 0444);
     const int number = NumberOfNobody([this] {
         m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp"))),
-                         Native(QStringLiteral("Song.mp3")), Existing::Replace);
+                         Native(QStringLiteral("Song.mp3")), Existing::Replace, {});
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -101,7 +101,7 @@ TEST_F(MoveFixture, AWrittenFileTakesTheModificationTimeOfItsSourceAlsoWhenItIsC
     SetModified(Native(QStringLiteral("source")), {1234567890, 123456789});
     const auto source = m_files.OpenForReading(QStringLiteral("E:\\SOURCE"));
     const auto target = m_files.OpenForReadingAndWriting(QStringLiteral("E:\\target"));
-    target->WriteFrom(*source, 1);
+    target->WriteFrom(*source, 1, {});
     target->Close();
     target->TakeModificationTime(*source);
     EXPECT_EQ(ModifiedAt(Native(QStringLiteral("target"))).tv_sec, 1234567890);

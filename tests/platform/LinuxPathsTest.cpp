@@ -201,7 +201,7 @@ TEST_F(PathsFixture, NothingIsMadeBehindALinkThatLeavesTheDrive) {
     EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(QStringLiteral("E:\\Out\\new")); }), 76);
     EXPECT_EQ(NumberOf([this] {
                   m_files.CopyFile(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"),
-                                   QStringLiteral("E:\\Out\\copy.mp3"), Existing::Replace);
+                                   QStringLiteral("E:\\Out\\copy.mp3"), Existing::Replace, {});
               }),
               76);
     EXPECT_EQ(
@@ -280,7 +280,7 @@ TEST_F(PathsFixture, ReadingLeavesTheTimeOfTheLastAccess) {
     m_files.OpenForReading(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"))
         ->Read(bytes, 4);
     m_files.CopyFile(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"),
-                     m_outside.filePath(QStringLiteral("copy.mp3")), Existing::Replace);
+                     m_outside.filePath(QStringLiteral("copy.mp3")), Existing::Replace, {});
     struct stat info {};
     ASSERT_EQ(stat(path.constData(), &info), 0);
     EXPECT_EQ(info.st_atim.tv_sec, 1000);
