@@ -5,6 +5,7 @@
 #include "copy/CopyJob.h"
 #include "library/DeviceSelection.h"
 #include "platform/SettingsStore.h"
+#include "platform/Worker.h"
 #include "selection/CheckPropagation.h"
 
 /// What the program needs of the platform.
@@ -16,6 +17,9 @@ struct Services {
     WindowManager& Windows;
     Messages& MessageBoxes;
     EventLoop& Events;
+    /// Does what can hang, and what reads ahead of it.
+    Worker& Background;
+    Worker& Ahead;
 };
 
 /// Everything between the platform and the window, put together: each subsystem with what it needs
@@ -37,6 +41,7 @@ struct Subsystems {
     CheckPropagation Checks;
     Destination Target;
     OverwritePrompt Prompt;
+    PatientFileSystem CopyFiles;
     CopyJob Job;
 
 private:

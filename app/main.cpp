@@ -3,6 +3,7 @@
 #include "app/Form1Window.h"
 #include "app/OverwriteWindow.h"
 #include "app/PreviewWindow.h"
+#include "platform/ThreadWorker.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/QuitSignals.h"
@@ -15,6 +16,8 @@
 
 #include <QDir>
 #include <QIcon>
+
+#include <memory>
 
 namespace {
 
@@ -37,8 +40,13 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral(SONGLIFT_ID));
     QApplication::setWindowIcon(ProgramIcon());
 
-    LinuxDrives drives;
-    LinuxFileSystem files(drives);
+    // Shared with threads that may hang in them when everything else ends.
+    const auto sharedDrives = std::make_shared<LinuxDrives>();
+    const auto sharedFiles = std::make_shared<LinuxFileSystem>(*sharedDrives);
+    LinuxDrives& drives = *sharedDrives;
+    LinuxFileSystem& files = *sharedFiles;
+    ThreadWorker background;
+    ThreadWorker ahead;
     QtSettingsStore store;
     QtShell shell;
     QtWindowManager windowManager;
@@ -48,7 +56,8 @@ int main(int argc, char** argv) {
     QtMessages messages(window.Window().Widget());
     application.MessageBoxes = &messages;
     PreviewWindow preview(window.Window().Widget(), files);
-    const Services services{files, drives, store, shell, windowManager, messages, events};
+    const Services services{files,    drives, store,      shell, windowManager,
+                            messages, events, background, ahead};
     Form1 form(services, window.Controls(), preview.Controls(), [&](OverwritePrompt& prompt) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });

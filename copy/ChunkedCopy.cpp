@@ -6,10 +6,8 @@
 
 #include <utility>
 
-ChunkedCopy::ChunkedCopy(FileSystem& files, EventLoop& events, ProgressControl& prgCopy,
-                         const double& CopiedBytes, std::function<bool()> MayGoOn)
-    : m_files(files), m_events(events), m_prgCopy(prgCopy), m_copiedBytes(CopiedBytes),
-      m_mayGoOn(std::move(MayGoOn)) {
+ChunkedCopy::ChunkedCopy(FileSystem& files, std::function<bool(qint64 done)> AfterChunk)
+    : m_files(files), m_afterChunk(std::move(AfterChunk)) {
 }
 
 bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, const QString& Base,
@@ -43,8 +41,7 @@ bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, 
             return false;
         }
         done += bytesAtOnce;
-        ShowProgress(done);
-        if (!m_mayGoOn()) {
+        if (!m_afterChunk(done)) {
             return false;
         }
     }
@@ -57,9 +54,4 @@ bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, 
     temp.TakeModificationTime(source);
     source.Close();
     return true;
-}
-
-void ChunkedCopy::ShowProgress(qint64 done) {
-    m_prgCopy.SetValue(static_cast<float>(static_cast<double>(done) + m_copiedBytes));
-    m_events.Yield();
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Controls.h"
-#include "platform/EventLoop.h"
 #include "platform/FileSystem.h"
 
 #include <functional>
@@ -10,10 +8,9 @@
 /// stop it.
 class ChunkedCopy {
 public:
-    /// `CopiedBytes` (what the job copied before this file) belongs to the job and is only read.
-    /// `MayGoOn` is asked once after every chunk but the last; false cancels the copy.
-    ChunkedCopy(FileSystem& files, EventLoop& events, ProgressControl& prgCopy,
-                const double& CopiedBytes, std::function<bool()> MayGoOn);
+    /// `AfterChunk` is called once after every chunk but the last, with the bytes of this file that
+    /// are copied by then; false cancels the copy.
+    ChunkedCopy(FileSystem& files, std::function<bool(qint64 done)> AfterChunk);
 
     /// Copies `Source` to `Destination` by way of "copy.tmp" in the folder `Base`, which ends in
     /// a separator, `BytesAtOnce` bytes at a time. An earlier Destination stays until all bytes are
@@ -26,11 +23,7 @@ public:
 private:
     bool CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce,
                     const CopyControl& control);
-    void ShowProgress(qint64 done);
 
     FileSystem& m_files;
-    EventLoop& m_events;
-    ProgressControl& m_prgCopy;
-    const double& m_copiedBytes;
-    std::function<bool()> m_mayGoOn;
+    std::function<bool(qint64)> m_afterChunk;
 };

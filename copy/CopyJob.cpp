@@ -8,6 +8,9 @@
 
 namespace {
 
+/// How long a stopped job waits for what is left of its last file to be removed.
+constexpr int ClearUpMilliseconds = 100;
+
 QString CancelCaption() {
     return QStringLiteral("&Cancel");
 }
@@ -26,8 +29,7 @@ CopyJob::CopyJob(const CopyServices& services, const CopySource& source, Destina
       m_windowManager(services.Windows), m_controls(controls), m_library(source.Library),
       m_result(source.Result), m_search(source.WordSearch), m_summary(source.Summary),
       m_destination(destination), m_prompt(prompt),
-      m_chunkedCopy(services.Files, services.Events, controls.prgCopy, CopiedBytes,
-                    [this] { return MayGoOn(); }),
+      m_chunkedCopy(services.Files, [this](qint64 done) { return AfterChunk(done); }),
       m_folderNames(services.Files) {
 }
 
@@ -50,7 +52,7 @@ void CopyJob::cmdCopy_Click() {
         cleanup.Dismiss();
     } else {
         cleanup.Run();
-        if (QuitsUnasked) {
+        if (QuitsUnasked || m_stop == Next::Leave) {
             m_controls.Form1.Unload();
         }
     }
@@ -62,10 +64,18 @@ CopyJob::Next CopyJob::Run() {
         Start();
         const Next next = Walk();
         return next == Next::Step ? FinishWalk() : next;
+    } catch (const OperationStopped&) {
+        return m_stop == Next::Leave ? LeaveFile() : Next::Cleanup;
     } catch (const std::exception& exception) {
         ShowError(m_messages, ErrorOf(exception));
     }
     return Next::Cleanup;
+}
+
+/// A window that closes inside a file leaves no half of it behind.
+CopyJob::Next CopyJob::LeaveFile() {
+    TryToClearUp();
+    return Quit();
 }
 
 void CopyJob::Start() {
@@ -76,6 +86,11 @@ void CopyJob::Start() {
     m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
     m_controls.prgCopy.SetValue(0);
     CopiedBytes = 0;
+    m_shownBytes = 0;
+    m_fileSize = 0;
+    m_copying = {};
+    m_stop = Next::SameTrack;
+    m_files.MayGoOn = [this] { return MayWait(); };
     m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());
     if (m_result.Search()) {
         m_result.UpdateOldArtists();
@@ -163,9 +178,20 @@ void CopyJob::DeleteTemporaryFolder() {
     }
 }
 
+/// What is left of a stopped file goes, unless a disk that hangs keeps it: the user has waited for
+/// that long enough.
+void CopyJob::TryToClearUp() {
+    try {
+        Try([this] { DeleteTemporaryFolder(); });
+    } catch (const OperationStopped&) {
+        return; // the next job into this folder removes it
+    }
+}
+
 void CopyJob::Cleanup() {
     // Whatever the answer, the window must come back to life.
-    Try([this] { DeleteTemporaryFolder(); });
+    TryToClearUp();
+    m_files.MayGoOn = nullptr;
     CancelCopy = false;
     Copying = false;
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
@@ -212,17 +238,19 @@ CopyJob::Next CopyJob::StopRequest() {
 /// What a stop request leads to: with a closed window the user is asked, and goes on with "No".
 CopyJob::Next CopyJob::AskToStop() {
     if (!CUnload || QuitsUnasked) {
-        return Next::Cleanup;
+        m_stop = Next::Cleanup;
+    } else if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,
+                   MessageIcon::Question) == MessageAnswer::Yes) {
+        m_stop = Next::Leave;
+    } else {
+        CancelCopy = false;
     }
-    if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,
-            MessageIcon::Question) == MessageAnswer::Yes) {
-        return Next::Leave;
-    }
-    CancelCopy = false;
-    return Next::SameTrack;
+    m_clearUp.setRemainingTime(ClearUpMilliseconds);
+    return m_stop;
 }
 
 CopyJob::Next CopyJob::Quit() {
+    m_files.MayGoOn = nullptr;
     Copying = false;
     m_controls.Form1.Unload();
     return Next::Leave;

@@ -8,16 +8,18 @@
 #include "copy/Naming.h"
 #include "copy/OverwritePrompt.h"
 #include "platform/EventLoop.h"
-#include "platform/FileSystem.h"
 #include "platform/Messages.h"
+#include "platform/PatientFileSystem.h"
 #include "platform/WindowManager.h"
 #include "selection/Search.h"
+
+#include <QDeadlineTimer>
 
 #include <optional>
 
 /// What the job needs of the platform.
 struct CopyServices {
-    FileSystem& Files;
+    PatientFileSystem& Files;
     Messages& MessageBoxes;
     EventLoop& Events;
     WindowManager& Windows;
@@ -47,8 +49,9 @@ struct CopyControls {
 };
 
 /// Copies every ticked track of the library into the destination folder. The job runs inside the
-/// click that starts it and yields to the event loop once per file and once per chunk of a large
-/// file; what the user asks for meanwhile reaches it through its flags.
+/// click that starts it and yields to the event loop once per file, once per chunk of a large file,
+/// and as often as it must while the files keep it waiting; what the user asks for meanwhile
+/// reaches it through its flags.
 class CopyJob {
 public:
     CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
@@ -63,7 +66,7 @@ public:
     bool CUnload = false;
     /// Nobody is there to be asked whether to quit: the window closes when a job ends.
     bool QuitsUnasked = false;
-    /// A stop was asked for; the job reads it once per file and once per chunk.
+    /// A stop was asked for; the job reads it at each of its yields.
     bool CancelCopy = false;
     /// Bytes copied or skipped so far.
     double CopiedBytes = 0;
@@ -95,6 +98,8 @@ private:
     Next CopyAlbum(const AlbumRecord& album);
     Next FinishWalk();
     void DeleteTemporaryFolder();
+    void TryToClearUp();
+    Next LeaveFile();
     void Cleanup();
 
     // The steps of one track.
@@ -109,7 +114,10 @@ private:
     Next CopyFile(const TrackRecord& track, const QString& target, Existing existing,
                   bool& isTaken);
     void CopyBytes(const TrackRecord& track, const QString& target, Existing existing);
+    bool AfterChunk(qint64 done);
     bool MayGoOn();
+    bool MayWait();
+    void ShowBytes(qint64 done);
 
     std::optional<ErrorAnswer> Try(const Event& action);
     Next Step(const Event& action);
@@ -118,7 +126,7 @@ private:
     Next Quit();
     MessageAnswer Ask(const QString& text, MessageButtons buttons, MessageIcon icon);
 
-    FileSystem& m_files;
+    PatientFileSystem& m_files;
     Messages& m_messages;
     EventLoop& m_events;
     WindowManager& m_windowManager;
@@ -137,8 +145,15 @@ private:
     QString m_destRoot;
     /// The folder of the last track.
     QString m_enteredFolder;
-    /// How a stop that was asked for inside a large file was answered; SameTrack without one.
+    /// What a stop request has led to; SameTrack where the job goes on.
     Next m_stop = Next::SameTrack;
+    /// Until when what is left of a stopped file may be removed.
+    QDeadlineTimer m_clearUp;
+    /// The file that is being copied, and the bytes that the database says it has.
+    CopyControl m_copying;
+    qint64 m_fileSize = 0;
+    /// The bytes that the bar shows.
+    double m_shownBytes = 0;
     /// The track at hand: where it comes from and goes to.
     CopyPlace m_place;
     QString m_artistFolder;

@@ -6,6 +6,7 @@
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -51,6 +52,7 @@ CopyJob::Next CopyJob::CountTrack() {
         return next;
     }
     m_controls.prgCopy.SetValue(static_cast<float>(CopiedBytes));
+    m_shownBytes = std::max(m_shownBytes, CopiedBytes);
     const QString text = QStringLiteral("Copying files... ") + QString::number(m_fileIndex) +
                          QStringLiteral(" of ") + QString::number(m_fileTotal);
     m_controls.lblMessage.SetCaption(text);
@@ -150,7 +152,7 @@ void CopyJob::AskToReplace(const QString& target) {
 /// `isTaken` tells afterwards whether a file stands in the way that nobody was asked about.
 CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target, Existing existing,
                                 bool& isTaken) {
-    m_stop = Next::SameTrack;
+    m_fileSize = track.FileSize;
     const Next next = Step([&] {
         isTaken = false;
         try {
@@ -162,26 +164,50 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target,
             }
         }
     });
-    if (m_stop == Next::Leave) {
-        // A window that closes now leaves no half of a large file behind.
-        Try([this] { DeleteTemporaryFolder(); });
-        return Quit();
+    if (next != Next::Leave && m_stop == Next::Leave) {
+        return LeaveFile();
     }
     return m_stop == Next::SameTrack ? next : m_stop;
 }
 
 void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existing existing) {
+    m_copying = {};
     if (track.FileSize <= LargeFileLimit) {
-        m_files.CopyFile(track.Location, target, existing, {});
+        m_files.CopyFile(track.Location, target, existing, m_copying);
     } else {
         const QString base = Paths::WithSeparator(m_destRoot + QStringLiteral("tmp"));
-        m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing, {});
+        m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing, m_copying);
     }
 }
 
-/// Inside a large file a stop is asked about there and then, while what is copied so far can still
-/// be kept: a film whose closed window was a mistake goes on where it was.
+bool CopyJob::AfterChunk(qint64 done) {
+    ShowBytes(done);
+    m_events.Yield();
+    return MayGoOn();
+}
+
+/// Inside a file a stop is asked about there and then, while what is copied so far can still be
+/// kept: a film whose closed window was a mistake goes on where it was.
 bool CopyJob::MayGoOn() {
-    m_stop = CancelCopy ? AskToStop() : Next::SameTrack;
-    return m_stop == Next::SameTrack;
+    return !CancelCopy || AskToStop() == Next::SameTrack;
+}
+
+/// The files keep the job waiting: whether it waits on.
+bool CopyJob::MayWait() {
+    m_events.Yield();
+    if (m_stop != Next::SameTrack) {
+        return !m_clearUp.hasExpired();
+    }
+    ShowBytes(m_copying.BytesDone());
+    return MayGoOn();
+}
+
+/// Moves the bar, on only: bytes that are copied once more were shown, and a file may be larger
+/// than the database says.
+void CopyJob::ShowBytes(qint64 done) {
+    const double bytes = CopiedBytes + static_cast<double>(std::min(done, m_fileSize));
+    if (bytes > m_shownBytes) {
+        m_shownBytes = bytes;
+        m_controls.prgCopy.SetValue(static_cast<float>(bytes));
+    }
 }

@@ -24,12 +24,14 @@ public:
     FakeShell shell;
     FakeMessages messages;
     FakeEventLoop events;
+    InlineWorker worker;
     FakeWindow frmPreview;
     FakeMediaPlayerControl player{form.Focus};
     PreviewControls preview{frmPreview, player};
     /// What the user does at the overwrite prompt.
     std::function<void(OverwritePrompt&)> AtPrompt;
-    Services services{files, drives, store, shell, form.WindowManager, messages, events};
+    Services services{files,    drives, store,  shell, form.WindowManager,
+                      messages, events, worker, worker};
     Form1 program{services, form.Controls, preview,
                   [this](OverwritePrompt& prompt) { AtPrompt(prompt); }};
 };

@@ -23,8 +23,8 @@ void TimedEventLoop::Yield() {
 }
 
 BenchProgram::BenchProgram() {
-    const Services services{m_files,         m_drives,   m_store, m_shell,
-                            m_windowManager, m_messages, m_events};
+    const Services services{m_files,    m_drives, m_store,      m_shell, m_windowManager,
+                            m_messages, m_events, m_background, m_ahead};
     m_form = std::make_unique<Form1>(services, m_window.Controls(), m_preview.Controls(),
                                      [](OverwritePrompt&) {});
     m_form->Form_Load();

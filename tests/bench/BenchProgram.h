@@ -3,6 +3,7 @@
 #include "app/Form1.h"
 #include "app/Form1Window.h"
 #include "app/PreviewWindow.h"
+#include "platform/ThreadWorker.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/qt/QtEventLoop.h"
@@ -51,6 +52,8 @@ private:
     QtShell m_shell;
     QtWindowManager m_windowManager;
     TimedEventLoop m_events;
+    ThreadWorker m_background;
+    ThreadWorker m_ahead;
     FakeMessages m_messages;
     Form1Window m_window{m_windowManager};
     PreviewWindow m_preview{m_window.Window().Widget(), m_files};

@@ -51,11 +51,13 @@ public:
     FakeFileSystem files;
     FakeMessages messages;
     FakeEventLoop events;
+    InlineWorker worker;
     FakeShell shell;
     FakeSettingsStore store;
     FakeDriveService drives;
-    Subsystems parts{{files, drives, store, shell, form.WindowManager, messages, events},
-                     form.Controls};
+    Subsystems parts{
+        {files, drives, store, shell, form.WindowManager, messages, events, worker, worker},
+        form.Controls};
     MusicLibrary& library = parts.Loading.Library;
     SelectionSummary& summary = parts.Summary;
     Destination& destination = parts.Target;

@@ -83,10 +83,12 @@ public:
     LinuxFileSystem files{drives};
     FakeMessages messages;
     FakeEventLoop events;
+    InlineWorker worker;
     FakeShell shell;
     FakeSettingsStore store;
-    Subsystems parts{{files, drives, store, shell, form.WindowManager, messages, events},
-                     form.Controls};
+    Subsystems parts{
+        {files, drives, store, shell, form.WindowManager, messages, events, worker, worker},
+        form.Controls};
     MusicLibrary& library = parts.Loading.Library;
     SelectionSummary& summary = parts.Summary;
     Destination& destination = parts.Target;

@@ -72,9 +72,11 @@ protected:
 
 private:
     FakeEventLoop m_events;
+    InlineWorker m_worker;
     FakeShell m_shell;
     FakeSettingsStore m_store;
-    Subsystems m_parts{{files, m_drives, m_store, m_shell, form.WindowManager, messages, m_events},
+    Subsystems m_parts{{files, m_drives, m_store, m_shell, form.WindowManager, messages, m_events,
+                        m_worker, m_worker},
                        form.Controls};
     QStringList m_before;
 };

@@ -42,6 +42,7 @@ public:
     FakeShell shell;
     FakeMessages messages;
     QtEventLoop events;
+    InlineWorker worker;
     QtWindowManager windowManager;
     Form1Window window{windowManager};
     Form1Controls& controls = window.Controls();
@@ -49,7 +50,7 @@ public:
     FakeMediaPlayerControl player;
     PreviewControls preview{frmPreview, player};
     std::function<void(OverwritePrompt&)> AtPrompt;
-    Services services{files, drives, store, shell, windowManager, messages, events};
+    Services services{files, drives, store, shell, windowManager, messages, events, worker, worker};
     Form1 program{services, controls, preview,
                   [this](OverwritePrompt& prompt) { AtPrompt(prompt); }};
 };

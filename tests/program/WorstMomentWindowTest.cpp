@@ -318,6 +318,7 @@ public:
     FakeSettingsStore store;
     FakeShell shell;
     OpenEventLoop events;
+    InlineWorker worker;
     QtWindowManager windowManager;
     Form1Window window{windowManager};
     Form1Controls& controls = window.Controls();
@@ -325,7 +326,7 @@ public:
     FakeWindow frmPreview;
     FakeMediaPlayerControl player;
     PreviewControls preview{frmPreview, player};
-    Services services{files, drives, store, shell, windowManager, messages, events};
+    Services services{files, drives, store, shell, windowManager, messages, events, worker, worker};
     Form1 program{services, controls, preview, [this](OverwritePrompt& prompt) {
                       OverwriteWindow(window.Window().Widget(), prompt).Ask();
                   }};

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/Worker.h"
+
+#include <functional>
+#include <memory>
+
+/// What an operation throws that MayGoOn has stopped. Nothing has failed and nobody is to be asked,
+/// and so it is no std::exception.
+struct OperationStopped {};
+
+/// The files of another service, for work that the user can stop at any moment: each operation is
+/// done by a worker, while the caller's thread looks after the window. One that does not come back
+/// is left alone; what it still does when it comes back harms nothing.
+class PatientFileSystem : public FileSystem {
+public:
+    /// `ahead` reads files ahead while `worker` does everything else.
+    PatientFileSystem(FileSystem& files, Worker& worker, Worker& ahead)
+        : m_files(KeptAlive(files)), m_worker(worker), m_ahead(ahead) {}
+
+    /// Called about every 10 milliseconds as long as an operation lasts; false stops it. Null where
+    /// nobody waits: the operations are done on the caller's thread then.
+    std::function<bool()> MayGoOn;
+
+    bool FileExists(const QString& path) override;
+    bool WouldReplace(const QString& path) override;
+    bool FolderExists(const QString& path) override;
+    void CreateFolder(const QString& path) override;
+    void CreateFolderChain(const QString& path) override;
+    void DeleteFolder(const QString& path, const CopyControl& control) override;
+    bool CopyFile(const QString& source, const QString& target, Existing existing,
+                  const CopyControl& control) override;
+    void ReadAhead(const QString& path) override;
+    void RequireTarget(const QString& target, Existing existing) override;
+    bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                  const CopyControl& control) override;
+    void DeleteFile(BinaryFile& file) override;
+    void RemoveLeftovers(const QString& folder) override;
+    qint64 FileLength(const QString& path) override;
+    std::unique_ptr<BinaryFile> OpenForReading(const QString& path) override;
+    std::unique_ptr<BinaryFile> OpenForReadingAndWriting(const QString& path) override;
+    bool IsOnIpod(const QString& path) override;
+    NameLimits LimitsOf(const QString& path) override;
+    QString DriveOf(const QString& path) override;
+    double FreeBytes(const QString& path) override;
+    QString NativePath(const QString& path) override;
+
+private:
+    friend class PatientFile;
+
+    /// Does `operation`, which owns all it uses, and waits for it. Throws OperationStopped where it
+    /// was stopped, be it that it came to its end all the same.
+    void Wait(std::function<void()> operation, const CopyControl& control);
+    template <class Operation>
+    auto Ask(Operation operation, const CopyControl& control = {});
+
+    std::shared_ptr<FileSystem> m_files;
+    Worker& m_worker;
+    Worker& m_ahead;
+};
