@@ -2,48 +2,71 @@
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Kind KindOf(const QString& word) {
-    if (word == QLatin1String("audio")) {
+    if (word == "audio"_L1) {
         return KindAudio;
     }
-    if (word == QLatin1String("video")) {
+    if (word == "video"_L1) {
         return KindVideo;
     }
-    if (word == QLatin1String("other")) {
+    if (word == "other"_L1) {
         return KindOther;
     }
     throw std::logic_error("no such kind: " + word.toStdString());
 }
 
 TrackRecord TrackOf(const QString& line) {
-    const QStringList fields = line.split(QLatin1Char('|'));
+    const QStringList fields = line.split(u'|');
     TrackRecord track;
     track.Title = fields[0].trimmed();
-    track.Location = QStringLiteral("E:\\") + track.Title + QStringLiteral(".mp3");
+    track.Location = u"E:\\"_s + track.Title + u".mp3"_s;
     track.TrackNumber = fields.size() > 1 ? fields[1].toInt() : 0;
     track.FileSize = fields.size() > 2 ? fields[2].toInt() : 1024;
     track.Kind = fields.size() > 3 ? KindOf(fields[3].trimmed()) : KindAudio;
     return track;
 }
 
-QString TextOf(const FakeListControl& list, int row) {
-    return row >= 0 ? list.List(row) : QString();
+int IndexOf(const QStringList& texts, const QString& text) {
+    const qsizetype index = texts.indexOf(text);
+    if (index < 0) {
+        throw std::logic_error("no such row: " + text.toStdString());
+    }
+    return static_cast<int>(index);
+}
+
+int RowOf(const FakeListControl& list, const QString& text) {
+    return text == "All"_L1 && list.ListCount() > 0 ? 0 : IndexOf(list.Texts(), text);
+}
+
+FakeListControl& ListOf(FakeForm1& form, const QString& name) {
+    if (name == "artist"_L1) {
+        return form.lstArtists;
+    }
+    if (name == "album"_L1) {
+        return form.lstAlbums;
+    }
+    if (name == "song"_L1) {
+        return form.lstSongs;
+    }
+    throw std::logic_error("no such step: " + name.toStdString());
 }
 
 } // namespace
 
 std::vector<ArtistRecord> RecordsOf(const char* description) {
     std::vector<ArtistRecord> artists;
-    for (const QString& line : QString::fromUtf8(description).split(QLatin1Char('\n'))) {
+    for (const QString& line : QString::fromUtf8(description).split(u'\n')) {
         const QString name = line.trimmed();
         if (name.isEmpty()) {
             continue;
         }
-        if (line.startsWith(QLatin1String("    "))) {
+        if (line.startsWith("    "_L1)) {
             artists.back().Albums.back().Tracks.push_back(TrackOf(name));
-        } else if (line.startsWith(QLatin1String("  "))) {
+        } else if (line.startsWith("  "_L1)) {
             artists.back().Albums.emplace_back().Name = name;
         } else {
             artists.emplace_back().Name = name;
@@ -53,7 +76,7 @@ std::vector<ArtistRecord> RecordsOf(const char* description) {
 }
 
 std::string Texts(const FakeListControl& list) {
-    return list.Texts().join(QStringLiteral(", ")).toStdString();
+    return list.Texts().join(u", "_s).toStdString();
 }
 
 std::string Ticked(const FakeListControl& list) {
@@ -61,18 +84,19 @@ std::string Ticked(const FakeListControl& list) {
     for (const int row : list.TickedRows()) {
         texts.append(list.List(row));
     }
-    return texts.join(QStringLiteral(", ")).toStdString();
+    return texts.join(u", "_s).toStdString();
 }
 
 std::string Current(const FakeListControl& list) {
-    return TextOf(list, list.ListIndex()).toStdString();
+    const int row = list.ListIndex();
+    return row >= 0 ? list.List(row).toStdString() : std::string();
 }
 
 std::string CheckedRecords(const std::vector<ArtistRecord>& artists) {
     QStringList checked;
     const auto add = [&checked](bool isChecked, const QStringList& names) {
         if (isChecked) {
-            checked.append(names.join(QLatin1Char('/')));
+            checked.append(names.join(u'/'));
         }
     };
     for (const ArtistRecord& artist : artists) {
@@ -84,7 +108,7 @@ std::string CheckedRecords(const std::vector<ArtistRecord>& artists) {
             }
         }
     }
-    return checked.join(QStringLiteral(", ")).toStdString();
+    return checked.join(u", "_s).toStdString();
 }
 
 BrowserFixture::BrowserFixture(const char* description) : BrowserFixture(RecordsOf(description)) {
@@ -114,38 +138,36 @@ void BrowserFixture::Load(std::vector<ArtistRecord> artists) {
     Raise(Devices.LibraryLoaded);
 }
 
-int BrowserFixture::RowOf(const FakeListControl& list, const char* text) {
-    const QString wanted = QString::fromUtf8(text);
-    if (wanted == QLatin1String("All") && list.ListCount() > 0) {
-        return 0;
+void BrowserFixture::Do(const char* steps) {
+    for (const QString& step : QString::fromUtf8(steps).split(u", "_s)) {
+        DoStep(step.section(u' ', 0, 0), step.section(u' ', 1));
     }
-    const qsizetype row = list.Texts().indexOf(wanted);
-    if (row < 0) {
-        throw std::logic_error("no such row: " + wanted.toStdString());
+}
+
+void BrowserFixture::DoStep(const QString& verb, const QString& what) {
+    if (verb == "type"_L1) {
+        Form.txtSearch.UserReplace(what);
+    } else if (verb == "clear"_L1) {
+        Form.cmdClear.UserPress();
+    } else if (verb == "tab"_L1) {
+        Form.tbsFilter.UserSelectTab(IndexOf(Form.tbsFilter.Captions, what));
+    } else if (verb == "tick"_L1 || verb == "untick"_L1) {
+        FakeListControl& list = ListOf(Form, what.section(u' ', 0, 0));
+        list.UserTick(RowOf(list, what.section(u' ', 1)), verb == "tick"_L1);
+    } else {
+        FakeListControl& list = ListOf(Form, verb);
+        list.UserClick(RowOf(list, what));
     }
-    return static_cast<int>(row);
 }
 
-void BrowserFixture::Click(FakeListControl& list, const char* text) {
-    list.UserClick(RowOf(list, text));
+std::string BrowserFixture::Rows() const {
+    return Texts(lstArtists) + " | " + Texts(lstAlbums) + " | " + Texts(lstSongs);
 }
 
-void BrowserFixture::Tick(FakeListControl& list, const char* text) {
-    list.UserTick(RowOf(list, text), true);
+std::string BrowserFixture::TickedRows() const {
+    return Ticked(lstArtists) + " | " + Ticked(lstAlbums) + " | " + Ticked(lstSongs);
 }
 
-void BrowserFixture::Untick(FakeListControl& list, const char* text) {
-    list.UserTick(RowOf(list, text), false);
-}
-
-void BrowserFixture::Type(const char* text) {
-    Form.txtSearch.UserReplace(QString::fromUtf8(text));
-}
-
-void BrowserFixture::ChooseTab(const char* caption) {
-    const qsizetype tab = Form.tbsFilter.Captions.indexOf(QString::fromUtf8(caption));
-    if (tab < 0) {
-        throw std::logic_error(std::string("no such tab: ") + caption);
-    }
-    Form.tbsFilter.UserSelectTab(static_cast<int>(tab));
+std::string BrowserFixture::CurrentRows() const {
+    return Current(lstArtists) + " | " + Current(lstAlbums) + " | " + Current(lstSongs);
 }

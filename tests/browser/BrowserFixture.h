@@ -63,17 +63,25 @@ public:
     /// Shows another library in the same window, as after a change of the device.
     void Load(std::vector<ArtistRecord> artists);
 
-    /// The row of that text, "All" for the "All" row. Throws std::logic_error when there is none.
-    static int RowOf(const FakeListControl& list, const char* text);
-    /// What the user does with the row of that text.
-    static void Click(FakeListControl& list, const char* text);
-    static void Tick(FakeListControl& list, const char* text);
-    static void Untick(FakeListControl& list, const char* text);
-    /// Puts a text into the search box in one go.
-    void Type(const char* text);
-    /// Chooses the tab of that caption.
-    void ChooseTab(const char* caption);
+    /// Does what the user does, step after step: "artist Queen, tick song Bijou, type old song". A
+    /// step is "artist", "album" or "song" and the row to click ("All" for the "All" row); "tick"
+    /// or "untick" before that; "type" and the text that the search box then holds; "tab" and its
+    /// caption; or "clear". Throws std::logic_error when there is no such row or step.
+    void Do(const char* steps);
+
+    /// Of the three lists all rows, the ticked ones, and the current one: "Queen | Jazz |
+    /// Mustapha".
+    std::string Rows() const;
+    std::string TickedRows() const;
+    std::string CurrentRows() const;
+    /// The ticked records.
+    std::string Checked() const { return CheckedRecords(Library.Artists); }
+    /// How often the lists have been filled.
+    int Fills() const { return lstArtists.FillCount + lstAlbums.FillCount + lstSongs.FillCount; }
 
     std::string FullName() const { return Form.lblFullName.Caption().toStdString(); }
     std::string Message() const { return Form.lblMessage.Caption().toStdString(); }
+
+private:
+    void DoStep(const QString& verb, const QString& what);
 };

@@ -1,327 +1,262 @@
-#include "tests/selection/CheckPropagationFixture.h"
+// What a tick does to the records and to the rows of the three lists, and what surrounds it.
+
+#include "tests/browser/BrowserFixture.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-class CheckPropagationTest : public CheckPropagationFixture {};
+/// Abba is artist 1 and row 1, Queen artist 0 and row 2. By number, Queen's albums stand the other
+/// way round than by row, and so do the songs.
+const char* const TwoArtists = R"(
+Queen
+  Jazz
+    Mustapha | 1 | 1024
+    Bicycle Race | 4 | 2048
+  Innuendo
+    Headlong | 5 | 4096
+    Bijou | 11 | 8192
+Abba
+  Arrival
+    Tiger | 2 | 16384
+    Money | 1 | 32768
+)";
+
+const std::string Jazz = "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race";
+const std::string Queen = Jazz + ", Queen/Innuendo, Queen/Innuendo/Headlong, Queen/Innuendo/Bijou";
+const std::string Innuendo = "Queen, Queen/Innuendo, Queen/Innuendo/Headlong, Queen/Innuendo/Bijou";
+const std::string Abba = "Abba, Abba/Arrival, Abba/Arrival/Tiger, Abba/Arrival/Money";
+const std::string Everything = Queen + ", " + Abba;
+
+const std::string AllOfQueen = "Queen | All (2 Albums), Innuendo, Jazz | "
+                               "All (4 Items), Bicycle Race, Bijou, Headlong, Mustapha";
+const std::string AllOfEverything =
+    "All (2 Artists), Abba, Queen | All (3 Albums), Arrival, Innuendo, Jazz | "
+    "All (6 Items), Bicycle Race, Bijou, Headlong, Money, Mustapha, Tiger";
+const std::string Nothing = " |  | ";
+
+struct Case {
+    const char* Steps;
+    std::string TickedRows;
+    std::string Checked;
+};
+
+class CheckPropagationTest : public testing::Test {
+protected:
+    BrowserFixture browser{TwoArtists};
+    FakeListControl& artists = browser.lstArtists;
+    FakeListControl& albums = browser.lstAlbums;
+    FakeListControl& songs = browser.lstSongs;
+    FakeButtonControl& cmdCopy = browser.Form.cmdCopy;
+
+    static void ExpectEach(const std::vector<Case>& cases) {
+        for (const Case& each : cases) {
+            SCOPED_TRACE(each.Steps);
+            BrowserFixture fresh(TwoArtists);
+            fresh.Do(each.Steps);
+            EXPECT_EQ(fresh.TickedRows(), each.TickedRows);
+            EXPECT_EQ(fresh.Checked(), each.Checked);
+            EXPECT_EQ(fresh.Form.cmdCopy.Enabled(), !each.Checked.empty());
+        }
+    }
+};
 
 } // namespace
 
-// ---- artists
-
-TEST_F(CheckPropagationTest, TickingAllArtistsTicksEverythingAndTheSummaryShowsIt) {
-    browser.Tick(artists, "All");
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(Ticked(albums), "All (3 Albums), Arrival, Innuendo, Jazz");
-    EXPECT_EQ(Ticked(songs),
-              "All (6 Items), Bicycle Race, Bijou, Headlong, Money, Mustapha, Tiger");
-    EXPECT_EQ(Checked(), std::string(AllOfQueen) + ", " + AllOfAbba);
-    EXPECT_EQ(browser.Message(), "Selected: 63 KB of 63 KB");
+TEST_F(CheckPropagationTest, AnArtistsTickIsThatOfAllItsAlbumsAndSongs) {
+    ExpectEach({
+        {"tick artist Queen", AllOfQueen, Queen},
+        {"tick artist Queen, untick artist Queen", Nothing, ""},
+        {"artist Queen, tick song Bijou, untick artist Queen", Nothing, ""},
+        {"artist Queen, album Jazz, tick artist Queen",
+         "Queen | All (2 Albums), Innuendo, Jazz | All (2 Items), Mustapha, Bicycle Race", Queen},
+        {"tick artist All", AllOfEverything, Everything},
+        {"tick artist All, untick artist All", Nothing, ""},
+        {"tick artist All, untick artist Queen", "Abba |  | ", Abba},
+        {"tick artist Abba, tick artist Queen", "All (2 Artists), Abba, " + AllOfQueen, Everything},
+        {"artist Queen, album Jazz, tick artist All",
+         "All (2 Artists), Abba, Queen | All (3 Albums), Arrival, Innuendo, Jazz | "
+         "All (2 Items), Mustapha, Bicycle Race",
+         Everything},
+    });
 }
 
-TEST_F(CheckPropagationTest, UntickingAllArtistsUnticksEverything) {
-    browser.Tick(artists, "All");
-    browser.Untick(artists, "All");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(songs), "");
-    EXPECT_EQ(Checked(), "");
-    EXPECT_EQ(browser.Message(), "Selected: 0 KB of 63 KB");
+TEST_F(CheckPropagationTest, AnAlbumsTickIsThatOfItsSongsAndReachesItsArtist) {
+    const std::string jazzRows = "Queen | Jazz | All (2 Items), Mustapha, Bicycle Race";
+    ExpectEach({
+        {"artist Queen, tick album Jazz", jazzRows, Jazz},
+        {"artist Queen, tick album Jazz, untick album Jazz", Nothing, ""},
+        {"artist Queen, tick album Jazz, tick album Innuendo",
+         "Queen | All (2 Albums), Innuendo, Jazz | All (2 Items), Headlong, Bijou", Queen},
+        {"artist Queen, tick album All", AllOfQueen, Queen},
+        {"artist Queen, tick album All, untick album All", Nothing, ""},
+        {"artist Queen, tick album All, untick album Jazz", "Queen | Innuendo | ", Innuendo},
+        // Under all artists the artist is found through ArtistRows.
+        {"artist All, tick album Jazz", jazzRows, Jazz},
+        {"artist All, tick album Jazz, untick album Jazz", Nothing, ""},
+        {"artist All, tick album Jazz, tick album Innuendo, untick album Jazz",
+         "Queen | Innuendo | ", Innuendo},
+        {"artist All, tick album Arrival, tick album Jazz",
+         "All (2 Artists), Abba, Queen | Arrival, Jazz | All (2 Items), Mustapha, Bicycle Race",
+         Jazz + ", " + Abba},
+        {"artist All, tick album Arrival, tick album Jazz, untick album Arrival", "Queen | Jazz | ",
+         Jazz},
+        {"artist All, tick album All", AllOfEverything, Everything},
+        {"artist All, tick album All, untick album All", Nothing, ""},
+    });
 }
 
-TEST_F(CheckPropagationTest, UntickingOneOfAllArtistsUnticksAllAndTickingItAgainTicksAll) {
-    browser.Tick(artists, "All");
-    browser.Untick(artists, "Queen");
-    EXPECT_EQ(Ticked(artists), "Abba");
-    browser.Tick(artists, "Queen");
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
+TEST_F(CheckPropagationTest, ASongsTickReachesItsAlbumAndItsArtist) {
+    const std::string bijou = "Queen, Queen/Innuendo, Queen/Innuendo/Bijou";
+    const std::string mustapha = "Queen, Queen/Jazz, Queen/Jazz/Mustapha";
+    ExpectEach({
+        // of one album
+        {"artist Queen, album Innuendo, tick song Bijou", "Queen | Innuendo | Bijou", bijou},
+        {"artist Queen, album Innuendo, tick song All, untick song Headlong",
+         "Queen | Innuendo | Bijou", bijou},
+        {"artist Queen, tick song Mustapha, album Innuendo, tick song Bijou, untick song Bijou",
+         "Queen | Jazz | ", mustapha},
+        {"artist All, album Jazz, tick song All",
+         "Queen | Jazz | All (2 Items), Mustapha, Bicycle Race", Jazz},
+        // of an artist's only album, whose "All" row stands for it alone
+        {"album Arrival, tick song Money, untick song Money", Nothing, ""},
+        {"tick song Money, untick song Money", Nothing, ""},
+        {"tick song All", "Abba | All (1 Album), Arrival | All (2 Items), Money, Tiger", Abba},
+        {"tick song All, untick song All", Nothing, ""},
+        {"album Arrival, tick song All, untick song All", Nothing, ""},
+        // of all albums of an artist
+        {"artist Queen, tick song Mustapha, tick song Bijou",
+         "Queen | All (2 Albums), Innuendo, Jazz | Bijou, Mustapha",
+         mustapha + ", Queen/Innuendo, Queen/Innuendo/Bijou"},
+        {"artist Queen, tick song Mustapha, tick song Bijou, untick song Bijou",
+         "Queen | Jazz | Mustapha", mustapha},
+        {"artist Queen, tick song All", AllOfQueen, Queen},
+        {"artist Queen, tick song All, untick song All", Nothing, ""},
+        // of all artists
+        {"artist All, tick song Mustapha", "Queen | Jazz | Mustapha", mustapha},
+        {"artist All, tick song Mustapha, tick song Bicycle Race, untick song Bicycle Race",
+         "Queen | Jazz | Mustapha", mustapha},
+        {"artist All, tick song Mustapha, untick song Mustapha", Nothing, ""},
+        {"artist All, tick song Tiger, tick song Bijou",
+         "All (2 Artists), Abba, Queen | Arrival, Innuendo | Bijou, Tiger",
+         bijou + ", Abba, Abba/Arrival, Abba/Arrival/Tiger"},
+        {"artist All, tick song Tiger, tick song Bijou, untick song Tiger",
+         "Queen | Innuendo | Bijou", bijou},
+        {"artist All, tick song All", AllOfEverything, Everything},
+        {"artist All, tick song All, untick song All", Nothing, ""},
+    });
 }
 
-TEST_F(CheckPropagationTest, TickingAnArtistTicksItsAlbumsAndTracksAndNobodyElses) {
-    browser.Tick(artists, "Queen");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
-    EXPECT_EQ(Ticked(songs), "All (4 Items), Bicycle Race, Bijou, Headlong, Mustapha");
-    EXPECT_EQ(Checked(), AllOfQueen);
-    browser.Untick(artists, "Queen");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, UntickingAnArtistOfWhichSomeSongsAreTickedUnticksThose) {
-    browser.Click(artists, "Queen");
-    browser.Tick(songs, "Bijou");
-    browser.Untick(artists, "Queen");
-    EXPECT_EQ(Checked(), "");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(songs), "");
-}
-
-TEST_F(CheckPropagationTest, AnArtistIsTickedWholeWhileOneOfItsAlbumsIsCurrent) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Jazz");
-    browser.Tick(artists, "Queen");
-    EXPECT_EQ(Checked(), AllOfQueen);
-    EXPECT_EQ(Current(albums), "Jazz");
-    EXPECT_EQ(Ticked(songs), "All (2 Items), Mustapha, Bicycle Race");
-}
-
-TEST_F(CheckPropagationTest, TheAllArtistsRowTicksEverythingWhileAnAlbumIsKeptCurrent) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Jazz");
-    browser.Tick(artists, "All");
-    EXPECT_EQ(Current(albums), "Jazz");
-    EXPECT_EQ(Ticked(songs), "All (2 Items), Mustapha, Bicycle Race");
-    EXPECT_EQ(Checked(), std::string(AllOfQueen) + ", " + AllOfAbba);
-}
-
-// ---- albums
-
-TEST_F(CheckPropagationTest, TickingAnAlbumTicksItsSongsAndItsArtist) {
-    browser.Click(artists, "Queen");
-    browser.Tick(albums, "Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    EXPECT_EQ(Ticked(songs), "All (2 Items), Mustapha, Bicycle Race");
-    EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race");
-}
-
-TEST_F(CheckPropagationTest, TickingTheLastAlbumTicksAllAlbumsAndUntickingOneUnticksIt) {
-    browser.Click(artists, "Queen");
-    browser.Tick(albums, "Jazz");
-    browser.Tick(albums, "Innuendo");
-    EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
-    browser.Untick(albums, "Jazz");
-    EXPECT_EQ(Ticked(albums), "Innuendo");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    browser.Untick(albums, "Innuendo");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, AllAlbumsOfOneArtistTicksThatArtistAlone) {
-    browser.Click(artists, "Queen");
-    browser.Tick(albums, "All");
-    EXPECT_EQ(Checked(), AllOfQueen);
-    EXPECT_EQ(Ticked(artists), "Queen");
-    browser.Untick(albums, "All");
-    EXPECT_EQ(Checked(), "");
-    EXPECT_EQ(Ticked(artists), "");
-}
-
-TEST_F(CheckPropagationTest, AllAlbumsUnderAllArtistsTicksEverything) {
-    browser.Click(artists, "All");
-    browser.Tick(albums, "All");
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(Checked(), std::string(AllOfQueen) + ", " + AllOfAbba);
-    browser.Untick(albums, "All");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, AnAlbumUnderAllArtistsTicksTheArtistFoundThroughArtistRows) {
-    browser.Click(artists, "All");
-    browser.Tick(albums, "Jazz"); // of artist 0, who stands in row 2
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_TRUE(browser.Library.Artists[0].Checked);
-    EXPECT_FALSE(browser.Library.Artists[1].Checked);
-    browser.Untick(albums, "Jazz");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, UnderAllArtistsAnArtistStaysTickedWhileAnAlbumOfItIs) {
-    browser.Click(artists, "All");
-    browser.Tick(albums, "Jazz");
-    browser.Tick(albums, "Innuendo");
-    browser.Untick(albums, "Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-}
-
-TEST_F(CheckPropagationTest, TheLastAlbumUnderAllArtistsTicksTheAllArtistsRow) {
-    browser.Click(artists, "All");
-    browser.Tick(albums, "Arrival");
-    browser.Tick(albums, "Jazz"); // the artists are complete, the albums are not
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(Ticked(albums), "Arrival, Jazz");
-    browser.Untick(albums, "Arrival");
-    EXPECT_EQ(Ticked(artists), "Queen");
-}
-
-// ---- songs
-
-TEST_F(CheckPropagationTest, ASongOfTheCurrentAlbumTicksTheAlbumAndTheArtist) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Innuendo");
-    browser.Tick(songs, "Bijou");
-    EXPECT_EQ(Ticked(songs), "Bijou");
-    EXPECT_EQ(Ticked(albums), "Innuendo");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Checked(), "Queen, Queen/Innuendo, Queen/Innuendo/Bijou");
-}
-
-TEST_F(CheckPropagationTest, UntickingTheOnlyTickedSongUnticksTheAlbumAndAtLastTheArtist) {
-    browser.Click(artists, "Queen");
-    browser.Tick(songs, "Mustapha");
-    browser.Click(albums, "Innuendo");
-    browser.Tick(songs, "Bijou");
-    browser.Untick(songs, "Bijou");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha");
-    browser.Click(albums, "Jazz");
-    browser.Untick(songs, "Mustapha");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, UntickingTheOnlyTickedSongOfAnOnlyAlbumUnticksTheArtistToo) {
-    for (const char* album : {"Arrival", "All"}) {
-        browser.Click(albums, album);
-        browser.Tick(songs, "Money");
-        EXPECT_EQ(Ticked(albums), "All (1 Album), Arrival");
-        EXPECT_EQ(Ticked(artists), "Abba");
-        browser.Untick(songs, "Money");
-        EXPECT_EQ(Ticked(albums), "") << album;
-        EXPECT_EQ(Ticked(artists), "") << album;
-        EXPECT_EQ(Checked(), "") << album;
-        EXPECT_FALSE(browser.Form.cmdCopy.Enabled()) << album;
-    }
-}
-
-TEST_F(CheckPropagationTest, UntickingAllSongsOfAnOnlyAlbumUnticksTheArtistToo) {
-    for (const char* album : {"Arrival", "All"}) {
-        browser.Click(albums, album);
-        browser.Tick(songs, "All");
-        EXPECT_EQ(Checked(), AllOfAbba);
-        browser.Untick(songs, "All");
-        EXPECT_EQ(Ticked(albums), "") << album;
-        EXPECT_EQ(Ticked(artists), "") << album;
-        EXPECT_EQ(Checked(), "") << album;
-    }
-}
-
-TEST_F(CheckPropagationTest, UntickingOneOfSeveralSongsKeepsTheAlbumTicked) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Innuendo");
-    browser.Tick(songs, "All");
-    EXPECT_EQ(Ticked(songs), "All (2 Items), Headlong, Bijou");
-    browser.Untick(songs, "Headlong");
-    EXPECT_EQ(Ticked(songs), "Bijou");
-    EXPECT_EQ(Ticked(albums), "Innuendo");
-    EXPECT_EQ(Ticked(artists), "Queen");
-}
-
-TEST_F(CheckPropagationTest, TheOnlySongOfAnAlbumGoesWithItsAllRow) {
-    BrowserFixture one(R"(
-Abba
-  Arrival
-    Money
-)");
-    one.Tick(one.lstSongs, "Money");
-    EXPECT_EQ(Ticked(one.lstSongs), "All (1 Item), Money");
-    EXPECT_EQ(Ticked(one.lstAlbums), "All (1 Album), Arrival");
-    EXPECT_EQ(Ticked(one.lstArtists), "All (1 Artist), Abba");
-    one.Untick(one.lstSongs, "Money");
-    EXPECT_EQ(Ticked(one.lstSongs), "");
-    EXPECT_EQ(Ticked(one.lstAlbums), "");
-    EXPECT_EQ(Ticked(one.lstArtists), "");
-    EXPECT_EQ(CheckedRecords(one.Library.Artists), "");
-}
-
-TEST_F(CheckPropagationTest, UnderAllAlbumsASongTicksItsAlbumThroughSongRowAlbumRowAndItsArtist) {
-    browser.Click(artists, "All");
-    browser.Tick(songs, "Mustapha"); // song row 5, album row 3, artist row 2
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha");
-    browser.Tick(songs, "Bicycle Race");
-    browser.Untick(songs, "Mustapha");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    browser.Untick(songs, "Bicycle Race");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_EQ(Checked(), "");
-}
-
-TEST_F(CheckPropagationTest, UnderAllAlbumsOfAnArtistTheLastSongsTickTheAllAlbumsRow) {
-    browser.Click(artists, "Queen");
-    browser.Tick(songs, "Mustapha");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    browser.Tick(songs, "Bijou");
-    EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
-    EXPECT_EQ(Ticked(songs), "Bijou, Mustapha");
-    browser.Untick(songs, "Bijou");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-}
-
-TEST_F(CheckPropagationTest, AllSongsUnderAllAlbumsOfAnArtistTicksThatArtist) {
-    browser.Click(artists, "Queen");
-    browser.Tick(songs, "All");
-    EXPECT_EQ(Checked(), AllOfQueen);
-    EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    browser.Untick(songs, "All");
-    EXPECT_EQ(Checked(), "");
-    EXPECT_EQ(Ticked(albums), "");
-    EXPECT_EQ(Ticked(artists), "");
-}
-
-TEST_F(CheckPropagationTest, AllSongsUnderAllOfEverythingTicksEverything) {
-    browser.Click(artists, "All");
-    browser.Tick(songs, "All");
-    EXPECT_EQ(Checked(), std::string(AllOfQueen) + ", " + AllOfAbba);
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
-    browser.Untick(songs, "All");
-    EXPECT_EQ(Checked(), "");
-    EXPECT_EQ(Ticked(artists), "");
-}
-
-TEST_F(CheckPropagationTest, AllSongsOfAnAlbumUnderAllArtistsTicksThatAlbumAlone) {
-    browser.Click(artists, "All");
-    browser.Click(albums, "Jazz");
-    browser.Tick(songs, "All");
-    EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race");
-    EXPECT_EQ(Ticked(artists), "Queen");
-    EXPECT_EQ(Ticked(albums), "Jazz");
-}
-
-TEST_F(CheckPropagationTest, TheLastArtistBySongTicksTheAllArtistsRow) {
-    browser.Click(artists, "All");
-    browser.Tick(songs, "Tiger");
-    browser.Tick(songs, "Bijou");
-    EXPECT_EQ(Ticked(artists), "All (2 Artists), Abba, Queen");
-    browser.Untick(songs, "Tiger");
-    EXPECT_EQ(Ticked(artists), "Queen");
+TEST_F(CheckPropagationTest, TheOnlySongOfAllGoesWithEveryAllRow) {
+    BrowserFixture one("Abba\n  Arrival\n    Money");
+    one.Do("tick song Money");
+    EXPECT_EQ(one.TickedRows(),
+              "All (1 Artist), Abba | All (1 Album), Arrival | All (1 Item), Money");
+    one.Do("untick song Money");
+    EXPECT_EQ(one.TickedRows(), Nothing);
+    EXPECT_EQ(one.Checked(), "");
 }
 
 TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowThatMissesMoreThanOneRow) {
-    browser.Click(artists, "All");
+    browser.Do("artist All");
     NestedFlag::Guard building = browser.Linked.Building.Set();
     albums.SetSelected(0, true); // of three albums none is ticked
     building.End();
-    browser.Tick(songs, "Bijou");
+    browser.Do("tick song Bijou");
     EXPECT_EQ(Ticked(albums), "Innuendo");
 }
 
-TEST_F(CheckPropagationTest, AnAlbumsChangeShowsItsSongsFirstEvenWithoutAClick) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Innuendo");
-    NestedFlag::Guard building = browser.Linked.Building.Set();
-    albums.SetListIndex(2); // Jazz
-    building.End();
-    albums.SetSelected(2, true);
-    EXPECT_EQ(Ticked(songs), "All (2 Items), Mustapha, Bicycle Race");
-    EXPECT_EQ(Checked(), "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race");
+TEST_F(CheckPropagationTest, AChangeShowsWhatIsBeneathTheRowFirstEvenWithoutAClick) {
+    const auto tickWithoutClick = [this](FakeListControl& list, int row) {
+        NestedFlag::Guard building = browser.Linked.Building.Set();
+        list.SetListIndex(row);
+        building.End();
+        list.SetSelected(row, true);
+    };
+    tickWithoutClick(artists, 2); // Queen
+    EXPECT_EQ(browser.TickedRows(), AllOfQueen);
+    EXPECT_EQ(browser.Checked(), Queen);
+    browser.Do("untick artist Queen, album Innuendo");
+    tickWithoutClick(albums, 2); // Jazz
+    EXPECT_EQ(browser.TickedRows(), "Queen | Jazz | All (2 Items), Mustapha, Bicycle Race");
+    EXPECT_EQ(browser.Checked(), Jazz);
 }
 
-TEST_F(CheckPropagationTest, AnArtistsChangeShowsItsAlbumsFirstEvenWithoutAClick) {
-    NestedFlag::Guard building = browser.Linked.Building.Set();
-    artists.SetListIndex(2); // Queen
-    building.End();
-    artists.SetSelected(2, true);
-    EXPECT_EQ(Ticked(albums), "All (2 Albums), Innuendo, Jazz");
-    EXPECT_EQ(Checked(), AllOfQueen);
+// ---- in a result
+
+TEST_F(CheckPropagationTest, InAResultTheAllArtistsRowTicksTheResultAlone) {
+    browser.Do("type a, artist All");
+    ASSERT_EQ(Texts(songs), "All (5 Items), Bicycle Race, Headlong, Money, Mustapha, Tiger");
+    browser.Do("tick artist All, clear");
+    EXPECT_EQ(browser.Checked(), Jazz + ", Queen/Innuendo, Queen/Innuendo/Headlong, " + Abba);
+}
+
+TEST_F(CheckPropagationTest, InAResultAnAlbumStaysTickedForItsHiddenSongsUntilItIsTouched) {
+    browser.Do("artist Queen, tick song Bijou, type headlong");
+    EXPECT_EQ(browser.TickedRows(), "All (1 Artist), Queen | All (1 Album), Innuendo | ");
+    browser.Do("tick song Headlong, untick song Headlong");
+    EXPECT_EQ(browser.TickedRows(), Nothing);
+    EXPECT_TRUE(cmdCopy.Enabled());
+    browser.Do("clear");
+    EXPECT_EQ(browser.Checked(), "Queen, Queen/Innuendo, Queen/Innuendo/Bijou");
+}
+
+// ---- what surrounds every change
+
+TEST_F(CheckPropagationTest, AChangeByCodeThatBuildsListsChangesNothingElse) {
+    const NestedFlag::Guard building = browser.Linked.Building.Set();
+    browser.Form.lblMessage.SetCaption(u"untouched"_s);
+    for (FakeListControl* list : {&artists, &albums, &songs}) {
+        list->SetSelected(1, true);
+    }
+    EXPECT_EQ(browser.TickedRows(), "Abba | Arrival | Money");
+    EXPECT_EQ(browser.Checked(), "");
+    EXPECT_EQ(browser.Message(), "untouched");
+    EXPECT_FALSE(cmdCopy.Enabled());
+}
+
+TEST_F(CheckPropagationTest, ASongsTickRebuildsNoList) {
+    const int fills = browser.Fills();
+    browser.Do("tick song Money, tick song All");
+    EXPECT_EQ(browser.Fills(), fills);
+}
+
+TEST_F(CheckPropagationTest, TheCurrentRowsOfAllListsStay) {
+    browser.Do("artist Queen, album Innuendo, song Bijou");
+    artists.UserSpace();
+    EXPECT_EQ(browser.CurrentRows(), "Queen | Innuendo | Bijou");
+    albums.UserSpace();
+    EXPECT_EQ(browser.CurrentRows(), "Queen | Innuendo | Bijou");
+    EXPECT_EQ(browser.Checked(), Jazz);
+    EXPECT_EQ(browser.FullName(), "Queen / Innuendo / Bijou");
+}
+
+TEST_F(CheckPropagationTest, TheFocusReturnsToTheListThatWasTicked) {
+    for (FakeListControl* list : {&artists, &albums, &songs}) {
+        browser.Form.txtSearch.SetFocus();
+        list->SetSelected(1, !list->Selected(1));
+        EXPECT_TRUE(list->HasFocus());
+    }
+}
+
+TEST_F(CheckPropagationTest, TheListsAreHiddenDuringTheChangeAndShownOnce) {
+    browser.Do("artist All, album All");
+    for (FakeListControl* list : {&artists, &albums, &songs}) {
+        list->ChangesWhileVisible = list->VisibleChanges = 0;
+    }
+    browser.Do("tick artist All");
+    for (FakeListControl* list : {&artists, &albums, &songs}) {
+        EXPECT_EQ(list->VisibleChanges, 2);
+        // the current row, and of the artists the user's own tick
+        EXPECT_EQ(list->ChangesWhileVisible, list == &artists ? 2 : 1);
+    }
+}
+
+TEST_F(CheckPropagationTest, TheSummaryIsComputedOnceAChange) {
+    browser.Form.prgCopy.Values.clear();
+    browser.Do("tick artist All");
+    EXPECT_EQ(browser.Form.prgCopy.Values, std::vector<float>{64512.0F});
+    EXPECT_EQ(browser.Message(), "Selected: 63 KB of 63 KB");
 }

@@ -34,23 +34,11 @@ protected:
     FakeListControl& albums = browser.lstAlbums;
     FakeListControl& songs = browser.lstSongs;
 
-    /// The titles that a search for `text` finds.
-    std::string Found(const char* text) {
-        browser.Type(text);
-        if (artists.ListCount() == 0) {
-            return "";
-        }
-        browser.Click(artists, "All");
-        browser.Click(albums, "All");
-        return Texts(songs);
-    }
-
-    std::string Checked() const { return CheckedRecords(browser.Library.Artists); }
-
     void ExpectFullLibrary() {
         EXPECT_EQ(Texts(artists), "All (3 Artists), Abba, Blue River, Queen");
         EXPECT_TRUE(artists.Enabled() && albums.Enabled() && songs.Enabled());
         EXPECT_FALSE(browser.Result.Search());
         EXPECT_TRUE(browser.Result.SavedArtists().empty());
+        EXPECT_FALSE(form.cmdClear.Enabled());
     }
 };

@@ -1,197 +1,141 @@
-// What a result does to the rows, the check marks and the way back.
+// What a result does to the current rows, the check marks and the way back.
 
 #include "tests/selection/SearchFixture.h"
 
-namespace {
-
 class SearchResultTest : public SearchFixture {};
-
-} // namespace
 
 // ---- the rows
 
-TEST_F(SearchResultTest, TheArtistTheAlbumAndTheSongStayCurrentInTheResult) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "River Jazz");
-    browser.Click(songs, "Let Me");
-    browser.Type("e");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Current(albums), "River Jazz");
-    EXPECT_EQ(Current(songs), "Let Me");
-    EXPECT_EQ(browser.FullName(), "Queen / River Jazz / Let Me");
-    browser.Type("let");
-    EXPECT_EQ(Texts(songs), "All (1 Item), Let Me");
-    EXPECT_EQ(Current(songs), "Let Me");
-    browser.Type("");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Current(albums), "River Jazz");
-    EXPECT_EQ(Current(songs), "Let Me");
+TEST_F(SearchResultTest, TheRecordsThatAreShownStayCurrent) {
+    const struct {
+        const char* Steps;
+        const char* CurrentRows;
+    } cases[] = {
+        {"artist Queen, album River Jazz, song Let Me, type e", "Queen | River Jazz | Let Me"},
+        {"artist Queen, album River Jazz, song Let Me, type let", "Queen | River Jazz | Let Me"},
+        {"artist Queen, album River Jazz, song Let Me, type let, clear",
+         "Queen | River Jazz | Let Me"},
+        // another place in the result than in the library
+        {"artist Queen, album River Jazz, song Dance, type dance", "Queen | River Jazz | Dance"},
+        {"artist Queen, album River Jazz, song Dance, tab Video, tab All Files",
+         "Queen | River Jazz | Dance"},
+        {"type dance, artist Queen, album River Jazz, song Dance, clear",
+         "Queen | River Jazz | Dance"},
+        // not in the result
+        {"artist Queen, album Jazz, song Mustapha, type let",
+         "Queen | All (1 Album) | All (1 Item)"},
+        {"artist Queen, album Jazz, song Mustapha, type let, type stone",
+         "All (1 Artist) | All (1 Album) | All (1 Item)"},
+        // "All" rows
+        {"artist All, album Second, type stone", "All (1 Artist) | Second | All (1 Item)"},
+        {"artist All, album Second, type stone, clear", "All (3 Artists) | Second | All (1 Item)"},
+        {"artist All, type stone, song Stone, clear", "All (3 Artists) | All (5 Albums) | Stone"},
+        // nothing was found
+        {"artist Queen, song Mustapha, type moneyx, type money",
+         "All (1 Artist) | All (1 Album) | All (1 Item)"},
+        {"song Money, type nowhere, clear", "All (3 Artists) | All (5 Albums) | All (10 Items)"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Steps);
+        BrowserFixture fresh(ThreeArtists);
+        fresh.Do(each.Steps);
+        EXPECT_EQ(fresh.CurrentRows(), each.CurrentRows);
+    }
 }
 
-TEST_F(SearchResultTest, ARecordThatIsNotInTheResultLeavesTheAllRowCurrent) {
-    browser.Click(artists, "Queen");
-    browser.Click(albums, "Jazz");
-    browser.Click(songs, "Mustapha");
-    browser.Type("let");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Current(albums), "All (1 Album)");
-    EXPECT_EQ(Current(songs), "All (1 Item)");
-    browser.Type("stone");
-    EXPECT_EQ(Current(artists), "All (1 Artist)");
-    EXPECT_EQ(browser.FullName(), "");
+TEST_F(SearchResultTest, TheRememberedArtistIsFoundByItsIndexAndNotByItsName) {
+    BrowserFixture twins("Abba\n  Arrival\n    Money\nAbba\n  Waterloo\n    Suzy");
+    twins.Do("type suzy, artist Abba, clear");
+    EXPECT_EQ(twins.lstArtists.ListIndex(), 2);
+    EXPECT_EQ(Texts(twins.lstAlbums), "All (1 Album), Waterloo");
 }
 
-TEST_F(SearchResultTest, AListOnItsAllRowStaysThere) {
-    browser.Click(artists, "All");
-    browser.Click(albums, "Second");
-    browser.Type("stone");
-    EXPECT_EQ(Current(artists), "All (1 Artist)");
-    EXPECT_EQ(Current(albums), "Second");
-    EXPECT_EQ(Current(songs), "All (1 Item)");
-    browser.Type("");
-    EXPECT_EQ(Current(artists), "All (3 Artists)");
-    EXPECT_EQ(Current(albums), "Second");
-}
-
-TEST_F(SearchResultTest, RowsAreMatchedThroughSourceIndexAndNotByTheirPlaceInTheResult) {
-    browser.Click(artists, "Queen"); // artist 1 of the library, artist 0 of the result
-    browser.Click(albums, "River Jazz");
-    browser.Click(songs, "Dance"); // track 2 of the library, track 0 of the result
-    browser.Type("dance");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Current(albums), "River Jazz");
-    EXPECT_EQ(Current(songs), "Dance");
-    browser.Type("");
-    EXPECT_EQ(Current(artists), "Queen");
-    EXPECT_EQ(Current(albums), "River Jazz");
-    EXPECT_EQ(Current(songs), "Dance");
+TEST_F(SearchResultTest, TheWayBackFillsAndPaintsEachListOnce) {
+    browser.Do("type e, artist All, album Second");
+    const int fills = browser.Fills();
+    for (FakeListControl* list : {&artists, &albums, &songs}) {
+        list->ChangesWhileVisible = 0;
+    }
+    browser.Do("clear");
+    EXPECT_EQ(browser.Fills(), fills + 3);
+    EXPECT_EQ(artists.ChangesWhileVisible, 0);
+    EXPECT_EQ(songs.ChangesWhileVisible, 1); // the row that is put back last
+    EXPECT_TRUE(artists.Visible() && albums.Visible() && songs.Visible());
 }
 
 // ---- the check marks
 
-TEST_F(SearchResultTest, CopyStaysEnabledForTicksThatTheResultHides) {
-    browser.Tick(songs, "Money");
-    browser.Type("stone");
-    EXPECT_EQ(Ticked(artists), "");
-    EXPECT_TRUE(browser.Result.CheckedHidden());
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-    browser.Tick(songs, "Stone");
-    browser.Untick(songs, "Stone");
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-}
-
-TEST_F(SearchResultTest, WithoutHiddenTicksCopyGoesByTheResultAlone) {
-    browser.Tick(songs, "Money");
-    browser.Type("money");
-    EXPECT_FALSE(browser.Result.CheckedHidden());
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-    browser.Untick(songs, "Money");
-    EXPECT_FALSE(form.cmdCopy.Enabled());
-    browser.Type("stone");
-    EXPECT_FALSE(form.cmdCopy.Enabled());
-}
-
-TEST_F(SearchResultTest, EverySearchAndEveryWayBackSetsTheCopyButtonAnew) {
-    form.cmdCopy.SetEnabled(true);
-    browser.Type("money");
-    EXPECT_FALSE(form.cmdCopy.Enabled());
-    browser.Tick(songs, "Money");
-    form.cmdCopy.SetEnabled(false);
-    browser.Type("stone");
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-    form.cmdCopy.SetEnabled(false);
-    browser.Type("nowhere");
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-    form.cmdCopy.SetEnabled(false);
-    form.cmdClear.UserPress();
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-}
-
-TEST_F(SearchResultTest, HiddenTicksAreForgottenWithTheResult) {
-    browser.Tick(songs, "Money");
-    browser.Type("stone");
-    browser.Type("money");
-    EXPECT_FALSE(browser.Result.CheckedHidden());
-    browser.Type("stone");
-    form.cmdClear.UserPress();
-    EXPECT_FALSE(browser.Result.CheckedHidden());
-    EXPECT_TRUE(form.cmdCopy.Enabled());
-}
-
-TEST_F(SearchResultTest, ATickInsideAResultStaysInTheFullLibrary) {
-    browser.Type("dance");
-    browser.Tick(songs, "Dance");
-    browser.Type("");
-    EXPECT_EQ(Checked(), "Queen, Queen/River Jazz, Queen/River Jazz/Dance");
-    EXPECT_EQ(browser.Message(), "Selected: 128 KB of 1023 KB");
+TEST_F(SearchResultTest, CopyIsEnabledForTicksThatTheResultShowsOrHides) {
+    const struct {
+        const char* Steps;
+        bool CheckedHidden, CanCopy;
+    } cases[] = {
+        {"type money", false, false},
+        {"type nowhere", false, false},
+        {"type money, tick song Money", false, true},
+        {"tick song Money, type money", false, true},
+        {"tick song Money, type money, untick song Money", false, false},
+        {"tick song Money, type money, untick song Money, type stone", false, false},
+        {"tick song Money, type stone", true, true},
+        {"tick song Money, type stone, tick song Stone, untick song Stone", true, true},
+        {"tick song Money, type nowhere", true, true},
+        {"tick song Money, type stone, type money", false, true},
+        {"tick song Money, type stone, clear", false, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Steps);
+        BrowserFixture fresh(ThreeArtists);
+        fresh.Do(each.Steps);
+        EXPECT_EQ(fresh.Result.CheckedHidden(), each.CheckedHidden);
+        EXPECT_EQ(fresh.Form.cmdCopy.Enabled(), each.CanCopy);
+    }
 }
 
 TEST_F(SearchResultTest, TicksOfSeveralResultsInARowAreAllKept) {
-    browser.Type("dance");
-    browser.Tick(songs, "Dance");
-    browser.Type("song");
-    browser.Tick(artists, "All");
-    browser.Type("old");
-    browser.Untick(songs, "Old Song");
-    browser.ChooseTab("Video");
-    browser.Type("");
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(Checked(), "Queen, Queen/River Jazz, Queen/River Jazz/Dance, Abba, Abba/Arrival, "
-                         "Abba/Arrival/Tiger Song");
+    browser.Do("type dance, tick song Dance, type song, tick artist All, type old, "
+               "untick song Old Song, tab Video, type, tab All Files");
+    EXPECT_EQ(browser.Checked(), "Queen, Queen/River Jazz, Queen/River Jazz/Dance, "
+                                 "Abba, Abba/Arrival, Abba/Arrival/Tiger Song");
     EXPECT_EQ(browser.Message(), "Selected: 384 KB of 1023 KB");
+}
+
+TEST_F(SearchResultTest, ATickTakenOffAnAlbumStaysOnTheSongsThatTheResultHid) {
+    browser.Do("artist Queen, tick album Jazz, type mustapha, untick album Jazz");
+    EXPECT_EQ(browser.Checked(), "");
+    browser.Do("clear");
+    EXPECT_EQ(browser.Checked(), "Queen, Queen/Jazz, Queen/Jazz/Bicycle Race");
+}
+
+TEST_F(SearchResultTest, ThePassOverTheFullLibraryOnlyEverTicks) {
+    browser.Library.Artists[1].Albums[0].Checked = true; // no song under it is
+    browser.Do("type tiger");
+    browser.Result.UpdateOldArtists();
+    EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()), "Queen/Jazz");
 }
 
 // ---- searches that find nothing
 
 TEST_F(SearchResultTest, NothingFoundShowsEmptyDisabledLists) {
-    browser.Click(songs, "Money");
-    browser.Tick(songs, "Money");
-    browser.Type("nowhere");
-    EXPECT_EQ(artists.ListCount() + albums.ListCount() + songs.ListCount(), 0);
+    browser.Do("song Money, tick song Money, type nowhere");
+    EXPECT_EQ(browser.Rows(), " |  | ");
     EXPECT_FALSE(artists.Enabled() || albums.Enabled() || songs.Enabled());
     EXPECT_TRUE(form.cmdClear.Enabled());
     EXPECT_TRUE(form.tbsFilter.Enabled());
     EXPECT_TRUE(form.Picture2.Enabled());
-    EXPECT_TRUE(form.cmdCopy.Enabled()); // Money is hidden
     EXPECT_EQ(browser.FullName(), "");
     EXPECT_EQ(browser.Message(), "Selected: 512 KB of 1023 KB");
     EXPECT_TRUE(browser.Messages.Shown.empty());
     EXPECT_FALSE(browser.Linked.Building);
 }
 
-TEST_F(SearchResultTest, NothingFoundAndNothingTickedDisablesCopy) {
-    browser.Type("nowhere");
-    EXPECT_FALSE(form.cmdCopy.Enabled());
-    EXPECT_FALSE(browser.Result.CheckedHidden());
-}
-
-TEST_F(SearchResultTest, FromNothingFoundAShorterTextFindsAgainOnTheAllRows) {
-    browser.Click(songs, "Money");
-    browser.Tick(songs, "Money");
-    browser.Type("moneyx");
-    browser.Type("money");
-    EXPECT_EQ(Texts(artists), "All (1 Artist), Abba");
-    EXPECT_EQ(Current(artists), "All (1 Artist)");
-    EXPECT_EQ(Current(songs), "All (1 Item)");
-    EXPECT_EQ(Ticked(songs), "All (1 Item), Money");
-    EXPECT_TRUE(artists.Enabled() && albums.Enabled() && songs.Enabled());
-}
-
 TEST_F(SearchResultTest, FromNothingFoundEveryWayBackKeepsTheTicks) {
-    browser.Tick(songs, "Money");
-    for (int way = 0; way < 3; ++way) {
-        browser.Type("nowhere");
-        if (way == 0) {
-            form.cmdClear.UserPress();
-        } else if (way == 1) {
-            browser.Type("");
-        } else {
-            browser.ChooseTab("Audio");
-            browser.Type("");
-            browser.ChooseTab("All Files");
-        }
+    browser.Do("tick song Money");
+    for (const char* wayBack : {"clear", "type", "tab Audio, type, tab All Files"}) {
+        SCOPED_TRACE(wayBack);
+        browser.Do("type nowhere");
+        browser.Do(wayBack);
         ExpectFullLibrary();
-        EXPECT_EQ(Checked(), "Abba, Abba/Arrival, Abba/Arrival/Money");
+        EXPECT_EQ(browser.Checked(), "Abba, Abba/Arrival, Abba/Arrival/Money");
         EXPECT_EQ(browser.Message(), "Selected: 512 KB of 1023 KB");
         EXPECT_TRUE(form.cmdCopy.Enabled());
     }
@@ -199,36 +143,23 @@ TEST_F(SearchResultTest, FromNothingFoundEveryWayBackKeepsTheTicks) {
 
 // ---- the list of all songs
 
-TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsBuiltIfItNeverWasBefore) {
-    browser.Type("money");
-    browser.Click(artists, "All");
-    browser.Click(artists, "Abba");
-    browser.Type("");
-    EXPECT_FALSE(browser.Linked.Rows().AllSongsCached);
-    browser.Click(artists, "All");
-    EXPECT_EQ(songs.ListCount(), 11);
-    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
-}
-
-TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsStillThereIfItWasBefore) {
-    browser.Click(artists, "All");
+TEST_F(SearchResultTest, AResultsListOfAllSongsIsItsOwnAndThatOfTheLibraryIsKept) {
+    browser.Do("artist All");
     const std::string all = Texts(songs);
-    browser.Type("money");
-    EXPECT_EQ(Texts(songs), "All (1 Item), Money");
+    browser.Do("type song");
+    EXPECT_EQ(Texts(songs), "All (2 Items), Old Song, Tiger Song");
+    browser.Do("type stone, album Second, album All");
+    EXPECT_EQ(Texts(songs), "All (1 Item), Stone");
     form.lblMessage.Captions.clear();
-    browser.Type("");
+    browser.Do("type");
     EXPECT_EQ(Texts(songs), all);
-    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
     EXPECT_TRUE(form.lblMessage.Captions.isEmpty()); // nothing was built
 }
 
-TEST_F(SearchResultTest, AResultsListOfAllSongsIsItsOwn) {
-    browser.Click(artists, "All");
-    browser.Type("song");
-    EXPECT_EQ(Texts(songs), "All (2 Items), Old Song, Tiger Song");
-    browser.Type("stone");
-    EXPECT_EQ(Texts(songs), "All (1 Item), Stone");
-    browser.Click(albums, "Second");
-    browser.Click(albums, "All");
-    EXPECT_EQ(Texts(songs), "All (1 Item), Stone");
+TEST_F(SearchResultTest, AfterASearchTheListOfAllSongsIsBuiltIfItNeverWasBefore) {
+    browser.Do("type money, artist All, artist Abba, type");
+    EXPECT_FALSE(browser.Linked.Rows().AllSongsCached);
+    browser.Do("artist All");
+    EXPECT_EQ(songs.ListCount(), 11);
+    EXPECT_TRUE(browser.Linked.Rows().AllSongsCached);
 }

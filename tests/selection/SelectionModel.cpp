@@ -2,37 +2,23 @@
 
 #include <QStringList>
 
-#include <algorithm>
-#include <set>
+using namespace Qt::StringLiterals;
 
 namespace {
 
 bool IsBlank(const QString& text) {
-    return text.count(QLatin1Char(' ')) == text.size();
+    return text.count(u' ') == text.size();
 }
 
 bool HoldsEveryWord(const QString& text, const QString& wordsText) {
     const QString lowered = text.toLower();
-    const QStringList words = wordsText.toLower().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words = wordsText.toLower().split(u' ', Qt::SkipEmptyParts);
     return std::all_of(words.begin(), words.end(), [&lowered](const QString& word) {
         return lowered.indexOf(word, 0, Qt::CaseSensitive) >= 0;
     });
 }
 
-template <class Records>
-bool AnyTicked(const Records& records) {
-    for (const auto& record : records) {
-        if (record.Checked) {
-            return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
-
-SelectionModel::SelectionModel(std::vector<ArtistRecord> library) : Shown(std::move(library)) {
-}
 
 void SelectionModel::Type(const QString& text, const std::optional<QString>& meanwhile) {
     if (text != Box) {
@@ -45,7 +31,7 @@ void SelectionModel::PressSearch(const std::optional<QString>& meanwhile) {
     if (!IsBlank(Box)) {
         SearchingText = true;
         SearchString = Box;
-        DoSearch(meanwhile);
+        ShowNarrowed(meanwhile);
     } else if (Search) {
         PressClear(meanwhile);
     }
@@ -54,36 +40,30 @@ void SelectionModel::PressSearch(const std::optional<QString>& meanwhile) {
 void SelectionModel::PressClear(const std::optional<QString>& meanwhile) {
     SearchingText = false;
     SearchString.clear();
-    if (Tab == QLatin1String("All Files")) {
-        EndSearch();
-    } else {
-        DoSearch(meanwhile);
-    }
+    ShowNarrowed(meanwhile);
 }
 
 void SelectionModel::ChooseTab(const QString& caption, const std::optional<QString>& meanwhile) {
-    if (caption == Tab) {
-        return;
-    }
-    Tab = caption;
-    if (!SearchingText && Tab == QLatin1String("All Files")) {
-        EndSearch();
-    } else {
-        DoSearch(meanwhile);
+    if (caption != Tab) {
+        Tab = caption;
+        ShowNarrowed(meanwhile);
     }
 }
 
-void SelectionModel::DoSearch(const std::optional<QString>& meanwhile) {
+void SelectionModel::ShowNarrowed(const std::optional<QString>& meanwhile) {
+    if (!Narrows()) {
+        EndSearch();
+        return;
+    }
     Shown = Merged();
     if (meanwhile && *meanwhile != Box) {
-        Box = *meanwhile;
-        SearchString = Box;
+        Box = SearchString = *meanwhile;
         SearchingText = !IsBlank(Box);
     }
     Search = true;
     Saved = Shown;
     Shown = Result();
-    if (!SearchingText && Tab == QLatin1String("All Files")) {
+    if (!Narrows()) {
         SearchString.clear();
         EndSearch();
     }
@@ -122,20 +102,18 @@ std::vector<ArtistRecord> SelectionModel::Merged() const {
 }
 
 bool SelectionModel::Passes(const TrackRecord& track) const {
-    return Tab == QLatin1String("All Files") ||
-           (Tab == QLatin1String("Audio") && track.Kind == KindAudio) ||
-           (Tab == QLatin1String("Video") && track.Kind == KindVideo);
+    return Tab == "All Files"_L1 || (Tab == "Audio"_L1 && track.Kind == KindAudio) ||
+           (Tab == "Video"_L1 && track.Kind == KindVideo);
 }
 
 std::vector<ArtistRecord> SelectionModel::Result() const {
-    std::vector<ArtistRecord> result;
-    for (size_t i = 0; i < Saved.size(); ++i) {
-        ArtistRecord artist = Saved[i];
+    std::vector<ArtistRecord> result = Saved;
+    for (size_t i = 0; i < result.size(); ++i) {
+        ArtistRecord& artist = result[i];
         artist.SourceIndex = static_cast<qint32>(i);
-        artist.Albums.clear();
         const bool artistMatches = HoldsEveryWord(artist.Name, SearchString);
-        for (size_t j = 0; j < Saved[i].Albums.size(); ++j) {
-            AlbumRecord album = Saved[i].Albums[j];
+        for (size_t j = 0; j < artist.Albums.size(); ++j) {
+            AlbumRecord& album = artist.Albums[j];
             album.SourceIndex = static_cast<qint32>(j);
             const bool albumMatches = artistMatches || HoldsEveryWord(album.Name, SearchString);
             for (size_t k = 0; k < album.Tracks.size(); ++k) {
@@ -145,27 +123,24 @@ std::vector<ArtistRecord> SelectionModel::Result() const {
                 return !Passes(track) ||
                        (!albumMatches && !HoldsEveryWord(track.Title, SearchString));
             });
-            if (!album.Tracks.empty()) {
-                artist.Albums.push_back(album);
-            }
         }
-        if (!artist.Albums.empty()) {
-            result.push_back(artist);
-        }
+        std::erase_if(artist.Albums, [](const AlbumRecord& album) { return album.Tracks.empty(); });
     }
+    std::erase_if(result, [](const ArtistRecord& artist) { return artist.Albums.empty(); });
     return result;
 }
 
 void SelectionModel::SetTracks(const std::vector<TrackRecord*>& tracks, bool ticked) {
-    const std::set<const TrackRecord*> changed(tracks.begin(), tracks.end());
+    const auto changed = [&tracks](const TrackRecord& track) {
+        return std::find(tracks.begin(), tracks.end(), &track) != tracks.end();
+    };
     for (TrackRecord* track : tracks) {
         track->Checked = ticked;
     }
     for (ArtistRecord& artist : Shown) {
         bool touched = false;
         for (AlbumRecord& album : artist.Albums) {
-            if (std::any_of(album.Tracks.begin(), album.Tracks.end(),
-                            [&](const TrackRecord& track) { return changed.count(&track) > 0; })) {
+            if (std::any_of(album.Tracks.begin(), album.Tracks.end(), changed)) {
                 touched = true;
                 album.Checked = AnyTicked(album.Tracks);
             }

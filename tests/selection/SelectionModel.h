@@ -4,14 +4,21 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
+
+template <class Records>
+bool AnyTicked(const Records& records) {
+    return std::any_of(records.begin(), records.end(),
+                       [](const auto& record) { return record.Checked; });
+}
 
 /// What is found and what is ticked, told by the rules alone: without lists, without row tables and
 /// without the code under test. A walk does each thing the user does here too and compares.
 class SelectionModel {
 public:
-    explicit SelectionModel(std::vector<ArtistRecord> library);
+    explicit SelectionModel(std::vector<ArtistRecord> library) : Shown(std::move(library)) {}
 
     /// What the lists show: the library, or a result.
     std::vector<ArtistRecord> Shown;
@@ -37,7 +44,8 @@ public:
     std::vector<ArtistRecord> Merged() const;
 
 private:
-    void DoSearch(const std::optional<QString>& meanwhile);
+    bool Narrows() const { return SearchingText || Tab != QStringLiteral("All Files"); }
+    void ShowNarrowed(const std::optional<QString>& meanwhile);
     void EndSearch();
     std::vector<ArtistRecord> Result() const;
     bool Passes(const TrackRecord& track) const;

@@ -9,10 +9,6 @@ constexpr double KB = 1024;
 constexpr double MB = 1024 * KB;
 constexpr double GB = 1024 * MB;
 
-std::string Size(double bytes) {
-    return GetSizeInText(bytes).toStdString();
-}
-
 /// 1 KB, 2 KB, 4 KB and 8 KB, so that a sum tells what is in it.
 const char* const FourSizes = R"(
 Queen
@@ -27,50 +23,35 @@ Abba
 
 } // namespace
 
-// ---- the size texts
-
-TEST(SelectionSummary, SizesBelowAMegabyteAreWholeKilobytes) {
-    EXPECT_EQ(Size(0), "0 KB");
-    EXPECT_EQ(Size(1), "0 KB");
-    EXPECT_EQ(Size(1023), "0 KB");
-    EXPECT_EQ(Size(1024), "1 KB");
-    EXPECT_EQ(Size(1536), "1 KB");
-    EXPECT_EQ(Size(2047), "1 KB");
-    EXPECT_EQ(Size(MB - 1), "1023 KB");
+TEST(SelectionSummary, ASizesTextHasItsUnitAndTheWholeOfTheNextSmallerOne) {
+    const struct {
+        double Bytes;
+        const char* Text;
+    } cases[] = {
+        {0, "0 KB"},
+        {1023, "0 KB"},
+        {1024, "1 KB"},
+        {2047, "1 KB"},
+        {MB - 1, "1023 KB"},
+        // one digit, cut off
+        {MB, "1.0 MB"},
+        {MB + 512 * KB, "1.5 MB"},
+        {MB + 103 * KB, "1.1 MB"},
+        {MB + 103 * KB - 1, "1.0 MB"},
+        {GB - 1, "1023.9 MB"},
+        // two digits, not padded
+        {GB, "1.0 GB"},
+        {GB + 50 * MB, "1.4 GB"},
+        {GB + 102 * MB, "1.9 GB"},
+        {GB + 103 * MB, "1.10 GB"},
+        {2 * GB + 1023 * MB, "2.99 GB"},
+        {32767.0 * 2147483647.0, "65533.99 GB"},
+        {-GB, "0 KB"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(GetSizeInText(each.Bytes).toStdString(), each.Text) << each.Bytes;
+    }
 }
-
-TEST(SelectionSummary, SizesBelowAGigabyteHaveOneDigitMadeOfWholeKilobytes) {
-    EXPECT_EQ(Size(1048576), "1.0 MB");
-    EXPECT_EQ(Size(1048576 + 524288), "1.5 MB");
-    EXPECT_EQ(Size(MB + 102 * KB), "1.0 MB");
-    EXPECT_EQ(Size(MB + 103 * KB), "1.1 MB");
-    EXPECT_EQ(Size(MB + 103 * KB - 1), "1.0 MB");
-    EXPECT_EQ(Size(GB - 1), "1023.9 MB");
-}
-
-TEST(SelectionSummary, OneGigabyteIsOnePointZero) {
-    EXPECT_EQ(Size(1073741824), "1.0 GB");
-    EXPECT_EQ(Size(GB + MB), "1.0 GB");
-}
-
-TEST(SelectionSummary, TheTwoDigitsOfAGigabyteAreNotPadded) {
-    EXPECT_EQ(Size(GB + 50 * MB), "1.4 GB");
-    EXPECT_EQ(Size(GB + 512 * MB), "1.50 GB");
-    EXPECT_EQ(Size(GB + 103 * MB), "1.10 GB");
-    EXPECT_EQ(Size(GB + 102 * MB), "1.9 GB");
-    EXPECT_EQ(Size(2 * GB + 1023 * MB), "2.99 GB");
-}
-
-TEST(SelectionSummary, LargeSizesAreWrittenWithoutGrouping) {
-    EXPECT_EQ(Size(1024 * GB), "1024.0 GB");
-    EXPECT_EQ(Size(32767.0 * 2147483647.0), "65533.99 GB");
-}
-
-TEST(SelectionSummary, ANegativeSizeWithoutMegabytesIsInKilobytes) {
-    EXPECT_EQ(Size(-GB), "0 KB");
-}
-
-// ---- the count and the summary
 
 TEST(SelectionSummary, AnEmptyLibraryHasNoCheckedSongAndNoCheckedSize) {
     BrowserFixture browser("");
@@ -93,11 +74,10 @@ TEST(SelectionSummary, OnlyTheTracksFlagsAreCounted) {
     EXPECT_EQ(browser.Summary.SelectedSize, 2048);
 }
 
-TEST(SelectionSummary, TheSummaryShowsTheSelectedOfTheTotalAndTheBarTheSame) {
+TEST(SelectionSummary, TheSummaryAndTheBarShowTheSelectedOfTheTotal) {
     BrowserFixture browser(FourSizes);
     EXPECT_EQ(browser.Message(), "Selected: 0 KB of 15 KB");
-    browser.Click(browser.lstArtists, "Queen");
-    browser.Tick(browser.lstSongs, "Bicycle Race");
+    browser.Do("artist Queen, tick song Bicycle Race");
     EXPECT_EQ(browser.Message(), "Selected: 2 KB of 15 KB");
     EXPECT_EQ(browser.Form.prgCopy.Max(), 15360.0F);
     EXPECT_EQ(browser.Form.prgCopy.Value(), 2048.0F);
@@ -111,61 +91,54 @@ Abba
     Two | 2 | 2147483647 | video
     Three | 3 | 2147483647 | video
 )");
-    browser.Tick(browser.lstArtists, "All");
+    browser.Do("tick artist All");
     EXPECT_EQ(browser.Summary.SelectedSize, 6442450941.0);
     EXPECT_EQ(browser.Message(), "Selected: 5.99 GB of 5.99 GB");
 }
 
-TEST(SelectionSummary, UncheckingAVisibleTrackInASearchLeavesTheHiddenOnesCounted) {
-    BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "All");
-    EXPECT_EQ(browser.Message(), "Selected: 15 KB of 15 KB");
-    browser.Type("jazz");
-    EXPECT_EQ(browser.Message(), "Selected: 15 KB of 15 KB");
-    browser.Untick(browser.lstSongs, "Bicycle Race");
-    EXPECT_EQ(browser.Message(), "Selected: 13 KB of 15 KB");
-    browser.Untick(browser.lstSongs, "Mustapha");
-    EXPECT_EQ(browser.Message(), "Selected: 12 KB of 15 KB");
-    EXPECT_EQ(browser.Summary.SelectedSize, 12288);
-    EXPECT_EQ(browser.Form.prgCopy.Value(), 12288.0F);
+TEST(SelectionSummary, WhatASearchOrAFilterHidesStillCounts) {
+    const struct {
+        const char* Steps;
+        const char* Message;
+    } cases[] = {
+        {"tick artist All, type jazz", "Selected: 15 KB of 15 KB"},
+        {"tick artist All, type jazz, untick song Bicycle Race", "Selected: 13 KB of 15 KB"},
+        {"tick artist All, type jazz, untick song Bicycle Race, untick song Mustapha",
+         "Selected: 12 KB of 15 KB"},
+        {"tick artist Abba, type queen, tick song Mustapha", "Selected: 13 KB of 15 KB"},
+        {"tick artist Abba, type queen, tick song Mustapha, clear", "Selected: 13 KB of 15 KB"},
+        {"tick artist Abba, type queen, tick song Mustapha, clear, tick song Bicycle Race",
+         "Selected: 15 KB of 15 KB"},
+        {"tick artist Abba, tab Video, untick song Film", "Selected: 4 KB of 15 KB"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Steps);
+        BrowserFixture browser(FourSizes);
+        browser.Do(each.Steps);
+        EXPECT_EQ(browser.Message(), each.Message);
+    }
 }
 
-TEST(SelectionSummary, TickingInASearchAddsToWhatWasSelected) {
+TEST(SelectionSummary, TheBaselineIsTheResultsCheckedSizeAndMovesWithEveryTick) {
     BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "Abba");
-    browser.Type("queen");
-    browser.Tick(browser.lstSongs, "Mustapha");
-    EXPECT_EQ(browser.Message(), "Selected: 13 KB of 15 KB");
-    browser.Form.cmdClear.UserPress();
-    EXPECT_EQ(browser.Message(), "Selected: 13 KB of 15 KB");
-    browser.Tick(browser.lstSongs, "Bicycle Race");
-    EXPECT_EQ(browser.Message(), "Selected: 15 KB of 15 KB");
+    browser.Do("tick artist All, type money");
+    EXPECT_EQ(browser.Summary.SearchBaseSize, 4096);
+    browser.Do("untick song Money");
+    EXPECT_EQ(browser.Summary.SearchBaseSize, 0);
+    browser.Do("tick song Money, type jazz");
+    EXPECT_EQ(browser.Summary.SearchBaseSize, 3072);
+    EXPECT_EQ(browser.Summary.SelectedSize, 15360);
 }
 
 TEST(SelectionSummary, TheSearchesBaselineNeverChangesTheShownSelectedSize) {
     BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "Abba");
+    browser.Do("tick artist Abba");
     browser.Library.Artists[0].Albums[0].Tracks[0].Checked = true;
     browser.Summary.CalculateSize(true);
     EXPECT_EQ(browser.Summary.SelectedSize, 12288);
     EXPECT_EQ(browser.Summary.SearchBaseSize, 13312);
     EXPECT_EQ(browser.Message(), "Selected: 12 KB of 15 KB");
     EXPECT_EQ(browser.Form.prgCopy.Value(), 12288.0F);
-}
-
-TEST(SelectionSummary, TheBaselineIsTheResultsCheckedSizeAndMovesWithEveryTick) {
-    BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "All");
-    browser.Type("money");
-    EXPECT_EQ(browser.Summary.SearchBaseSize, 4096);
-    browser.Untick(browser.lstSongs, "Money");
-    EXPECT_EQ(browser.Summary.SearchBaseSize, 0);
-    browser.Tick(browser.lstSongs, "Money");
-    EXPECT_EQ(browser.Summary.SearchBaseSize, 4096);
-    EXPECT_EQ(browser.Summary.SelectedSize, 15360);
-    browser.Type("jazz");
-    EXPECT_EQ(browser.Summary.SearchBaseSize, 3072);
-    EXPECT_EQ(browser.Summary.SelectedSize, 15360);
 }
 
 TEST(SelectionSummary, WithoutASearchEveryCallCountsFromScratch) {
@@ -175,22 +148,4 @@ TEST(SelectionSummary, WithoutASearchEveryCallCountsFromScratch) {
     browser.Summary.CalculateSize(false);
     EXPECT_EQ(browser.Summary.SelectedSize, 0);
     EXPECT_EQ(browser.Summary.SearchBaseSize, 77);
-}
-
-TEST(SelectionSummary, ATrackHiddenByTheFilterTabStillCountsInTheSize) {
-    BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "Abba");
-    browser.ChooseTab("Video");
-    browser.Untick(browser.lstSongs, "Film");
-    EXPECT_EQ(browser.Message(), "Selected: 4 KB of 15 KB"); // Money
-}
-
-TEST(SelectionSummary, TheCountAsksNoFilterTab) {
-    BrowserFixture browser(FourSizes);
-    browser.Tick(browser.lstArtists, "All");
-    browser.Filter.ShowNoDevice();
-    browser.ChooseTab("Video");
-    EXPECT_EQ(browser.Summary.GetSelSongCount(), 4);
-    browser.Summary.CalculateSize(false);
-    EXPECT_EQ(browser.Summary.SelectedSize, 15360);
 }
