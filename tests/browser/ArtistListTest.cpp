@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Rows, indices and names all differ in their order: Abba is artist 1 and row 1, Queen artist 0
@@ -56,8 +58,7 @@ TEST(ArtistList, SeveralArtistsReadAllArtists) {
 TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex12StandsBeforeTheOneAtIndex7) {
     QStringList names;
     for (int i = 0; i < 13; ++i) {
-        names.append(i == 7 || i == 12 ? QStringLiteral("Abba")
-                                       : QStringLiteral("Z") + QChar(u'a' + i));
+        names.append(i == 7 || i == 12 ? u"Abba"_s : u"Z"_s + QChar(u'a' + i));
     }
     BrowserFixture browser(ArtistsNamed(names));
     EXPECT_EQ(browser.Linked.Rows().ArtistRows,
@@ -65,14 +66,14 @@ TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex12StandsBeforeTheOneAtIndex7)
 }
 
 TEST(ArtistList, OfTwoArtistsNamedAbbaTheOneAtIndex10StandsBeforeTheOneAtIndex9) {
-    QStringList names(11, QStringLiteral("Zappa"));
-    names[9] = names[10] = QStringLiteral("Abba");
+    QStringList names(11, u"Zappa"_s);
+    names[9] = names[10] = u"Abba"_s;
     BrowserFixture browser(ArtistsNamed(names));
     EXPECT_EQ(browser.Linked.Rows().ArtistRows, (RowTable{0, 10, 9, 0, 1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
 TEST(ArtistList, AnArtistNamedAbba2StandsBeforeAbba) {
-    BrowserFixture browser(ArtistsNamed({QStringLiteral("Abba"), QStringLiteral("Abba 2")}));
+    BrowserFixture browser(ArtistsNamed({u"Abba"_s, u"Abba 2"_s}));
     EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba 2, Abba");
 }
 
@@ -91,7 +92,7 @@ TEST(ArtistList, BuildingTheArtistRowsTouchesNoListAndKeepsTheRecordsInTheirOrde
     browser.Linked.BuildArtistList();
     EXPECT_EQ(browser.Linked.Rows().ArtistRows, (RowTable{0, 1, 0}));
     EXPECT_EQ(browser.lstArtists.FillCount, 0);
-    EXPECT_EQ(browser.Library.Artists[0].Name, QStringLiteral("Queen"));
+    EXPECT_EQ(browser.Library.Artists[0].Name, u"Queen"_s);
 }
 
 TEST(ArtistList, ANewLibraryShowsTheAlbumsOfTheFirstArtist) {
@@ -267,7 +268,7 @@ TEST(ArtistList, TheFullLibraryComesBackWholeAndIsKeptNowhereElse) {
     EXPECT_EQ(browser.Result.SavedArtists().size(), 2U);
     browser.Form.cmdClear.UserPress();
     ASSERT_EQ(browser.Library.Artists.size(), 2U);
-    EXPECT_EQ(browser.Library.Artists[0].Albums[1].Tracks[1].Title, QStringLiteral("Bijou"));
+    EXPECT_EQ(browser.Library.Artists[0].Albums[1].Tracks[1].Title, u"Bijou"_s);
     EXPECT_EQ(browser.Library.Artists[1].Albums[0].Tracks.size(), 2U);
     EXPECT_TRUE(browser.Result.SavedArtists().empty());
     EXPECT_FALSE(browser.Result.Search());
@@ -370,7 +371,7 @@ TEST(ArtistList, CmdClearTakesTheFocusToTheSearchBoxAndEndsTheSearch) {
     EXPECT_FALSE(browser.Form.cmdClear.Enabled());
     EXPECT_FALSE(browser.WordSearch.SearchingText());
     EXPECT_EQ(browser.WordSearch.SearchString(), QString());
-    EXPECT_EQ(browser.Form.txtSearch.Text(), QStringLiteral("bijou"));
+    EXPECT_EQ(browser.Form.txtSearch.Text(), u"bijou"_s);
 }
 
 TEST(ArtistList, CmdClearWithoutASearchTouchesNoList) {

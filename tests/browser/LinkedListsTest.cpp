@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* const TwoArtists = R"(
@@ -210,8 +212,8 @@ TEST(LinkedLists, TheTablesTieEveryRowToItsRecord) {
     EXPECT_EQ(browser.Linked.Rows().Albums.AlbumRowAlbum, (RowTable{0, 0, 1, 0}));
     EXPECT_EQ(browser.Linked.Rows().Songs.SongRowAlbumRow, (RowTable{0, 3, 2, 2, 1, 3, 1}));
     EXPECT_EQ(browser.Linked.Rows().Songs.SongRowTrack, (RowTable{0, 1, 1, 0, 1, 0, 0}));
-    EXPECT_EQ(browser.Linked.Album(3).Name, QStringLiteral("Jazz"));
-    EXPECT_EQ(browser.Linked.Track(5).Title, QStringLiteral("Mustapha"));
+    EXPECT_EQ(browser.Linked.Album(3).Name, u"Jazz"_s);
+    EXPECT_EQ(browser.Linked.Track(5).Title, u"Mustapha"_s);
 }
 
 // ---- the "All" rows and the check marks
@@ -222,8 +224,8 @@ Abba
   Arrival
     Money
 )");
-    EXPECT_EQ(browser.lstAlbums.List(0), QStringLiteral("All (1 Album)"));
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (1 Item)"));
+    EXPECT_EQ(browser.lstAlbums.List(0), u"All (1 Album)"_s);
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (1 Item)"_s);
 }
 
 TEST(LinkedLists, TheSongsAllRowReadsAll1VideoUnderVideoAndAll2SongsUnderAudio) {
@@ -239,7 +241,7 @@ Abba
     browser.ChooseTab("Audio");
     EXPECT_EQ(Texts(browser.lstSongs), "All (2 Songs), Money, Tiger");
     browser.ChooseTab("All Files");
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (3 Items)"));
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (3 Items)"_s);
 }
 
 TEST(LinkedLists, RowsShowTheRecordsMarksAndAllIsTickedWhenEveryOtherRowIs) {
@@ -259,15 +261,15 @@ TEST(LinkedLists, RowsShowTheRecordsMarksAndAllIsTickedWhenEveryOtherRowIs) {
 
 TEST(LinkedLists, AListWithNothingButItsAllRowShowsThatRowChecked) {
     FakeListControl list;
-    FillList(list, std::vector<ListRow>(1), QStringLiteral(" Album"));
+    FillList(list, std::vector<ListRow>(1), u" Album"_s);
     EXPECT_EQ(Texts(list), "All (0 Albums)");
     EXPECT_EQ(Ticked(list), "All (0 Albums)");
 }
 
 TEST(LinkedLists, AnAllRowWithoutANounStillCountsInTheMany) {
-    EXPECT_EQ(AllRowText(3, QString()), QStringLiteral("All (3s)"));
-    EXPECT_EQ(AllRowText(1, QString()), QStringLiteral("All (1)"));
-    EXPECT_EQ(AllRowText(1234, QStringLiteral(" Song")), QStringLiteral("All (1234 Songs)"));
+    EXPECT_EQ(AllRowText(3, QString()), u"All (3s)"_s);
+    EXPECT_EQ(AllRowText(1, QString()), u"All (1)"_s);
+    EXPECT_EQ(AllRowText(1234, u" Song"_s), u"All (1234 Songs)"_s);
 }
 
 // ---- the list of all songs
@@ -279,8 +281,8 @@ TEST(LinkedLists, BuildingTheListOfAllSongsIsAnnouncedAndTheEarlierTextPutBack) 
     browser.Form.Form1.MousePointers.clear();
     const int repaints = browser.Form.lblMessage.RefreshCount;
     browser.Click(browser.lstArtists, "All");
-    EXPECT_EQ(browser.Form.lblMessage.Captions.join(QLatin1Char('|')),
-              QStringLiteral("Building lists...|Selected: 0 KB of 6 KB"));
+    EXPECT_EQ(browser.Form.lblMessage.Captions.join(u'|'),
+              u"Building lists...|Selected: 0 KB of 6 KB"_s);
     EXPECT_EQ(browser.Form.lblMessage.RefreshCount, repaints + 1);
     const std::vector<MousePointer> pointers = {MousePointer::Hourglass, MousePointer::Default};
     EXPECT_EQ(browser.Form.Form1.MousePointers, pointers);

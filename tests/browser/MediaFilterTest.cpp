@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* const AllKinds = R"(
@@ -40,7 +42,7 @@ TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
 
 TEST(MediaFilter, ATabOfAnotherNameLetsNothingPassAndHasNoNoun) {
     FakeTabsControl tabs;
-    tabs.Captions = {QStringLiteral("all files"), QStringLiteral("audio")};
+    tabs.Captions = {u"all files"_s, u"audio"_s};
     EXPECT_FALSE(CorrectFiletype(SelectedFilter(tabs), KindOther));
     EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QString());
     tabs.Select(1);
@@ -50,21 +52,21 @@ TEST(MediaFilter, ATabOfAnotherNameLetsNothingPassAndHasNoNoun) {
 
 TEST(MediaFilter, TheNounsAreItemSongAndVideoWithALeadingBlank) {
     FakeTabsControl tabs;
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Item"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Item"_s);
     tabs.Select(1);
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Song"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Song"_s);
     tabs.Select(2);
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QStringLiteral(" Video"));
+    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Video"_s);
 }
 
 TEST(MediaFilter, TheSongsAllRowReadsSongsVideosAndItems) {
     BrowserFixture browser(AllKinds);
     browser.Click(browser.lstArtists, "All");
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (6 Items)"));
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (6 Items)"_s);
     browser.ChooseTab("Audio");
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (2 Songs)"));
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (2 Songs)"_s);
     browser.ChooseTab("Video");
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (2 Videos)"));
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (2 Videos)"_s);
 }
 
 TEST(MediaFilter, ATrackOfKindZeroIsListedUnderAllFilesOnly) {
@@ -141,7 +143,7 @@ TEST(MediaFilter, WhileTheFilterIsLockedAClickDoesNothingAndIsNotRemembered) {
     EXPECT_FALSE(browser.Result.Search());
     browser.Filter.AwaitLibrary();
     browser.ChooseTab("Video");
-    EXPECT_EQ(browser.lstSongs.List(0), QStringLiteral("All (1 Video)"));
+    EXPECT_EQ(browser.lstSongs.List(0), u"All (1 Video)"_s);
 }
 
 TEST(MediaFilter, WithoutTracksAClickDoesNothing) {
@@ -183,7 +185,7 @@ TEST(MediaFilter, ANewLibraryIsShownUnfilteredAndEveryTabWorksOnIt) {
     BrowserFixture browser(AllKinds);
     browser.ChooseTab("Audio");
     browser.Load(RecordsOf(AllKinds));
-    EXPECT_EQ(browser.Form.tbsFilter.SelectedCaption(), QStringLiteral("All Files"));
+    EXPECT_EQ(browser.Form.tbsFilter.SelectedCaption(), u"All Files"_s);
     EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
     browser.ChooseTab("Audio");
     EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");

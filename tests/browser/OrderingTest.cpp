@@ -5,6 +5,8 @@
 
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class OrderingTest : public testing::Test {
@@ -24,10 +26,10 @@ protected:
     std::string Albums() const {
         QStringList names;
         for (qint32 row = 1; row < static_cast<qint32>(albums.AlbumRowAlbum.size()); ++row) {
-            names.append(library.Artists.at(albums.AlbumRowArtist[row]).Name + QLatin1Char('/') +
+            names.append(library.Artists.at(albums.AlbumRowArtist[row]).Name + u'/' +
                          AlbumOfRow(row).Name);
         }
-        return names.join(QStringLiteral(", ")).toStdString();
+        return names.join(u", "_s).toStdString();
     }
 
     /// The titles of the song rows.
@@ -37,7 +39,7 @@ protected:
             const AlbumRecord& album = AlbumOfRow(songs.SongRowAlbumRow.at(row));
             titles.append(album.Tracks.at(songs.SongRowTrack[row]).Title);
         }
-        return titles.join(QStringLiteral(", ")).toStdString();
+        return titles.join(u", "_s).toStdString();
     }
 };
 
@@ -99,9 +101,8 @@ Zappa
 
 TEST_F(OrderingTest, AlbumsAreComparedCodeUnitByCodeUnit) {
     library.Artists.resize(1);
-    for (const QString& name :
-         {QString(QChar(0xFFFD)), QString::fromUtf8("\xF0\x9F\x98\x80"), QString::fromUtf8("Ébène"),
-          QStringLiteral("Zebra"), QStringLiteral("A_"), QStringLiteral("AB")}) {
+    for (const QString& name : {QString(QChar(0xFFFD)), QString::fromUtf8("\xF0\x9F\x98\x80"),
+                                QString::fromUtf8("Ébène"), u"Zebra"_s, u"A_"_s, u"AB"_s}) {
         library.Artists[0].Albums.emplace_back().Name = name;
     }
     albums = SortAlbums(library, true);
@@ -229,9 +230,9 @@ Queen
 TEST_F(OrderingTest, OfTwoSongsTitledIntroSequenceNumberTwelveComesBeforeSeven) {
     std::vector<TrackRecord> tracks(12);
     for (size_t i = 0; i < tracks.size(); ++i) {
-        tracks[i].Title = QStringLiteral("A%1").arg(QChar(u'a' + static_cast<char16_t>(i)));
+        tracks[i].Title = u"A%1"_s.arg(QChar(u'a' + static_cast<char16_t>(i)));
     }
-    tracks[6].Title = tracks[11].Title = QStringLiteral("Intro");
+    tracks[6].Title = tracks[11].Title = u"Intro"_s;
     library.Artists.resize(1);
     library.Artists[0].Albums.resize(1);
     library.Artists[0].Albums[0].Tracks = tracks;
@@ -244,9 +245,9 @@ TEST_F(OrderingTest, TheFirstSequenceNumberIsOne) {
     // Positions 8 and 9 carry the numbers 9 and 10, and 10 comes first.
     std::vector<TrackRecord> tracks(10);
     for (TrackRecord& track : tracks) {
-        track.Title = QStringLiteral("A");
+        track.Title = u"A"_s;
     }
-    tracks[8].Title = tracks[9].Title = QStringLiteral("Intro");
+    tracks[8].Title = tracks[9].Title = u"Intro"_s;
     library.Artists.resize(1);
     library.Artists[0].Albums.resize(1);
     library.Artists[0].Albums[0].Tracks = tracks;

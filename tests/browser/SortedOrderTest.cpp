@@ -12,6 +12,8 @@
 #include <memory>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::vector<qint32> Order(const QStringList& names, qint32 firstNumber = 0) {
@@ -28,11 +30,11 @@ std::string Sorted(const QStringList& names, qint32 firstNumber = 0) {
     for (const qint32 position : Order(names, firstNumber)) {
         sorted.append(names[position]);
     }
-    return sorted.join(QStringLiteral(", ")).toStdString();
+    return sorted.join(u", "_s).toStdString();
 }
 
 QStringList Names(const char* commaSeparated) {
-    return QString::fromUtf8(commaSeparated).split(QStringLiteral(", "));
+    return QString::fromUtf8(commaSeparated).split(u", "_s);
 }
 
 /// A list box that keeps its rows sorted: each text goes in before the first that is greater.
@@ -118,14 +120,14 @@ TEST(SortedOrder, ANameThatBeginsAnotherIsPlacedByItsDigits) {
 }
 
 TEST(SortedOrder, EqualNamesAreOrderedByTheirNumbersAsText) {
-    const QStringList names(13, QStringLiteral("Abba"));
+    const QStringList names(13, u"Abba"_s);
     const std::vector<qint32> expected = {0, 10, 1, 11, 12, 2, 3, 4, 5, 6, 7, 8, 9};
     EXPECT_EQ(Order(names), expected);
 }
 
 TEST(SortedOrder, TheCountOfDigitsTakesPart) {
     // 1 gives Abba11 and 11 gives Abba112: the shorter one is first. 10 gives Abba102.
-    const QStringList names(11, QStringLiteral("Abba"));
+    const QStringList names(11, u"Abba"_s);
     const std::vector<qint32> expected = {9, 0, 10, 1, 2, 3, 4, 5, 6, 7, 8};
     EXPECT_EQ(Order(names, 1), expected);
 }
@@ -133,7 +135,7 @@ TEST(SortedOrder, TheCountOfDigitsTakesPart) {
 TEST(SortedOrder, NumbersCountFromTheFirstOne) {
     QStringList names;
     for (int i = 0; i < 12; ++i) {
-        names.append(i == 6 || i == 11 ? QStringLiteral("Intro") : QStringLiteral("A%1x").arg(i));
+        names.append(i == 6 || i == 11 ? u"Intro"_s : u"A%1x"_s.arg(i));
     }
     const std::vector<qint32> order = Order(names, 1);
     EXPECT_EQ(order[10], 11); // number 12
@@ -143,15 +145,14 @@ TEST(SortedOrder, NumbersCountFromTheFirstOne) {
 TEST(SortedOrder, AKeyMuchLongerThanItsTextIsTakenWhole) {
     // One letter that sorts like a sentence of eighteen.
     const QString longLetters(200, QChar(0xFDFA));
-    const QStringList names = {longLetters + QLatin1Char('b'), longLetters + QLatin1Char('a'),
-                               QStringLiteral("a")};
+    const QStringList names = {longLetters + u'b', longLetters + u'a', u"a"_s};
     const std::vector<qint32> expected = {2, 1, 0};
     EXPECT_EQ(Order(names), expected);
 }
 
 TEST(SortedOrder, HalvesOfLettersAndControlCharactersAreNoObstacle) {
-    const QStringList names = {QString(QChar(0xD83D)), QStringLiteral("b"), QString(3, QChar(0)),
-                               QString(), QStringLiteral("a")};
+    const QStringList names = {QString(QChar(0xD83D)), u"b"_s, QString(3, QChar(0)), QString(),
+                               u"a"_s};
     const std::vector<qint32> order = Order(names);
     // What has no weight of its own is placed by its digits, in front of the letters.
     const std::vector<qint32> expected = {2, 3, 4, 1, 0};
@@ -160,7 +161,7 @@ TEST(SortedOrder, HalvesOfLettersAndControlCharactersAreNoObstacle) {
 
 TEST(SortedOrder, AgreesWithASortedListBoxOnRandomNames) {
     std::mt19937 random(7);
-    const QString letters = QStringLiteral("aAbB01 é-ßZ&");
+    const QString letters = u"aAbB01 é-ßZ&"_s;
     for (int round = 0; round < 40; ++round) {
         QStringList names;
         for (int i = 0; i < 120; ++i) {
@@ -216,7 +217,7 @@ int ErrorWithoutMemory(bool onceSorted) {
     MemoryIsLeft = false;
     // More accents than ICU has room for at hand.
     try {
-        Order({QString(1000, QChar(0xE9)), QStringLiteral("a")});
+        Order({QString(1000, QChar(0xE9)), u"a"_s});
     } catch (const RuntimeError& error) {
         return int(error.Number);
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // A character is 100 twips wide.
 
 namespace {
@@ -54,15 +56,15 @@ TEST_F(TextFittingTest, ANameThatFitsLosesTheToolTipOfTheOneBefore) {
 }
 
 TEST_F(TextFittingTest, TheResultIsThatOfDroppingOneCharacterAtATime) {
-    const QString text = QStringLiteral("The quick brown fox jumps over the lazy dog");
+    const QString text = u"The quick brown fox jumps over the lazy dog"_s;
     for (int width = 400; width < 5000; width += 50) {
         SetLabelWidth(width);
         browser.Fitting.AdjustText(text);
         QString expected = text;
         if (form.Form1.TextWidth(expected) > width) {
-            expected += QStringLiteral("...");
+            expected += u"..."_s;
             while (form.Form1.TextWidth(expected) >= width) {
-                expected = expected.left(expected.size() - 4) + QStringLiteral("...");
+                expected = expected.left(expected.size() - 4) + u"..."_s;
             }
         }
         ASSERT_EQ(Shown(), expected.toStdString()) << width;
@@ -116,7 +118,7 @@ TEST_F(TextFittingTest, ALetterOfTwoCodeUnitsIsNeverCutInHalf) {
 
 TEST_F(TextFittingTest, AVeryLongNameIsShortenedInNoTime) {
     SetLabelWidth(1050);
-    const QString name(1'000'000, QLatin1Char('x'));
+    const QString name(1'000'000, u'x');
     browser.Fitting.AdjustText(name);
     EXPECT_EQ(Shown(), "xxxxxxx...");
     EXPECT_EQ(form.lblFullName.ToolTip(), name);

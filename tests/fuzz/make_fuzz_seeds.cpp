@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool WriteInto(const QString& folder, const std::vector<QByteArray>& seeds) {
@@ -14,7 +16,7 @@ bool WriteInto(const QString& folder, const std::vector<QByteArray>& seeds) {
         return false;
     }
     for (size_t i = 0; i < seeds.size(); ++i) {
-        QFile file(folder + QStringLiteral("/seed-%1").arg(i));
+        QFile file(folder + u"/seed-%1"_s.arg(i));
         if (!file.open(QIODevice::WriteOnly) || file.write(seeds[i]) != seeds[i].size()) {
             return false;
         }
@@ -30,8 +32,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QString folder = QString::fromLocal8Bit(argv[1]);
-    const bool written = WriteInto(folder + QStringLiteral("/itunesdb"), ITunesDBSeeds()) &&
-                         WriteInto(folder + QStringLiteral("/sqlite"), SqliteSeeds());
+    const bool written = WriteInto(folder + u"/itunesdb"_s, ITunesDBSeeds()) &&
+                         WriteInto(folder + u"/sqlite"_s, SqliteSeeds());
     if (!written) {
         std::perror(argv[1]);
     }
