@@ -24,169 +24,108 @@ Books
 
 } // namespace
 
-TEST(MediaFilter, EveryKindPassesUnderAllFilesAndOneUnderEachOtherTab) {
+TEST(MediaFilter, EveryTabLetsItsKindsPassAndHasItsNoun) {
     FakeTabsControl tabs;
-    const auto passing = [&tabs] {
-        std::string kinds;
-        for (const Kind kind : {KindOther, KindAudio, KindVideo, Kind(3), Kind(-1)}) {
-            kinds += CorrectFiletype(SelectedFilter(tabs), kind) ? "+" : "-";
-        }
-        return kinds;
+    tabs.Captions += {u"all files"_s, u"audio"_s}; // names of none
+    const struct {
+        const char* Passing; // of other, audio, video and two that are no kinds
+        QString Noun;
+    } expected[] = {
+        {"+++++", u" Item"_s}, {"-+---", u" Song"_s}, {"--+--", u" Video"_s},
+        {"-----", {}},         {"-----", {}},
     };
-    EXPECT_EQ(passing(), "+++++");
-    tabs.Select(1);
-    EXPECT_EQ(passing(), "-+---");
-    tabs.Select(2);
-    EXPECT_EQ(passing(), "--+--");
+    for (int tab = 0; tab < 5; ++tab) {
+        tabs.Select(tab);
+        std::string passing;
+        for (const Kind kind : {KindOther, KindAudio, KindVideo, Kind(3), Kind(-1)}) {
+            passing += CorrectFiletype(SelectedFilter(tabs), kind) ? "+" : "-";
+        }
+        EXPECT_EQ(passing, expected[tab].Passing) << tab;
+        EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), expected[tab].Noun) << tab;
+    }
 }
 
-TEST(MediaFilter, ATabOfAnotherNameLetsNothingPassAndHasNoNoun) {
-    FakeTabsControl tabs;
-    tabs.Captions = {u"all files"_s, u"audio"_s};
-    EXPECT_FALSE(CorrectFiletype(SelectedFilter(tabs), KindOther));
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QString());
-    tabs.Select(1);
-    EXPECT_FALSE(CorrectFiletype(SelectedFilter(tabs), KindAudio));
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), QString());
-}
-
-TEST(MediaFilter, TheNounsAreItemSongAndVideoWithALeadingBlank) {
-    FakeTabsControl tabs;
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Item"_s);
-    tabs.Select(1);
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Song"_s);
-    tabs.Select(2);
-    EXPECT_EQ(GetCorrectName(SelectedFilter(tabs)), u" Video"_s);
-}
-
-TEST(MediaFilter, TheSongsAllRowReadsSongsVideosAndItems) {
-    BrowserFixture browser(AllKinds);
-    browser.Click(browser.lstArtists, "All");
-    EXPECT_EQ(browser.lstSongs.List(0), u"All (6 Items)"_s);
-    browser.ChooseTab("Audio");
-    EXPECT_EQ(browser.lstSongs.List(0), u"All (2 Songs)"_s);
-    browser.ChooseTab("Video");
-    EXPECT_EQ(browser.lstSongs.List(0), u"All (2 Videos)"_s);
-}
-
-TEST(MediaFilter, ATrackOfKindZeroIsListedUnderAllFilesOnly) {
-    BrowserFixture browser(AllKinds);
-    browser.Click(browser.lstArtists, "All");
-    EXPECT_EQ(Texts(browser.lstSongs),
-              "All (6 Items), Headlong, Money, Mustapha, Notes, Poem, Tiger");
-    browser.ChooseTab("Audio");
-    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Songs), Money, Mustapha");
-    browser.ChooseTab("Video");
-    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Videos), Headlong, Tiger");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(Texts(browser.lstAlbums), "All (2 Albums), Arrival, Films");
-}
-
-TEST(MediaFilter, BackToAllFilesTheFullLibraryAndTheRowsFromBeforeReturn) {
-    BrowserFixture browser(AllKinds);
-    browser.Click(browser.lstArtists, "Queen");
-    browser.Click(browser.lstAlbums, "Jazz");
-    browser.Click(browser.lstSongs, "Mustapha");
-    browser.ChooseTab("Audio");
-    EXPECT_EQ(Current(browser.lstArtists), "Queen");
-    EXPECT_EQ(Texts(browser.lstAlbums), "All (1 Album), Jazz");
-    EXPECT_EQ(Current(browser.lstAlbums), "Jazz");
-    EXPECT_EQ(Current(browser.lstSongs), "Mustapha");
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
-    EXPECT_EQ(Current(browser.lstArtists), "Queen");
-    EXPECT_EQ(Texts(browser.lstAlbums), "All (2 Albums), Films, Jazz");
-    EXPECT_EQ(Current(browser.lstAlbums), "Jazz");
-    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Mustapha, Notes");
-    EXPECT_EQ(Current(browser.lstSongs), "Mustapha");
-    EXPECT_FALSE(browser.Result.Search());
-}
-
-TEST(MediaFilter, BackToAllFilesWithASearchTextTheSearchRunsWithoutTheKind) {
-    BrowserFixture browser(AllKinds);
-    browser.ChooseTab("Audio");
-    browser.Type("arrival");
-    EXPECT_EQ(Texts(browser.lstSongs), "All (1 Song), Money");
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(Texts(browser.lstSongs), "All (2 Items), Money, Tiger");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Abba");
-    EXPECT_TRUE(browser.Result.Search());
-    EXPECT_TRUE(browser.Form.cmdClear.Enabled());
-}
-
-TEST(MediaFilter, ATextThatWasClearedButStillStandsInTheBoxDoesNotFilter) {
-    BrowserFixture browser(AllKinds);
-    browser.Type("abba");
-    browser.Form.cmdClear.UserPress();
-    browser.ChooseTab("Audio");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
+TEST(MediaFilter, ATabShowsItsKindOfWhatIsSearchedFor) {
+    const std::string allFiles =
+        "All (3 Artists), Abba, Books, Queen | All (4 Albums), Arrival, Films, Jazz, Texts | "
+        "All (6 Items), Headlong, Money, Mustapha, Notes, Poem, Tiger";
+    const std::string audio = "All (2 Artists), Abba, Queen | All (2 Albums), Arrival, Jazz | "
+                              "All (2 Songs), Money, Mustapha";
+    const struct {
+        const char* Steps;
+        std::string Rows;
+    } cases[] = {
+        {"artist All", allFiles},
+        {"artist All, tab Audio", audio},
+        {"artist All, tab Video", "All (2 Artists), Abba, Queen | "
+                                  "All (2 Albums), Arrival, Films | "
+                                  "All (2 Videos), Headlong, Tiger"},
+        {"artist All, tab Video, tab Audio", audio}, // from the full library
+        {"artist All, tab Audio, tab All Files", allFiles},
+        {"tab Audio, type arrival",
+         "All (1 Artist), Abba | All (1 Album), Arrival | All (1 Song), Money"},
+        {"tab Audio, type arrival, tab All Files",
+         "All (1 Artist), Abba | All (1 Album), Arrival | All (2 Items), Money, Tiger"},
+        {"artist All, tab Audio, type arrival, clear", audio},
+        // A text that was cleared and still stands in the box is searched for no more.
+        {"artist All, type abba, clear, tab Audio", audio},
+        {"artist All, type abba, clear, tab Audio, tab All Files", allFiles},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Steps);
+        BrowserFixture browser(AllKinds);
+        browser.Do(each.Steps);
+        EXPECT_EQ(browser.Rows(), each.Rows);
+    }
 }
 
 TEST(MediaFilter, ClickingTheSelectedTabChangesNothing) {
     BrowserFixture browser(AllKinds);
-    int fills = browser.lstArtists.FillCount;
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(browser.lstArtists.FillCount, fills);
-    EXPECT_FALSE(browser.Result.Search());
-    browser.ChooseTab("Video");
-    fills = browser.lstArtists.FillCount;
-    browser.ChooseTab("Video");
-    EXPECT_EQ(browser.lstArtists.FillCount, fills);
+    for (const char* tab : {"tab All Files", "tab Video"}) {
+        browser.Do(tab);
+        const int fills = browser.Fills();
+        browser.Do(tab);
+        EXPECT_EQ(browser.Fills(), fills) << tab;
+    }
 }
 
 TEST(MediaFilter, WhileTheFilterIsLockedAClickDoesNothingAndIsNotRemembered) {
     BrowserFixture browser(AllKinds);
     browser.Filter.ShowNoDevice();
-    browser.ChooseTab("Video");
+    browser.Do("tab Video");
     EXPECT_FALSE(browser.Result.Search());
     browser.Filter.AwaitLibrary();
-    browser.ChooseTab("Video");
+    browser.Do("tab Video");
     EXPECT_EQ(browser.lstSongs.List(0), u"All (1 Video)"_s);
 }
 
 TEST(MediaFilter, WithoutTracksAClickDoesNothing) {
     BrowserFixture browser("");
     browser.Library.Artists = RecordsOf(AllKinds); // what an earlier device left
-    browser.ChooseTab("Audio");
+    browser.Do("tab Audio");
     EXPECT_FALSE(browser.Result.Search());
     EXPECT_EQ(browser.lstArtists.ListCount(), 0);
     EXPECT_EQ(browser.Library.Artists.size(), 3U);
 }
 
 TEST(MediaFilter, ATabWithoutAnyFileShowsEmptyListsAndAllFilesLeadsBack) {
-    BrowserFixture browser(R"(
-Abba
-  Arrival
-    Money
-)");
-    browser.ChooseTab("Video");
-    EXPECT_EQ(browser.lstArtists.ListCount(), 0);
+    BrowserFixture browser("Abba\n  Arrival\n    Money");
+    browser.Do("tab Video");
+    EXPECT_EQ(browser.Rows(), " |  | ");
     EXPECT_FALSE(browser.lstArtists.Enabled());
     EXPECT_FALSE(browser.Form.cmdClear.Enabled());
-    browser.ChooseTab("All Files");
+    browser.Do("tab All Files");
     EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Abba");
     EXPECT_EQ(browser.lstArtists.ListIndex(), 0);
     EXPECT_TRUE(browser.lstArtists.Enabled());
 }
 
-TEST(MediaFilter, BetweenAudioAndVideoTheFilterStartsFromTheFullLibrary) {
-    BrowserFixture browser(AllKinds);
-    browser.ChooseTab("Audio");
-    browser.ChooseTab("Video");
-    EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
-    EXPECT_EQ(browser.Result.SavedArtists().size(), 3U);
-    browser.ChooseTab("All Files");
-    EXPECT_EQ(browser.Library.Artists.size(), 3U);
-}
-
 TEST(MediaFilter, ANewLibraryIsShownUnfilteredAndEveryTabWorksOnIt) {
     BrowserFixture browser(AllKinds);
-    browser.ChooseTab("Audio");
+    browser.Do("tab Audio");
     browser.Load(RecordsOf(AllKinds));
     EXPECT_EQ(browser.Form.tbsFilter.SelectedCaption(), u"All Files"_s);
     EXPECT_EQ(Texts(browser.lstArtists), "All (3 Artists), Abba, Books, Queen");
-    browser.ChooseTab("Audio");
+    browser.Do("tab Audio");
     EXPECT_EQ(Texts(browser.lstArtists), "All (2 Artists), Abba, Queen");
 }

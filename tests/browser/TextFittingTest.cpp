@@ -10,11 +10,7 @@ namespace {
 
 class TextFittingTest : public testing::Test {
 protected:
-    BrowserFixture browser{R"(
-Abba
-  Arrival
-    Money
-)"};
+    BrowserFixture browser{"Abba\n  Arrival\n    Money"};
     FakeForm1& form = browser.Form;
 
     void SetLabelWidth(double width) { form.lblFullName.SetWidth(width); }
@@ -27,93 +23,36 @@ Abba
 
 // ---- the full name
 
-TEST_F(TextFittingTest, ANameThatFitsExactlyHasNoToolTipAndNoDots) {
-    SetLabelWidth(1000);
-    Show("ABCDEFGHIJ");
-    EXPECT_EQ(Shown(), "ABCDEFGHIJ");
-    EXPECT_EQ(ToolTip(), "");
-}
-
-TEST_F(TextFittingTest, ANameOneCharacterTooLongShowsTheTextLessFourCharactersAndDots) {
-    SetLabelWidth(1050); // room for ten characters and a half
-    Show("ABCDEFGHIJK");
-    EXPECT_EQ(Shown(), "ABCDEFG...");
-    EXPECT_EQ(ToolTip(), "ABCDEFGHIJK");
-}
-
-TEST_F(TextFittingTest, AShortenedNameMustBeNarrowerThanTheLabel) {
-    SetLabelWidth(1000);
-    Show("ABCDEFGHIJK");
-    EXPECT_EQ(Shown(), "ABCDEF..."); // nine: a tenth would be exactly as wide
-}
-
-TEST_F(TextFittingTest, ANameThatFitsLosesTheToolTipOfTheOneBefore) {
-    SetLabelWidth(1050);
-    Show("ABCDEFGHIJK");
-    Show("ABC");
-    EXPECT_EQ(Shown(), "ABC");
-    EXPECT_EQ(ToolTip(), "");
-}
-
-TEST_F(TextFittingTest, TheResultIsThatOfDroppingOneCharacterAtATime) {
-    const QString text = u"The quick brown fox jumps over the lazy dog"_s;
-    for (int width = 400; width < 5000; width += 50) {
-        SetLabelWidth(width);
-        browser.Fitting.AdjustText(text);
-        QString expected = text;
-        if (form.Form1.TextWidth(expected) > width) {
-            expected += u"..."_s;
-            while (form.Form1.TextWidth(expected) >= width) {
-                expected = expected.left(expected.size() - 4) + u"..."_s;
-            }
-        }
-        ASSERT_EQ(Shown(), expected.toStdString()) << width;
+TEST_F(TextFittingTest, ANameThatDoesNotFitIsShortenedAndStandsInTheToolTip) {
+    const struct {
+        double LabelWidth;
+        const char* Name;
+        const char* Shown;
+        bool IsShortened;
+    } cases[] = {
+        {1000, "ABCDEFGHIJ", "ABCDEFGHIJ", false}, // exactly as wide
+        {1050, "ABCDEFGHIJK", "ABCDEFG...", true},
+        {1000, "ABCDEFGHIJK", "ABCDEF...", true}, // narrower than the label
+        {1000, "", "", false},
+        {0, "", "", false},
+        {400, "ABCDEFGHIJK", "...", true},
+        {0, "ABCDEFGHIJK", "...", true},
+        {50, "A", "...", true},
+        // An ampersand is doubled for the label alone.
+        {2000, "a&&b&", "a&&&&b&&", false},
+        {1000, "Tom & Judy", "Tom && Judy", false},
+        {1000, "Tom & Judys", "Tom && ...", true},
+        // A smiley of two code units is not cut in half.
+        {850, "ABC\xF0\x9F\x98\x80\x44\x45\x46\x47", "ABC\xF0\x9F\x98\x80...", true},
+        {750, "ABC\xF0\x9F\x98\x80\x44\x45\x46\x47", "ABC...", true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(testing::Message() << each.Name << " in " << each.LabelWidth);
+        SetLabelWidth(each.LabelWidth);
+        Show(each.Name);
+        EXPECT_EQ(Shown(), each.Shown);
+        EXPECT_EQ(ToolTip(), each.IsShortened ? each.Name : "");
     }
-}
-
-TEST_F(TextFittingTest, AnAmpersandIsShownAsOne) {
-    Show("Simon & Garfunkel");
-    EXPECT_EQ(Shown(), "Simon && Garfunkel");
-    Show("a&&b&");
-    EXPECT_EQ(Shown(), "a&&&&b&&");
-}
-
-TEST_F(TextFittingTest, TheAmpersandIsMeasuredOnceAndStandsInTheToolTipOnce) {
-    SetLabelWidth(1000);
-    Show("Tom & Judy"); // ten characters
-    EXPECT_EQ(Shown(), "Tom && Judy");
-    EXPECT_EQ(ToolTip(), "");
-    Show("Tom & Judys");
-    EXPECT_EQ(Shown(), "Tom && ..."); // six characters and three dots
-    EXPECT_EQ(ToolTip(), "Tom & Judys");
-}
-
-TEST_F(TextFittingTest, ALabelTooNarrowForACharacterShowsTheDots) {
-    for (const double width : {400.0, 300.0, 100.0, 0.0}) {
-        SetLabelWidth(width);
-        Show("ABCDEFGHIJK");
-        EXPECT_EQ(Shown(), "...") << width;
-        EXPECT_EQ(ToolTip(), "ABCDEFGHIJK");
-    }
-    SetLabelWidth(50);
-    Show("A");
-    EXPECT_EQ(Shown(), "...");
-}
-
-TEST_F(TextFittingTest, AnEmptyTextIsNeverShortened) {
-    SetLabelWidth(0);
-    Show("");
-    EXPECT_EQ(Shown(), "");
-    EXPECT_EQ(ToolTip(), "");
-}
-
-TEST_F(TextFittingTest, ALetterOfTwoCodeUnitsIsNeverCutInHalf) {
-    SetLabelWidth(850);
-    Show("ABC\xF0\x9F\x98\x80\x44\x45\x46\x47"); // ABC, a smiley of two units, DEFG
-    EXPECT_EQ(Shown(), "ABC\xF0\x9F\x98\x80...");
-    SetLabelWidth(750);
-    browser.Fitting.AdjustTextAgain();
-    EXPECT_EQ(Shown(), "ABC...");
 }
 
 TEST_F(TextFittingTest, AVeryLongNameIsShortenedInNoTime) {
@@ -136,38 +75,23 @@ TEST_F(TextFittingTest, AWiderLabelShowsTheWholeTextAgain) {
 
 // ---- the focus follows the mouse
 
-TEST_F(TextFittingTest, MovingOverAListTakesTheFocusFromTheOtherListsAndTheTabs) {
-    FakeListControl* const lists[] = {&form.lstArtists, &form.lstAlbums, &form.lstSongs};
-    for (FakeListControl* list : lists) {
-        for (FakeListControl* other : lists) {
-            other->SetFocus();
+TEST_F(TextFittingTest, MovingOverAListTakesTheFocusFromTheOtherListsAndTheTabsAlone) {
+    form.cmdCopy.SetEnabled(true);
+    const std::vector<Control*> neighbours = {&form.lstArtists, &form.lstAlbums, &form.lstSongs,
+                                              &form.tbsFilter};
+    const std::vector<Control*> others = {&form.txtSearch, &form.txtDestination, &form.cmdCopy,
+                                          &form.Combo1};
+    for (FakeListControl* list : {&form.lstArtists, &form.lstAlbums, &form.lstSongs}) {
+        for (Control* neighbour : neighbours) {
+            neighbour->SetFocus();
             list->UserMouseMove({});
             EXPECT_TRUE(list->HasFocus());
         }
-        form.tbsFilter.SetFocus();
-        list->UserMouseMove({});
-        EXPECT_TRUE(list->HasFocus());
-    }
-}
-
-TEST_F(TextFittingTest, MovingOverAlbumsWhileTypingLeavesTheFocusInTheSearchBox) {
-    form.txtSearch.SetFocus();
-    form.lstAlbums.UserMouseMove({});
-    EXPECT_TRUE(form.txtSearch.HasFocus());
-}
-
-TEST_F(TextFittingTest, MovingOverAListTakesTheFocusFromNothingElse) {
-    form.cmdCopy.SetEnabled(true);
-    for (FakeListControl* list : {&form.lstArtists, &form.lstAlbums, &form.lstSongs}) {
-        form.txtDestination.SetFocus();
-        list->UserMouseMove({});
-        EXPECT_TRUE(form.txtDestination.HasFocus());
-        form.cmdCopy.SetFocus();
-        list->UserMouseMove({});
-        EXPECT_TRUE(form.cmdCopy.HasFocus());
-        form.Combo1.SetFocus();
-        list->UserMouseMove({});
-        EXPECT_TRUE(form.Combo1.HasFocus());
+        for (Control* other : others) {
+            other->SetFocus();
+            list->UserMouseMove({});
+            EXPECT_EQ(form.Focus->Current(), other->Handle());
+        }
     }
 }
 
@@ -207,18 +131,10 @@ TEST_F(TextFittingTest, RightClickingASongOpensTheMenuThere) {
     EXPECT_EQ(form.mnuPopup.Y, 450);
 }
 
-TEST_F(TextFittingTest, RightClickingTheAllSongsRowOpensNoMenu) {
+TEST_F(TextFittingTest, TheMenuOpensForTheRightButtonOnASongAlone) {
     form.lstSongs.UserRightClick(0);
-    EXPECT_EQ(form.mnuPopup.PopUpCount, 0);
-}
-
-TEST_F(TextFittingTest, WithoutACurrentSongNoMenuOpens) {
     form.lstSongs.SetListIndex(-1);
     form.lstSongs.MouseDown({.Button = 2});
-    EXPECT_EQ(form.mnuPopup.PopUpCount, 0);
-}
-
-TEST_F(TextFittingTest, OnlyTheRightButtonOpensTheMenu) {
     form.lstSongs.UserClick(1);
     form.lstSongs.MouseDown({.Button = 1});
     form.lstSongs.MouseDown({.Button = 4});
