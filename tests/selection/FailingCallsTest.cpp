@@ -89,6 +89,9 @@ void ExpectFitForUse(BrowserFixture& browser) {
     EXPECT_FALSE(browser.Linked.Building || browser.Linked.Restoring);
     EXPECT_FALSE(browser.WordSearch.SearchRunning() || browser.WordSearch.SearchPending());
     EXPECT_EQ(browser.Result.Search(), !browser.Result.SavedArtists().empty());
+    EXPECT_EQ(browser.Result.Search(),
+              browser.WordSearch.SearchingText() ||
+                  browser.Form.tbsFilter.SelectedCaption() != u"All Files");
     EXPECT_TRUE(!browser.Linked.RefreshAlbums() || browser.lstAlbums.ListCount() == 0);
     EXPECT_TRUE(!browser.Linked.RefreshSongs() || browser.lstSongs.ListCount() == 0);
     EXPECT_EQ(browser.Form.Form1.Pointer(), MousePointer::Default);

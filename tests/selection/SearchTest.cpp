@@ -104,6 +104,7 @@ TEST_F(SearchTest, ARecordOfTheResultIsAWholeCopyThatKnowsWhereItCameFrom) {
 TEST_F(SearchTest, ALibraryLoadedLaterIsSearchedByItsOwnNames) {
     browser.Do("type money");
     browser.Load(RecordsOf("Zappa\n  Apostrophe\n    Stink Foot"));
+    EXPECT_FALSE(browser.WordSearch.SearchingText());
     browser.Do("type money");
     EXPECT_EQ(artists.ListCount(), 0);
     browser.Do("type foot");
