@@ -1,6 +1,5 @@
 #include "tests/fuzz/LoadCheck.h"
 
-#include "tests/library/LibraryLines.h"
 #include "tests/library/PlainITunesDBWalk.h"
 #include "tests/library/PlainSqliteRead.h"
 
@@ -180,33 +179,4 @@ QString LoadCheck::WrongWithTheBox() const {
                        box.Text.startsWith(u"Error "_s) && number.toInt() > 0 &&
                        !description.isEmpty();
     return right ? QString() : u"a box that is none of an error: "_s + box.Text;
-}
-
-QString WrongWithTracks(const MusicLibrary& library) {
-    int tracks = 0;
-    double size = 0;
-    for (const ArtistRecord& artist : library.Artists) {
-        if (artist.Name.isEmpty() || artist.Albums.empty() || artist.Checked ||
-            artist.SourceIndex != 0) {
-            return u"an artist that must not be"_s;
-        }
-        for (const AlbumRecord& album : artist.Albums) {
-            if (album.Name.isEmpty() || album.Tracks.empty() || album.Checked ||
-                album.SourceIndex != 0) {
-                return u"an album that must not be"_s;
-            }
-            for (const TrackRecord& track : album.Tracks) {
-                ++tracks;
-                size += track.FileSize;
-                if (track.Title.isEmpty() || !track.Location.startsWith(u"E:"_s) || track.Checked ||
-                    track.SourceIndex != 0 || track.Kind < KindOther || track.Kind > KindVideo) {
-                    return u"a track that must not be"_s;
-                }
-            }
-        }
-    }
-    if (library.TrackCount != tracks) {
-        return u"TrackCount is not the number of the tracks"_s;
-    }
-    return library.TotalSize == size ? QString() : u"TotalSize is not the size of the tracks"_s;
 }

@@ -5,6 +5,7 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/library/LibraryLines.h"
 
 #include <QByteArray>
 #include <QString>
@@ -35,6 +36,3 @@ private:
     QString WrongWithTheEnd() const;
     QString WrongWithTheBox() const;
 };
-
-/// What is wrong with a library that holds tracks; empty when nothing is.
-QString WrongWithTracks(const MusicLibrary& library);

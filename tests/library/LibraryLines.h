@@ -6,3 +6,7 @@
 
 /// One line a track, in library order: "artist | album | number title | size | kind | location".
 QStringList Lines(const MusicLibrary& library);
+
+/// What is wrong with a library of E: that holds tracks: an empty group or name, a place elsewhere,
+/// a tick, or totals that are not those of the tracks. Empty when nothing is.
+QString WrongWithTracks(const MusicLibrary& library);

@@ -24,14 +24,53 @@ protected:
         Music.LoadITunesDB(QStringLiteral("E:"));
     }
 
-    /// Loads a list of track chunks between a head that tells `count` and the next data set.
-    void LoadTracks(quint32 count, const std::vector<QByteArray>& tracks) {
+    /// A database whose track chunks stand between a head that tells `count` and the next data set.
+    static QByteArray TrackList(quint32 count, const std::vector<QByteArray>& tracks) {
         QByteArray list = ITunesDBChunks::ListHead("mhlt", count);
         for (const QByteArray& track : tracks) {
             list += track;
         }
-        Load(ITunesDBChunks::Database(
-            {ITunesDBChunks::DataSet(1, list), ITunesDBChunks::DataSet(2, QByteArray(200, '\0'))}));
+        return ITunesDBChunks::Database(
+            {ITunesDBChunks::DataSet(1, list), ITunesDBChunks::DataSet(2, QByteArray(200, '\0'))});
+    }
+    void LoadTracks(quint32 count, const std::vector<QByteArray>& tracks) {
+        Load(TrackList(count, tracks));
+    }
+
+    /// The library as "artist: album (titles), album (titles)".
+    QStringList Groups() const {
+        QStringList groups;
+        for (const ArtistRecord& artist : Library.Artists) {
+            QStringList albums;
+            for (const AlbumRecord& album : artist.Albums) {
+                QStringList titles;
+                for (const TrackRecord& track : album.Tracks) {
+                    titles += track.Title;
+                }
+                albums += QStringLiteral("%1 (%2)").arg(album.Name, titles.join(u' '));
+            }
+            groups += QStringLiteral("%1: %2").arg(artist.Name, albums.join(QStringLiteral(", ")));
+        }
+        return groups;
+    }
+
+    QStringList Titles() const {
+        QStringList titles;
+        for (const ArtistRecord& artist : Library.Artists) {
+            for (const AlbumRecord& album : artist.Albums) {
+                for (const TrackRecord& track : album.Tracks) {
+                    titles += track.Title;
+                }
+            }
+        }
+        return titles;
+    }
+
+    void ExpectLoaded(const QStringList& lines) const {
+        EXPECT_EQ(Lines(Library), lines);
+        EXPECT_EQ(Boxes.Texts(), QStringList());
+        ExpectConsistent(Library);
+        ExpectEnded();
     }
 
     /// The load has ended with this error box, and with nothing else on the screen.
@@ -48,6 +87,16 @@ protected:
         EXPECT_EQ(Window.Form1.Caption(), QStringLiteral("Songlift"));
     }
 };
+
+/// Tracks named by artist and album; their titles are their numbers from 1 on.
+inline std::vector<SampleTrack> NamedTracks(const std::vector<std::pair<QString, QString>>& names) {
+    std::vector<SampleTrack> tracks;
+    for (const auto& [artist, album] : names) {
+        const auto number = qint32(tracks.size() + 1);
+        tracks.push_back({artist, album, QString::number(number), number, 1, QStringLiteral("x")});
+    }
+    return tracks;
+}
 
 /// A track that has nothing but a title.
 inline QByteArray TitledTrack(const QString& title) {

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "app/ControlGroups.h"
-#include "library/LoadMusic.h"
-#include "tests/fakes/FakeFileSystem.h"
-#include "tests/fakes/FakeForm1.h"
-#include "tests/fakes/FakeServices.h"
-#include "tests/library/LibraryText.h"
+#include "tests/library/LoadingWindow.h"
 #include "tests/support/SqliteLibraryWriter.h"
 
 #include <QDir>
@@ -14,14 +9,9 @@
 
 /// A window on fakes that loads the SQLite library of an iPod at E:, whose two files lie in a real
 /// folder.
-class SqliteDevice : public testing::Test {
+class SqliteDevice : public LoadingWindow {
 protected:
     QTemporaryDir Folder;
-    FakeForm1 Window;
-    FakeMessages Boxes;
-    FakeFileSystem Files;
-    LoadMusic Music{Files, Boxes, LoadControlsOf(Window.Controls)};
-    MusicLibrary& Library = Music.Library;
 
     SqliteDevice() { PutFilesInto(Folder.path()); }
 
@@ -53,27 +43,6 @@ protected:
     /// Changes what Write has made.
     void InLibrary(const QString& sql) { RunSql(LibraryFile(), sql); }
     void InLocations(const QString& sql) { RunSql(LocationsFile(), sql); }
-
-    void ExpectLoaded(const QStringList& lines) const {
-        EXPECT_EQ(Lines(Library), lines);
-        EXPECT_EQ(Boxes.Texts(), QStringList());
-        ExpectConsistent(Library);
-        ExpectEnded();
-    }
-
-    /// The load has ended with this error box, and with nothing else on the screen.
-    void ExpectError(const QString& text) const {
-        ASSERT_EQ(Boxes.Shown.size(), 1U);
-        EXPECT_EQ(Boxes.Shown[0], (ShownMessage{text, QStringLiteral("Error"), MessageButtons::OK,
-                                                MessageIcon::Critical}));
-        ExpectEnded();
-    }
-
-    void ExpectEnded() const {
-        EXPECT_FALSE(Library.LoadingMusic);
-        EXPECT_EQ(Window.prgCopy.Value(), 0);
-        EXPECT_EQ(Window.Form1.Caption(), QStringLiteral("Songlift"));
-    }
 
 private:
     QString m_folder;

@@ -149,3 +149,12 @@ TEST(SelectionSummary, WithoutASearchEveryCallCountsFromScratch) {
     EXPECT_EQ(browser.Summary.SelectedSize, 0);
     EXPECT_EQ(browser.Summary.SearchBaseSize, 77);
 }
+
+TEST(SelectionSummary, ALibraryThatLeavesTakesItsSizesAlong) {
+    BrowserFixture browser(FourSizes);
+    browser.Do("tick artist Abba, type film");
+    browser.Load({});
+    EXPECT_EQ(browser.Summary.SelectedSize, 0);
+    EXPECT_EQ(browser.Summary.SearchBaseSize, 0);
+    EXPECT_EQ(browser.Form.prgCopy.Value(), 0);
+}

@@ -20,7 +20,7 @@ struct ITunesDBLayout {
     /// Items without a text are written all the same.
     bool WriteEmptyItems = false;
     /// The number that the head of the track list tells, where it is not the true one.
-    std::optional<quint32> StatedTrackCount;
+    std::optional<quint32> StatedTrackCount = {};
     /// A list of albums stands before the tracks.
     bool AlbumList = true;
     /// Data sets behind the tracks: playlists that name every track, and more heads of track lists.
