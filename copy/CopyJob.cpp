@@ -15,12 +15,6 @@ QString CancelCaption() {
     return QStringLiteral("&Cancel");
 }
 
-/// Names of folders that differ only in letter case are one folder on many drives. Safe names have
-/// no blanks at their ends.
-bool IsSameFolder(const QString& name, const QString& otherName) {
-    return name.toLower() == otherName.toLower();
-}
-
 } // namespace
 
 CopyJob::CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
@@ -62,7 +56,7 @@ void CopyJob::cmdCopy_Click() {
 CopyJob::Next CopyJob::Run() {
     try {
         Start();
-        const Next next = Walk();
+        const Next next = Walk(PlanCopy(m_library, Options()));
         return next == Next::Step ? FinishWalk() : next;
     } catch (const OperationStopped&) {
         return m_stop == Next::Leave ? LeaveFile() : Next::Cleanup;
@@ -98,7 +92,6 @@ void CopyJob::Start() {
     }
     m_fileTotal = m_summary.GetSelSongCount();
     m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
-    m_naming.FolderChanged = true;
     m_fileIndex = 0;
     m_enteredFolder.clear();
     m_folderNames.StartOver();
@@ -110,49 +103,19 @@ void CopyJob::ExchangeLibraries() {
     m_resultIsAside = !m_resultIsAside;
 }
 
-CopyJob::Next CopyJob::Walk() {
-    m_artistFolder.clear();
-    m_albumFolder.clear();
-    if (m_library.TrackCount < 1) {
-        return Next::Step;
-    }
-    for (const ArtistRecord& artist : m_library.Artists) {
-        if (artist.Checked) {
-            if (const Next next = CopyArtist(artist); next != Next::Step) {
-                return next;
-            }
-        }
-    }
-    return Next::Step;
+/// As the boxes stand now; none of them can be changed before the job ends.
+CopyOptions CopyJob::Options() const {
+    return {.ArtistFolder = m_controls.chkArtist.Value(),
+            .AlbumFolder = m_controls.chkAlbum.Value(),
+            .ArtistName = m_controls.chkArtistName.Value(),
+            .AlbumName = m_controls.chkAlbumName.Value(),
+            .TrackNumber = m_controls.chkTrackNum.Value()};
 }
 
-CopyJob::Next CopyJob::CopyArtist(const ArtistRecord& artist) {
-    const QString previous =
-        std::exchange(m_artistFolder, m_naming.MakeSafeName(artist.Name, false, QString()));
-    if (m_controls.chkArtist.Value() && !IsSameFolder(m_artistFolder, previous)) {
-        m_naming.FolderChanged = true;
-    }
-    for (const AlbumRecord& album : artist.Albums) {
-        if (album.Checked) {
-            if (const Next next = CopyAlbum(album); next != Next::Step) {
-                return next;
-            }
-        }
-    }
-    return Next::Step;
-}
-
-CopyJob::Next CopyJob::CopyAlbum(const AlbumRecord& album) {
-    const QString previous =
-        std::exchange(m_albumFolder, m_naming.MakeSafeName(album.Name, false, QString()));
-    if (m_controls.chkAlbum.Value() && !IsSameFolder(m_albumFolder, previous)) {
-        m_naming.FolderChanged = true;
-    }
-    for (const TrackRecord& track : album.Tracks) {
-        if (track.Checked) {
-            if (const Next next = CopyTrack(track); next != Next::Step) {
-                return next;
-            }
+CopyJob::Next CopyJob::Walk(const std::vector<PlannedTrack>& plan) {
+    for (const PlannedTrack& planned : plan) {
+        if (const Next next = CopyTrack(planned); next != Next::Step) {
+            return next;
         }
     }
     return Next::Step;

@@ -3,6 +3,7 @@
 #include "copy/ChunkedCopy.h"
 #include "copy/ControlLock.h"
 #include "copy/CopyErrors.h"
+#include "copy/CopyPlan.h"
 #include "copy/Destination.h"
 #include "copy/FolderNames.h"
 #include "copy/Naming.h"
@@ -93,9 +94,8 @@ private:
     Next Run();
     void Start();
     void ExchangeLibraries();
-    Next Walk();
-    Next CopyArtist(const ArtistRecord& artist);
-    Next CopyAlbum(const AlbumRecord& album);
+    CopyOptions Options() const;
+    Next Walk(const std::vector<PlannedTrack>& plan);
     Next FinishWalk();
     void DeleteTemporaryFolder();
     void TryToClearUp();
@@ -103,12 +103,12 @@ private:
     void Cleanup();
 
     // The steps of one track.
-    Next CopyTrack(const TrackRecord& track);
+    Next CopyTrack(const PlannedTrack& planned);
     Next CountTrack();
-    Next MakeFolders();
-    Next MakeFolder(const CheckControl& option, const QString& name);
+    Next MakeFolders(const QStringList& names);
+    Next MakeFolder(const QString& name);
     void EnterFolder();
-    void NameFile(const TrackRecord& track);
+    void NameFile(const PlannedTrack& planned);
     Next PutFile(const TrackRecord& track);
     void AskToReplace(const QString& target);
     Next CopyFile(const TrackRecord& track, const QString& target, Existing existing,
@@ -156,8 +156,6 @@ private:
     double m_shownBytes = 0;
     /// The track at hand: where it comes from and goes to.
     CopyPlace m_place;
-    QString m_artistFolder;
-    QString m_albumFolder;
     /// Tracks handled so far.
     qint16 m_fileIndex = 0;
     /// Number of ticked tracks.

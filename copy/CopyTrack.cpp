@@ -14,17 +14,13 @@ namespace {
 /// Tracks above this many bytes are copied in chunks of this size.
 constexpr qint32 LargeFileLimit = 50000000;
 
-/// The extension with its dot. A device's database can say anything; what would lead out of the
-/// folder, or is part of no file name, is dropped.
-QString ExtensionOf(const QString& location) {
-    QString extension = QLatin1Char('.') + Paths::Extension(location);
-    extension.removeIf([](QChar c) { return QStringView(u"/\\:*?\"<>|").contains(c); });
-    return extension;
-}
-
 } // namespace
 
-CopyJob::Next CopyJob::CopyTrack(const TrackRecord& track) {
+CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
+    const TrackRecord& track = planned.Track;
+    if (planned.StartsFolder) {
+        m_naming.FolderChanged = true;
+    }
     m_events.Yield();
     m_place.Source = track.Location;
     m_place.FileName.clear();
@@ -32,11 +28,11 @@ CopyJob::Next CopyJob::CopyTrack(const TrackRecord& track) {
     while (next == Next::SameTrack) {
         next = CountTrack();
         if (next == Next::Step) {
-            next = MakeFolders();
+            next = MakeFolders(planned.Folders);
         }
         if (next == Next::Step) {
             EnterFolder();
-            NameFile(track);
+            NameFile(planned);
             next = PutFile(track);
         }
     }
@@ -62,17 +58,18 @@ CopyJob::Next CopyJob::CountTrack() {
     return Next::Step;
 }
 
-CopyJob::Next CopyJob::MakeFolders() {
+CopyJob::Next CopyJob::MakeFolders(const QStringList& names) {
     m_place.DestFolder = m_destRoot;
-    const Next next = MakeFolder(m_controls.chkArtist, m_artistFolder);
-    return next == Next::Step ? MakeFolder(m_controls.chkAlbum, m_albumFolder) : next;
+    for (const QString& name : names) {
+        if (const Next next = MakeFolder(name); next != Next::Step) {
+            return next;
+        }
+    }
+    return Next::Step;
 }
 
-/// Goes one folder deeper where its option is ticked, and makes that folder if it is missing.
-CopyJob::Next CopyJob::MakeFolder(const CheckControl& option, const QString& name) {
-    if (!option.Value()) {
-        return Next::Step;
-    }
+/// Goes one folder deeper, and makes that folder if it is missing.
+CopyJob::Next CopyJob::MakeFolder(const QString& name) {
     const QString fitting = m_folderNames.NameFor(m_place.DestFolder, name);
     const QString folder = m_place.DestFolder + fitting;
     // A failure names the folder that is being made; a file that is copied once more keeps its
@@ -98,22 +95,11 @@ void CopyJob::EnterFolder() {
     }
 }
 
-void CopyJob::NameFile(const TrackRecord& track) {
+void CopyJob::NameFile(const PlannedTrack& planned) {
     if (!m_place.FileName.isEmpty()) {
         return; // the same track once more: a second name would make a second file of it
     }
-    QString name = track.Title;
-    if (m_controls.chkTrackNum.Value() && track.TrackNumber >= 1) {
-        name = QString::number(track.TrackNumber).rightJustified(2, QLatin1Char('0')) +
-               QLatin1Char(' ') + name;
-    }
-    if (m_controls.chkAlbumName.Value()) {
-        name = m_albumFolder + QStringLiteral(" - ") + name;
-    }
-    if (m_controls.chkArtistName.Value()) {
-        name = m_artistFolder + QStringLiteral(" - ") + name;
-    }
-    m_place.FileName = m_naming.MakeSafeName(name, true, ExtensionOf(track.Location));
+    m_place.FileName = m_naming.MakeFileName(planned.Name, planned.Extension);
 }
 
 /// Puts the track's file in its place, unless the user wants to keep one that is there. One that

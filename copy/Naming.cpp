@@ -13,6 +13,7 @@ bool IsForbidden(QChar c) {
 /// end; empty when nothing is left.
 QString Filtered(const QString& text) {
     QString result;
+    result.reserve(text.size());
     QString pending; // blanks and dots that stay only if other text follows
     bool seenText = false;
     for (const QChar c : text) {
@@ -39,44 +40,28 @@ QString Filtered(const QString& text) {
 
 } // namespace
 
-Naming::Naming() {
-    StartOver();
+QString MakeSafeName(const QString& Text) {
+    const QString name = Filtered(Text);
+    return name.isEmpty() ? UnknownName() : name;
 }
 
-QString Naming::MakeSafeName(const QString& Text, bool IsFile, const QString& Ext) {
-    if (FolderChanged) {
-        StartOver();
-    }
-    QString result = Filtered(Text);
-    if (result.isEmpty()) {
-        result = UnknownName();
-    }
-    if (!IsFile) {
-        return result;
-    }
+QString Naming::MakeFileName(const QString& Name, const QString& Ext) {
     if (FolderChanged) {
         m_usedNames.clear();
         m_usedCounts.clear();
         m_indexOf.clear();
     }
     QString numbers;
-    QString name = FittingName(result, Ext, Limits);
+    QString name = FittingName(Name, Ext, Limits);
     for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
          used = m_indexOf.constFind(name)) {
         numbers += QStringLiteral(" (") + QString::number(m_usedCounts[*used]) + QLatin1Char(')');
         ++m_usedCounts[*used];
-        name = FittingName(result, numbers + Ext, Limits);
+        name = FittingName(Name, numbers + Ext, Limits);
     }
     Enter(name);
     FolderChanged = false;
     return name;
-}
-
-void Naming::StartOver() {
-    m_usedNames.assign(1, QString());
-    m_usedCounts.assign(1, 0);
-    m_indexOf.clear();
-    m_indexOf.insert(QString(), 0);
 }
 
 void Naming::Enter(const QString& name) {

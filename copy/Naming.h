@@ -8,31 +8,30 @@
 
 #include <vector>
 
-/// Turns library text into names that file systems accept, and numbers the file names that come
-/// again in one folder, also those that become equal because its file system cannot hold them
-/// whole.
+/// The name for `Text` that file systems accept, never empty.
+QString MakeSafeName(const QString& Text);
+
+/// Numbers the file names that come again in one folder, also those that become equal because its
+/// file system cannot hold them whole.
 class Naming {
 public:
-    Naming();
-
-    /// A new destination folder has begun: the names given so far are forgotten by the next call,
-    /// and the next file name clears this.
+    /// A new destination folder has begun: the next file name forgets the earlier ones and clears
+    /// this.
     bool FolderChanged = false;
     /// What the file names must fit.
     NameLimits Limits;
 
-    /// The safe name for `Text`, never empty. With `IsFile`, `Ext` (the extension with its dot) is
-    /// appended, and the name differs from every file name given since the folder changed. Letter
-    /// case makes a difference here, although it makes none on many drives.
-    QString MakeSafeName(const QString& Text, bool IsFile, const QString& Ext);
+    /// The name of a file for the safe name `Name` and the extension `Ext` with its dot. It differs
+    /// from every file name given since the folder changed. Letter case makes a difference here,
+    /// although it makes none on many drives.
+    QString MakeFileName(const QString& Name, const QString& Ext);
 
-    /// The file names given since the folder changed; a single empty one after it has changed.
+    /// The file names given since the folder changed.
     const std::vector<QString>& UsedNames() const { return m_usedNames; }
     /// For each of UsedNames, the number to try when that name comes again.
     const std::vector<qint32>& UsedCounts() const { return m_usedCounts; }
 
 private:
-    void StartOver();
     void Enter(const QString& name);
 
     std::vector<QString> m_usedNames;

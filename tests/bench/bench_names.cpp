@@ -13,7 +13,7 @@ void NameEqualTitles(benchmark::State& state) {
         naming.FolderChanged = true;
         for (int64_t i = 0; i < state.range(0); ++i) {
             benchmark::DoNotOptimize(
-                naming.MakeSafeName(QStringLiteral("01 Untitled"), true, QStringLiteral(".mp3")));
+                naming.MakeFileName(QStringLiteral("01 Untitled"), QStringLiteral(".mp3")));
         }
     }
     state.SetComplexityN(state.range(0));

@@ -14,7 +14,7 @@ QString Text(const char* text) {
 }
 
 QString Folder(const char* text) {
-    return Naming().MakeSafeName(Text(text), false, QString());
+    return MakeSafeName(Text(text));
 }
 
 class NamingInOneFolder : public testing::Test {
@@ -22,7 +22,7 @@ protected:
     NamingInOneFolder() { naming.FolderChanged = true; }
 
     QString File(const char* text, const char* ext = ".mp3") {
-        return naming.MakeSafeName(Text(text), true, Text(ext));
+        return naming.MakeFileName(MakeSafeName(Text(text)), Text(ext));
     }
 
     Naming naming;
@@ -125,13 +125,8 @@ TEST(Naming, OtherCharactersPassUnchanged) {
 }
 
 TEST(Naming, TwoAlbumsWhoseCleanedNamesAreEqualShareOneFolder) {
-    Naming naming;
-    EXPECT_EQ(naming.MakeSafeName(Text("Best Of?"), false, QString()), Text("Best Of"));
-    EXPECT_EQ(naming.MakeSafeName(Text("Best Of\\*"), false, QString()), Text("Best Of"));
-}
-
-TEST(Naming, AFolderNameTakesNoExtension) {
-    EXPECT_EQ(Naming().MakeSafeName(Text("Abba"), false, Text(".mp3")), Text("Abba"));
+    EXPECT_EQ(Folder("Best Of?"), Text("Best Of"));
+    EXPECT_EQ(Folder("Best Of\\*"), Text("Best Of"));
 }
 
 TEST_F(NamingInOneFolder, TheSameNameThreeTimesIsNumberedBeforeTheExtension) {
@@ -183,22 +178,6 @@ TEST_F(NamingInOneFolder, ANewFolderForgetsTheNames) {
     EXPECT_EQ(naming.UsedCounts(), std::vector<qint32>{2});
 }
 
-TEST_F(NamingInOneFolder, AFolderNameLeavesOneEmptyEntryAndTheChangePending) {
-    File("Song");
-    naming.FolderChanged = true;
-    naming.MakeSafeName(Text("Album"), false, QString());
-    EXPECT_TRUE(naming.FolderChanged);
-    EXPECT_EQ(naming.UsedNames(), std::vector{QString()});
-    EXPECT_EQ(naming.UsedCounts(), std::vector<qint32>{0});
-    EXPECT_EQ(File("Song"), Text("Song.mp3"));
-}
-
-TEST_F(NamingInOneFolder, AFolderNameInTheSameFolderForgetsNothing) {
-    File("Song");
-    naming.MakeSafeName(Text("Album"), false, QString());
-    EXPECT_EQ(File("Song"), Text("Song (2).mp3"));
-}
-
 TEST(Naming, RandomNamesAreNumberedAsByTheScanWithRestart) {
     std::mt19937 random(20240607);
     const QStringList words = {Text("a"),     Text("a (2)"),     Text("a (3)"), Text("A"),
@@ -215,7 +194,7 @@ TEST(Naming, RandomNamesAreNumberedAsByTheScanWithRestart) {
         const QString name = words[static_cast<int>(random() % words.size())];
         const QString ext = extensions[static_cast<int>(random() % extensions.size())];
         const QString expected = scanning.FileName(name, ext);
-        ASSERT_EQ(naming.MakeSafeName(name, true, ext), expected) << "name number " << i;
+        ASSERT_EQ(naming.MakeFileName(name, ext), expected) << "name number " << i;
         ASSERT_EQ(naming.UsedNames(), scanning.m_names);
         ASSERT_EQ(naming.UsedCounts(), scanning.m_counts);
     }

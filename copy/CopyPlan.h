@@ -1,0 +1,33 @@
+#pragma once
+
+#include "library/MusicLibrary.h"
+
+#include <QStringList>
+
+#include <vector>
+
+/// What the folders and the file names of a job are made of.
+struct CopyOptions {
+    bool ArtistFolder = false;
+    bool AlbumFolder = false;
+    bool ArtistName = false;
+    bool AlbumName = false;
+    bool TrackNumber = false;
+};
+
+/// One track of a job, and how its copy is called wherever the disk can hold the names.
+struct PlannedTrack {
+    const TrackRecord& Track;
+    /// The folders below the destination, the outermost first.
+    QStringList Folders;
+    /// The name of the file, without the number that it gets where the name comes again.
+    QString Name;
+    /// With its dot.
+    QString Extension;
+    /// The file names given so far count no more: another folder has begun.
+    bool StartsFolder = false;
+};
+
+/// Every track that is ticked together with its album and its artist, in the order of the library,
+/// whose records must stay as they are while the plan is in use.
+std::vector<PlannedTrack> PlanCopy(const MusicLibrary& library, const CopyOptions& options);
