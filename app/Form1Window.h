@@ -29,6 +29,7 @@ public:
     Form1Controls& Controls() { return m_controls; }
 
 private:
+    Form1Controls ByName();
     void NameForScreenReaders();
     void OrderTabs();
     void Explain();

@@ -104,7 +104,7 @@ void Subsystems::AwaitLibrary() {
 void Subsystems::ShowLibrary() {
     Artists.ShowLibrary();
     Summary.CalculateSize(false);
-    WordSearch.ShowLibrary();
+    WordSearch.OfferSearch();
     Artists.TakeFocus();
 }
 

@@ -76,7 +76,7 @@ void Search::AwaitLibrary() {
     m_controls.txtSearch.SetText({});
 }
 
-void Search::ShowLibrary() {
+void Search::OfferSearch() {
     m_controls.txtSearch.SetEnabled(true);
     m_controls.cmdSearch.SetEnabled(true);
 }

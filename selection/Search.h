@@ -48,7 +48,7 @@ public:
     /// Empties the box for the library of a device that has been chosen.
     void AwaitLibrary();
     /// Lets the user search the library that is shown now.
-    void ShowLibrary();
+    void OfferSearch();
     /// Disables what searches.
     void ShowNoMusic();
     /// The same, and empties the box. Whatever fails, the rest is done.
