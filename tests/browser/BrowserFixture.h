@@ -40,10 +40,12 @@ public:
     FakeMessages Messages;
     FakeDriveService Drives;
     FakeEventLoop Events;
+    InlineWorker Background;
     FakeSettingsStore Store;
     FakeShell Desktop;
 
-    Subsystems Parts{{Files, Drives, Store, Desktop, Form.WindowManager, Messages, Events},
+    Subsystems Parts{{Files, Drives, Store, Desktop, Form.WindowManager, Messages, Events,
+                      Background, Background},
                      Form.Controls};
     MusicLibrary& Library = Parts.Loading.Library;
     DeviceSelection& Devices = Parts.Devices;

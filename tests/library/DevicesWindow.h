@@ -18,8 +18,10 @@ protected:
     FakeSettingsStore Store;
     FakeShell Shell;
     FakeEventLoop Events;
-    Subsystems Parts{{Files, Drives, Store, Shell, Window.WindowManager, Boxes, Events},
-                     Window.Controls};
+    InlineWorker Background;
+    Subsystems Parts{
+        {Files, Drives, Store, Shell, Window.WindowManager, Boxes, Events, Background, Background},
+        Window.Controls};
     LoadMusic& Music = Parts.Loading;
     DeviceSelection& Devices = Parts.Devices;
     /// What DeviceSelection has raised, in order.

@@ -97,7 +97,9 @@ protected:
     FakeWindow m_frmPreview;
     FakeMediaPlayerControl m_player;
     PreviewControls m_preview{m_frmPreview, m_player};
-    Services m_services{m_files, m_drives, m_store, m_shell, m_windowManager, m_messages, m_events};
+    InlineWorker m_worker;
+    Services m_services{m_files,    m_drives, m_store,  m_shell, m_windowManager,
+                        m_messages, m_events, m_worker, m_worker};
     Form1 m_program{m_services, m_controls, m_preview, [](OverwritePrompt& prompt) {
                         prompt.OverwriteAnswer = OverwritePrompt::Skip;
                         prompt.OverwriteAll = true;

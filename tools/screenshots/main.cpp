@@ -147,7 +147,9 @@ private:
     FakeMessages m_messages;
     Form1Window m_window{m_windowManager};
     PreviewWindow m_preview{m_window.Window().Widget(), m_files};
-    Services m_services{m_files, m_drives, m_store, m_shell, m_windowManager, m_messages, m_events};
+    InlineWorker m_worker;
+    Services m_services{m_files,    m_drives, m_store,  m_shell, m_windowManager,
+                        m_messages, m_events, m_worker, m_worker};
     Form1 m_form{m_services, m_window.Controls(), m_preview.Controls(), [](OverwritePrompt&) {}};
 };
 
