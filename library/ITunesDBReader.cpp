@@ -6,11 +6,10 @@
 #include "platform/Numbers.h"
 #include "platform/ScopeGuard.h"
 
-#include <QStringBuilder>
-#include <QVarLengthArray>
 #include <QtEndian>
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace {
@@ -22,16 +21,38 @@ struct PendingTrack {
     QString Artist;
 };
 
-/// The text of an item. Mostly shorter than this, it costs no memory of its own.
-using ItemText = QVarLengthArray<char16_t, 200>;
+/// The text of an item, as it lies in the file: two bytes a unit, the lower one first.
+struct ItemText {
+    const char* Bytes;
+    qsizetype Units;
+};
 
-QStringView AsView(const ItemText& text) {
-    return {text.constData(), text.size()};
+void Decode(const ItemText& text, QChar* units) {
+    qFromLittleEndian<quint16>(text.Bytes, text.Units, units);
 }
 
-/// `text` as a string. Where `before` says the same, that one, which costs less than a new one.
+QString AsString(const ItemText& text) {
+    QString string(text.Units, Qt::Uninitialized);
+    Decode(text, string.data());
+    return string;
+}
+
+/// The same; where `before` says the same, that one, which costs less than a new string.
 QString AsString(const ItemText& text, const QString& before) {
-    return before == AsView(text) ? before : AsView(text).toString();
+    const bool isSame = std::endian::native == std::endian::little && text.Units == before.size() &&
+                        std::memcmp(text.Bytes, before.constData(), 2 * before.size()) == 0;
+    return isSame ? before : AsString(text);
+}
+
+/// The path of a location that is written with ":" between its folders.
+QString AsLocation(const QString& driveRoot, const ItemText& text) {
+    QString location(driveRoot.size() + text.Units, Qt::Uninitialized);
+    QChar* const units = std::copy(driveRoot.begin(), driveRoot.end(), location.data());
+    Decode(text, units);
+    for (qsizetype i = 0; i < text.Units; ++i) {
+        units[i] = units[i] == u':' ? u'\\' : units[i]; // written in any case: many at a time so
+    }
+    return location;
 }
 
 /// Walks the bytes of a database from tag to tag. Only the track list is understood; what is in
@@ -57,7 +78,6 @@ private:
     qint32 LongAt(qint64 position);
     ItemText TextOf(qint64 item, qint32 length);
     void TakeItem(qint64 item, qint32 length);
-    Kind KindOf(const ItemText& typeText);
     void StartTrack();
     void CommitTrack();
     void OpenTrack(qint64 position);
@@ -73,7 +93,6 @@ private:
     QString m_album;
     QString m_artist;
     QString m_typeText;
-    Kind m_kind = KindOther;
 };
 
 bool TrackListWalk::FindTrackList() {
@@ -161,21 +180,18 @@ ItemText TrackListWalk::TextOf(qint64 item, qint32 length) {
     if (item + 40 + 2 * units - 1 > m_lastIndex) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     }
-    ItemText text(units);
-    qFromLittleEndian<quint16>(m_bytes.At(item, 40 + 2 * units) + 40, units, text.data());
-    return text;
+    return {m_bytes.At(item, 40 + 2 * units) + 40, units};
 }
 
 void TrackListWalk::TakeItem(qint64 item, qint32 length) {
     const char type = m_bytes.At(item, 13)[12];
-    ItemText text = TextOf(item, length);
+    const ItemText text = TextOf(item, length);
     switch (type) {
     case 1:
-        m_pending.Record.Title = AsView(text).toString();
+        m_pending.Record.Title = AsString(text);
         break;
     case 2:
-        std::replace(text.begin(), text.end(), u':', u'\\');
-        m_pending.Record.Location = m_driveRoot % AsView(text);
+        m_pending.Record.Location = AsLocation(m_driveRoot, text);
         break;
     case 3:
         m_pending.Album = AsString(text, m_album);
@@ -184,17 +200,10 @@ void TrackListWalk::TakeItem(qint64 item, qint32 length) {
         m_pending.Artist = AsString(text, m_artist);
         break;
     case 6:
-        m_pending.Record.Kind = KindOf(text);
+        m_typeText = AsString(text, m_typeText);
+        m_pending.Record.Kind = KindFromTypeText(m_typeText);
         break;
     }
-}
-
-Kind TrackListWalk::KindOf(const ItemText& typeText) {
-    if (m_typeText != AsView(typeText)) {
-        m_typeText = AsView(typeText).toString();
-        m_kind = KindFromTypeText(m_typeText);
-    }
-    return m_kind;
 }
 
 void TrackListWalk::StartTrack() {

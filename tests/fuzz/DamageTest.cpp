@@ -134,7 +134,11 @@ TEST(DamagedDatabases, ThousandsOfChangedBinaryDatabasesLoadWhatTheyHold) {
     std::mt19937 random(20240701);
     Outcomes outcomes;
     for (int round = 0; round < 6000; ++round) {
-        const QByteArray bytes = Changed(seeds[random() % seeds.size()], 4, random);
+        QByteArray bytes = Changed(seeds[random() % seeds.size()], 4, random);
+        if (round % 20 == 0) {
+            // The reader has so much of a file in memory at a time: this one lies across its edge.
+            bytes.prepend((256 << 10) - qsizetype(random() % quint32(bytes.size())), '\0');
+        }
         MeasuredCheck check;
         ASSERT_EQ(check.LoadBinary(bytes), QString()) << "round " << round;
         ASSERT_LT(check.Load.Seconds, MaxSeconds) << "round " << round;

@@ -225,6 +225,17 @@ TEST_F(ITunesDBWalk, ADeviceThatFailsWhileItIsReadIsReportedAndLeavesNoFileOpen)
     EXPECT_EQ(Files.OpenFiles, 0);
 }
 
+TEST_F(ITunesDBWalk, ADeviceThatFailsInTheMiddleOfTheFileLeavesNothingLoaded) {
+    Files.FailNthCall(FileCall::Read, 2, ErrorNumber::DeviceIOError);
+
+    LoadTracks(2, {TitledTrack(u"one"_s), TitledTrack(QString(300'000, u'm'))});
+
+    ExpectError(u"Error 57: Device I/O error"_s);
+    EXPECT_EQ(Window.prgCopy.Max(), 2);
+    EXPECT_EQ(Library.TrackCount, 0);
+    EXPECT_EQ(Library.TotalSize, 0);
+}
+
 TEST_F(ITunesDBWalk, AFileThatShrinksWhileItIsReadIsReported) {
     Files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
         if (call.Call == FileCall::OpenForReading) {
