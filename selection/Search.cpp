@@ -9,9 +9,9 @@
 
 namespace {
 
-bool HasEveryWord(const QStringList& words, const QString& text) {
+bool HasEveryWord(const QStringList& words, QStringView text) {
     return std::all_of(words.begin(), words.end(),
-                       [&text](const QString& word) { return text.contains(word); });
+                       [text](const QString& word) { return text.contains(word); });
 }
 
 QStringList WordsOf(const QString& text) {
@@ -29,21 +29,14 @@ AlbumRecord WholeAlbum(const AlbumRecord& album, qint32 index) {
     return copy;
 }
 
-ArtistRecord WithoutAlbums(const ArtistRecord& artist) {
-    ArtistRecord copy;
-    copy.Name = artist.Name;
-    copy.Checked = artist.Checked;
-    return copy;
-}
-
-ArtistRecord WholeArtist(const ArtistRecord& artist) {
-    ArtistRecord copy = WithoutAlbums(artist);
-    copy.Albums.reserve(artist.Albums.size());
+std::vector<AlbumRecord> WholeAlbums(const ArtistRecord& artist) {
+    std::vector<AlbumRecord> albums;
+    albums.reserve(artist.Albums.size());
     qint32 index = 0;
     for (const AlbumRecord& album : artist.Albums) {
-        copy.Albums.push_back(WholeAlbum(album, index++));
+        albums.push_back(WholeAlbum(album, index++));
     }
-    return copy;
+    return albums;
 }
 
 } // namespace
@@ -249,9 +242,11 @@ void Search::LowerNames() {
         for (const AlbumRecord& album : artist.Albums) {
             LoweredAlbum& loweredAlbum = lowered.Albums.emplace_back();
             loweredAlbum.Name = album.Name.toLower();
-            loweredAlbum.Titles.reserve(album.Tracks.size());
+            loweredAlbum.Ends.reserve(album.Tracks.size());
             for (const TrackRecord& track : album.Tracks) {
-                loweredAlbum.Titles.push_back(track.Title.toLower());
+                loweredAlbum.Titles += track.Title.toLower();
+                loweredAlbum.Ends.push_back(static_cast<qint32>(loweredAlbum.Titles.size()));
+                loweredAlbum.Titles += QLatin1Char(' ');
             }
         }
     }
@@ -259,59 +254,67 @@ void Search::LowerNames() {
 }
 
 std::vector<ArtistRecord> Search::BuildResult() {
-    const bool allFiles = IsAllFiles();
-    const QStringList words = WordsOf(m_searchString.toLower());
+    const Wanted wanted{WordsOf(m_searchString.toLower()), SelectedFilter(m_controls.tbsFilter)};
     std::vector<ArtistRecord> result;
     for (size_t i = 0; i < m_library.Artists.size(); ++i) {
         const ArtistRecord& artist = m_library.Artists[i];
         const LoweredArtist& lowered = m_lowered.at(i);
         m_eventLoop.Yield();
-        const bool matches = HasEveryWord(words, lowered.Name);
-        ArtistRecord found = matches && allFiles ? WholeArtist(artist)
-                                                 : MatchingAlbums(artist, lowered, words, matches);
-        if (!found.Albums.empty()) {
-            found.SourceIndex = static_cast<qint32>(i);
-            result.push_back(std::move(found));
+        const bool matches = HasEveryWord(wanted.Words, lowered.Name);
+        std::vector<AlbumRecord> albums = matches && wanted.Tab == Filter::AllFiles
+                                              ? WholeAlbums(artist)
+                                              : MatchingAlbums(artist, lowered, wanted, matches);
+        if (!albums.empty()) {
+            result.push_back({.Name = artist.Name,
+                              .Albums = std::move(albums),
+                              .Checked = artist.Checked,
+                              .SourceIndex = static_cast<qint32>(i)});
         }
     }
     return result;
 }
 
-ArtistRecord Search::MatchingAlbums(const ArtistRecord& artist, const LoweredArtist& lowered,
-                                    const QStringList& words, bool artistMatches) {
-    const bool allFiles = IsAllFiles();
-    ArtistRecord found = WithoutAlbums(artist);
+std::vector<AlbumRecord> Search::MatchingAlbums(const ArtistRecord& artist,
+                                                const LoweredArtist& lowered, const Wanted& wanted,
+                                                bool artistMatches) {
+    std::vector<AlbumRecord> found;
     for (size_t i = 0; i < artist.Albums.size(); ++i) {
         const AlbumRecord& album = artist.Albums[i];
+        const LoweredAlbum& loweredAlbum = lowered.Albums.at(i);
         m_eventLoop.Yield();
-        const bool matches = artistMatches || HasEveryWord(words, lowered.Albums.at(i).Name);
-        if (matches && allFiles) {
-            found.Albums.push_back(WholeAlbum(album, static_cast<qint32>(i)));
+        const bool matches = artistMatches || HasEveryWord(wanted.Words, loweredAlbum.Name);
+        if (matches && wanted.Tab == Filter::AllFiles) {
+            found.push_back(WholeAlbum(album, static_cast<qint32>(i)));
             continue;
         }
         m_eventLoop.Yield();
         if (m_searchPending) {
             break; // the text has changed: this result will be thrown away
         }
-        AlbumRecord tracks = MatchingTracks(album, lowered.Albums.at(i), words, matches);
-        if (!tracks.Tracks.empty()) {
-            tracks.SourceIndex = static_cast<qint32>(i);
-            found.Albums.push_back(std::move(tracks));
+        if (matches || HasEveryWord(wanted.Words, loweredAlbum.Titles)) {
+            AlbumRecord tracks = MatchingTracks(album, loweredAlbum, wanted, matches);
+            if (!tracks.Tracks.empty()) {
+                tracks.SourceIndex = static_cast<qint32>(i);
+                found.push_back(std::move(tracks));
+            }
         }
     }
     return found;
 }
 
 AlbumRecord Search::MatchingTracks(const AlbumRecord& album, const LoweredAlbum& lowered,
-                                   const QStringList& words, bool albumMatches) const {
-    const Filter filter = SelectedFilter(m_controls.tbsFilter);
+                                   const Wanted& wanted, bool albumMatches) {
     AlbumRecord found;
     found.Name = album.Name;
     found.Checked = album.Checked;
+    qint32 begin = 0;
     for (size_t i = 0; i < album.Tracks.size(); ++i) {
         const TrackRecord& track = album.Tracks[i];
-        if (CorrectFiletype(filter, track.Kind) &&
-            (albumMatches || HasEveryWord(words, lowered.Titles.at(i)))) {
+        const qint32 end = lowered.Ends.at(i);
+        const QStringView title = QStringView(lowered.Titles).sliced(begin, end - begin);
+        begin = end + 1;
+        if (CorrectFiletype(wanted.Tab, track.Kind) &&
+            (albumMatches || HasEveryWord(wanted.Words, title))) {
             found.Tracks.push_back(track);
             found.Tracks.back().SourceIndex = static_cast<qint32>(i);
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/ArtistList.h"
+#include "browser/MediaFilter.h"
 #include "platform/EventLoop.h"
 #include "selection/SelectionSummary.h"
 
@@ -65,11 +66,19 @@ private:
     /// The lower-cased names of the full library, made once a library and not once a keystroke.
     struct LoweredAlbum {
         QString Name;
-        std::vector<QString> Titles;
+        /// All titles, parted by blanks: no word holds one, so what is not in here is in no title.
+        QString Titles;
+        /// Where in it each title ends.
+        std::vector<qint32> Ends;
     };
     struct LoweredArtist {
         QString Name;
         std::vector<LoweredAlbum> Albums;
+    };
+    /// What is searched for.
+    struct Wanted {
+        QStringList Words;
+        Filter Tab;
     };
 
     void LowerNames();
@@ -77,10 +86,11 @@ private:
     void EndSearch();
     void RestartOnNewText();
     std::vector<ArtistRecord> BuildResult();
-    ArtistRecord MatchingAlbums(const ArtistRecord& artist, const LoweredArtist& lowered,
-                                const QStringList& words, bool artistMatches);
-    AlbumRecord MatchingTracks(const AlbumRecord& album, const LoweredAlbum& lowered,
-                               const QStringList& words, bool albumMatches) const;
+    std::vector<AlbumRecord> MatchingAlbums(const ArtistRecord& artist,
+                                            const LoweredArtist& lowered, const Wanted& wanted,
+                                            bool artistMatches);
+    static AlbumRecord MatchingTracks(const AlbumRecord& album, const LoweredAlbum& lowered,
+                                      const Wanted& wanted, bool albumMatches);
     void ReplaceLibrary(std::vector<ArtistRecord> result);
     void ShowResult();
     void ForgetText();
