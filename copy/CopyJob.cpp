@@ -17,11 +17,11 @@ QString CancelCaption() {
 
 } // namespace
 
-CopyJob::CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
+CopyJob::CopyJob(const CopyServices& services, const CopyLibrary& library, Destination& destination,
                  OverwritePrompt& prompt, const CopyControls& controls)
     : m_files(services.Files), m_messages(services.MessageBoxes), m_events(services.Events),
-      m_windowManager(services.Windows), m_controls(controls), m_library(source.Library),
-      m_result(source.Result), m_search(source.WordSearch), m_summary(source.Summary),
+      m_windowManager(services.Windows), m_controls(controls), m_library(library.Library),
+      m_result(library.Result), m_search(library.WordSearch), m_summary(library.Summary),
       m_destination(destination), m_prompt(prompt),
       m_chunkedCopy(services.Files, [this](qint64 done) { return AfterChunk(done); }),
       m_folderNames(services.Files) {

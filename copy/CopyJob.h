@@ -27,7 +27,7 @@ struct CopyServices {
 };
 
 /// What there is to copy: the library, the result that may stand in its place, and the sizes.
-struct CopySource {
+struct CopyLibrary {
     MusicLibrary& Library;
     SearchResult& Result;
     const Search& WordSearch;
@@ -55,7 +55,7 @@ struct CopyControls {
 /// reaches it through its flags.
 class CopyJob {
 public:
-    CopyJob(const CopyServices& services, const CopySource& source, Destination& destination,
+    CopyJob(const CopyServices& services, const CopyLibrary& library, Destination& destination,
             OverwritePrompt& prompt, const CopyControls& controls);
 
     /// Creates, loads and shows the prompt for an existing file, and returns when it is closed.
