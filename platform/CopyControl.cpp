@@ -16,8 +16,7 @@ void CopyControl::RemoveLeftover() const {
     std::function<void()> remove;
     {
         const std::lock_guard lock(m_state->RemoverMutex);
-        const bool isBeingPlaced = (m_state->Flags & Placing) != 0;
-        remove = IsStopped() && !isBeingPlaced ? m_state->Remover : nullptr;
+        remove = m_state->Flags == Stopped ? m_state->Remover : nullptr;
     }
     if (remove) {
         remove();

@@ -17,11 +17,15 @@ public:
     /// Bytes that are done so far.
     qint64 BytesDone() const { return m_state->BytesDone; }
     /// Removes what a stopped operation has left beside its target so far. The operation would do
-    /// it at its end, which may be far away where it hangs. May take long itself.
+    /// it at its end, which may be far away where the device hangs; where the target's disk hangs,
+    /// it is left to do so. May take long itself.
     void RemoveLeftover() const;
 
     // ---- what the operation says and asks
 
+    /// A block is going to be written, and was.
+    void BeginWriting() const { m_state->Flags |= Writing; }
+    void EndWriting() const { m_state->Flags &= ~Writing; }
     void AddBytes(qint64 bytes) const { m_state->BytesDone += bytes; }
     bool IsStopped() const { return (m_state->Flags & Stopped) != 0; }
     /// All bytes are there, and the file is going to get its final name: false where it may not any
@@ -34,7 +38,7 @@ public:
     void SetRemover(std::function<void()> remove) const;
 
 private:
-    enum Flag : int { Stopped = 1, Placing = 2 };
+    enum Flag : int { Stopped = 1, Placing = 2, Writing = 4 };
 
     struct State {
         std::atomic<int> Flags = 0;

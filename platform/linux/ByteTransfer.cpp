@@ -73,7 +73,9 @@ off_t TransferBytes(int source, int target, off_t size, const CopyControl& contr
         if (count == 0) {
             break;
         }
+        control.BeginWriting();
         WriteAll(target, block.get(), static_cast<size_t>(count));
+        control.EndWriting();
         copied += count;
         control.AddBytes(count);
         step.End();

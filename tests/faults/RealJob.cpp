@@ -139,7 +139,8 @@ void JobFolders::ExpectAllCopied() const {
     EXPECT_FALSE(IsThere(Destination + Text("/tmp")));
 }
 
-RealJob::RealJob(const JobFolders& folders) {
+RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
+    : worker(otherWorker != nullptr ? *otherWorker : inlineWorker) {
     library = folders.Library;
     qputenv("SONGLIFT_DRIVES", folders.Device.toUtf8());
     QString root;

@@ -67,7 +67,8 @@ struct JobFolders {
 /// The copy job on the real file system, with a window of fakes.
 class RealJob {
 public:
-    explicit RealJob(const JobFolders& folders);
+    /// Waits for the files inline, or lets `otherWorker` wait.
+    explicit RealJob(const JobFolders& folders, Worker* otherWorker = nullptr);
     ~RealJob();
 
     /// Presses the copy button.
@@ -79,11 +80,14 @@ public:
     void ExpectIdle() const;
 
     FakeForm1 form;
-    LinuxDrives drives;
-    LinuxFileSystem files{drives};
+    std::shared_ptr<LinuxDrives> sharedDrives = std::make_shared<LinuxDrives>();
+    LinuxDrives& drives = *sharedDrives;
+    std::shared_ptr<LinuxFileSystem> sharedFiles = std::make_shared<LinuxFileSystem>(drives);
+    LinuxFileSystem& files = *sharedFiles;
     FakeMessages messages;
     FakeEventLoop events;
-    InlineWorker worker;
+    InlineWorker inlineWorker;
+    Worker& worker;
     FakeShell shell;
     FakeSettingsStore store;
     Subsystems parts{

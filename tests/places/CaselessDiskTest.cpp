@@ -1,5 +1,5 @@
-#include "tests/places/CaselessDisk.h"
 #include "tests/places/JobOnDisk.h"
+#include "tests/support/ServedDisk.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -29,7 +29,7 @@ protected:
     }
 
 private:
-    CaselessDisk m_disk{Destination()};
+    ServedDisk m_disk{"caseless_disk.py", Destination()};
 };
 
 } // namespace

@@ -113,7 +113,7 @@ class KeptDisk(Operations):
         raise FuseOSError(errno.EPERM)
 
 
-def serve(disk, mount_folder, name, **options):
+def serve(disk, mount_folder, name, nothreads=True, **options):
     """Mounts the disk and serves it until it is unmounted or gets SIGTERM. Returns 77, and says why, where no such disk
     can be mounted."""
     if not os.access("/dev/fuse", os.R_OK | os.W_OK):
@@ -123,7 +123,7 @@ def serve(disk, mount_folder, name, **options):
         print("only root may mount here")
         return 77
     try:
-        FUSE(disk, mount_folder, foreground=True, nothreads=True, fsname=name, **options)
+        FUSE(disk, mount_folder, foreground=True, nothreads=nothreads, fsname=name, **options)
     except RuntimeError as error:
         print(f"no disk can be mounted here: {error}")
         return 77

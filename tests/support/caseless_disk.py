@@ -8,10 +8,8 @@ import errno
 import os
 import sys
 import unicodedata
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).parents[1] / "support"))
-from kept_disk import FuseOSError, KeptDisk, serve  # noqa: E402
+from kept_disk import FuseOSError, KeptDisk, serve
 
 REFUSED = set('*?<>|":\\') | {chr(code) for code in range(32)}
 LONGEST_NAME = 255

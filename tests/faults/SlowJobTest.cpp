@@ -1,0 +1,238 @@
+// Whole jobs between disks that are slow or hang, on the real threads: the window is looked after
+// all the while, and a stop acts at once.
+
+#include "platform/ThreadWorker.h"
+#include "tests/faults/RealJob.h"
+#include "tests/faults/SweptFolders.h"
+#include "tests/platform/LinuxFixture.h"
+#include "tests/support/ServedDisk.h"
+#include "tests/support/Walks.h"
+
+#include <QElapsedTimer>
+
+#include <chrono>
+#include <iostream>
+#include <random>
+#include <thread>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A window seems to answer at once when it does within this time.
+constexpr qint64 AtOnce = 100;
+/// A stopped job is at rest by then.
+constexpr qint64 Soon = 500;
+/// What other programs may take of the processor meanwhile; all in milliseconds.
+constexpr qint64 OfOthers = 150;
+
+class SlowJob : public testing::Test {
+protected:
+    SlowJob() : m_folders(m_work.path()) {}
+    void SetUp() override {
+        for (const SlowDisk* disk : {&m_device, &m_target}) {
+            if (!disk->Impossible().isEmpty()) {
+                GTEST_SKIP() << qPrintable(disk->Impossible());
+            }
+            ASSERT_TRUE(disk->IsMounted());
+        }
+    }
+
+    void AddSongAndFilm(qsizetype length) {
+        m_folders.AddTrack("Abba", "Arrival", "Song", Pattern(length));
+        m_folders.AddFilm("Abba", "Live", "Film", Pattern(length).mid(1));
+        m_folders.AddTrack("Beck", "Guero", "Last", "last");
+    }
+
+    /// Presses the button and lets the user act: `act` is called in each yield, with the time since
+    /// the press. Measures how long the window was left alone, and how long the job went on after
+    /// `act` has first returned true.
+    void Run(RealJob& job, const std::function<bool(qint64)>& act) {
+        QElapsedTimer clock;
+        QElapsedTimer sinceYield;
+        QElapsedTimer sinceStop;
+        float shown = 0;
+        m_longestPause = 0;
+        clock.start();
+        sinceYield.start();
+        job.events.OnYield = [&](int) {
+            m_longestPause = std::max(m_longestPause, sinceYield.elapsed());
+            if (!sinceStop.isValid() && act(clock.elapsed())) {
+                sinceStop.start();
+            }
+            EXPECT_GE(job.form.prgCopy.Value(), shown) << "the bar runs back";
+            shown = job.form.prgCopy.Value();
+            sinceYield.start();
+        };
+        job.Press();
+        m_untilRest = sinceStop.isValid() ? sinceStop.elapsed() : -1;
+        EXPECT_LT(m_longestPause, AtOnce + OfOthers);
+        EXPECT_LT(m_untilRest, Soon + OfOthers);
+    }
+
+    /// Waits until no thread works for the job any more.
+    static void LetHangingThreadsEnd(const RealJob& job) {
+        for (int waited = 0; waited < 1000 && job.sharedFiles.use_count() > 2; ++waited) {
+            std::this_thread::sleep_for(10ms);
+        }
+        EXPECT_EQ(job.sharedFiles.use_count(), 2); // the job and its patient service
+    }
+
+    QTemporaryDir m_work{FolderForJobs()};
+    JobFolders m_folders;
+    SlowDisk m_device{m_folders.Device};
+    SlowDisk m_target{m_folders.Destination};
+    ThreadWorker m_worker;
+    qint64 m_longestPause = 0;
+    qint64 m_untilRest = 0;
+};
+
+} // namespace
+
+TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
+    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    AddSongAndFilm(1500000);
+    for (const char* speed : {"speed=1000000", "speed=8000000", "speed=30000000"}) {
+        SCOPED_TRACE(speed);
+        m_device.Be(speed);
+        RealJob job(m_folders, &m_worker);
+        Run(job, [](qint64) { return false; });
+        EXPECT_TRUE(job.IsCompleted());
+        job.ExpectIdle();
+        EXPECT_GE(job.form.prgCopy.Values.size(), 10U);
+        m_folders.ExpectAllCopied();
+    }
+}
+
+TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
+    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    AddSongAndFilm(1500000);
+    for (const char* folder : {"Abba", "Abba/Live"}) {
+        for (const char* stall : {"speed=1000000", "stall=read", "stall=write", "stall=change"}) {
+            SCOPED_TRACE(testing::Message() << folder << ", " << stall);
+            m_folders.Library.Artists[0].Albums[0].Checked = Text(folder) == Text("Abba");
+            SlowDisk& disk =
+                Text(stall) == Text("stall=write") || Text(stall) == Text("stall=change")
+                    ? m_target
+                    : m_device;
+            RealJob job(m_folders, &m_worker);
+            disk.Be(stall);
+            Run(job, [&](qint64 time) {
+                if (time > 200) {
+                    job.Press();
+                }
+                return time > 200;
+            });
+            EXPECT_EQ(job.messages.Texts(), QStringList());
+            job.ExpectIdle();
+            disk.Be("");
+            LetHangingThreadsEnd(job);
+            m_folders.ExpectWholeFilesOnly(Leftovers::None);
+            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Arrival/Song.mp3")));
+            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Live/Film.mp3")));
+        }
+    }
+    m_folders.Library.Artists[0].Albums[0].Checked = true;
+    RealJob job(m_folders, &m_worker);
+    job.Press();
+    m_folders.ExpectAllCopied();
+}
+
+TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
+    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    AddSongAndFilm(1500000);
+    m_device.Be("speed=2000000");
+    RealJob job(m_folders, &m_worker);
+    job.messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
+    bool isClosed = false;
+    job.messages.WhileShown = [](const ShownMessage&) { std::this_thread::sleep_for(100ms); };
+    job.events.OnYield = [&](int number) {
+        if (number > 20 && !std::exchange(isClosed, true)) {
+            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Arrival/Song.mp3")));
+            job.form.Form1.UserClose();
+        }
+    };
+    job.Press();
+    EXPECT_EQ(job.messages.Texts(),
+              QStringList({Text("Are you sure you want to quit?"), Text("Copy completed!")}));
+    m_folders.ExpectAllCopied();
+}
+
+TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
+    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    AddSongAndFilm(1500000);
+    for (const bool isSmall : {true, false}) {
+        m_folders.Library.Artists[0].Albums[0].Checked = isSmall;
+        m_device.Be("stall=read");
+        RealJob job(m_folders, &m_worker);
+        job.messages.Answers = {MessageAnswer::Yes};
+        Run(job, [&](qint64 time) {
+            if (time > 200) {
+                job.form.Form1.UserClose();
+            }
+            return time > 200;
+        });
+        EXPECT_EQ(job.messages.Texts(), QStringList(Text("Are you sure you want to quit?")));
+        EXPECT_TRUE(job.form.Form1.Closed);
+        EXPECT_GT(m_untilRest, 0);
+        m_device.Be("");
+        LetHangingThreadsEnd(job);
+        m_folders.ExpectWholeFilesOnly(Leftovers::None);
+        EXPECT_FALSE(IsThere(m_folders.Destination + Text("/tmp")));
+    }
+}
+
+// SONGLIFT_WALKS says how many jobs, SONGLIFT_SEED repeats a run.
+TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow) {
+    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    for (int number = 0; number < 4; ++number) {
+        AddSongAndFilm(300000);
+    }
+    m_folders.AddOld(m_folders.Destination + Text("/Abba/Arrival/Song.mp3"), "old song");
+    m_folders.AddOwn(m_folders.Destination + Text("/mine.txt"), "mine");
+    const unsigned seed = qEnvironmentVariableIsSet("SONGLIFT_SEED")
+                              ? qEnvironmentVariableIntValue("SONGLIFT_SEED")
+                              : std::random_device()();
+    std::cout << "SONGLIFT_SEED=" << seed << '\n';
+    std::mt19937 random(seed);
+    const char* const moods[] = {"",           "",           "speed=1000000", "speed=8000000",
+                                 "stall=read", "stall=open", "stall=write",   "stall=change"};
+    for (unsigned walk = 0; walk < Walks(8) && !HasFailure(); ++walk) {
+        SCOPED_TRACE(walk);
+        RealJob job(m_folders, &m_worker);
+        job.messages.WhileShown = [&](const ShownMessage& message) {
+            const bool quits = message.Buttons == MessageButtons::YesNo && random() % 2 == 0;
+            job.messages.Answers = {quits ? MessageAnswer::Yes : MessageAnswer::No};
+            if (message.Buttons != MessageButtons::YesNo) {
+                job.messages.Answers = {MessageAnswer::OK};
+            }
+        };
+        qint64 next = 0;
+        Run(job, [&](qint64 time) {
+            if (time >= next) {
+                next = time + static_cast<qint64>(random() % 150);
+                (random() % 2 == 0 ? m_device : m_target).Be(moods[random() % std::size(moods)]);
+                if (random() % 8 == 0) {
+                    job.form.Form1.UserClose();
+                }
+            }
+            const bool isLong = time > 2000;
+            if (isLong) {
+                job.Press();
+                m_device.Be("");
+                m_target.Be("");
+            }
+            return isLong && !job.job.CUnload;
+        });
+        m_device.Be("");
+        m_target.Be("");
+        if (!job.form.Form1.Closed) {
+            job.ExpectIdle();
+        }
+        LetHangingThreadsEnd(job);
+        m_folders.ExpectWholeFilesOnly(Leftovers::None);
+    }
+    RealJob job(m_folders, &m_worker);
+    job.Press();
+    m_folders.ExpectAllCopied();
+}

@@ -1,0 +1,144 @@
+#include "platform/PatientFileSystem.h"
+
+#include "platform/ThreadWorker.h"
+#include "tests/platform/LinuxFixture.h"
+#include "tests/support/ServedDisk.h"
+
+#include <QElapsedTimer>
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int Length = 3000000;
+
+/// Where the disk that hangs is.
+enum class Slow { Source, Target };
+
+/// Files between a folder and a disk that knows no files without a name, one of which is slow.
+class WaitingFiles : public testing::TestWithParam<Slow> {
+protected:
+    WaitingFiles() {
+        MakeFolder(m_folder.path() + QStringLiteral("/from"));
+        MakeFolder(m_folder.path() + QStringLiteral("/to"));
+    }
+    void SetUp() override {
+        for (const auto* name : {u"from", u"to"}) {
+            m_disks.push_back(std::make_unique<SlowDisk>(At(name)));
+            if (!m_disks.back()->Impossible().isEmpty()) {
+                GTEST_SKIP() << qPrintable(m_disks.back()->Impossible());
+            }
+            ASSERT_TRUE(m_disks.back()->IsMounted());
+        }
+        WriteFile(m_disks[0]->Content() + QStringLiteral("/a"), Pattern(Length));
+    }
+    void TearDown() override {
+        LetHangingThreadsEnd();
+        for (const auto& disk : m_disks) {
+            disk->Be("");
+        }
+    }
+
+    QString At(const char16_t* path) const {
+        return m_folder.path() + QLatin1Char('/') + QString::fromUtf16(path);
+    }
+    /// What is in the target's folder; a disk that hangs need not be asked.
+    QStringList Made() const { return NamesIn(m_disks[1]->Content()); }
+    SlowDisk& Hanging() { return *m_disks[GetParam() == Slow::Source ? 0 : 1]; }
+    const char* Stall() const { return GetParam() == Slow::Source ? "stall=read" : "stall=write"; }
+
+    /// Does `operation`, which the user stops after 0.1 seconds; how long it took then in all, in
+    /// ms.
+    qint64 Stopped(const std::function<void()>& operation) {
+        QElapsedTimer clock;
+        clock.start();
+        m_patient.MayGoOn = [&clock] { return clock.elapsed() < 100; };
+        EXPECT_THROW(operation(), OperationStopped);
+        m_patient.MayGoOn = [] { return true; };
+        return clock.elapsed();
+    }
+    void LetHangingThreadsEnd() {
+        Hanging().Be("");
+        for (int waited = 0; waited < 1000 && m_files.use_count() > 2; ++waited) {
+            std::this_thread::sleep_for(10ms);
+        }
+        EXPECT_EQ(m_files.use_count(), 2); // this one and the patient one
+    }
+
+    QTemporaryDir m_folder;
+    std::vector<std::unique_ptr<SlowDisk>> m_disks;
+    std::shared_ptr<LinuxDrives> m_drives = std::make_shared<LinuxDrives>();
+    std::shared_ptr<LinuxFileSystem> m_files = std::make_shared<LinuxFileSystem>(*m_drives);
+    ThreadWorker m_worker;
+    ThreadWorker m_ahead;
+    PatientFileSystem m_patient{*m_files, m_worker, m_ahead};
+};
+
+} // namespace
+
+TEST_P(WaitingFiles, ACopyIsStoppedAnywhereInItsFileAndLeavesNothing) {
+    Hanging().Be("speed=1000000");
+    CopyControl control;
+    EXPECT_LT(
+        Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, control); }),
+        500);
+    EXPECT_EQ(Made(), QStringList());
+    EXPECT_LT(control.BytesDone(), Length);
+}
+
+TEST_P(WaitingFiles, ACopyThatHangsIsGivenUpAndNothingAppearsWhenItComesBack) {
+    Hanging().Be(Stall());
+    EXPECT_LT(Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); }),
+              500);
+    if (GetParam() == Slow::Source) {
+        EXPECT_EQ(Made(), QStringList());
+    }
+    LetHangingThreadsEnd();
+    EXPECT_EQ(Made(), QStringList());
+}
+
+TEST_P(WaitingFiles, ACopyThatHangsIsInNobodysWay) {
+    Hanging().Be(Stall());
+    Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); });
+    if (GetParam() == Slow::Target) {
+        LetHangingThreadsEnd(); // its folder hangs as a whole
+    }
+    WriteFile(At(u"other"), "other");
+    EXPECT_TRUE(m_patient.CopyFile(At(u"other"), At(u"to/a"), Existing::Keep, {}));
+    LetHangingThreadsEnd();
+    EXPECT_EQ(Made(), QStringList(QStringLiteral("a")));
+    EXPECT_EQ(ReadFile(At(u"to/a")), "other");
+}
+
+TEST_P(WaitingFiles, AChunkThatHangsLetsItsFileBeDeletedAndAnotherOneBeMade) {
+    {
+        const auto from = m_patient.OpenForReading(At(u"from/a"));
+        const auto to = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"));
+        Hanging().Be(Stall());
+        CopyControl control;
+        EXPECT_LT(Stopped([&] { to->WriteFrom(*from, Length, control); }), 500);
+        m_patient.DeleteFile(*to);
+    }
+    if (GetParam() == Slow::Target) {
+        LetHangingThreadsEnd();
+    }
+    const auto next = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"));
+    LetHangingThreadsEnd();
+    EXPECT_EQ(Made(), QStringList(QStringLiteral("copy.tmp")));
+}
+
+TEST_P(WaitingFiles, AFileThatIsOpenedTooLateIsNotLeftBehind) {
+    const QString file = At(GetParam() == Slow::Source ? u"from/copy.tmp" : u"to/copy.tmp");
+    Hanging().Be("stall=change");
+    EXPECT_LT(Stopped([&] { m_patient.OpenForReadingAndWriting(file); }), 500);
+    LetHangingThreadsEnd();
+    EXPECT_FALSE(IsThere(file));
+}
+
+INSTANTIATE_TEST_SUITE_P(Disks, WaitingFiles, testing::Values(Slow::Source, Slow::Target),
+                         [](const auto& slow) {
+                             return slow.param == Slow::Source ? "OfASlowSource" : "OfASlowTarget";
+                         });

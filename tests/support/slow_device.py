@@ -1,0 +1,81 @@
+"""A folder shown elsewhere, as an old device or a tired disk would: slow, and now and then it does not answer.
+
+slow_device.py <folder> <folder to mount at> <control file>
+
+The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>", and
+"stall=read", "stall=write", "stall=open" or "stall=change" (whatever makes, renames or removes) for what does not come
+back as long as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where
+nothing can be mounted."""
+
+import sys
+import threading
+import time
+from pathlib import Path
+
+from kept_disk import KeptDisk, serve
+
+PAUSE = 0.005
+
+
+class SlowDevice(KeptDisk):
+    """One arm that reads, writes and seeks one after the other."""
+
+    def __init__(self, folder, control):
+        super().__init__(folder)
+        self._control = Path(control)
+        self._arm = threading.Lock()
+
+    def _words(self):
+        return self._control.read_text(encoding="utf-8").split()
+
+    def _number(self, name, otherwise):
+        return next((float(word[len(name) + 1:]) for word in self._words() if word.startswith(name + "=")),
+                    otherwise)
+
+    def _wait_while_stalled(self, what):
+        while f"stall={what}" in self._words():
+            time.sleep(PAUSE)
+
+    def _take_time(self, size):
+        speed = self._number("speed", 0)
+        if speed:
+            with self._arm:
+                time.sleep(size / speed)
+
+    def open(self, path, flags):
+        self._wait_while_stalled("open")
+        with self._arm:
+            time.sleep(self._number("open", 0))
+        return super().open(path, flags)
+
+    def read(self, path, size, offset, fh):
+        self._wait_while_stalled("read")
+        data = super().read(path, size, offset, fh)
+        self._take_time(len(data))
+        return data
+
+    def write(self, path, data, offset, fh):
+        self._wait_while_stalled("write")
+        self._take_time(len(data))
+        return super().write(path, data, offset, fh)
+
+    def create(self, path, mode, fi=None):
+        self._wait_while_stalled("change")
+        return super().create(path, mode, fi)
+
+    def mkdir(self, path, mode):
+        self._wait_while_stalled("change")
+        super().mkdir(path, mode)
+
+    def rename(self, old, new):
+        self._wait_while_stalled("change")
+        super().rename(old, new)
+
+    def unlink(self, path):
+        self._wait_while_stalled("change")
+        super().unlink(path)
+
+
+if __name__ == "__main__":
+    sys.exit(serve(SlowDevice(sys.argv[1], sys.argv[3]), sys.argv[2], "slow", nothreads=False, big_writes=True,
+                   hard_remove=True, nonempty=True))
