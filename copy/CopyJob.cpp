@@ -113,8 +113,10 @@ CopyOptions CopyJob::Options() const {
 }
 
 CopyJob::Next CopyJob::Walk(const std::vector<PlannedTrack>& plan) {
-    for (const PlannedTrack& planned : plan) {
-        if (const Next next = CopyTrack(planned); next != Next::Step) {
+    for (auto planned = plan.begin(); planned != plan.end(); ++planned) {
+        const auto following = planned + 1;
+        m_ahead = following != plan.end() ? following->Track.Location : QString();
+        if (const Next next = CopyTrack(*planned); next != Next::Step) {
             return next;
         }
     }
@@ -155,6 +157,7 @@ void CopyJob::Cleanup() {
     // Whatever the answer, the window must come back to life.
     TryToClearUp();
     m_files.MayGoOn = nullptr;
+    m_files.ReadAhead({}); // a device with an open file cannot be unmounted
     CancelCopy = false;
     Copying = false;
     m_controls.Form1.SetCaption(QStringLiteral("Songlift"));

@@ -152,6 +152,8 @@ private:
     /// The file that is being copied, and the bytes that the database says it has.
     CopyControl m_copying;
     qint64 m_fileSize = 0;
+    /// The file of the next track, until the copying of this one begins.
+    QString m_ahead;
     /// The bytes that the bar shows.
     double m_shownBytes = 0;
     /// The track at hand: where it comes from and goes to.

@@ -38,6 +38,7 @@ CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
     }
     if (next == Next::Step) {
         CopiedBytes += track.FileSize;
+        m_copying = {};
     }
     return next;
 }
@@ -158,6 +159,9 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target,
 
 void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existing existing) {
     m_copying = {};
+    if (!m_ahead.isEmpty()) {
+        m_files.ReadAhead(std::exchange(m_ahead, QString()));
+    }
     if (track.FileSize <= LargeFileLimit) {
         m_files.CopyFile(track.Location, target, existing, m_copying);
     } else {

@@ -28,7 +28,7 @@ void SeekTo(int file, off_t position) {
 }
 
 /// False when `control` has stopped it.
-bool CopyContent(const CopySource& source, int target, const CopyControl& control) {
+bool CopyContent(const SourceFile& source, int target, const CopyControl& control) {
     if (!TransferAll(source.File, target, source.Info.st_size, control) ||
         !TransferRest(source.File, target, control)) { // some file systems report no length
         return false;
@@ -162,7 +162,7 @@ enum class Outcome {
 
 /// Copies into a file that has no name until it is whole, so that not even a killed program leaves
 /// anything behind. Refused where the file system knows no such files.
-Outcome CopyNameless(const CopySource& source, int folder, const QByteArray& name,
+Outcome CopyNameless(const SourceFile& source, int folder, const QByteArray& name,
                      Existing existing, const CopyControl& control) {
     const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
     if (!file.IsOpen()) {
@@ -191,7 +191,7 @@ Outcome CopyNameless(const CopySource& source, int folder, const QByteArray& nam
 
 } // namespace
 
-bool CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing,
+bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Existing existing,
                const CopyControl& control) {
     CheckTarget(folder, name, existing);
     if (existing == Existing::Replace && IsSameFile(source.Info, folder, name.constData(), 0)) {
@@ -229,7 +229,7 @@ void RemoveLeftover(int folder) {
     }
 }
 
-bool CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+bool CopyUnderPartName(const SourceFile& source, int folder, const QByteArray& name,
                        Existing existing, const CopyControl& control) {
     SeekTo(source.File, 0);
     PartFile part(folder, control);

@@ -18,7 +18,7 @@ inline constexpr char PartName[] = ".songlift.part";
 void RequireNoPartName(const QByteArray& name);
 
 /// A regular file that is open for reading, and what the system told about it.
-struct CopySource {
+struct SourceFile {
     int File;
     const struct stat& Info;
 };
@@ -27,11 +27,11 @@ struct CopySource {
 /// modification time. Throws RuntimeError: PermissionDenied where an earlier target may not be
 /// written, is no regular file or is the source itself, FileAlreadyExists where it is to be kept.
 /// False when `control` has stopped it.
-bool CopyWhole(const CopySource& source, int folder, const QByteArray& name, Existing existing,
+bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Existing existing,
                const CopyControl& control);
 
 /// What CopyWhole does on file systems that know no files without a name (FAT).
-bool CopyUnderPartName(const CopySource& source, int folder, const QByteArray& name,
+bool CopyUnderPartName(const SourceFile& source, int folder, const QByteArray& name,
                        Existing existing, const CopyControl& control);
 
 /// Gives an open file its modification time. A file system that refuses it (FAT, when another user

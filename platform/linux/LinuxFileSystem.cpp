@@ -15,9 +15,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <chrono>
+#include <exception>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <utility>
 
 namespace {
 
@@ -27,6 +30,10 @@ constexpr mode_t NewFolderMode = 0777;
 constexpr qsizetype LongestPath = 32767;
 /// So many bytes need no reading ahead.
 constexpr off_t ReadAtOnce = off_t{256} << 10;
+/// What is read of a file before its turn: enough for the time that the file before takes to be
+/// written to its end and given its name. The rest is then read ahead by the kernel.
+constexpr off_t ReadAheadSize = off_t{512} << 10;
+constexpr std::chrono::seconds LongestOpening(2);
 
 QString WithoutEndingSeparators(const QString& path) {
     QString trimmed = path;
@@ -144,7 +151,52 @@ bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
     return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing, control);
 }
 
-void LinuxFileSystem::ReadAhead(const QString&) {
+void LinuxFileSystem::ReadAhead(const QString& path) {
+    FileDescriptor file; // closed without the lock
+    {
+        const std::lock_guard lock(m_aheadMutex);
+        file = std::exchange(m_ahead, FileDescriptor());
+        m_aheadPath = path;
+        m_isOpeningAhead = !path.isEmpty();
+    }
+    file.Close();
+    if (path.isEmpty()) {
+        return;
+    }
+    try {
+        struct stat info {};
+        file = OpenAnew(path, info);
+        posix_fadvise(file.Get(), 0, std::min(info.st_size, ReadAheadSize), POSIX_FADV_WILLNEED);
+    } catch (const std::exception&) {
+        file.Close(); // told in its turn
+    }
+    const std::lock_guard lock(m_aheadMutex);
+    if (m_aheadPath == path) {
+        std::swap(m_ahead, file);
+        m_isOpeningAhead = false;
+    }
+    m_aheadHasOpened.notify_all();
+}
+
+/// The file that was read ahead, if it is still the one at `path`. Where it is just being opened,
+/// that is not done twice; but a device that hangs need not hang here.
+FileDescriptor LinuxFileSystem::TakeAhead(const QString& path, struct stat& info) {
+    FileDescriptor file;
+    {
+        std::unique_lock lock(m_aheadMutex);
+        m_aheadHasOpened.wait_for(lock, LongestOpening,
+                                  [&] { return m_aheadPath != path || !m_isOpeningAhead; });
+        if (m_aheadPath != path) {
+            return file;
+        }
+        m_aheadPath.clear();
+        m_isOpeningAhead = false;
+        file = std::exchange(m_ahead, FileDescriptor());
+    }
+    const std::optional<struct stat> found = file.IsOpen() ? m_paths.Look(path) : std::nullopt;
+    const bool isSame = found && fstat(file.Get(), &info) == 0 && found->st_dev == info.st_dev &&
+                        found->st_ino == info.st_ino;
+    return isSame ? std::move(file) : FileDescriptor();
 }
 
 void LinuxFileSystem::RequireTarget(const QString& target, Existing existing) {
@@ -295,8 +347,13 @@ QString LinuxFileSystem::NativePath(const QString& path) {
     return QFile::decodeName(PathOfOpen(place.Get()));
 }
 
-/// Opens a regular file for reading. Anything else there (a folder, a pipe) counts as missing.
 FileDescriptor LinuxFileSystem::OpenRegular(const QString& path, struct stat& info) {
+    FileDescriptor file = TakeAhead(path, info);
+    return file.IsOpen() ? std::move(file) : OpenAnew(path, info);
+}
+
+/// Opens a regular file for reading. Anything else there (a folder, a pipe) counts as missing.
+FileDescriptor LinuxFileSystem::OpenAnew(const QString& path, struct stat& info) {
     FileDescriptor file = m_paths.OpenForReading(path);
     if (!file.IsOpen()) {
         const std::optional<struct stat> found = m_paths.Look(path);

@@ -4,6 +4,9 @@
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxPaths.h"
 
+#include <condition_variable>
+#include <mutex>
+
 /// The files of the system, by paths in native form or on the drives of a LinuxDrives.
 class LinuxFileSystem : public FileSystem {
 public:
@@ -41,6 +44,8 @@ public:
 
 private:
     FileDescriptor OpenRegular(const QString& path, struct stat& info);
+    FileDescriptor OpenAnew(const QString& path, struct stat& info);
+    FileDescriptor TakeAhead(const QString& path, struct stat& info);
     FileDescriptor OpenNearestFolder(const QString& path);
     FolderEntry EntryToChange(const QString& path);
     FolderEntry RequireEntry(const QString& path);
@@ -50,4 +55,12 @@ private:
     std::shared_ptr<LinuxDrives> m_keptDrives;
     LinuxDrives& m_drives;
     LinuxPaths m_paths;
+
+    /// Guards what follows.
+    std::mutex m_aheadMutex;
+    std::condition_variable m_aheadHasOpened;
+    /// The file that was read ahead, and its path; not open while it is being opened.
+    QString m_aheadPath;
+    FileDescriptor m_ahead;
+    bool m_isOpeningAhead = false;
 };

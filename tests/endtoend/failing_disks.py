@@ -2,15 +2,14 @@
 user is told, whole files stay, nothing half written does, and once the cause is gone everything is copied."""
 
 import errno
-import subprocess
 import sys
-from contextlib import contextmanager
 from pathlib import Path
 
 from desktop import wait_for
 from ipod import Ipod, assert_copied, same_bytes, tree
 from overwriting import answer_prompt
-from scenario import SKIPPED, Skipped, load_small_sample, main
+from scenario import load_small_sample, main
+from served_disk import ServedDisk
 
 OPENING = "VoltAmpere/Live 1999/01 Opening.mp3"
 SONG = "VoltAmpere/Live 1999/02 Song.mp3"
@@ -24,45 +23,18 @@ BROKEN = "Error 57: Device I/O error"
 FULL = "This drive is full."
 
 
-class FailingDisk:
+class FailingDisk(ServedDisk):
     """A folder shown elsewhere, with failures to be set and lifted."""
 
     def __init__(self, folder, at):
-        self.folder = at
-        self._control = at.with_name(at.name + ".control")
-        self.lift()
-        at.mkdir()
-        server = Path(__file__).with_name("failing_disk.py")
-        self._server = subprocess.Popen(
-            [sys.executable, server, folder, at, self._control], stdout=subprocess.PIPE,
-            stderr=subprocess.STDOUT, text=True)
-        wait_for("the disk", lambda: at.is_mount() or self._server.poll() is not None)
-        if self._server.poll() is not None:
-            said = self._server.stdout.read().strip()
-            if self._server.returncode == SKIPPED:
-                raise Skipped(said)
-            raise AssertionError(said)
+        super().__init__(Path(__file__).with_name("failing_disk.py"), folder, at)
 
     def fail(self, ending, byte, number):
         """From now on a file whose path ends so is good for so many bytes only."""
-        self._control.write_text(f"{ending} {byte} {number}\n", encoding="utf-8")
+        self.tell(f"{ending} {byte} {number}\n")
 
     def lift(self):
-        self._control.write_text("", encoding="utf-8")
-
-    def unmount(self):
-        subprocess.run(["umount", "-l", self.folder], check=False, capture_output=True)
-        self._server.terminate()
-        self._server.wait(20)
-
-
-@contextmanager
-def failing_disk(folder, at):
-    disk = FailingDisk(folder, at)
-    try:
-        yield disk
-    finally:
-        disk.unmount()
+        self.tell("")
 
 
 def tick_files(window):
@@ -124,8 +96,8 @@ def play(stage):
     drive, stage.destination = stage.work / "drive", stage.work / "copied"
     drive.mkdir()
     stage.destination.mkdir()
-    with failing_disk(made.folder, stage.work / "SAMPLE IPOD") as device, \
-            failing_disk(drive, stage.work / "STICK") as target:
+    with FailingDisk(made.folder, stage.work / "SAMPLE IPOD") as device, \
+            FailingDisk(drive, stage.work / "STICK") as target:
         ipod = Ipod(device.folder)
         with stage.start(device.folder) as window:
             load_small_sample(window, stage.destination)

@@ -1,0 +1,119 @@
+"""A copy from a slow device, and from one that does not answer any more: the window answers all the while, the bar
+moves inside a file, Cancel acts at once, and closing the window ends the program."""
+
+import sys
+import time
+from pathlib import Path
+
+from ipod import Ipod, assert_copied, tree
+from scenario import load_small_sample, main, tick_album
+from served_disk import ServedDisk
+
+# In seconds. What a person takes for an answer at once, and for the end of what was stopped.
+AT_ONCE = 0.1
+SOON = 0.5
+# Other programs may have the processor for longer than that: a window that really hangs does so every time.
+ATTEMPTS = 4
+
+QUESTION = "Are you sure you want to quit?"
+FILES = {
+    "VoltAmpere/Live 1999/01 Opening.mp3": 0,
+    "VoltAmpere/Live 1999/02 Song.mp3": 1,
+    "VoltAmpere/Live 1999/02 Song (2).mp3": 2,
+}
+
+
+def longest_answer(bar, seconds):
+    """Asks the window for the bar's value again and again; the longest that an answer took."""
+    longest = 0.0
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        asked = time.monotonic()
+        bar.get_current_value()
+        longest = max(longest, time.monotonic() - asked)
+        time.sleep(0.005)
+    return longest
+
+
+def assert_answers(bar, when):
+    """The window answers at once."""
+    longest = [longest_answer(bar, 1.0)]
+    while longest[-1] > AT_ONCE and len(longest) < ATTEMPTS:
+        longest.append(longest_answer(bar, 1.0))
+    print(f"{when}: the window answered within {longest[-1] * 1000:.0f} ms")
+    assert longest[-1] <= AT_ONCE, f"{when}: answers took {longest} s"
+
+
+def begin_film(window, button):
+    """Starts the copy of the film, and waits until bytes of it have come."""
+    window.press(button)
+    bar = window.control("Progress")
+    window.wait_for("the bar to move", lambda: bar.get_current_value() > 0)
+    return bar
+
+
+def cancel(window):
+    """Presses the button; how long it took until the job was at rest."""
+    area = window.area(window.button("Cancel"))
+    button = window.button("Cancel")
+    window.click_area(area)
+    pressed = time.monotonic()
+    window.wait_for("the job to end", lambda: button.get_name().endswith("destination"))
+    return time.monotonic() - pressed
+
+
+def copy_slowly(stage, window, device):
+    """At every speed, and while nothing comes any more; then the job is cancelled."""
+    device.tell("speed=1000000")
+    bar = begin_film(window, "Copy to Destination")
+    for megabytes in (1, 8, 30):
+        device.tell(f"speed={megabytes}000000")
+        before = bar.get_current_value()
+        assert_answers(bar, f"at {megabytes} MB/s")
+        assert bar.get_current_value() > before, "the bar stands still"
+    took = [cancel(window)]
+    device.tell("stall=read")
+    while len(took) < 1 + ATTEMPTS and (len(took) == 1 or took[-1] > SOON):
+        window.press("Copy to destination")
+        bar = window.control("Progress")
+        assert_answers(bar, "while the device hangs")
+        took.append(cancel(window))
+    print(f"at rest {took[0]:.2f} s after Cancel, and after {took[-1]:.2f} s while the device hangs")
+    assert took[-1] <= SOON, f"Cancel took {took} s"
+    assert not window.says("Copy completed!")
+    assert tree(stage.destination) == ["Small Screen Society/Long"] # the folder, with no file in it
+    (stage.destination / "Small Screen Society/Long").rmdir()
+    (stage.destination / "Small Screen Society").rmdir()
+
+
+def play(stage):
+    made = stage.small_ipod(folder=stage.work / "made")
+    stage.destination.mkdir()
+    server = Path(__file__).parents[1] / "support" / "slow_device.py"
+    with ServedDisk(server, made.folder, stage.work / "SAMPLE IPOD") as device:
+        with stage.start(device.folder) as window:
+            load_small_sample(window, stage.destination)
+            tick_album(window, "Small Screen Society", "Long")
+            copy_slowly(stage, window, device)
+
+            device.tell("")
+            window.tick("Albums", "Long", ticked=False)
+            tick_album(window, "Volt/Ampere", "Live: 1999?")
+            window.press("Copy to destination")
+            window.answer("Songlift", "Copy completed!", "OK")
+            assert_copied(Ipod(made.folder), stage.destination, FILES)
+
+            device.tell("stall=read")
+            window.choose("Artists", "Volt/Ampere")
+            window.tick("Albums", "Live: 1999?", ticked=False)
+            tick_album(window, "Small Screen Society", "Films")
+            window.press("Copy to destination")
+            assert_answers(window.control("Progress"), "while the device hangs again")
+            window.request_close()
+            window.press("Yes", window.message("Songlift", QUESTION))
+            assert window.exit_code() == 0
+    made.assert_untouched()
+
+
+if __name__ == "__main__":
+    sys.exit(main(play))

@@ -1,0 +1,73 @@
+// Copies within a disk whose files can share their blocks.
+
+#include "tests/platform/LinuxFixture.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <unistd.h>
+
+namespace {
+
+bool Runs(const char* program, const QStringList& arguments) {
+    return QProcess::execute(QString::fromUtf8(program), arguments) == 0;
+}
+
+class SharedBlocks : public LinuxFixture {
+protected:
+    static constexpr qint64 Length = 40000000;
+
+    void SetUp() override {
+        MakeFolder(Disk());
+        QFile image(Native(QStringLiteral("image")));
+        ASSERT_TRUE(image.open(QIODevice::WriteOnly) && image.resize(qint64{200} << 20));
+        if (!Runs("mkfs.btrfs", {QStringLiteral("-q"), image.fileName()}) ||
+            !Runs("mount",
+                  {QStringLiteral("-o"), QStringLiteral("loop"), image.fileName(), Disk()})) {
+            GTEST_SKIP() << "no btrfs can be made or mounted here";
+        }
+        m_isMounted = true;
+        WriteFile(Disk() + QStringLiteral("/film"), Pattern(Length));
+    }
+    void TearDown() override {
+        if (m_isMounted) {
+            EXPECT_TRUE(Runs("umount", {Disk()}));
+        }
+    }
+
+    QString Disk() const { return Native(QStringLiteral("disk")); }
+    double FreeBytes() {
+        sync();
+        return m_files.FreeBytes(Disk());
+    }
+    void ExpectCheapCopy(double freeBefore) {
+        EXPECT_LT(freeBefore - FreeBytes(), 4e6);
+        EXPECT_EQ(ReadFile(Disk() + QStringLiteral("/copy")), Pattern(Length));
+    }
+
+private:
+    bool m_isMounted = false;
+};
+
+} // namespace
+
+TEST_F(SharedBlocks, AWholeFileTakesNoRoom) {
+    const double before = FreeBytes();
+    CopyControl control;
+    EXPECT_TRUE(m_files.CopyFile(Disk() + QStringLiteral("/film"), Disk() + QStringLiteral("/copy"),
+                                 Existing::Keep, control));
+    EXPECT_EQ(control.BytesDone(), Length);
+    ExpectCheapCopy(before);
+}
+
+TEST_F(SharedBlocks, ChunksTakeLittleRoomWhereverTheyBegin) {
+    const double before = FreeBytes();
+    {
+        const auto from = m_files.OpenForReading(Disk() + QStringLiteral("/film"));
+        const auto to = m_files.OpenForReadingAndWriting(Disk() + QStringLiteral("/copy"));
+        for (const qint64 size : {10000001, 10000001, 19999998}) {
+            EXPECT_TRUE(to->WriteFrom(*from, size, {}));
+        }
+    }
+    ExpectCheapCopy(before);
+}
