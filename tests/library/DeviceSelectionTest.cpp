@@ -10,8 +10,10 @@ using namespace Qt::StringLiterals;
 
 class DeviceChoice : public DevicesWindow {};
 
-TEST_F(DeviceChoice, ADeviceLoadsItsLibrary) {
+TEST_F(DeviceChoice, ADeviceLoadsItsLibraryAndIsOnlyRead) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s, u"two"_s});
+    // The drive of the entry is the one that is read.
+    AttachIPod('K', u"(E:) IPOD"_s, {u"three"_s});
 
     Choose(0);
 
@@ -19,17 +21,14 @@ TEST_F(DeviceChoice, ADeviceLoadsItsLibrary) {
     EXPECT_EQ(Devices.SelectedDevice, u"(E:) IPOD"_s);
     EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
     EXPECT_TRUE(Window.Picture1.ShowsDevice);
-    EXPECT_EQ(Boxes.Texts(), QStringList());
-}
-
-TEST_F(DeviceChoice, TheDriveOfTheEntryIsTheOneThatIsRead) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    AttachIPod('K', u"(E:) IPOD"_s, {u"two"_s});
+    EXPECT_FALSE(Window.pctNoDevice.Visible());
 
     Choose(1);
 
-    EXPECT_EQ(Titles(), QStringList{u"two"_s});
+    EXPECT_EQ(Titles(), QStringList{u"three"_s});
     EXPECT_TRUE(Music.Library.Artists[0].Albums[0].Tracks[0].Location.startsWith(u"K:"_s));
+    EXPECT_EQ(Boxes.Texts(), QStringList());
+    EXPECT_EQ(Files.ChangesBelow(u"E:\\"_s) + Files.ChangesBelow(u"K:\\"_s), QStringList());
 }
 
 TEST_F(DeviceChoice, TheSQLiteLibraryIsTakenWhereThereIsOne) {
@@ -63,17 +62,20 @@ TEST_F(DeviceChoice, ADeviceThatHasOnlyTheSQLiteLibraryIsNotLoaded) {
     EXPECT_EQ(Files.CountOf(FileCall::NativePath), 0);
 }
 
-TEST_F(DeviceChoice, TheBrowserIsPreparedBeforeTheLoad) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
+TEST_F(DeviceChoice, TheLibraryBeforeLeavesAndTheBrowserIsPreparedBeforeTheLoad) {
+    ShowIPod();
     AttachIPod('F', u"OTHER"_s, {u"two"_s});
-    Choose(0);
-    FillWindow();
-    bool prepared = false;
+    Devices.LibraryLeaves = [this, wired = Devices.LibraryLeaves] {
+        EXPECT_EQ(Window.lstArtists.ListCount(), 1);
+        EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
+        wired();
+    };
+    Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
     Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
         if (call.Call != FileCall::OpenForReading) {
             return;
         }
-        prepared = true;
+        Raised += u"read"_s;
         for (const FakeListControl* list :
              {&Window.lstArtists, &Window.lstAlbums, &Window.lstSongs}) {
             EXPECT_TRUE(list->Enabled());
@@ -85,31 +87,14 @@ TEST_F(DeviceChoice, TheBrowserIsPreparedBeforeTheLoad) {
         EXPECT_EQ(Window.txtSearch.Text(), QString());
         EXPECT_EQ(Window.tbsFilter.SelectedCaption(), u"All Files"_s);
         EXPECT_FALSE(Parts.Filter.FilterLocked());
-        EXPECT_EQ(Raised, QStringList{u"leaves"_s});
+        EXPECT_FALSE(Window.pctNoDevice.Visible());
         EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Hourglass);
     };
 
     Choose(1);
 
-    EXPECT_TRUE(prepared);
+    EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"search changed"_s, u"read"_s, u"loaded"_s}));
     EXPECT_EQ(UnlockedTabClicks, 0);
-}
-
-TEST_F(DeviceChoice, WhoeverShowsTheLibraryHearsThatItLeavesBeforeTheListsAndTheSearchAreEmptied) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    AttachIPod('F', u"OTHER"_s, {u"two"_s});
-    Choose(0);
-    FillWindow();
-    Devices.LibraryLeaves = [this] {
-        EXPECT_EQ(Window.lstArtists.ListCount(), 1);
-        EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
-        Raised += u"leaves"_s;
-    };
-    Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
-
-    Choose(1);
-
-    EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"search changed"_s, u"loaded"_s}));
 }
 
 TEST_F(DeviceChoice, TheListsAreBuiltBeforeTheSearchIsOffered) {
@@ -175,17 +160,6 @@ TEST_F(DeviceChoice, ADeviceWhoseDatabaseFailsShowsWhatWasLoaded) {
     EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Default);
 }
 
-TEST_F(DeviceChoice, ADeviceWhoseDatabaseIsBrokenHasNoMusic) {
-    AttachIPod('E', u"IPOD"_s, {});
-    Files.AddFile(DatabaseOn(u'E'), "broken");
-
-    Choose(0);
-
-    EXPECT_EQ(Boxes.Texts(), QStringList{u"Error 9: Subscript out of range"_s});
-    EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
-    EXPECT_FALSE(Window.lstArtists.Enabled());
-}
-
 TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     Devices.LibraryLoaded = [] { throw RuntimeError(ErrorNumber::OutOfMemory); };
@@ -200,37 +174,36 @@ TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
 // ---- the device that is loaded already
 
 TEST_F(DeviceChoice, TheLoadedDeviceIsNeitherReloadedNorAreItsListsCleared) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Choose(0);
-    FillWindow();
+    ShowIPod();
     Files.Calls.clear();
     Window.Form1.MousePointers.clear();
 
     Choose(0);
 
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
-    EXPECT_EQ(Raised, QStringList());
-    EXPECT_EQ(Window.lstSongs.ListCount(), 1);
-    EXPECT_EQ(Window.lblFullName.Caption(), u"A / B / 1"_s);
-    EXPECT_TRUE(Window.cmdCopy.Enabled());
-    EXPECT_EQ(Window.txtSearch.Text(), u"word"_s);
-    EXPECT_EQ(Boxes.Texts(), QStringList());
+    ExpectFilled();
     EXPECT_TRUE(Window.Form1.MousePointers.empty());
 }
 
 TEST_F(DeviceChoice, TheLoadedDeviceThatIsGoneIsReportedAndTheWindowReset) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Choose(0);
-    FillWindow();
+    ShowIPod();
+    AttachIPod('F', u"OTHER"_s, {u"two"_s});
     Window.Combo1.UserDropDown();
+    Window.Form1.MousePointers.clear();
     Detach('E');
 
     Window.Combo1.UserChoose(0);
 
     ExpectErrorLoadingIPod();
-    ExpectReset(u"No compatible iPod detected."_s);
+    ExpectReset({});
     EXPECT_EQ(Raised, QStringList{u"leaves"_s});
-    EXPECT_TRUE(Window.timScan.Enabled());
+    EXPECT_TRUE(Window.Form1.MousePointers.empty());
+
+    Choose(0); // another one
+    EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
+    EXPECT_EQ(Titles(), QStringList{u"two"_s});
+    EXPECT_TRUE(Window.lstArtists.Enabled());
+    EXPECT_FALSE(Parts.Filter.FilterLocked());
 }
 
 TEST_F(DeviceChoice, AClickWithoutAnEntryDoesNothing) {
@@ -244,86 +217,27 @@ TEST_F(DeviceChoice, AClickWithoutAnEntryDoesNothing) {
     EXPECT_EQ(Raised, QStringList());
 }
 
-TEST_F(DeviceChoice, ASuppressedClickDoesNothing) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Window.Combo1.UserDropDown();
-    Devices.SuppressComboClick = true;
-
-    Window.Combo1.UserChoose(0);
-
-    EXPECT_EQ(Music.Library.TrackCount, 0);
-    EXPECT_EQ(Devices.SelectedDevice, QString());
-}
-
 // ---- the failure report
 
 TEST_F(DeviceChoice, AWindowInTheBackgroundIsFlashedBeforeTheReport) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Window.Combo1.UserDropDown();
-    Files.Remove(DatabaseOn(u'E'));
-    Window.WindowManager.ActiveWindow = 0;
     size_t flashedAtReport = 0;
     Boxes.WhileShown = [&](const ShownMessage&) {
         flashedAtReport = Window.WindowManager.Flashed.size();
     };
+    const auto loseDevice = [this] {
+        AttachIPod('E', u"IPOD"_s, {u"one"_s});
+        Window.Combo1.UserDropDown();
+        Detach('E');
+        Window.Combo1.UserChoose(0);
+        ExpectErrorLoadingIPod();
+        Boxes.Shown.clear();
+    };
 
-    Window.Combo1.UserChoose(0);
+    loseDevice();
+    EXPECT_EQ(flashedAtReport, 0U);
 
+    Window.WindowManager.ActiveWindow = 0;
+    loseDevice();
     EXPECT_EQ(flashedAtReport, 1U);
     EXPECT_EQ(Window.WindowManager.Flashed, (std::vector{Window.Form1.Handle()}));
-}
-
-TEST_F(DeviceChoice, AnActiveWindowIsNotFlashed) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Window.Combo1.UserDropDown();
-    Files.Remove(DatabaseOn(u'E'));
-
-    Window.Combo1.UserChoose(0);
-
-    ExpectErrorLoadingIPod();
-    EXPECT_TRUE(Window.WindowManager.Flashed.empty());
-}
-
-TEST_F(DeviceChoice, ALostDeviceShowsNoHourglass) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    Window.Combo1.UserDropDown();
-    Files.Remove(DatabaseOn(u'E'));
-
-    Window.Combo1.UserChoose(0);
-
-    EXPECT_TRUE(Window.Form1.MousePointers.empty());
-}
-
-TEST_F(DeviceChoice, AfterALostDeviceAnotherCanBeChosen) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-    AttachIPod('F', u"OTHER"_s, {u"two"_s});
-    Window.Combo1.UserDropDown();
-    Detach('E');
-    Window.Combo1.UserChoose(0);
-    ExpectErrorLoadingIPod();
-
-    Choose(0);
-
-    EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
-    EXPECT_EQ(Titles(), QStringList{u"two"_s});
-    EXPECT_TRUE(Window.lstArtists.Enabled());
-    EXPECT_FALSE(Parts.Filter.FilterLocked());
-}
-
-TEST_F(DeviceChoice, TheDeviceIsOnlyRead) {
-    AttachIPod('E', u"IPOD"_s, {u"one"_s});
-
-    Choose(0);
-    Devices.timScan_Timer();
-    Choose(0);
-
-    EXPECT_EQ(Files.ChangesBelow(u"E:\\"_s), QStringList());
-}
-
-TEST(DevicePaths, NameTheDatabasesOfTheDrive) {
-    EXPECT_EQ(DevicePaths::ITunesDB(u"E:"_s), u"E:\\iPod_Control\\iTunes\\iTunesDB"_s);
-    EXPECT_EQ(DevicePaths::LibraryDatabase(u"E:"_s),
-              u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb"_s);
-    EXPECT_EQ(DevicePaths::LocationsDatabase(u"E:"_s),
-              u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\Locations.itdb"_s);
 }

@@ -89,10 +89,17 @@ protected:
         Raised.clear();
     }
 
+    /// Attaches, loads and fills in an iPod at E:.
+    void ShowIPod() {
+        AttachIPod('E', QStringLiteral("IPOD"), {QStringLiteral("one")});
+        Choose(0);
+        FillWindow();
+    }
+
     QStringList Titles() const {
         QStringList titles;
         for (const QString& line : Lines(Music.Library)) {
-            titles += line.section(QStringLiteral(" | "), 2, 2).section(QLatin1Char(' '), 1);
+            titles += line.section(QStringLiteral(" | "), 2, 2).section(u' ', 1);
         }
         return titles;
     }
@@ -101,6 +108,18 @@ protected:
         EXPECT_EQ(Boxes.Shown, (std::vector<ShownMessage>{
                                    {QStringLiteral("Error loading iPod."), QStringLiteral("Error"),
                                     MessageButtons::OK, MessageIcon::Critical}}));
+    }
+
+    /// The window is as FillWindow has left it.
+    void ExpectFilled() const {
+        EXPECT_EQ(Raised, QStringList());
+        EXPECT_EQ(Window.lstSongs.ListCount(), 1);
+        EXPECT_EQ(Window.lblFullName.Caption(), QStringLiteral("A / B / 1"));
+        EXPECT_TRUE(Window.cmdCopy.Enabled());
+        EXPECT_EQ(Window.txtSearch.Text(), QStringLiteral("word"));
+        EXPECT_EQ(Window.tbsFilter.SelectedCaption(), QStringLiteral("Audio"));
+        EXPECT_FALSE(Parts.Filter.FilterLocked());
+        EXPECT_EQ(Boxes.Texts(), QStringList());
     }
 
     /// The window is as it is without a chosen device; `message` stands in its label.
