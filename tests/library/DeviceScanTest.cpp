@@ -1,5 +1,6 @@
 // The list of devices and the poll that waits for one.
 
+#include "app/ControlGroups.h"
 #include "platform/RuntimeError.h"
 #include "tests/library/DevicesWindow.h"
 
