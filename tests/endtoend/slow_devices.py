@@ -56,8 +56,8 @@ def cancel(window):
     """Presses the button; how long it took until the job was at rest."""
     area = window.area(window.button("Cancel"))
     button = window.button("Cancel")
-    window.click_area(area)
     pressed = time.monotonic()
+    window.click_area(area)
     window.wait_for("the job to end", lambda: button.get_name().endswith("destination"))
     return time.monotonic() - pressed
 
