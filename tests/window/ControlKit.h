@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/RuntimeError.h"
 #include "tests/fakes/PrintText.h"
 
 #include <gtest/gtest.h>
@@ -10,28 +11,31 @@
 #include <string>
 #include <vector>
 
-/// One control of each sort, visible and enabled in one active window, with a user to act on them.
-/// There is a kit of fakes and a kit of the real controls; what holds for both is the contract.
-class ControlKit {
-public:
-    virtual ~ControlKit() = default;
-
-    virtual ListControl& List() = 0;
-    virtual ListControl& OtherList() = 0;
-    virtual ComboControl& Combo() = 0;
-    virtual TextControl& Text() = 0;
-    virtual LabelControl& Label() = 0;
-    virtual ButtonControl& Button() = 0;
-    virtual CheckControl& Check() = 0;
+/// One control of each sort, visible and enabled in one active window.
+struct KitControls {
+    ListControl& List;
+    ListControl& OtherList;
+    ComboControl& Combo;
+    TextControl& Text;
+    LabelControl& Label;
+    ButtonControl& Button;
+    CheckControl& Check;
     /// Three tabs: "All Files", "Audio", "Video".
-    virtual TabsControl& Tabs() = 0;
-    virtual ProgressControl& Progress() = 0;
-    virtual PictureControl& Picture() = 0;
-    virtual HandleControl& Handle() = 0;
-    virtual Control& Frame() = 0;
-    virtual TimerControl& Timer() = 0;
-    /// A button inside Frame.
-    virtual ButtonControl& ButtonInFrame() = 0;
+    TabsControl& Tabs;
+    ProgressControl& Progress;
+    PictureControl& Picture;
+    HandleControl& Handle;
+    Control& Frame;
+    ButtonControl& ButtonInFrame;
+    TimerControl& Timer;
+};
+
+/// The controls with a user to act on them. There is a kit of fakes and a kit of the real controls;
+/// what holds for both is the contract.
+class ControlKit : public KitControls {
+public:
+    explicit ControlKit(const KitControls& controls) : KitControls(controls) {}
+    virtual ~ControlKit() = default;
 
     virtual WindowHandle FocusedControl() = 0;
 
@@ -42,10 +46,8 @@ public:
     /// The mouse, no button pressed, over the top left corner of the list moved by that many
     /// pixels of 15 twips.
     virtual void HoverAt(ListControl& list, int pixelsX, int pixelsY) = 0;
-    /// Keys pressed while the list has the focus.
-    virtual void PressSpace(ListControl& list) = 0;
-    virtual void PressDown(ListControl& list) = 0;
-    virtual void PressUp(ListControl& list) = 0;
+    /// The space bar or an arrow key, while the list has the focus.
+    virtual void PressKey(ListControl& list, Qt::Key key) = 0;
 
     virtual void OpenCombo() = 0;
     virtual void ChooseEntry(int index) = 0;
@@ -61,12 +63,12 @@ public:
     virtual void LetTimePass() = 0;
 
     std::vector<Control*> AllControls() {
-        return {&List(), &OtherList(), &Combo(),   &Text(),   &Label(),         &Button(), &Check(),
-                &Tabs(), &Progress(),  &Picture(), &Handle(), &ButtonInFrame(), &Frame()};
+        return {&List, &OtherList, &Combo,   &Text,   &Label,         &Button, &Check,
+                &Tabs, &Progress,  &Picture, &Handle, &ButtonInFrame, &Frame};
     }
     /// The controls that take the keyboard focus.
     std::vector<Control*> FocusableControls() {
-        return {&List(), &OtherList(), &Combo(), &Text(), &Button(), &Check(), &Tabs()};
+        return {&List, &OtherList, &Combo, &Text, &Button, &Check, &Tabs};
     }
 };
 
@@ -86,8 +88,21 @@ std::unique_ptr<ControlKit> MakeQtKit();
 /// A test that has to hold for every kind of control.
 class ControlContractTest : public testing::TestWithParam<ControlKitKind> {
 protected:
+    using Log = std::vector<std::string>;
+
     std::unique_ptr<ControlKit> m_kit = GetParam().Make();
     ControlKit& kit = *m_kit;
+    Log log;
+
+    static void ExpectOutOfRange(const std::function<void()>& step) {
+        try {
+            step();
+            ADD_FAILURE() << "nothing was raised";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number, ErrorNumber::SubscriptOutOfRange);
+            EXPECT_EQ(error.Description, QStringLiteral("Subscript out of range"));
+        }
+    }
 };
 
 inline const auto EveryKit =

@@ -3,29 +3,32 @@
 
 namespace {
 
-class FakeKit : public ControlKit {
+struct Fakes {
+    std::shared_ptr<FakeFocus> focus = std::make_shared<FakeFocus>();
+    FakeListControl list{focus}, otherList{focus};
+    FakeComboControl combo{focus};
+    FakeTextControl text{focus};
+    FakeLabelControl label{focus};
+    FakeButtonControl button{focus}, buttonInFrame{focus};
+    FakeCheckControl check{focus};
+    FakeTabsControl tabs{focus};
+    FakeProgressControl progress{focus};
+    FakePictureControl picture{focus};
+    FakeHandleControl handle{focus};
+    FakeControl frame{focus};
+    FakeTimerControl timer;
+};
+
+class FakeKit : private Fakes, public ControlKit {
 public:
-    FakeKit() {
+    FakeKit()
+        : ControlKit({list, otherList, combo, text, label, button, check, tabs, progress, picture,
+                      handle, frame, buttonInFrame, timer}) {
         buttonInFrame.Container = &frame;
         for (Control* control : AllControls()) {
             control->Move(0, 0, 1500, 1500);
         }
     }
-
-    ListControl& List() override { return list; }
-    ListControl& OtherList() override { return otherList; }
-    ComboControl& Combo() override { return combo; }
-    TextControl& Text() override { return text; }
-    LabelControl& Label() override { return label; }
-    ButtonControl& Button() override { return button; }
-    CheckControl& Check() override { return check; }
-    TabsControl& Tabs() override { return tabs; }
-    ProgressControl& Progress() override { return progress; }
-    PictureControl& Picture() override { return picture; }
-    HandleControl& Handle() override { return handle; }
-    Control& Frame() override { return frame; }
-    TimerControl& Timer() override { return timer; }
-    ButtonControl& ButtonInFrame() override { return buttonInFrame; }
 
     WindowHandle FocusedControl() override { return focus->Current(); }
 
@@ -35,9 +38,13 @@ public:
     void HoverAt(ListControl& target, int pixelsX, int pixelsY) override {
         Fake(target).UserMouseMove({.X = pixelsX * 15.0, .Y = pixelsY * 15.0});
     }
-    void PressSpace(ListControl& target) override { Fake(target).UserSpace(); }
-    void PressDown(ListControl& target) override { Fake(target).UserArrow(1); }
-    void PressUp(ListControl& target) override { Fake(target).UserArrow(-1); }
+    void PressKey(ListControl& target, Qt::Key key) override {
+        if (key == Qt::Key_Space) {
+            Fake(target).UserSpace();
+        } else {
+            Fake(target).UserArrow(key == Qt::Key_Down ? 1 : -1);
+        }
+    }
 
     void OpenCombo() override { combo.UserDropDown(); }
     void ChooseEntry(int index) override { combo.UserChoose(index); }
@@ -57,22 +64,6 @@ public:
     void LetTimePass() override { timer.Elapse(); }
 
 private:
-    std::shared_ptr<FakeFocus> focus = std::make_shared<FakeFocus>();
-    FakeListControl list{focus};
-    FakeListControl otherList{focus};
-    FakeComboControl combo{focus};
-    FakeTextControl text{focus};
-    FakeLabelControl label{focus};
-    FakeButtonControl button{focus};
-    FakeCheckControl check{focus};
-    FakeTabsControl tabs{focus};
-    FakeProgressControl progress{focus};
-    FakePictureControl picture{focus};
-    FakeHandleControl handle{focus};
-    FakeControl frame{focus};
-    FakeTimerControl timer;
-    FakeButtonControl buttonInFrame{focus};
-
     static FakeListControl& Fake(ListControl& target) {
         return static_cast<FakeListControl&>(target);
     }

@@ -2,15 +2,16 @@
 
 #include "platform/qt/QtButtonControl.h"
 #include "platform/qt/QtTextControl.h"
+#include "tests/fakes/PrintText.h"
 #include "tests/window/QtInput.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QListWidget>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,35 +21,33 @@ class Offers : public testing::Test {
 protected:
     QTemporaryDir folder;
     QWidget window;
-    QtButtonControl button{&window, QStringLiteral("button"), QStringLiteral("Elsewhere")};
-    QtTextControl box{&window, QStringLiteral("box")};
+    QtButtonControl button{&window, u"button"_s, u"Elsewhere"_s};
+    QtTextControl box{&window, u"box"_s};
     int clicks = 0;
-    QStringList changes;
+    int changes = 0;
 
     Offers() {
-        for (const char* name : {"Music", "music videos", "Pictures", ".hidden"}) {
-            QDir(folder.path()).mkdir(QString::fromLatin1(name));
+        for (const QString& name : {u"Music"_s, u"music videos"_s, u"Pictures"_s, u".hidden"_s}) {
+            QDir(folder.path()).mkdir(name);
         }
-        QFile file(folder.filePath(QStringLiteral("mute.txt")));
+        QFile file(folder.filePath(u"mute.txt"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         window.resize(400, 300);
         button.Move(150, 150, 3000, 450);
         box.Move(150, 3750, 4500, 450);
         box.CompletePaths();
         button.Click = [this] { ++clicks; };
-        box.Change = [this] { changes.append(box.Text()); };
-        window.show();
-        QApplication::setActiveWindow(&window);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        box.Change = [this] { ++changes; };
+        QtInput::ShowActive(window);
         box.SetFocus();
     }
 
-    QString In(const char* name) { return folder.path() + QString::fromLatin1(name); }
-    void TypeIn(const char* name) { QtInput::Type(window, In(name)); }
+    void Type(const QString& text) { QtInput::Type(window, text); }
+    void TypePath(const QString& name) { Type(folder.path() + name); }
     void Key(Qt::Key key) { QtInput::Key(window, key); }
     bool HasFocus() { return box.Widget()->hasFocus(); }
 
-    QListWidget* List() { return window.findChild<QListWidget*>(QStringLiteral("FolderList")); }
+    QListWidget* List() { return window.findChild<QListWidget*>(u"FolderList"_s); }
     bool IsOpen() { return List() != nullptr && List()->isVisible(); }
     QStringList Offered() {
         QStringList names;
@@ -57,141 +56,129 @@ protected:
         }
         return names;
     }
-};
 
-QStringList Names(std::initializer_list<const char*> names) {
-    QStringList texts;
-    for (const char* name : names) {
-        texts.append(QString::fromLatin1(name));
+    void ExpectBox(const QString& name) { EXPECT_EQ(box.Text(), folder.path() + name); }
+    /// The list is gone, and the user can go on typing.
+    void ExpectClosed(const QString& name) {
+        ExpectBox(name);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_TRUE(HasFocus());
     }
-    return texts;
-}
+};
 
 } // namespace
 
-TEST_F(Offers, AreTheFoldersThatThePathMayGoOnWith) {
-    TypeIn("/");
-    EXPECT_EQ(Offered(), Names({"Music", "music videos", "Pictures"}));
-    QtInput::Type(window, QStringLiteral("mu"));
-    EXPECT_EQ(Offered(), Names({"Music", "music videos"}));
-    QtInput::Type(window, QStringLiteral("x"));
-    EXPECT_EQ(Offered(), QStringList());
-    EXPECT_EQ(box.Text(), In("/mux"));
-}
-
-TEST_F(Offers, AreHiddenFoldersOnlyWhenAskedFor) {
-    TypeIn("/.");
-    EXPECT_EQ(Offered(), Names({".hidden"}));
-}
-
-TEST_F(Offers, AreNothingForAPathThatIsCompleteOrNone) {
-    TypeIn("/Pictures");
-    EXPECT_FALSE(IsOpen());
+TEST_F(Offers, AreTheFoldersThatThePathMayGoOnWithAndHiddenOnesOnlyWhenAskedFor) {
+    TypePath(u"/"_s);
+    EXPECT_EQ(Offered(), QStringList({u"Music"_s, u"music videos"_s, u"Pictures"_s}));
+    Type(u"mu"_s);
+    EXPECT_EQ(Offered(), QStringList({u"Music"_s, u"music videos"_s}));
+    Type(u"x"_s);
+    ExpectClosed(u"/mux"_s);
     box.SetText(QString());
-    for (const char* text : {"Mus", "E:\\", ":/", "/no such folder/"}) {
-        QtInput::Type(window, QString::fromLatin1(text));
-        EXPECT_FALSE(IsOpen()) << text;
+    TypePath(u"/."_s);
+    EXPECT_EQ(Offered(), QStringList({u".hidden"_s}));
+}
+
+TEST_F(Offers, AreNothingForAPathThatIsCompleteOrNoneOrSetByTheProgram) {
+    TypePath(u"/Pictures"_s);
+    EXPECT_FALSE(IsOpen());
+    box.SetText(folder.path() + u"/Mu"_s);
+    EXPECT_FALSE(IsOpen());
+    for (const QString& text : {u"Mus"_s, u"E:\\"_s, u":/"_s, u"/no such folder/"_s}) {
         box.SetText(QString());
+        Type(text);
+        EXPECT_FALSE(IsOpen()) << text.toStdString();
     }
 }
 
-TEST_F(Offers, DoNotAppearWhenTheProgramSetsTheText) {
-    box.SetText(In("/Mu"));
-    EXPECT_FALSE(IsOpen());
-}
-
 TEST_F(Offers, LeaveTheTextAloneWhileTheUserTypes) {
-    TypeIn("/Mu");
+    TypePath(u"/Mu"_s);
     EXPECT_TRUE(IsOpen());
-    EXPECT_EQ(box.Text(), In("/Mu"));
-    EXPECT_EQ(changes.size(), In("/Mu").size());
+    ExpectBox(u"/Mu"_s);
+    EXPECT_EQ(changes, box.Text().size());
     EXPECT_TRUE(HasFocus());
 }
 
-TEST_F(Offers, AClickElsewhereArrivesThereAtOnce) {
-    TypeIn("/Mu");
+TEST_F(Offers, AClickElsewhereArrivesThereAtOnceAndClosesThemWhereverItIs) {
+    TypePath(u"/Mu"_s);
+    QtInput::Click(window, QPoint(390, 5)); // takes no focus
+    ExpectClosed(u"/Mu"_s);
+    Type(u"s"_s);
+    EXPECT_TRUE(IsOpen());
     QtInput::Click(*button.Widget(), QPoint(20, 10));
     EXPECT_EQ(clicks, 1);
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(box.Text(), In("/Mu"));
-}
-
-TEST_F(Offers, AClickThatTakesNoFocusClosesThemToo) {
-    TypeIn("/Mu");
-    QtInput::Click(window, QPoint(390, 5));
-    EXPECT_FALSE(IsOpen());
-    EXPECT_TRUE(HasFocus());
+    ExpectBox(u"/Mus"_s);
 }
 
 TEST_F(Offers, TabGoesOnWithTheFirstPress) {
-    TypeIn("/Mu");
+    TypePath(u"/Mu"_s);
     Key(Qt::Key_Tab);
     EXPECT_FALSE(HasFocus());
     EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(box.Text(), In("/Mu"));
+    ExpectBox(u"/Mu"_s);
     Key(Qt::Key_Space);
     EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(Offers, TheArrowsPutAFolderIntoTheBoxAndEscapeTakesItBack) {
-    TypeIn("/mu");
+    TypePath(u"/mu"_s);
+    const int before = changes;
     Key(Qt::Key_Down);
-    EXPECT_EQ(box.Text(), In("/Music"));
+    ExpectBox(u"/Music"_s);
     Key(Qt::Key_Down);
-    EXPECT_EQ(box.Text(), In("/music videos"));
+    ExpectBox(u"/music videos"_s);
     Key(Qt::Key_Down);
-    EXPECT_EQ(box.Text(), In("/mu"));
+    ExpectBox(u"/mu"_s);
     Key(Qt::Key_Up);
-    EXPECT_EQ(box.Text(), In("/music videos"));
-    EXPECT_EQ(changes.constLast(), In("/music videos"));
+    ExpectBox(u"/music videos"_s);
+    EXPECT_EQ(changes, before + 4);
     Key(Qt::Key_Escape);
-    EXPECT_EQ(box.Text(), In("/mu"));
-    EXPECT_FALSE(IsOpen());
-    EXPECT_TRUE(HasFocus());
+    ExpectClosed(u"/mu"_s);
 }
 
 TEST_F(Offers, EnterTakesTheChosenFolderAndTypingGoesOnFromThere) {
-    TypeIn("/mu");
+    TypePath(u"/mu"_s);
     Key(Qt::Key_Down);
     Key(Qt::Key_Return);
-    EXPECT_EQ(box.Text(), In("/Music"));
-    EXPECT_FALSE(IsOpen());
-    EXPECT_TRUE(HasFocus());
-    QtInput::Type(window, QStringLiteral("/x"));
-    EXPECT_EQ(box.Text(), In("/Music/x"));
+    ExpectClosed(u"/Music"_s);
+    Type(u"/x"_s);
+    ExpectBox(u"/Music/x"_s);
 }
 
 TEST_F(Offers, EnterIsTheWindowsWhileNoneIsChosen) {
-    TypeIn("/mu");
+    TypePath(u"/mu"_s);
     int entered = 0;
     QObject::connect(box.Widget(), &QLineEdit::returnPressed, [&entered] { ++entered; });
     Key(Qt::Key_Return);
     EXPECT_EQ(entered, 1);
-    EXPECT_FALSE(IsOpen());
-    EXPECT_EQ(box.Text(), In("/mu"));
+    ExpectClosed(u"/mu"_s);
 }
 
 TEST_F(Offers, AClickOnOneTakesIt) {
-    TypeIn("/mu");
+    TypePath(u"/mu"_s);
     QListWidget& list = *List();
-    const QRect row = list.visualItemRect(list.item(1));
-    QtInput::Click(*list.viewport(), row.center());
-    EXPECT_EQ(box.Text(), In("/music videos"));
-    EXPECT_FALSE(IsOpen());
-    EXPECT_TRUE(HasFocus());
+    QtInput::Click(*list.viewport(), list.visualItemRect(list.item(1)).center());
+    ExpectClosed(u"/music videos"_s);
 }
 
-TEST_F(Offers, StandInTheWindowBesideTheBox) {
-    TypeIn("/");
+TEST_F(Offers, StandInTheWindowBesideTheBoxAboveItOrBelowIt) {
+    TypePath(u"/"_s);
     EXPECT_TRUE(window.rect().contains(List()->geometry()));
-    EXPECT_FALSE(List()->geometry().intersects(box.Widget()->geometry()));
     EXPECT_EQ(List()->geometry().bottom() + 1, box.Widget()->geometry().top());
+    EXPECT_EQ(List()->width(), box.Widget()->width());
     window.resize(500, 400);
     EXPECT_FALSE(IsOpen());
+    box.SetText(QString());
+    box.Move(150, 450, 4500, 450);
+    TypePath(u"/"_s);
+    EXPECT_TRUE(window.rect().contains(List()->geometry()));
+    EXPECT_EQ(List()->geometry().top(), box.Widget()->geometry().bottom() + 1);
 }
 
 TEST_F(Offers, GoWhenTheBoxIsDisabled) {
-    TypeIn("/");
+    TypePath(u"/"_s);
     box.SetEnabled(false);
     EXPECT_FALSE(IsOpen());
 }

@@ -2,16 +2,17 @@
 #include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtListControl.h"
 #include "platform/qt/QtProgressControl.h"
+#include "tests/window/QtInput.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,9 +22,9 @@ using Log = std::vector<std::string>;
 class Accessibility : public testing::Test {
 protected:
     QWidget window;
-    QtListControl list{&window, QStringLiteral("lstArtists")};
+    QtListControl list{&window, u"lstArtists"_s};
     QtListView& view = *static_cast<QtListView*>(list.Widget());
-    /// What a screen reader would have been told.
+    /// What a screen reader would have been told, and the list's events between.
     Log heard;
 
     Accessibility() {
@@ -33,16 +34,18 @@ protected:
             heard.push_back(told->text(QAccessible::Name).toStdString() +
                             (told->state().checked ? " ticked" : " unticked"));
         };
+        list.Click = [this] { heard.push_back("Click " + std::to_string(list.ListIndex())); };
+        list.ItemCheck = [this](int row) { heard.push_back("ItemCheck " + std::to_string(row)); };
         window.resize(400, 400);
         list.Move(0, 0, 4500, 4500);
-        window.show();
+        QtInput::ShowActive(window);
         Fill(4);
     }
 
     void Fill(int count, bool ticked = false) {
         std::vector<ListRow> rows;
         for (int row = 0; row < count; ++row) {
-            rows.push_back({QStringLiteral("r%1").arg(row), ticked});
+            rows.push_back({u"r%1"_s.arg(row), ticked});
         }
         list.Fill(std::move(rows));
         QCoreApplication::processEvents();
@@ -51,77 +54,67 @@ protected:
 
     QAccessibleInterface* Interface() { return QAccessible::queryAccessibleInterface(&view); }
     QAccessibleInterface* Row(int row) { return Interface()->child(row); }
+    void Do(int row, const QString& action) { Row(row)->actionInterface()->doAction(action); }
+    static QString NameOf(QWidget* widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    }
+
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    const QString focus = QAccessibleActionInterface::setFocusAction();
 };
 
-TEST_F(Accessibility, AListIsAListOfCheckBoxes) {
+TEST_F(Accessibility, AListIsAListOfCheckBoxesWithTheirNamesAndChecks) {
+    const QString longName(3000, u'n');
+    list.Fill({{u"r0"_s, false}, {longName, true}});
     EXPECT_EQ(Interface()->role(), QAccessible::List);
-    EXPECT_EQ(Interface()->childCount(), 4);
-    EXPECT_EQ(Row(0)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(Interface()->childCount(), 2);
+    for (const int row : {0, 1}) {
+        EXPECT_EQ(Row(row)->role(), QAccessible::CheckBox);
+        EXPECT_EQ(Row(row)->text(QAccessible::Name), row == 0 ? u"r0"_s : longName);
+        EXPECT_TRUE(Row(row)->state().checkable);
+        EXPECT_EQ(Row(row)->state().checked, row == 1);
+    }
 }
 
-TEST_F(Accessibility, ARowTellsItsNameAndItsCheck) {
-    list.SetSelected(2, true);
-    EXPECT_EQ(Row(1)->text(QAccessible::Name), QStringLiteral("r1"));
-    EXPECT_TRUE(Row(1)->state().checkable);
-    EXPECT_FALSE(Row(1)->state().checked);
-    EXPECT_EQ(Row(2)->text(QAccessible::Name), QStringLiteral("r2"));
-    EXPECT_TRUE(Row(2)->state().checkable);
-    EXPECT_TRUE(Row(2)->state().checked);
-}
-
-TEST_F(Accessibility, ARowTellsItsWholeNameHoweverLong) {
-    const QString name = QString(3000, QLatin1Char('n'));
-    list.Fill({{name, false}});
-    EXPECT_EQ(Row(0)->text(QAccessible::Name), name);
-}
-
-TEST_F(Accessibility, ATickFromCodeIsHeardWhileTheListIsVisible) {
+TEST_F(Accessibility, ATickIsHeardBeforeItsHandlersRun) {
     list.SetSelected(1, true);
     list.SetSelected(1, true);
     list.SetSelected(1, false);
-    EXPECT_EQ(heard, Log({"r1 ticked", "r1 unticked"}));
-}
-
-TEST_F(Accessibility, ATickOfTheUserIsHeardBeforeItsHandlersRun) {
+    EXPECT_EQ(heard, Log({"r1 ticked", "ItemCheck 1", "r1 unticked", "ItemCheck 1"}));
     list.SetListIndex(3);
-    list.ItemCheck = [this](int) { heard.push_back("ItemCheck"); };
+    heard.clear();
     QTest::keyClick(list.Widget(), Qt::Key_Space);
-    EXPECT_EQ(heard, Log({"r3 ticked", "ItemCheck"}));
+    EXPECT_EQ(heard, Log({"r3 ticked", "ItemCheck 3", "Click 3"}));
 }
 
 TEST_F(Accessibility, ABulkChangeIsHeardOnceForEachChangedRowInView) {
-    list.SetVisible(false);
-    list.SetSelected(0, true);
-    list.SetSelected(1, true);
-    list.SetSelected(2, true);
-    list.SetSelected(2, false);
-    EXPECT_EQ(heard, Log{});
-    list.SetVisible(true);
-    EXPECT_EQ(heard, Log({"r0 ticked", "r1 ticked"}));
-}
-
-TEST_F(Accessibility, NothingIsAnnouncedWhileNobodyListens) {
-    view.IsHeard = [] { return false; };
-    list.SetSelected(1, true);
-    list.SetVisible(false);
-    list.SetSelected(2, true);
-    list.SetVisible(true);
-    EXPECT_EQ(heard, Log{});
-}
-
-TEST_F(Accessibility, ABulkChangeOfThousandsOfRowsTellsOnlyOfThoseInView) {
     Fill(32767);
+    list.ItemCheck = {};
     list.SetVisible(false);
     for (int row = 0; row < list.ListCount(); ++row) {
         list.SetSelected(row, true);
     }
+    list.SetSelected(1, false);
+    EXPECT_EQ(heard, Log{});
     list.SetVisible(true);
     ASSERT_GT(heard.size(), 5u);
     EXPECT_LT(heard.size(), 60u);
     EXPECT_EQ(heard[0], "r0 ticked");
+    EXPECT_EQ(heard[1], "r2 ticked");
+}
+
+TEST_F(Accessibility, NothingIsAnnouncedWhileNobodyListens) {
+    view.IsHeard = [] { return false; };
+    list.ItemCheck = {};
+    list.SetSelected(1, true);
+    list.SetVisible(false);
+    list.SetSelected(2, true);
+    list.SetVisible(true);
+    EXPECT_EQ(heard, Log{});
 }
 
 TEST_F(Accessibility, RowsFilledDuringABulkChangeAreNotTakenForTheEarlierOnes) {
+    list.ItemCheck = {};
     list.SetVisible(false);
     Fill(2, true);
     list.SetSelected(0, false);
@@ -131,50 +124,34 @@ TEST_F(Accessibility, RowsFilledDuringABulkChangeAreNotTakenForTheEarlierOnes) {
     EXPECT_TRUE(Row(1)->state().checked);
 }
 
-TEST_F(Accessibility, AScreenReadersToggleIsAUsersTick) {
-    Log log;
-    list.Click = [&] { log.push_back("Click " + std::to_string(list.ListIndex())); };
-    list.ItemCheck = [&](int row) { log.push_back("ItemCheck " + std::to_string(row)); };
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    EXPECT_EQ(log, Log({"Click 2", "ItemCheck 2", "Click 2"}));
-    EXPECT_TRUE(list.Selected(2));
-    EXPECT_EQ(heard, Log({"r2 ticked"}));
-}
-
-TEST_F(Accessibility, ARowThatAScreenReaderFocusesBecomesCurrent) {
+TEST_F(Accessibility, AScreenReadersActionsAreAUsersWhileTheListIsOfUse) {
     list.SetListIndex(0);
-    Log log;
-    list.Click = [&] { log.push_back("Click " + std::to_string(list.ListIndex())); };
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_EQ(log, Log({"Click 2"}));
+    heard.clear();
+    for (const auto set : {&Control::SetEnabled, &Control::SetVisible}) {
+        (list.*set)(false);
+        Do(2, toggle);
+        Do(2, focus);
+        EXPECT_EQ(Row(2)->state().disabled, !list.Enabled());
+        (list.*set)(true);
+    }
+    EXPECT_EQ(heard, Log{});
+    Do(2, focus);
+    EXPECT_EQ(heard, Log({"Click 2"}));
     EXPECT_TRUE(Row(2)->state().selected);
     EXPECT_FALSE(Row(0)->state().selected);
     EXPECT_FALSE(list.Selected(2));
+    heard.clear();
+    Do(1, toggle);
+    EXPECT_EQ(heard, Log({"Click 1", "r1 ticked", "ItemCheck 1", "Click 1"}));
+    EXPECT_TRUE(list.Selected(1));
 }
 
-TEST_F(Accessibility, AScreenReaderCannotActOnADisabledOrHiddenList) {
-    list.SetListIndex(0);
-    list.SetEnabled(false);
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_TRUE(Row(2)->state().disabled);
-    list.SetEnabled(true);
-    list.SetVisible(false);
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-    Row(2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_FALSE(list.Selected(2));
-    EXPECT_EQ(list.ListIndex(), 0);
-}
-
-TEST_F(Accessibility, ARowIsWhereItIsOnTheScreen) {
+TEST_F(Accessibility, ARowIsWhereItIsOnTheScreenAndSaysWhenItIsOutOfView) {
     const QRect row = view.visualRect(view.model()->index(2, 0));
     EXPECT_EQ(Row(2)->rect(), QRect(view.viewport()->mapToGlobal(row.topLeft()), row.size()));
     const QPoint middle = Row(2)->rect().center();
     EXPECT_EQ(Interface()->indexOfChild(Interface()->childAt(middle.x(), middle.y())), 2);
     EXPECT_EQ(Row(2)->parent(), Interface());
-}
-
-TEST_F(Accessibility, ARowOutOfViewSaysSo) {
     Fill(1000);
     EXPECT_FALSE(Row(0)->state().offscreen);
     EXPECT_TRUE(Row(900)->state().offscreen);
@@ -184,13 +161,13 @@ TEST_F(Accessibility, RowsThatAreGoneAreNotValidAndHarmNobody) {
     QAccessibleInterface* gone = Row(3);
     QAccessibleInterface* replaced = Row(0);
     const QAccessible::Id id = QAccessible::uniqueId(replaced);
-    list.Fill({{QStringLiteral("new"), true}});
+    list.Fill({{u"new"_s, true}});
     EXPECT_FALSE(gone->isValid());
     EXPECT_TRUE(gone->state().invalid);
     EXPECT_FALSE(replaced->isValid());
-    replaced->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    replaced->actionInterface()->doAction(toggle);
     EXPECT_TRUE(list.Selected(0));
-    EXPECT_EQ(Row(0)->text(QAccessible::Name), QStringLiteral("new"));
+    EXPECT_EQ(Row(0)->text(QAccessible::Name), u"new"_s);
     EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
     EXPECT_EQ(Row(1), nullptr);
     EXPECT_EQ(Row(-1), nullptr);
@@ -199,12 +176,11 @@ TEST_F(Accessibility, RowsThatAreGoneAreNotValidAndHarmNobody) {
 TEST_F(Accessibility, AListThatGetsTheFocusTellsItsCurrentRow) {
     std::vector<int> focused;
     view.AnnounceFocus = [&](int row) { focused.push_back(row); };
-    QApplication::setActiveWindow(&window);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    QCoreApplication::processEvents();
     view.clearFocus();
     list.SetListIndex(2);
-    focused.clear();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(focused, std::vector<int>{});
+    EXPECT_EQ(Interface()->focusChild(), nullptr);
     list.SetFocus();
     QCoreApplication::processEvents();
     EXPECT_EQ(focused, std::vector<int>({2}));
@@ -213,7 +189,7 @@ TEST_F(Accessibility, AListThatGetsTheFocusTellsItsCurrentRow) {
 }
 
 TEST_F(Accessibility, AProgressBarTellsItsShare) {
-    QtProgressControl progress(&window, QStringLiteral("prgCopy"));
+    QtProgressControl progress(&window, u"prgCopy"_s);
     progress.Move(0, 4500, 3000, 150);
     progress.SetMax(32000000000.0F);
     progress.SetValue(8000000000.0F);
@@ -227,13 +203,10 @@ TEST_F(Accessibility, AProgressBarTellsItsShare) {
 }
 
 TEST_F(Accessibility, LabelsAndButtonsSpeakWhatTheyShow) {
-    QtLabelControl label(&window, QStringLiteral("lblFullName"),
-                         QStringLiteral("Simon && Garfunkel"));
-    QtButtonControl button(&window, QStringLiteral("cmdCopy"), QStringLiteral("&Cancel"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(label.Widget())->text(QAccessible::Name),
-              QStringLiteral("Simon & Garfunkel"));
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(button.Widget())->text(QAccessible::Name),
-              QStringLiteral("Cancel"));
+    const QtLabelControl label(&window, u"lblFullName"_s, u"Simon && Garfunkel"_s);
+    const QtButtonControl button(&window, u"cmdCopy"_s, u"&Cancel"_s);
+    EXPECT_EQ(NameOf(label.Widget()), u"Simon & Garfunkel"_s);
+    EXPECT_EQ(NameOf(button.Widget()), u"Cancel"_s);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include <gtest/gtest.h>
+
 namespace QtInput {
 
 namespace {
@@ -19,6 +21,18 @@ QPoint InWindow(const QWidget& widget, QPoint position) {
 }
 
 } // namespace
+
+void ShowActive(QWidget& window) {
+    window.show();
+    QApplication::setActiveWindow(&window);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+void Settle() {
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::processEvents();
+    }
+}
 
 void Press(QWidget& widget, QPoint position, Qt::MouseButton button) {
     QTest::mousePress(WindowOf(widget), button, {}, InWindow(widget, position));

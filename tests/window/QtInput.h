@@ -1,12 +1,19 @@
 #pragma once
 
+#include <QApplication>
 #include <QListView>
-#include <QPoint>
+#include <QObject>
+#include <QPaintEvent>
 #include <QWidget>
 
 /// The mouse and the keys of a user, at the window: the events find their widget as they do in
 /// front of a screen.
 namespace QtInput {
+
+/// Shows a window, and waits until keys reach it.
+void ShowActive(QWidget& window);
+/// Lets everything be painted that is to be.
+void Settle();
 
 /// Positions are in pixels from the widget's top left corner.
 void Press(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton);
@@ -26,3 +33,21 @@ QPoint TextOf(const QListView& list, int row);
 QPoint CheckBoxOf(const QListView& list, int row);
 
 } // namespace QtInput
+
+/// Remembers what a widget paints from now on.
+class PaintSpy : public QObject {
+public:
+    int Paints = 0;
+    QRegion Painted;
+
+    explicit PaintSpy(QWidget* widget) { widget->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            ++Paints;
+            Painted += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};

@@ -13,14 +13,34 @@
 #include "tests/window/ControlKit.h"
 #include "tests/window/QtInput.h"
 
-#include <QApplication>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-class QtKit : public ControlKit {
+struct RealControls {
+    QWidget window;
+    QtListControl list{&window, u"list"_s}, otherList{&window, u"otherList"_s};
+    QtComboControl combo{&window, u"combo"_s};
+    QtTextControl text{&window, u"text"_s};
+    QtLabelControl label{&window, u"label"_s};
+    QtButtonControl button{&window, u"button"_s};
+    QtCheckControl check{&window, u"check"_s, u"Artist"_s};
+    QtTabsControl tabs{&window, u"tabs"_s, {u"All Files"_s, u"Audio"_s, u"Video"_s}};
+    QtProgressControl progress{&window, u"progress"_s};
+    QtPictureControl picture{&window, u"picture"_s};
+    QtHandleControl handle{&window, u"handle"_s};
+    QtFrameControl frame{&window, u"frame"_s, u"Frame"_s};
+    QtButtonControl buttonInFrame{frame.Widget(), u"buttonInFrame"_s};
+    QtTimer timer{1};
+};
+
+class QtKit : private RealControls, public ControlKit {
 public:
-    QtKit() {
+    QtKit()
+        : ControlKit({list, otherList, combo, text, label, button, check, tabs, progress, picture,
+                      handle, frame, buttonInFrame, timer}) {
         window.resize(800, 600);
         list.Move(150, 150, 3000, 3000);
         otherList.Move(3300, 150, 3000, 3000);
@@ -35,27 +55,8 @@ public:
         handle.Move(4200, 3900, 45, 3000);
         frame.Move(6450, 3900, 3000, 1500);
         buttonInFrame.Move(300, 450, 2400, 450);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        if (!QTest::qWaitForWindowActive(&window)) {
-            ADD_FAILURE() << "the window is not active";
-        }
+        QtInput::ShowActive(window);
     }
-
-    ListControl& List() override { return list; }
-    ListControl& OtherList() override { return otherList; }
-    ComboControl& Combo() override { return combo; }
-    TextControl& Text() override { return text; }
-    LabelControl& Label() override { return label; }
-    ButtonControl& Button() override { return button; }
-    CheckControl& Check() override { return check; }
-    TabsControl& Tabs() override { return tabs; }
-    ProgressControl& Progress() override { return progress; }
-    PictureControl& Picture() override { return picture; }
-    HandleControl& Handle() override { return handle; }
-    Control& Frame() override { return frame; }
-    TimerControl& Timer() override { return timer; }
-    ButtonControl& ButtonInFrame() override { return buttonInFrame; }
 
     WindowHandle FocusedControl() override {
         return ControlWidget::ControlOf(QApplication::focusWidget());
@@ -75,9 +76,10 @@ public:
         QtInput::MoveTo(window, QPoint(0, 0));
         QtInput::MoveTo(View(target), QPoint(pixelsX, pixelsY));
     }
-    void PressSpace(ListControl& target) override { PressKey(target, Qt::Key_Space); }
-    void PressDown(ListControl& target) override { PressKey(target, Qt::Key_Down); }
-    void PressUp(ListControl& target) override { PressKey(target, Qt::Key_Up); }
+    void PressKey(ListControl& target, Qt::Key key) override {
+        target.SetFocus();
+        QtInput::Key(window, key);
+    }
 
     void OpenCombo() override { ClickMiddle(*combo.Widget()); }
     void ChooseEntry(int index) override {
@@ -111,33 +113,10 @@ public:
     void LetTimePass() override { QTest::qWait(50); }
 
 private:
-    QWidget window;
-    QtListControl list{&window, QStringLiteral("list")};
-    QtListControl otherList{&window, QStringLiteral("otherList")};
-    QtComboControl combo{&window, QStringLiteral("combo")};
-    QtTextControl text{&window, QStringLiteral("text")};
-    QtLabelControl label{&window, QStringLiteral("label")};
-    QtButtonControl button{&window, QStringLiteral("button")};
-    QtCheckControl check{&window, QStringLiteral("check"), QStringLiteral("Artist")};
-    QtTabsControl tabs{
-        &window,
-        QStringLiteral("tabs"),
-        {QStringLiteral("All Files"), QStringLiteral("Audio"), QStringLiteral("Video")}};
-    QtProgressControl progress{&window, QStringLiteral("progress")};
-    QtPictureControl picture{&window, QStringLiteral("picture")};
-    QtHandleControl handle{&window, QStringLiteral("handle")};
-    QtFrameControl frame{&window, QStringLiteral("frame"), QStringLiteral("Frame")};
-    QtTimer timer{1};
-    QtButtonControl buttonInFrame{frame.Widget(), QStringLiteral("buttonInFrame")};
-
     static QListView& View(ListControl& target) {
         return *static_cast<QtListControl&>(target).Widget();
     }
     static void ClickMiddle(QWidget& widget) { QtInput::Click(widget, widget.rect().center()); }
-    void PressKey(ListControl& target, Qt::Key key) {
-        target.SetFocus();
-        QtInput::Key(window, key);
-    }
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the controls look like: sharp, whole and telling, in the colours of the desktop.
+// What the controls look like: whole and telling, in the colours of the desktop.
 
 #include "platform/qt/BoxPalette.h"
 #include "platform/qt/QtComboControl.h"
@@ -11,16 +11,38 @@
 #include "tests/window/QtInput.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QHelpEvent>
-#include <QTest>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+using namespace Qt::StringLiterals;
 
 namespace {
+
+TEST(Contrast, IsThatOfTheAccessibilityGuidelines) {
+    EXPECT_NEAR(Contrast(Qt::white, Qt::black), 21, 0.001);
+    EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.001);
+    EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.478, 0.001);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::green), 2.914, 0.001);
+    EXPECT_NEAR(Contrast(Qt::blue, Qt::black), 2.444, 0.001);
+    EXPECT_NEAR(Contrast(QColor(10, 10, 10), Qt::black), 1.061, 0.001);
+}
+
+TEST(SelectionColour, GivesWayUntilItsTextCanBeRead) {
+    for (const auto& [ground, text] :
+         {std::pair(QColor(120, 160, 220), QColor(Qt::white)), {QColor(90, 90, 90), Qt::black}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Highlight, ground);
+        palette.setColor(QPalette::HighlightedText, text);
+        palette = WithReadableSelection(palette);
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            const double contrast = Contrast(palette.color(group, QPalette::Highlight), text);
+            EXPECT_GE(contrast, 4.5);
+            EXPECT_LT(contrast, 5.2); // and no further
+        }
+    }
+}
 
 class QtLooks : public testing::Test {
 protected:
@@ -28,78 +50,46 @@ protected:
 
     void Show() {
         window.resize(600, 400);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QtInput::ShowActive(window);
     }
 
     static QImage Picture(QWidget& widget) { return widget.grab().toImage(); }
 
-    /// How the picture looks on a ground, at a scale of the screen.
-    static QImage Player(QtPictureControl& picture, QColor ground, qreal ratio) {
-        QImage image(QSize(32, 40) * ratio, QImage::Format_RGB32);
+    /// What a widget paints at a scale of the screen.
+    static QImage AtScale(QWidget& widget, qreal ratio, QColor ground = Qt::white) {
+        QImage image(widget.size() * ratio, QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
         image.fill(ground);
-        picture.Widget()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
-    }
-
-    /// How many pixels from `start` in the direction `step` something stands out from the ground.
-    static int DistanceToSign(const QImage& image, QColor ground, QPoint start, QPoint step) {
-        int distance = 0;
-        while (image.valid(start) && Contrast(image.pixelColor(start), ground) < 3) {
-            start += step;
-            ++distance;
-        }
-        return distance;
-    }
-
-    static void HoverOver(QWidget& widget, QPoint position) {
-        QHelpEvent event(QEvent::ToolTip, position, widget.mapToGlobal(position));
-        QCoreApplication::sendEvent(&widget, &event);
     }
 };
 
-TEST_F(QtLooks, ThePlayersEdgesStandOutInLightAndDarkAtEveryScale) {
-    QtPictureControl picture(&window, QStringLiteral("Picture1"));
+TEST_F(QtLooks, TheEdgesOfThePlayersPictureStandOutInLightAndDarkAtEveryScale) {
+    QtPictureControl picture(&window, u"Picture1"_s);
     picture.Move(0, 0, 480, 600);
     picture.ShowDevice();
     for (const QColor& ground : {QColor(239, 239, 239), QColor(45, 47, 51)}) {
         for (const qreal ratio : {1.0, 1.25, 1.5, 2.0}) {
-            const QImage player = Player(picture, ground, ratio);
-            const QPoint top(player.width() / 2, 0), left(0, player.height() / 2);
-            const QPoint bottom(top.x(), player.height() - 1), right(player.width() - 1, left.y());
-            // The ground around it is as wide as a line above and below it, and four beside it.
-            EXPECT_LE(DistanceToSign(player, ground, top, {0, 1}), std::ceil(2 * ratio)) << ratio;
-            EXPECT_LE(DistanceToSign(player, ground, bottom, {0, -1}), std::ceil(2 * ratio))
-                << ratio;
-            EXPECT_LE(DistanceToSign(player, ground, left, {1, 0}), std::ceil(5 * ratio)) << ratio;
-            EXPECT_LE(DistanceToSign(player, ground, right, {-1, 0}), std::ceil(5 * ratio))
-                << ratio;
+            const QImage player = AtScale(*picture.Widget(), ratio, ground);
+            QRect seen;
+            for (int y = 0; y < player.height(); ++y) {
+                for (int x = 0; x < player.width(); ++x) {
+                    if (Contrast(player.pixelColor(x, y), ground) >= 3) {
+                        seen |= QRect(x, y, 1, 1);
+                    }
+                }
+            }
+            // It fills the height, and is as slim as a player.
+            EXPECT_GE(seen.height(), 36 * ratio) << ratio;
+            EXPECT_GE(seen.width(), 22 * ratio) << ratio;
+            EXPECT_LE(seen.width(), 28 * ratio) << ratio;
         }
-    }
-}
-
-TEST_F(QtLooks, ThePlayerIsSharpAtWholeScales) {
-    const QColor line(0x56, 0x62, 0x6a);
-    QtPictureControl picture(&window, QStringLiteral("Picture1"));
-    picture.Move(0, 0, 480, 600);
-    picture.ShowDevice();
-    for (const int ratio : {1, 2, 3}) {
-        const QImage player = Player(picture, Qt::white, ratio);
-        const QPoint middle(player.width() / 2, player.height() / 2);
-        for (int i = 0; i < ratio; ++i) {
-            EXPECT_EQ(player.pixelColor(middle.x(), ratio + i), line) << ratio;
-            EXPECT_EQ(player.pixelColor(middle.x(), 38 * ratio + i), line) << ratio;
-            EXPECT_EQ(player.pixelColor(4 * ratio + i, middle.y()), line) << ratio;
-            EXPECT_EQ(player.pixelColor(27 * ratio + i, middle.y()), line) << ratio;
-        }
-        EXPECT_EQ(player.pixelColor(middle.x(), ratio - 1), QColor(Qt::white)) << ratio;
     }
 }
 
 TEST_F(QtLooks, ThePictureShowsThePlayerWhileThereIsADevice) {
-    QtPictureControl picture(&window, QStringLiteral("Picture1"));
+    QtPictureControl picture(&window, u"Picture1"_s);
     picture.Move(0, 0, 480, 600);
     Show();
     const QImage empty = Picture(*picture.Widget());
@@ -110,9 +100,9 @@ TEST_F(QtLooks, ThePictureShowsThePlayerWhileThereIsADevice) {
 }
 
 TEST_F(QtLooks, ALongEntryEndsInDotsAndIsWholeInTheOpenList) {
-    QtComboControl combo(&window, QStringLiteral("Combo1"));
+    QtComboControl combo(&window, u"Combo1"_s);
     combo.Move(0, 0, 3000, 450);
-    combo.AddItem(QString(60, QLatin1Char('W')));
+    combo.AddItem(u"W"_s.repeated(60));
     combo.SetText(combo.List(0));
     Show();
     const QImage box = Picture(*combo.Widget());
@@ -130,65 +120,64 @@ TEST_F(QtLooks, ALongEntryEndsInDotsAndIsWholeInTheOpenList) {
 }
 
 TEST_F(QtLooks, WithoutAnEntryTheBoxTellsWhatItIsForAndItsTextStaysEmpty) {
-    QtComboControl combo(&window, QStringLiteral("Combo1"));
+    QtComboControl combo(&window, u"Combo1"_s);
     combo.Move(0, 0, 3000, 450);
     Show();
     const QImage empty = Picture(*combo.Widget());
-    combo.Widget()->setPlaceholderText(QStringLiteral("iPod"));
+    combo.Widget()->setPlaceholderText(u"iPod"_s);
     EXPECT_NE(Picture(*combo.Widget()), empty);
     EXPECT_EQ(combo.Text(), QString());
 }
 
-TEST_F(QtLooks, TheListThatHasTheFocusIsTheBrightOne) {
-    QtListControl list(&window, QStringLiteral("lstArtists"));
-    QtListControl other(&window, QStringLiteral("lstAlbums"));
+TEST_F(QtLooks, TheCurrentRowIsBrightInTheListThatHasTheFocusAndTintedInTheOthers) {
+    QtListControl list(&window, u"lstArtists"_s);
+    QtListControl other(&window, u"lstAlbums"_s);
     list.Move(0, 0, 3000, 3000);
     other.Move(3000, 0, 3000, 3000);
     Show();
-    list.Fill({{QStringLiteral("row"), false}});
+    list.Fill({{u"row"_s}});
     list.SetListIndex(0);
     const auto colourOfRow = [&list] {
-        const QPoint end = QtInput::TextOf(*list.Widget(), 0);
-        return Picture(*list.Widget()).pixelColor(end);
+        return Picture(*list.Widget()).pixelColor(QtInput::TextOf(*list.Widget(), 0));
     };
-    const QColor highlight = window.palette().color(QPalette::Highlight);
-    // Styles shade the colour a little.
-    const auto distance = [&highlight](const QColor& colour) {
-        return std::abs(colour.red() - highlight.red()) +
-               std::abs(colour.green() - highlight.green()) +
-               std::abs(colour.blue() - highlight.blue());
-    };
+    const QColor bright = window.palette().color(QPalette::Highlight);
     list.SetFocus();
-    EXPECT_LT(distance(colourOfRow()), 10);
+    EXPECT_LT(Contrast(colourOfRow(), bright), 1.1); // styles shade the colour a little
     other.SetFocus();
-    EXPECT_GT(distance(colourOfRow()), 60);
+    const double tint = Contrast(colourOfRow(), bright);
+    EXPECT_GT(tint, 1.5);
     EXPECT_NE(colourOfRow(), window.palette().color(QPalette::Base));
+    list.SetEnabled(false);
+    EXPECT_GT(Contrast(colourOfRow(), bright), tint);
 }
 
 TEST_F(QtLooks, TheProgressBarKeepsItsOutlineAtEveryScale) {
-    QtProgressControl progress(&window, QStringLiteral("prgCopy"));
+    QtProgressControl progress(&window, u"prgCopy"_s);
     progress.Move(0, 0, 3000, 210); // 200 x 14 pixels
     QPalette palette;
     palette.setColor(QPalette::Mid, Qt::black);
     palette.setColor(QPalette::Highlight, Qt::blue);
+    palette.setColor(QPalette::Base, Qt::yellow);
     progress.Widget()->setPalette(palette);
     progress.SetMax(100);
-    progress.SetValue(100);
+    progress.SetValue(75);
     Show();
     for (const qreal ratio : {1.0, 1.5, 2.0}) {
-        QImage bar(QSize(200, 14) * ratio, QImage::Format_RGB32);
-        bar.setDevicePixelRatio(ratio);
-        progress.Widget()->render(&bar);
-        const int x = bar.width() / 2;
-        EXPECT_EQ(bar.pixelColor(x, 0), QColor(Qt::black)) << ratio;
-        EXPECT_EQ(bar.pixelColor(x, bar.height() / 2), QColor(Qt::blue)) << ratio;
-        EXPECT_EQ(bar.pixelColor(x, bar.height() - 1), QColor(Qt::black)) << ratio;
-        EXPECT_EQ(bar.pixelColor(bar.width() - 1, 10), QColor(Qt::black)) << ratio;
+        const QImage bar = AtScale(*progress.Widget(), ratio);
+        const auto colour = [&bar](double across, double down) {
+            return bar.pixelColor(int(across * (bar.width() - 1)), int(down * (bar.height() - 1)));
+        };
+        EXPECT_EQ(colour(0.5, 0), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(colour(0.5, 1), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(colour(0, 0.5), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(colour(1, 0.5), QColor(Qt::black)) << ratio;
+        EXPECT_EQ(colour(0.7, 0.5), QColor(Qt::blue)) << ratio;
+        EXPECT_EQ(colour(0.8, 0.5), QColor(Qt::yellow)) << ratio;
     }
 }
 
 TEST_F(QtLooks, TheCaptionOfAFrameKeepsOffWhatStandsAboveIt) {
-    QtFrameControl frame(&window, QStringLiteral("frmDP"), QStringLiteral("Sort by Folders:"));
+    QtFrameControl frame(&window, u"frmDP"_s, u"Sort by Folders:"_s);
     frame.SetWidth(3000);
     Show();
     const auto dark = [picture = Picture(*frame.Widget())](int top, int bottom) {
@@ -204,23 +193,19 @@ TEST_F(QtLooks, TheCaptionOfAFrameKeepsOffWhatStandsAboveIt) {
     EXPECT_GT(dark(6, frame.Widget()->height()), 50);
 }
 
-TEST_F(QtLooks, ATabShowsAToolTipOfItsOwn) {
-    QtTabsControl tabs(&window, QStringLiteral("tbsFilter"),
-                       {QStringLiteral("All Files"), QStringLiteral("Audio")});
-    tabs.Widget()->setTabToolTip(1, QStringLiteral("What the iPod calls audio"));
+TEST_F(QtLooks, ATabAndAMenuEntryShowToolTipsOfTheirOwn) {
+    QtTabsControl tabs(&window, u"tbsFilter"_s, {u"All Files"_s, u"Audio"_s});
+    tabs.Widget()->setTabToolTip(1, u"What the iPod calls audio"_s);
+    QtPopupMenu menu(&window, u"mnuPopup"_s, u"mnuPreview"_s, u"Preview"_s);
     Show();
-    HoverOver(*tabs.Widget(), tabs.Widget()->tabRect(1).center());
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("What the iPod calls audio"));
+    const QPoint place = tabs.Widget()->tabRect(1).center();
+    QHelpEvent hover(QEvent::ToolTip, place, tabs.Widget()->mapToGlobal(place));
+    QCoreApplication::sendEvent(tabs.Widget(), &hover);
+    EXPECT_EQ(QToolTip::text(), u"What the iPod calls audio"_s);
     QToolTip::hideText();
-}
-
-TEST_F(QtLooks, AMenuEntryShowsAToolTipOnlyWhereItIsGivenOne) {
-    QtPopupMenu menu(&window, QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
-                     QStringLiteral("Preview"));
-    const auto* entry = window.findChild<QAction*>(QStringLiteral("mnuPreview"));
     EXPECT_FALSE(window.findChild<QMenu*>()->toolTipsVisible());
-    menu.SetEntryToolTip(QStringLiteral("Plays it"));
-    EXPECT_EQ(entry->toolTip(), QStringLiteral("Plays it"));
+    menu.SetEntryToolTip(u"Plays it"_s);
+    EXPECT_EQ(window.findChild<QAction*>(u"mnuPreview"_s)->toolTip(), u"Plays it"_s);
     EXPECT_TRUE(window.findChild<QMenu*>()->toolTipsVisible());
 }
 

@@ -13,138 +13,135 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Boxes over a window, with a user who answers each of them.
 class MessageTest : public testing::Test {
 protected:
+    using Act = std::function<void(QMessageBox&)>;
+
     QWidget window;
     QtMessages messages{&window};
 
-    /// Shows a message and lets the user do `act` with the box.
-    MessageAnswer Ask(const QString& text, MessageButtons buttons,
-                      const std::function<void(QMessageBox&)>& act) {
+    /// Shows a message and lets the user do `act` with the box, and close it if it still stands.
+    MessageAnswer Ask(const QString& text, MessageButtons buttons, const Act& act,
+                      MessageIcon icon = MessageIcon::Question) {
         QTimer::singleShot(0, [act] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
+            EXPECT_TRUE(box->isModal());
             act(*box);
+            box->close();
         });
-        return messages.Show(text, QStringLiteral("Songlift"), buttons, MessageIcon::Question);
+        return messages.Show(text, u"Songlift"_s, buttons, icon);
     }
-    MessageAnswer AnswerByKey(MessageButtons buttons, Qt::Key key) {
-        return Ask(QStringLiteral("text"), buttons,
-                   [key](QMessageBox& box) { QTest::keyClick(&box, key); });
+
+    static Act ByKey(Qt::Key key) {
+        return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
     }
-    MessageAnswer AnswerByButton(MessageButtons buttons, const char* caption) {
-        return Ask(QStringLiteral("text"), buttons, [caption](QMessageBox& box) {
+    static Act ByButton(const QString& caption) {
+        return [caption](QMessageBox& box) {
             for (QAbstractButton* button : box.buttons()) {
-                if (button->text() == QString::fromLatin1(caption)) {
+                if (button->text() == caption) {
                     button->click();
                     return;
                 }
             }
-            ADD_FAILURE() << "no button " << caption;
-            box.reject();
-        });
+            ADD_FAILURE() << "no button " << caption.toStdString();
+        };
     }
 };
 
-TEST_F(MessageTest, EveryButtonHasItsAnswer) {
-    EXPECT_EQ(AnswerByButton(MessageButtons::OK, "&OK"), MessageAnswer::OK);
-    EXPECT_EQ(AnswerByButton(MessageButtons::OKCancel, "&OK"), MessageAnswer::OK);
-    EXPECT_EQ(AnswerByButton(MessageButtons::OKCancel, "&Cancel"), MessageAnswer::Cancel);
-    EXPECT_EQ(AnswerByButton(MessageButtons::YesNo, "&Yes"), MessageAnswer::Yes);
-    EXPECT_EQ(AnswerByButton(MessageButtons::YesNo, "&No"), MessageAnswer::No);
-    EXPECT_EQ(AnswerByButton(MessageButtons::RetryCancel, "&Retry"), MessageAnswer::Retry);
-    EXPECT_EQ(AnswerByButton(MessageButtons::RetryCancel, "&Cancel"), MessageAnswer::Cancel);
-    EXPECT_EQ(AnswerByButton(MessageButtons::AbortRetryIgnore, "&Abort"), MessageAnswer::Abort);
-    EXPECT_EQ(AnswerByButton(MessageButtons::AbortRetryIgnore, "&Retry"), MessageAnswer::Retry);
-    EXPECT_EQ(AnswerByButton(MessageButtons::AbortRetryIgnore, "&Ignore"), MessageAnswer::Ignore);
+TEST_F(MessageTest, EveryButtonHasItsAnswerEnterGoesOnAndClosingIsTheMostCarefulAnswer) {
+    using Answer = MessageAnswer;
+    struct Case {
+        MessageButtons Buttons;
+        std::vector<std::pair<QString, Answer>> Captions;
+        Answer Enter, Closed;
+    };
+    const Case cases[] = {{MessageButtons::OK, {{u"&OK"_s, Answer::OK}}, Answer::OK, Answer::OK},
+                          {MessageButtons::OKCancel,
+                           {{u"&OK"_s, Answer::OK}, {u"&Cancel"_s, Answer::Cancel}},
+                           Answer::OK,
+                           Answer::Cancel},
+                          {MessageButtons::YesNo,
+                           {{u"&Yes"_s, Answer::Yes}, {u"&No"_s, Answer::No}},
+                           Answer::Yes,
+                           Answer::No},
+                          {MessageButtons::RetryCancel,
+                           {{u"&Retry"_s, Answer::Retry}, {u"&Cancel"_s, Answer::Cancel}},
+                           Answer::Retry,
+                           Answer::Cancel},
+                          {MessageButtons::AbortRetryIgnore,
+                           {{u"&Abort"_s, Answer::Abort},
+                            {u"&Retry"_s, Answer::Retry},
+                            {u"&Ignore"_s, Answer::Ignore}},
+                           Answer::Retry,
+                           Answer::Abort}};
+    for (const auto& [buttons, captions, enter, closed] : cases) {
+        for (const auto& [caption, answer] : captions) {
+            EXPECT_EQ(Ask({}, buttons, ByButton(caption)), answer) << caption.toStdString();
+        }
+        EXPECT_EQ(Ask({}, buttons, ByKey(Qt::Key_Return)), enter);
+        EXPECT_EQ(Ask({}, buttons, ByKey(Qt::Key_Escape)), closed);
+        EXPECT_EQ(Ask({}, buttons, [](QMessageBox&) {}), closed);
+    }
 }
 
-TEST_F(MessageTest, EscapeGivesTheMostCarefulAnswer) {
-    EXPECT_EQ(AnswerByKey(MessageButtons::OK, Qt::Key_Escape), MessageAnswer::OK);
-    EXPECT_EQ(AnswerByKey(MessageButtons::OKCancel, Qt::Key_Escape), MessageAnswer::Cancel);
-    EXPECT_EQ(AnswerByKey(MessageButtons::YesNo, Qt::Key_Escape), MessageAnswer::No);
-    EXPECT_EQ(AnswerByKey(MessageButtons::RetryCancel, Qt::Key_Escape), MessageAnswer::Cancel);
-    EXPECT_EQ(AnswerByKey(MessageButtons::AbortRetryIgnore, Qt::Key_Escape), MessageAnswer::Abort);
-}
-
-TEST_F(MessageTest, ClosingTheBoxGivesTheMostCarefulAnswer) {
-    const auto close = [](QMessageBox& box) { box.close(); };
-    const QString text = QStringLiteral("text");
-    EXPECT_EQ(Ask(text, MessageButtons::OK, close), MessageAnswer::OK);
-    EXPECT_EQ(Ask(text, MessageButtons::OKCancel, close), MessageAnswer::Cancel);
-    EXPECT_EQ(Ask(text, MessageButtons::YesNo, close), MessageAnswer::No);
-    EXPECT_EQ(Ask(text, MessageButtons::RetryCancel, close), MessageAnswer::Cancel);
-    EXPECT_EQ(Ask(text, MessageButtons::AbortRetryIgnore, close), MessageAnswer::Abort);
-}
-
-TEST_F(MessageTest, EnterGoesOn) {
-    EXPECT_EQ(AnswerByKey(MessageButtons::OK, Qt::Key_Return), MessageAnswer::OK);
-    EXPECT_EQ(AnswerByKey(MessageButtons::OKCancel, Qt::Key_Return), MessageAnswer::OK);
-    EXPECT_EQ(AnswerByKey(MessageButtons::YesNo, Qt::Key_Return), MessageAnswer::Yes);
-    EXPECT_EQ(AnswerByKey(MessageButtons::RetryCancel, Qt::Key_Return), MessageAnswer::Retry);
-    EXPECT_EQ(AnswerByKey(MessageButtons::AbortRetryIgnore, Qt::Key_Return), MessageAnswer::Retry);
-}
-
-TEST_F(MessageTest, ShowsMarkupAsItIsAndBreaksTheLineAtACarriageReturn) {
-    Ask(QStringLiteral("drive E: to copy all\rof the <b>files</b> & more"), MessageButtons::OK,
-        [](QMessageBox& box) {
+TEST_F(MessageTest, ShowsItsIconAndMarkupAsItIsAndBreaksTheLineAtACarriageReturn) {
+    const std::pair<MessageIcon, QMessageBox::Icon> icons[] = {
+        {MessageIcon::Information, QMessageBox::Information},
+        {MessageIcon::Question, QMessageBox::Question},
+        {MessageIcon::Exclamation, QMessageBox::Warning},
+        {MessageIcon::Critical, QMessageBox::Critical}};
+    for (const auto& [icon, shown] : icons) {
+        const auto expect = [shown = shown](const QMessageBox& box) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.text(),
-                      QStringLiteral("drive E: to copy all\nof the <b>files</b> & more"));
-            EXPECT_EQ(box.windowTitle(), QStringLiteral("Songlift"));
-            EXPECT_EQ(box.icon(), QMessageBox::Question);
-            box.accept();
-        });
+            EXPECT_EQ(box.text(), u"drive E: to copy all\nof the <b>files</b> & more"_s);
+            EXPECT_EQ(box.windowTitle(), u"Songlift"_s);
+            EXPECT_EQ(box.icon(), shown);
+        };
+        Ask(u"drive E: to copy all\rof the <b>files</b> & more"_s, MessageButtons::OK, expect,
+            icon);
+    }
 }
 
-TEST_F(MessageTest, NoPartOfALongPathIsCutOff) {
-    const QString path = QStringLiteral("E:\\iPod_Control\\") + QString(900, QLatin1Char('M'));
-    Ask(QStringLiteral("File not found: \"%1\"").arg(path), MessageButtons::OK,
-        [&](QMessageBox& box) {
-            const QLabel* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-            ASSERT_NE(label, nullptr);
-            EXPECT_TRUE(label->text().remove(QChar(0x200B)).contains(path));
-            EXPECT_LE(box.width(), box.screen()->availableSize().width());
-            EXPECT_GE(label->height(), label->heightForWidth(label->width()));
-            const QRect needed = label->fontMetrics().boundingRect(
-                QRect(0, 0, label->width(), 10000), Qt::TextWordWrap, label->text());
-            EXPECT_LE(needed.width(), label->width());
-            EXPECT_EQ(QAccessible::queryAccessibleInterface(
-                          box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-                          ->text(QAccessible::Name),
-                      QStringLiteral("File not found: \"%1\"").arg(path));
-            box.accept();
-        });
+TEST_F(MessageTest, NoPartOfALongPathIsCutOffAndAScreenReaderHearsIt) {
+    const QString path = u"E:\\iPod_Control\\"_s + u"M"_s.repeated(900);
+    const QString text = u"File not found: \"%1\""_s.arg(path);
+    Ask(text, MessageButtons::OK, [&](QMessageBox& box) {
+        QLabel* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+        ASSERT_NE(label, nullptr);
+        EXPECT_TRUE(label->text().remove(QChar(0x200B)).contains(path));
+        EXPECT_LE(box.width(), box.screen()->availableSize().width());
+        EXPECT_GE(label->width(), box.screen()->availableSize().width() / 2);
+        EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+        const QRect needed = label->fontMetrics().boundingRect(QRect(0, 0, label->width(), 10000),
+                                                               Qt::TextWordWrap, label->text());
+        EXPECT_LE(needed.width(), label->width());
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), text);
+    });
 }
 
 TEST_F(MessageTest, AnAbsurdTextStaysOnTheScreen) {
-    Ask(QString(10000000, QLatin1Char('x')), MessageButtons::OK, [](QMessageBox& box) {
+    Ask(u"x"_s.repeated(10000000), MessageButtons::OK, [](QMessageBox& box) {
         EXPECT_LE(box.width(), box.screen()->availableSize().width());
         EXPECT_LE(box.height(), box.screen()->availableSize().height());
-        box.accept();
     });
 }
 
 TEST_F(MessageTest, StandsOverItsWindowOnlyWhileThatIsSeen) {
-    Ask(QStringLiteral("text"), MessageButtons::OK, [](QMessageBox& box) {
-        EXPECT_EQ(box.parentWidget(), nullptr);
-        box.accept();
-    });
+    const auto expectOver = [this](const QWidget* owner) {
+        Ask({}, MessageButtons::OK,
+            [owner](QMessageBox& box) { EXPECT_EQ(box.parentWidget(), owner); });
+    };
+    expectOver(nullptr);
     window.show();
-    Ask(QStringLiteral("text"), MessageButtons::OK, [this](QMessageBox& box) {
-        EXPECT_EQ(box.parentWidget(), &window);
-        EXPECT_TRUE(box.isModal());
-        box.accept();
-    });
+    expectOver(&window);
     window.showMinimized();
-    Ask(QStringLiteral("text"), MessageButtons::OK, [](QMessageBox& box) {
-        EXPECT_EQ(box.parentWidget(), nullptr);
-        EXPECT_TRUE(box.isModal());
-        box.accept();
-    });
+    expectOver(nullptr);
 }
 
 } // namespace

@@ -17,48 +17,34 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-TEST(QtEventLoop, TheFirstYieldHandlesWhatIsPending) {
-    QtEventLoop events;
-    int handled = 0;
-    QTimer::singleShot(0, [&] { ++handled; });
-    events.Yield();
-    EXPECT_EQ(handled, 1);
-}
-
-TEST(QtEventLoop, AYieldRightAfterAnotherDoesNothingAndALaterOneDoes) {
-    QtEventLoop events;
-    QElapsedTimer clock;
-    clock.start();
-    events.Yield();
-    int handled = 0;
-    QTimer::singleShot(0, [&] { ++handled; });
-    events.Yield();
-    const int handledAtOnce = handled;
-    if (clock.elapsed() < 10) {
-        EXPECT_EQ(handledAtOnce, 0);
+TEST(QtEventLoop, YieldsHandleWhatIsPendingTenMillisecondsAfterWorkOrTheLastYieldBegan) {
+    for (const bool afterYield : {false, true}) {
+        QtEventLoop events;
+        int handled = 0;
+        QElapsedTimer clock;
+        clock.start();
+        if (afterYield) {
+            QTimer::singleShot(0, [&] { ++handled; });
+            events.Yield();
+            EXPECT_EQ(handled, 1);
+            handled = 0;
+        } else {
+            events.BeginWork();
+        }
+        QTimer::singleShot(0, [&] { ++handled; });
+        events.Yield();
+        const int handledAtOnce = handled;
+        if (clock.elapsed() < 10) {
+            EXPECT_EQ(handledAtOnce, 0);
+        }
+        QTest::qSleep(15);
+        events.Yield();
+        EXPECT_EQ(handled, 1);
     }
-    QTest::qSleep(15);
-    events.Yield();
-    EXPECT_EQ(handled, 1);
-}
-
-TEST(QtEventLoop, WorkThatBeginsIsLeftAloneForTenMilliseconds) {
-    QtEventLoop events;
-    QElapsedTimer clock;
-    clock.start();
-    events.BeginWork();
-    int handled = 0;
-    QTimer::singleShot(0, [&] { ++handled; });
-    events.Yield();
-    const int handledAtOnce = handled;
-    if (clock.elapsed() < 10) {
-        EXPECT_EQ(handledAtOnce, 0);
-    }
-    QTest::qSleep(15);
-    events.Yield();
-    EXPECT_EQ(handled, 1);
 }
 
 TEST(QtEventLoop, AMillionYieldsCostNextToNothing) {
@@ -71,7 +57,7 @@ TEST(QtEventLoop, AMillionYieldsCostNextToNothing) {
     EXPECT_LT(clock.elapsed(), 3000);
 }
 
-/// The folder picker, with a user who acts on it.
+/// The folder picker, with a user who acts on it and closes it.
 class FolderPicker : public testing::Test {
 protected:
     QTemporaryDir folder;
@@ -88,41 +74,37 @@ protected:
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
             act(*dialog);
+            if (dialog->isVisible()) {
+                dialog->reject();
+            }
         });
-        return shell.BrowseForFolder(0, QStringLiteral("Select a destination folder:"), start);
+        return shell.BrowseForFolder(0, u"Select a destination folder:"_s, start);
     }
 };
 
-TEST_F(FolderPicker, BeginsInTheFolderThatWasGivenAndShowsThePrompt) {
-    Pick(folder.path(), [&](QFileDialog& dialog) {
+TEST_F(FolderPicker, BeginsInTheFolderThatWasGivenAndShowsThePromptAndCancelledGivesNothing) {
+    const QString picked = Pick(folder.path(), [&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Select a destination folder:"));
+        EXPECT_EQ(dialog.windowTitle(), u"Select a destination folder:"_s);
         EXPECT_EQ(dialog.fileMode(), QFileDialog::Directory);
-        dialog.reject();
     });
-}
-
-TEST_F(FolderPicker, ACancelledPickerGivesNothing) {
-    EXPECT_EQ(Pick(folder.path(), [](QFileDialog& dialog) { dialog.reject(); }), QString());
+    EXPECT_EQ(picked, QString());
 }
 
 TEST_F(FolderPicker, TheChosenFolderIsGiven) {
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("My Music")));
-    const QString music = folder.filePath(QStringLiteral("My Music"));
-    EXPECT_EQ(Pick(folder.path(),
-                   [&](QFileDialog& dialog) {
-                       dialog.selectFile(music);
-                       QMetaObject::invokeMethod(&dialog, "accept");
-                   }),
-              music);
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"My Music"_s));
+    const QString music = folder.filePath(u"My Music"_s);
+    const QString picked = Pick(folder.path(), [&](QFileDialog& dialog) {
+        dialog.selectFile(music);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(picked, music);
 }
 
 TEST_F(FolderPicker, AFolderThatIsMissingOrEmptyPreselectsNothing) {
-    for (const QString& start :
-         {QString(), folder.filePath(QStringLiteral("gone")), QStringLiteral("E:\\Music")}) {
+    for (const QString& start : {QString(), folder.filePath(u"gone"_s), u"E:\\Music"_s}) {
         Pick(start, [](QFileDialog& dialog) {
             EXPECT_EQ(dialog.directory().canonicalPath(), QDir::home().canonicalPath());
-            dialog.reject();
         });
     }
 }
@@ -133,21 +115,20 @@ TEST_F(FolderPicker, TheDocumentsFolderIsAnAbsolutePath) {
 
 TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
     QWidget window;
-    QtLabelControl label(&window, QStringLiteral("lblSearch"));
+    QtLabelControl label(&window, u"lblSearch"_s);
     label.Move(150, 300, 3000, 3000);
     window.show();
-    QtPopupMenu menu(&window, QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
-                     QStringLiteral("Preview"));
+    QtPopupMenu menu(&window, u"mnuPopup"_s, u"mnuPreview"_s, u"Preview"_s);
     int clicks = 0;
     menu.Entry.Click = [&] { ++clicks; };
     menu.PopUp(label, 600, 750);
-    auto* shown = window.findChild<QMenu*>(QStringLiteral("mnuPopup"));
+    auto* shown = window.findChild<QMenu*>(u"mnuPopup"_s);
     ASSERT_NE(shown, nullptr);
     EXPECT_TRUE(shown->isVisible());
     EXPECT_EQ(shown->pos(), window.mapToGlobal(QPoint(50, 70))); // a pixel is 15 twips
     ASSERT_EQ(shown->actions().size(), 1);
-    EXPECT_EQ(shown->actions().constFirst()->text(), QStringLiteral("Preview"));
-    EXPECT_EQ(shown->actions().constFirst()->objectName(), QStringLiteral("mnuPreview"));
+    EXPECT_EQ(shown->actions().constFirst()->text(), u"Preview"_s);
+    EXPECT_EQ(shown->actions().constFirst()->objectName(), u"mnuPreview"_s);
     EXPECT_EQ(clicks, 0);
     QTest::keyClick(shown, Qt::Key_Return); // the one entry is the chosen one
     EXPECT_EQ(clicks, 1);
@@ -155,8 +136,8 @@ TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
 }
 
 TEST(TheHourglass, IsLiftedWhileTheUserIsAskedAndBackAfterwards) {
-    QtWindow window(nullptr, QStringLiteral("Form1"));
-    QtWindow prompt(window.Widget(), QStringLiteral("frmOverwrite"), Qt::Dialog);
+    QtWindow window(nullptr, u"Form1"_s);
+    QtWindow prompt(window.Widget(), u"frmOverwrite"_s, Qt::Dialog);
     QtMessages messages(window.Widget());
     QtShell shell;
     const std::function<void()> questions[] = {
@@ -176,39 +157,32 @@ TEST(TheHourglass, IsLiftedWhileTheUserIsAskedAndBackAfterwards) {
 }
 
 TEST(ShownText, AccessKeysGoAndDoubledAmpersandsBecomeOne) {
-    EXPECT_EQ(ShownText::WithoutAccessKeys(QStringLiteral("&Search")), QStringLiteral("Search"));
-    EXPECT_EQ(ShownText::WithoutAccessKeys(QStringLiteral("Simon && Garfunkel")),
-              QStringLiteral("Simon & Garfunkel"));
-    EXPECT_EQ(ShownText::WithoutAccessKeys(QStringLiteral("a &&&b&")), QStringLiteral("a &b"));
+    EXPECT_EQ(ShownText::WithoutAccessKeys(u"&Search"_s), u"Search"_s);
+    EXPECT_EQ(ShownText::WithoutAccessKeys(u"Simon && Garfunkel"_s), u"Simon & Garfunkel"_s);
+    EXPECT_EQ(ShownText::WithoutAccessKeys(u"a &&&b&"_s), u"a &b"_s);
     EXPECT_EQ(ShownText::WithoutAccessKeys(QString()), QString());
 }
 
-TEST(ShownText, OneLineHasNoBreaksAndNoEndlessNames) {
-    EXPECT_EQ(ShownText::OneLine(QStringLiteral("a\nb\tc\r\u2028d")), QStringLiteral("a b c  d"));
-    EXPECT_EQ(ShownText::OneLine(QString(1000, QLatin1Char('x'))), QString(1000, QLatin1Char('x')));
-    EXPECT_EQ(ShownText::OneLine(QString(1001, QLatin1Char('x'))),
-              QString(1000, QLatin1Char('x')) + QStringLiteral("..."));
-}
-
-TEST(ShownText, ACutTakesNoHalfCharacters) {
-    const QString note = QString::fromUtf8("\xF0\x9F\x8E\xB5");
-    EXPECT_EQ(ShownText::OneLine(QString(999, QLatin1Char('x')) + note),
-              QString(999, QLatin1Char('x')) + QStringLiteral("..."));
+TEST(ShownText, OneLineHasNoBreaksAndNoEndlessNamesAndIsNotCutInsideACharacter) {
+    const QString x999 = u"x"_s.repeated(999);
+    EXPECT_EQ(ShownText::OneLine(u"a\nb\tc\r\u2028d"_s), u"a b c  d"_s);
+    EXPECT_EQ(ShownText::OneLine(x999 + u'x'), x999 + u'x');
+    EXPECT_EQ(ShownText::OneLine(x999 + u"xx"_s), x999 + u"x..."_s);
+    EXPECT_EQ(ShownText::OneLine(x999 + u"\U0001F3B5"_s), x999 + u"..."_s);
 }
 
 TEST(ShownText, AToolTipShowsMarkupAsItIs) {
-    EXPECT_EQ(ShownText::ToolTip(QStringLiteral("<b>A & B</b>")),
-              QStringLiteral("<qt>&lt;b&gt;A &amp; B&lt;/b&gt;</qt>"));
+    EXPECT_EQ(ShownText::ToolTip(u"<b>A & B</b>"_s), u"<qt>&lt;b&gt;A &amp; B&lt;/b&gt;</qt>"_s);
     EXPECT_EQ(ShownText::ToolTip(QString()), QString());
 }
 
 TEST(ShownText, ALongRunOfAMessageCanBeBrokenAndASentenceIsLeftAlone) {
-    const QString run(16, QLatin1Char('x'));
-    EXPECT_EQ(ShownText::Message(run + QStringLiteral("y")),
-              run + QChar(0x200B) + QStringLiteral("y"));
+    const QString run = u"x"_s.repeated(16);
     EXPECT_EQ(ShownText::Message(run), run);
-    EXPECT_EQ(ShownText::Message(QStringLiteral("Copy completed!\r\nBye\rnow")),
-              QStringLiteral("Copy completed!\nBye\nnow"));
+    EXPECT_EQ(ShownText::Message(run + u'y'), run + u"\u200By"_s);
+    EXPECT_EQ(ShownText::Message(run + run + u'y'), run + u'\u200B' + run + u"\u200By"_s);
+    EXPECT_EQ(ShownText::Message(run + u"\u0301y"_s), run + u"\u0301\u200By"_s);
+    EXPECT_EQ(ShownText::Message(u"Copy completed!\r\nBye\rnow"_s), u"Copy completed!\nBye\nnow"_s);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A user without settings, in a folder of the test's own.
@@ -13,6 +15,7 @@ class SettingsFile : public testing::Test {
 protected:
     QTemporaryDir home;
     QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    QString path = home.filePath(u"Songlift/Songlift.conf"_s);
 
     SettingsFile() { qputenv("XDG_CONFIG_HOME", home.path().toUtf8()); }
     ~SettingsFile() override {
@@ -23,103 +26,78 @@ protected:
         }
     }
 
-    QString FilePath() const { return home.filePath(QStringLiteral("Songlift/Songlift.conf")); }
-
     /// What a later run of the program reads.
     static QString ReadLater(const QString& key) {
         QtSettingsStore later;
-        return later.Read(key, QStringLiteral("absent"));
+        return later.Read(key, u"absent"_s);
+    }
+
+    void WriteByHand(const QString& to, const QByteArray& bytes) {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(to).path()));
+        QFile file(to);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
     }
 };
 
-TEST_F(SettingsFile, AnAbsentKeyHasItsDefault) {
-    QtSettingsStore store;
-    EXPECT_EQ(store.Read(QStringLiteral("DestPath"), QStringLiteral("x")), QStringLiteral("x"));
-    EXPECT_FALSE(QFile::exists(FilePath()));
-}
-
 TEST_F(SettingsFile, WhatWasWrittenIsOnTheDiskOnceItIsKept) {
     QtSettingsStore store;
-    store.Write(QStringLiteral("DestFolders"), QStringLiteral("3"));
-    EXPECT_FALSE(QFile::exists(FilePath()));
+    EXPECT_EQ(store.Read(u"DestFolders"_s, u"x"_s), u"x"_s);
+    store.Write(u"DestFolders"_s, u"2"_s);
+    store.Write(u"DestFolders"_s, u"3"_s);
+    store.Write(u"Top"_s, u"30"_s);
+    EXPECT_FALSE(QFile::exists(path));
     EXPECT_TRUE(store.Flush());
-    QFile file(FilePath());
+    QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("[Settings]\nDestFolders=3\n"));
+    EXPECT_EQ(file.readAll(), QByteArray("[Settings]\nDestFolders=3\nTop=30\n"));
 }
 
 TEST_F(SettingsFile, EveryTextComesBackAsItWas) {
-    const QString texts[] = {
-        QStringLiteral("/home/ana/My Music"),
-        QStringLiteral("a, b; c, "),
-        QStringLiteral("E:\\Music\\x"),
-        QString::fromUtf8("/home/\xC3\xA4\xC3\xB6/\xE9\x9F\xB3\xE6\xA5\xBD/\xF0\x9F\x8E\xB5"),
-        QStringLiteral("\"quoted\" = %41 #x ~ @ByteArray(x)"),
-        QStringLiteral("@Invalid()"),
-        QStringLiteral(" leading and trailing "),
-        QStringLiteral("line\nbreak\ttab\\"),
-        QStringLiteral("1234.5"),
-        QStringLiteral("true"),
-        QString::fromLatin1(""),
-    };
+    const QString texts[] = {u"/home/ana/My Music"_s,
+                             u"a, b; c, "_s,
+                             u"E:\\Music\\x"_s,
+                             u"/home/\u00E4\u00F6/\u97F3\u697D/\U0001F3B5"_s,
+                             u"\"quoted\" = %41 #x ~ @ByteArray(x)"_s,
+                             u"@Invalid()"_s,
+                             u" leading and trailing "_s,
+                             u"line\nbreak\ttab\\"_s,
+                             u"1234.5"_s,
+                             u"true"_s,
+                             u""_s,
+                             QString()};
     for (const QString& text : texts) {
         {
             QtSettingsStore store;
-            store.Write(QStringLiteral("DestPath"), text);
-            EXPECT_EQ(store.Read(QStringLiteral("DestPath"), QStringLiteral("absent")), text);
+            store.Write(u"DestPath"_s, text);
+            EXPECT_EQ(store.Read(u"DestPath"_s, u"absent"_s), text);
         }
-        EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), text) << text.toStdString();
+        EXPECT_EQ(ReadLater(u"DestPath"_s), text) << text.toStdString();
     }
-}
-
-TEST_F(SettingsFile, AnEmptyTextIsNoAbsentOne) {
-    QtSettingsStore store;
-    store.Write(QStringLiteral("DestPath"), QString());
-    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QString());
-}
-
-TEST_F(SettingsFile, AnotherKeyLeavesTheRestAlone) {
-    QtSettingsStore store;
-    store.Write(QStringLiteral("Left"), QStringLiteral("15"));
-    store.Write(QStringLiteral("Top"), QStringLiteral("30"));
-    store.Write(QStringLiteral("Left"), QStringLiteral("45"));
-    EXPECT_EQ(ReadLater(QStringLiteral("Left")), QStringLiteral("45"));
-    EXPECT_EQ(ReadLater(QStringLiteral("Top")), QStringLiteral("30"));
 }
 
 TEST_F(SettingsFile, ATextWithCommasThatSomebodyTypedInIsOneText) {
-    ASSERT_TRUE(QDir(home.path()).mkpath(QStringLiteral("Songlift")));
-    QFile file(FilePath());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[Settings]\nDestPath=/home/ana/Rock, Pop\n");
-    file.close();
-    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("/home/ana/Rock, Pop"));
+    WriteByHand(path, "[Settings]\nDestPath=/home/ana/Rock, Pop\n");
+    EXPECT_EQ(ReadLater(u"DestPath"_s), u"/home/ana/Rock, Pop"_s);
 }
 
-TEST_F(SettingsFile, AFileOfRubbishGivesTheDefaults) {
-    ASSERT_TRUE(QDir(home.path()).mkpath(QStringLiteral("Songlift")));
-    QFile file(FilePath());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("\0\xff[[[=\n\x01", 8));
-    file.close();
+TEST_F(SettingsFile, AFileOfRubbishGivesTheDefaultsAndIsReplaced) {
+    WriteByHand(path, QByteArray("\0\xff[[[=\n\x01", 8));
     QtSettingsStore store;
-    EXPECT_EQ(store.Read(QStringLiteral("DestPath"), QStringLiteral("absent")),
-              QStringLiteral("absent"));
-    store.Write(QStringLiteral("DestPath"), QStringLiteral("x"));
+    EXPECT_EQ(store.Read(u"DestPath"_s, u"absent"_s), u"absent"_s);
+    store.Write(u"DestPath"_s, u"x"_s);
     EXPECT_TRUE(store.Flush());
-    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("x"));
+    EXPECT_EQ(ReadLater(u"DestPath"_s), u"x"_s);
 }
 
 TEST_F(SettingsFile, AFolderThatCannotBeMadeIsToldAndHurtsNobody) {
-    QFile inTheWay(home.filePath(QStringLiteral("Songlift")));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    inTheWay.close();
+    WriteByHand(home.filePath(u"Songlift"_s), "in the way");
     {
         QtSettingsStore store;
-        store.Write(QStringLiteral("DestPath"), QStringLiteral("x"));
+        store.Write(u"DestPath"_s, u"x"_s);
         EXPECT_FALSE(store.Flush());
     }
-    EXPECT_EQ(ReadLater(QStringLiteral("DestPath")), QStringLiteral("absent"));
+    EXPECT_EQ(ReadLater(u"DestPath"_s), u"absent"_s);
 }
 
 } // namespace

@@ -2,104 +2,58 @@
 #include "platform/qt/QtButtonControl.h"
 #include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtWindowManager.h"
+#include "tests/window/QtInput.h"
 
-#include <QApplication>
+#include <QAccessible>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+using namespace Qt::StringLiterals;
 
 namespace {
 
-using Log = std::vector<std::string>;
-
-class PaintCounter : public QObject {
-public:
-    int Paints = 0;
-
-    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        Paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
 class WindowTest : public testing::Test {
 protected:
-    QtWindow window{nullptr, QStringLiteral("Form1")};
+    QtWindow window{nullptr, u"Form1"_s};
+    QWidget& widget = *window.Widget();
 
     void Show() {
         window.Show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.Widget()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&widget));
         QCoreApplication::processEvents();
+    }
+
+    static void ExpectSize(const QtWindow& sized, double width, double height) {
+        EXPECT_EQ(sized.Width(), width);
+        EXPECT_EQ(sized.Height(), height);
     }
 };
 
-TEST_F(WindowTest, IsHiddenAtFirstAndBearsItsName) {
-    EXPECT_FALSE(window.Widget()->isVisible());
-    EXPECT_EQ(window.Widget()->objectName(), QStringLiteral("Form1"));
+TEST_F(WindowTest, IsHiddenAtFirstAndBearsItsNameAndRole) {
+    EXPECT_FALSE(widget.isVisible());
+    EXPECT_EQ(widget.objectName(), u"Form1"_s);
     EXPECT_NE(window.Handle(), 0u);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&widget)->role(), QAccessible::Window);
+    const QtWindow prompt(&widget, u"frmOverwrite"_s, Qt::Dialog);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(prompt.Widget())->role(), QAccessible::Dialog);
 }
 
-TEST_F(WindowTest, TheSizeIsExactlyWhatWasSetBeforeAndAfterItIsShown) {
+TEST_F(WindowTest, SizeAndPositionAreExactlyWhatWasSetBeforeAndAfterItIsShown) {
     window.SetSize(9003.5, 6001.25);
-    EXPECT_EQ(window.Width(), 9003.5);
-    EXPECT_EQ(window.Height(), 6001.25);
-    Show();
-    EXPECT_EQ(window.Width(), 9003.5);
-    EXPECT_EQ(window.Height(), 6001.25);
-    EXPECT_EQ(window.Widget()->size(), QSize(600, 400)); // without border and title bar
-    window.Hide();
-    EXPECT_EQ(window.Width(), 9003.5);
-    EXPECT_EQ(window.Height(), 6001.25);
-}
-
-TEST_F(WindowTest, ManyRunsThatSaveAndRestoreTheSizeDoNotLetItDrift) {
-    double width = 9001;
-    double height = 6007;
-    for (int run = 0; run < 5; ++run) {
-        QtWindow again(nullptr, QStringLiteral("Form1"));
-        again.SetSize(width, height);
-        again.Show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(again.Widget()));
-        width = again.Width();
-        height = again.Height();
-    }
-    EXPECT_EQ(width, 9001);
-    EXPECT_EQ(height, 6007);
-}
-
-TEST_F(WindowTest, ThePositionIsExactlyWhatWasSet) {
     window.MoveTo(1503.25, 757.5);
+    ExpectSize(window, 9003.5, 6001.25);
+    Show();
+    ExpectSize(window, 9003.5, 6001.25);
     EXPECT_EQ(window.Left(), 1503.25);
     EXPECT_EQ(window.Top(), 757.5);
-    EXPECT_EQ(window.Widget()->pos(), QPoint(100, 51));
-}
-
-TEST_F(WindowTest, ASizeThatTheUserChangedIsTheNewOne) {
-    window.SetSize(9003.5, 6001.25);
-    Show();
-    window.Widget()->resize(300, 200);
-    EXPECT_EQ(window.Width(), 4500);
-    EXPECT_EQ(window.Height(), 3000);
-}
-
-TEST_F(WindowTest, SetSizeRaisesResizeBeforeItReturnsAlsoWhileHidden) {
-    int resizes = 0;
-    window.Resize = [&] { ++resizes; };
-    window.SetSize(9000, 6000);
-    EXPECT_EQ(resizes, 1);
-    window.SetSize(9000, 6000);
-    EXPECT_EQ(resizes, 1);
-    Show();
-    resizes = 0;
-    window.SetSize(7500, 6000);
-    EXPECT_EQ(resizes, 1);
+    EXPECT_EQ(widget.pos(), QPoint(100, 51));
+    EXPECT_EQ(widget.size(), QSize(600, 400)); // without border and title bar
+    window.Hide();
+    ExpectSize(window, 9003.5, 6001.25);
+    widget.resize(300, 200); // as the user does
+    ExpectSize(window, 4500, 3000);
 }
 
 TEST_F(WindowTest, AResizeHandlerMayCorrectTheSize) {
@@ -110,153 +64,78 @@ TEST_F(WindowTest, AResizeHandlerMayCorrectTheSize) {
     };
     Show();
     window.SetSize(3000, 4500);
-    EXPECT_EQ(window.Width(), 6000);
-    EXPECT_EQ(window.Height(), 4500);
+    ExpectSize(window, 6000, 4500);
 }
 
-TEST_F(WindowTest, AChangeOfTheStateRaisesResizeAndCanBeReadInIt) {
-    window.SetSize(9000, 6000);
+TEST_F(WindowTest, AChangeOfTheStateCanBeReadInResize) {
     Show();
     std::vector<WindowState> states;
     window.Resize = [&] { states.push_back(window.State()); };
-    window.SetState(WindowState::Maximized);
-    QCoreApplication::processEvents();
-    ASSERT_FALSE(states.empty());
-    EXPECT_EQ(states.back(), WindowState::Maximized);
-    window.SetState(WindowState::Minimized);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(states.back(), WindowState::Minimized);
-    EXPECT_TRUE(window.Minimized());
-    window.SetState(WindowState::Normal);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(states.back(), WindowState::Normal);
-    EXPECT_EQ(window.Width(), 9000);
-    EXPECT_EQ(window.Height(), 6000);
+    for (const auto state : {WindowState::Maximized, WindowState::Minimized, WindowState::Normal}) {
+        states.clear();
+        window.SetState(state);
+        QCoreApplication::processEvents();
+        ASSERT_FALSE(states.empty());
+        EXPECT_EQ(states.back(), state);
+        EXPECT_EQ(window.Minimized(), state == WindowState::Minimized);
+    }
 }
 
-TEST_F(WindowTest, AStateThatIsSetBeforeTheWindowIsShownHolds) {
+TEST_F(WindowTest, AStateThatIsSetBeforeTheWindowIsShownHoldsAndANewSizeWaitsForIt) {
     window.SetState(WindowState::Maximized);
-    EXPECT_EQ(window.State(), WindowState::Maximized);
     Show();
     EXPECT_EQ(window.State(), WindowState::Maximized);
-    EXPECT_GT(window.Width(), 9000);
-}
-
-TEST_F(WindowTest, AMaximisedWindowTakesItsNewSizeWhenItIsNormalAgain) {
-    window.SetSize(9000, 6000);
-    Show();
-    window.SetState(WindowState::Maximized);
-    QCoreApplication::processEvents();
     const double maximized = window.Width();
+    EXPECT_GT(maximized, 9000);
     window.SetSize(7500, 4500);
     EXPECT_EQ(window.Width(), maximized);
     window.SetState(WindowState::Normal);
     QCoreApplication::processEvents();
-    EXPECT_EQ(window.Width(), 7500);
-    EXPECT_EQ(window.Height(), 4500);
-}
-
-TEST_F(WindowTest, TheUsersCloseAsksAndCloses) {
-    Log log;
-    window.QueryUnload = [&](bool&, UnloadMode mode) {
-        log.push_back(mode == UnloadMode::User ? "user" : "program");
-    };
-    Show();
-    window.Widget()->close();
-    EXPECT_EQ(log, Log({"user"}));
-    EXPECT_FALSE(window.Widget()->isVisible());
-}
-
-TEST_F(WindowTest, ACancelledCloseKeepsTheWindowOpen) {
-    window.QueryUnload = [](bool& cancel, UnloadMode mode) { cancel = mode == UnloadMode::User; };
-    Show();
-    window.Widget()->close();
-    EXPECT_TRUE(window.Widget()->isVisible());
-    window.Unload();
-    EXPECT_FALSE(window.Widget()->isVisible());
+    ExpectSize(window, 7500, 4500);
 }
 
 TEST_F(WindowTest, WindowsThatHideInsteadOfClosingDoNotKeepTheProgramFromQuitting) {
     // Two of them: the first refusal would leave the other one standing.
-    QtWindow other(nullptr, QStringLiteral("frmPreview"));
+    QtWindow other(nullptr, u"frmPreview"_s);
     for (QtWindow* hiding : {&window, &other}) {
         hiding->QueryUnload = [hiding](bool& cancel, UnloadMode) {
             cancel = true;
             hiding->Hide();
         };
+        hiding->Show();
     }
-    Show();
-    other.Show();
     QTimer::singleShot(0, [] { QCoreApplication::quit(); });
     QTimer::singleShot(1000, qApp, [] { QCoreApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
 }
 
-TEST_F(WindowTest, UnloadAsksForTheProgramAlsoWhileHidden) {
-    Log log;
-    window.QueryUnload = [&](bool&, UnloadMode mode) {
-        log.push_back(mode == UnloadMode::User ? "user" : "program");
-    };
-    window.Unload();
-    EXPECT_EQ(log, Log({"program"}));
-    Show();
-    window.Unload();
-    window.Widget()->close();
-    EXPECT_EQ(log[1], "program");
-}
-
-TEST_F(WindowTest, WhatIsClosedCanBeShownAgain) {
-    Show();
-    window.Widget()->close();
-    Show();
-    EXPECT_TRUE(window.Widget()->isVisible());
-}
-
-TEST_F(WindowTest, ShowModalWaitsUntilTheWindowIsClosed) {
-    Log log;
-    QTimer::singleShot(0, [&] {
-        log.push_back(window.Widget()->isModal() ? "modal" : "modeless");
-        window.Unload();
-    });
-    window.ShowModal();
-    log.push_back("returned");
-    EXPECT_EQ(log, Log({"modal", "returned"}));
-}
-
-TEST_F(WindowTest, ACancelledCloseDoesNotEndShowModal) {
-    int asked = 0;
-    window.QueryUnload = [&](bool& cancel, UnloadMode) { cancel = ++asked == 1; };
-    QTimer::singleShot(0, [&] {
-        window.Widget()->close();
-        QTimer::singleShot(0, [&] { window.Widget()->close(); });
-    });
-    window.ShowModal();
-    EXPECT_EQ(asked, 2);
-}
-
 TEST_F(WindowTest, EscapeClosesAModalWindowAndNoOther) {
     Show();
-    QTest::keyClick(window.Widget(), Qt::Key_Escape);
-    EXPECT_TRUE(window.Widget()->isVisible());
+    QTest::keyClick(&widget, Qt::Key_Escape);
+    EXPECT_TRUE(widget.isVisible());
     window.Hide();
-    QTimer::singleShot(0, [&] { QTest::keyClick(window.Widget(), Qt::Key_Escape); });
+    QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(widget.isModal());
+        QTest::keyClick(&widget, Qt::Key_Escape);
+    });
     window.ShowModal();
-    EXPECT_FALSE(window.Widget()->isVisible());
+    EXPECT_FALSE(widget.isVisible());
+    EXPECT_FALSE(widget.isModal());
 }
 
-TEST_F(WindowTest, EnterPressesTheDefaultButton) {
-    QtButtonControl button(window.Widget(), QStringLiteral("cmdSearch"));
-    QtButtonControl other(window.Widget(), QStringLiteral("cmdClear"));
+TEST_F(WindowTest, EnterPressesTheButtonThatHasTheFocusElseTheDefaultOne) {
+    QtButtonControl button(&widget, u"cmdSearch"_s);
+    QtButtonControl other(&widget, u"cmdClear"_s);
     int presses = 0;
     button.Click = [&] { ++presses; };
     other.Click = [&] { presses += 100; };
     Show();
     button.SetDefault(true);
-    QTest::keyClick(window.Widget(), Qt::Key_Return);
-    QTest::keyClick(window.Widget(), Qt::Key_Enter);
+    QTest::keyClick(&widget, Qt::Key_Return);
+    QTest::keyClick(&widget, Qt::Key_Enter);
     EXPECT_EQ(presses, 2);
     button.SetEnabled(false);
-    QTest::keyClick(window.Widget(), Qt::Key_Return);
+    QTest::keyClick(&widget, Qt::Key_Return);
     EXPECT_EQ(presses, 2);
     button.SetEnabled(true);
     QTest::keyClick(other.Widget(), Qt::Key_Return);
@@ -264,77 +143,63 @@ TEST_F(WindowTest, EnterPressesTheDefaultButton) {
 }
 
 TEST_F(WindowTest, RefreshPaintsWhatHasChangedBeforeTheEventLoopRuns) {
-    QtLabelControl label(window.Widget(), QStringLiteral("lblMessage"));
+    QtLabelControl label(&widget, u"lblMessage"_s);
     label.Move(0, 0, 3000, 300);
-    PaintCounter counter(label.Widget());
+    PaintSpy spy(label.Widget());
+    window.Refresh();
+    EXPECT_FALSE(widget.isVisible());
     window.Show();
     window.Refresh();
-    EXPECT_GE(counter.Paints, 1);
+    EXPECT_GE(spy.Paints, 1);
     QTest::qWait(20);
-    counter.Paints = 0;
-    label.SetCaption(QStringLiteral("Loading music... 1%"));
+    spy.Paints = 0;
+    label.SetCaption(u"Loading music... 1%"_s);
     window.Refresh();
-    EXPECT_EQ(counter.Paints, 1);
+    EXPECT_EQ(spy.Paints, 1);
     QTest::qWait(20);
     window.Refresh();
-    EXPECT_EQ(counter.Paints, 1);
+    EXPECT_EQ(spy.Paints, 1);
 }
 
 TEST_F(WindowTest, RefreshPaintsNoOftenerThanCanBeSeen) {
-    QtLabelControl label(window.Widget(), QStringLiteral("lblMessage"));
+    QtLabelControl label(&widget, u"lblMessage"_s);
     label.Move(0, 0, 3000, 300);
     Show();
     QTest::qWait(20);
-    PaintCounter counter(label.Widget());
+    PaintSpy spy(label.Widget());
     QElapsedTimer clock;
     clock.start();
     for (int percent = 0; percent < 1000; ++percent) {
-        label.SetCaption(QStringLiteral("Loading music... %1%").arg(percent));
+        label.SetCaption(u"Loading music... %1%"_s.arg(percent));
         window.Refresh();
     }
-    EXPECT_GE(counter.Paints, 1);
-    EXPECT_LE(counter.Paints, 2 + clock.elapsed() / 16);
+    EXPECT_GE(spy.Paints, 1);
+    EXPECT_LE(spy.Paints, 2 + clock.elapsed() / 16);
 }
 
 TEST_F(WindowTest, RefreshHandlesNoInput) {
-    QtButtonControl button(window.Widget(), QStringLiteral("cmdCopy"));
+    QtButtonControl button(&widget, u"cmdCopy"_s);
     int presses = 0;
     button.Click = [&] { ++presses; };
-    window.Show();
+    Show();
     QCoreApplication::postEvent(button.Widget(),
                                 new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
-    window.Widget()->update();
-    window.Refresh();
-    QTest::qWait(20);
-    presses = 0;
-    QCoreApplication::postEvent(button.Widget(),
-                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier));
-    window.Widget()->update();
+    widget.update();
     window.Refresh();
     EXPECT_EQ(presses, 0);
     QCoreApplication::processEvents();
     EXPECT_EQ(presses, 1);
 }
 
-TEST_F(WindowTest, RefreshOfAHiddenWindowDoesNothing) {
-    window.Refresh();
-    EXPECT_FALSE(window.Widget()->isVisible());
-}
-
-TEST_F(WindowTest, TheHourglassIsShownOnceAndTakenBackOnce) {
-    window.SetMousePointer(MousePointer::Hourglass);
-    window.SetMousePointer(MousePointer::Hourglass);
-    ASSERT_NE(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    window.SetMousePointer(MousePointer::Default);
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    window.SetMousePointer(MousePointer::Default);
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(WindowTest, AWindowThatGoesTakesItsHourglassAlong) {
+TEST_F(WindowTest, TheHourglassIsShownOnceAndTakenBackOnceAlsoWithItsWindow) {
     {
-        QtWindow other(nullptr, QStringLiteral("frmPreview"));
+        QtWindow other(nullptr, u"frmPreview"_s);
+        other.SetMousePointer(MousePointer::Hourglass);
+        other.SetMousePointer(MousePointer::Hourglass);
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        other.SetMousePointer(MousePointer::Default);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         other.SetMousePointer(MousePointer::Hourglass);
     }
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -342,62 +207,58 @@ TEST_F(WindowTest, AWindowThatGoesTakesItsHourglassAlong) {
 
 TEST_F(WindowTest, TextWidthIsMeasuredInTwips) {
     EXPECT_EQ(window.TextWidth(QString()), 0);
-    const double one = window.TextWidth(QStringLiteral("MMMM"));
+    const double one = window.TextWidth(u"MMMM"_s);
     EXPECT_GT(one, 4 * 4 * 15);
-    EXPECT_NEAR(window.TextWidth(QStringLiteral("MMMMMMMM")), 2 * one, 15);
+    EXPECT_NEAR(window.TextWidth(u"MMMMMMMM"_s), 2 * one, 15);
 }
 
-TEST_F(WindowTest, KeepsItsCaptionAndShowsItAsItIs) {
-    EXPECT_EQ(window.Caption(), QString());
-    window.SetCaption(QStringLiteral("Songlift"));
-    EXPECT_EQ(window.Caption(), QStringLiteral("Songlift"));
-    EXPECT_EQ(window.Widget()->windowTitle(), QStringLiteral("Songlift"));
-    window.SetCaption(QStringLiteral("A [*] song & more"));
-    EXPECT_EQ(window.Caption(), QStringLiteral("A [*] song & more"));
-    window.Widget()->setWindowModified(true);
-    EXPECT_EQ(window.Widget()->windowTitle(), QStringLiteral("A [*][*] song & more"));
+TEST_F(WindowTest, ShowsItsCaptionAsItIs) {
+    window.SetCaption(u"A [*] song & more"_s);
+    EXPECT_EQ(window.Caption(), u"A [*] song & more"_s);
+    widget.setWindowModified(true);
+    EXPECT_EQ(widget.windowTitle(), u"A [*][*] song & more"_s);
 }
 
 TEST_F(WindowTest, AnOwnedWindowGoesWithItsOwner) {
-    auto owner = std::make_unique<QtWindow>(nullptr, QStringLiteral("Form1"));
-    QtWindow owned(owner->Widget(), QStringLiteral("frmPreview"));
+    auto owner = std::make_unique<QtWindow>(nullptr, u"Form1"_s);
+    QtWindow owned(owner->Widget(), u"frmPreview"_s);
     EXPECT_TRUE(owned.Widget()->isWindow());
     owner.reset();
     EXPECT_EQ(owned.Widget(), nullptr);
 }
 
-TEST_F(WindowTest, AnOwnedWindowLiesOnItsScreenWheneverItIsShownOrSized) {
+TEST_F(WindowTest, AnOwnedWindowAppearsOverItsOwnerAndLiesOnItsScreenWheneverItIsShownOrSized) {
+    window.MoveTo(100 * 15, 200 * 15);
+    window.SetSize(600 * 15, 400 * 15);
     Show();
-    QtWindow owned(window.Widget(), QStringLiteral("frmPreview"));
+    QtWindow owned(&widget, u"frmPreview"_s);
     owned.SetSize(300 * 15, 200 * 15);
     owned.Show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(owned.Widget()));
+    const QWidget& seen = *owned.Widget();
     const QRect screen(0, 0, 800, 800);
+    EXPECT_LE((seen.geometry().center() - widget.geometry().center()).manhattanLength(), 4);
     owned.Widget()->move(450, 550);
     owned.SetSize(500 * 15, 400 * 15);
-    EXPECT_EQ(owned.Widget()->frameGeometry().bottomRight(), screen.bottomRight());
+    EXPECT_EQ(seen.frameGeometry().bottomRight(), screen.bottomRight());
     owned.Hide();
     owned.Widget()->move(-50, 600);
     owned.Show();
-    EXPECT_EQ(owned.Widget()->frameGeometry().bottomLeft(), screen.bottomLeft());
+    EXPECT_EQ(seen.frameGeometry().bottomLeft(), screen.bottomLeft());
     owned.SetSize(900 * 15, 100 * 15); // the beginning of a larger one is seen
-    EXPECT_EQ(owned.Widget()->frameGeometry().left(), 0);
-    EXPECT_TRUE(owned.Widget()->isVisible());
+    EXPECT_EQ(seen.frameGeometry().left(), 0);
+    EXPECT_TRUE(seen.isVisible());
 }
 
 TEST_F(WindowTest, TheWindowManagerNamesTheActiveWindowAndTheFocusedControl) {
     QtWindowManager windowManager;
-    QtButtonControl button(window.Widget(), QStringLiteral("cmdCopy"));
-    Show();
-    QApplication::setActiveWindow(window.Widget());
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.Widget()));
+    QtButtonControl button(&widget, u"cmdCopy"_s);
+    QtInput::ShowActive(widget);
     button.SetFocus();
     EXPECT_EQ(windowManager.GetActiveWindow(), window.Handle());
     EXPECT_EQ(windowManager.GetFocus(), button.Handle());
-    QtWindow other(nullptr, QStringLiteral("frmPreview"));
-    other.Show();
-    QApplication::setActiveWindow(other.Widget());
-    ASSERT_TRUE(QTest::qWaitForWindowActive(other.Widget()));
+    QtWindow other(nullptr, u"frmPreview"_s);
+    QtInput::ShowActive(*other.Widget());
     EXPECT_EQ(windowManager.GetActiveWindow(), other.Handle());
     EXPECT_NE(windowManager.GetFocus(), button.Handle());
 }
@@ -406,18 +267,18 @@ TEST_F(WindowTest, TheScreenIsMeasuredInTwips) {
     QtWindowManager windowManager;
     EXPECT_EQ(windowManager.TwipsPerPixelX(), 15);
     EXPECT_EQ(windowManager.TwipsPerPixelY(), 15);
-    EXPECT_EQ(windowManager.WorkArea().Width, 800 * 15);
-    EXPECT_EQ(windowManager.WorkArea().Height, 800 * 15);
-    EXPECT_EQ(windowManager.AllScreens().Width, 800 * 15);
-    EXPECT_EQ(windowManager.AllScreens().Height, 800 * 15);
+    for (const ScreenArea& area : {windowManager.WorkArea(), windowManager.AllScreens()}) {
+        EXPECT_EQ(area.Width, 800 * 15);
+        EXPECT_EQ(area.Height, 800 * 15);
+    }
 }
 
 TEST_F(WindowTest, FlashingAWindowThatIsGoneDoesNothing) {
     QtWindowManager windowManager;
-    windowManager.FlashWindow(0);
-    windowManager.FlashWindow(12345);
-    windowManager.FlashWindow(window.Handle());
-    EXPECT_FALSE(window.Widget()->isVisible());
+    for (const WindowHandle handle : {WindowHandle(0), WindowHandle(12345), window.Handle()}) {
+        windowManager.FlashWindow(handle);
+    }
+    EXPECT_FALSE(widget.isVisible());
 }
 
 } // namespace
