@@ -1,11 +1,10 @@
 // What people with weak eyes can tell apart: text from its ground, check boxes from theirs, and the
 // control that keys reach from the others. Measured on what is really painted.
 
-#include "app/Application.h"
 #include "platform/qt/BoxPalette.h"
-#include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QStyle>
@@ -15,8 +14,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <functional>
 #include <map>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,19 +25,33 @@ namespace {
 constexpr double LeastOfText = 4.5;
 constexpr double LeastOfSign = 3;
 
-double Luminance(QRgb color) {
-    const auto linear = [](int part) {
-        const double share = part / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
-           0.0722 * linear(qBlue(color));
+/// How many pixels of a picture are so.
+int Count(const QImage& image, const std::function<bool(int x, int y)>& isSo) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += isSo(x, y) ? 1 : 0;
+        }
+    }
+    return count;
 }
 
-double Contrast(QRgb one, QRgb other) {
-    const double a = Luminance(one);
-    const double b = Luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+/// How many pixels stand out from a colour by so much.
+int CountOf(const QImage& image, QRgb ground, double contrast) {
+    return Count(image,
+                 [&](int x, int y) { return Contrast(image.pixel(x, y), ground) >= contrast; });
+}
+
+/// The colour of most pixels.
+QRgb GroundOf(const QImage& image) {
+    std::map<QRgb, int> counts;
+    QRgb ground = image.pixel(0, 0);
+    Count(image, [&](int x, int y) {
+        const QRgb color = image.pixel(x, y);
+        ground = ++counts[color] > counts[ground] ? color : ground;
+        return true;
+    });
+    return ground;
 }
 
 /// An area of a widget, and of what lies below it.
@@ -44,47 +59,20 @@ QImage Painted(QWidget& widget, QRect area) {
     area.moveTopLeft(widget.mapTo(widget.window(), area.topLeft()));
     return widget.window()->grab(area).toImage().convertToFormat(QImage::Format_RGB32);
 }
-
-/// The colour of most pixels.
-QRgb GroundOf(const QImage& image) {
-    std::map<QRgb, int> counts;
-    QRgb ground = image.pixel(0, 0);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QRgb color = image.pixel(x, y);
-            if (++counts[color] > counts[ground]) {
-                ground = color;
-            }
-        }
-    }
-    return ground;
+QImage Painted(QWidget& widget) {
+    return Painted(widget, widget.rect());
 }
 
-/// How many pixels stand out from a colour by so much.
-int CountOf(const QImage& image, QRgb ground, double contrast) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += Contrast(image.pixel(x, y), ground) >= contrast ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-QPalette DarkPalette() {
-    QPalette palette(QColor(45, 47, 51));
-    palette.setColor(QPalette::Base, QColor(30, 31, 34));
-    palette.setColor(QPalette::Highlight, QColor(52, 111, 186));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
-/// The palette that the program starts with, and a dark one.
+/// The palette that the program starts with, or a dark one.
 class PaletteInForce {
 public:
-    explicit PaletteInForce(bool dark) : m_before(QApplication::palette()) {
+    explicit PaletteInForce(bool dark) {
         if (dark) {
-            QApplication::setPalette(WithReadableSelection(DarkPalette()));
+            QPalette palette(QColor(45, 47, 51));
+            palette.setColor(QPalette::Base, QColor(30, 31, 34));
+            palette.setColor(QPalette::Highlight, QColor(52, 111, 186));
+            palette.setColor(QPalette::HighlightedText, Qt::white);
+            QApplication::setPalette(WithReadableSelection(palette));
         }
     }
     ~PaletteInForce() { QApplication::setPalette(m_before); }
@@ -92,17 +80,15 @@ public:
     PaletteInForce& operator=(const PaletteInForce&) = delete;
 
 private:
-    QPalette m_before;
+    QPalette m_before = QApplication::palette();
 };
 
 class ContrastOfWindow : public testing::TestWithParam<bool>,
                          private PaletteInForce,
                          protected RealWindow {
 protected:
-    ContrastOfWindow() : PaletteInForce(GetParam()) {}
-
-    void SetUp() override {
-        Start(SmallLibrary());
+    ContrastOfWindow() : PaletteInForce(GetParam()) {
+        Start();
         TickRow("lstSongs", 1); // so that the copy button is enabled
         Top().setAttribute(Qt::WA_KeyboardFocusChange);
     }
@@ -110,6 +96,7 @@ protected:
     void Focus(const char* name) {
         Widget(name).setFocus(Qt::TabFocusReason);
         QCoreApplication::processEvents();
+        ASSERT_TRUE(Widget(name).hasFocus()) << name;
     }
 
     void ExpectLegible(QWidget& widget, QRect area, const std::string& what) {
@@ -117,33 +104,20 @@ protected:
         // Few pixels of a letter have the text's whole colour; most are smoothed.
         EXPECT_GE(CountOf(image, GroundOf(image), LeastOfText), 2) << what;
     }
-
     void ExpectLegible(const char* name) {
-        QWidget& widget = Widget(name);
-        ExpectLegible(widget, widget.rect().adjusted(3, 3, -3, -3), name);
+        ExpectLegible(Widget(name), Widget(name).rect().adjusted(3, 3, -3, -3), name);
     }
 
     /// Where the text of a row is.
     static QRect TextArea(const QListView& list, int row) {
         return list.visualRect(list.model()->index(row, 0)).adjusted(26, 2, -2, -2);
     }
-
     static QRect BoxArea(const QListView& list, int row) {
         QStyleOptionViewItem option;
         option.initFrom(&list);
         option.rect = list.visualRect(list.model()->index(row, 0));
         option.features = QStyleOptionViewItem::HasCheckIndicator;
         return list.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &list);
-    }
-
-    void ExpectRowsLegible(const std::string& when) {
-        for (const char* name : {"lstArtists", "lstAlbums", "lstSongs"}) {
-            auto& list = Widget<QListView>(name);
-            for (int row = 0; row < 2; ++row) {
-                ExpectLegible(*list.viewport(), TextArea(list, row),
-                              name + (" row " + std::to_string(row)) + when);
-            }
-        }
     }
 
     /// The outline of an empty box, or its area, stands out; so does a check in it.
@@ -158,6 +132,10 @@ protected:
     }
 };
 
+INSTANTIATE_TEST_SUITE_P(Palettes, ContrastOfWindow, testing::Bool(), [](const auto& dark) {
+    return std::string(dark.param ? "Dark" : "Light");
+});
+
 TEST_P(ContrastOfWindow, TextsStandOutFromTheirGround) {
     controls.txtSearch.SetText(QString());
     for (const char* name : {"lblSearch", "lblMessage", "cmdSearch", "cmdBrowse", "cmdCopy",
@@ -171,32 +149,33 @@ TEST_P(ContrastOfWindow, TextsStandOutFromTheirGround) {
     for (const char* name : {"frmDP", "frmTN", "frmDestination"}) {
         ExpectLegible(Widget(name), QRect(0, 0, 80, 24), name);
     }
-}
-
-TEST_P(ContrastOfWindow, RowsStandOutWhetherCurrentOrNotAndWhereverTheFocusIs) {
-    Focus("lstArtists");
-    ExpectRowsLegible(", artists focused");
-    Focus("cmdBrowse");
-    ExpectRowsLegible(", none focused");
-}
-
-TEST_P(ContrastOfWindow, SelectedTextStandsOut) {
-    auto& box = Widget<QLineEdit>("txtDestination");
     Focus("txtDestination");
+    auto& box = Widget<QLineEdit>("txtDestination");
     box.selectAll();
     ExpectLegible(box, QRect(4, 4, 60, box.height() - 8), "selected text");
 }
 
+TEST_P(ContrastOfWindow, RowsStandOutWhetherCurrentOrNotAndWhereverTheFocusIs) {
+    for (const char* focus : {"lstArtists", "cmdBrowse"}) {
+        Focus(focus);
+        for (const char* name : {"lstArtists", "lstAlbums", "lstSongs"}) {
+            auto& list = Widget<QListView>(name);
+            for (const int row : {0, 1}) {
+                ExpectLegible(*list.viewport(), TextArea(list, row),
+                              name + (" row " + std::to_string(row)) + ", focused: " + focus);
+            }
+        }
+    }
+}
+
 TEST_P(ContrastOfWindow, TheCopyButtonAloneHasTheBrightColourWhileItCanBePressed) {
     const QRgb bright = Top().palette().color(QPalette::Highlight).rgb();
-    const auto ground = [this](const char* name) {
-        return GroundOf(Painted(Widget(name), Widget(name).rect()));
-    };
-    for (const char* caption : {"&Copy to Destination", "&Cancel"}) {
-        controls.cmdCopy.SetCaption(QString::fromLatin1(caption));
+    const auto ground = [this](const char* name) { return GroundOf(Painted(Widget(name))); };
+    for (const QString& caption : {u"&Copy to Destination"_s, u"&Cancel"_s}) {
+        controls.cmdCopy.SetCaption(caption);
         for (const char* focus : {"cmdBrowse", "cmdCopy"}) {
             Focus(focus);
-            EXPECT_EQ(ground("cmdCopy"), bright) << caption;
+            EXPECT_EQ(ground("cmdCopy"), bright) << caption.toStdString();
             ExpectLegible("cmdCopy");
         }
     }
@@ -206,18 +185,17 @@ TEST_P(ContrastOfWindow, TheCopyButtonAloneHasTheBrightColourWhileItCanBePressed
 }
 
 TEST_P(ContrastOfWindow, CheckBoxesInRowsStandOut) {
+    auto& list = Widget<QListView>("lstSongs");
+    const auto painted = [&](bool ticked) {
+        controls.lstSongs.SetSelected(2, ticked);
+        return Painted(*list.viewport(), BoxArea(list, 2));
+    };
     for (const char* focus : {"lstSongs", "cmdBrowse"}) {
         Focus(focus);
-        auto& list = Widget<QListView>("lstSongs");
         for (const int current : {1, 2}) {
             list.setCurrentIndex(list.model()->index(current, 0));
-            const QRect area = BoxArea(list, 2);
-            controls.lstSongs.SetSelected(2, false);
-            const QImage empty = Painted(*list.viewport(), area);
-            controls.lstSongs.SetSelected(2, true);
-            const QImage ticked = Painted(*list.viewport(), area);
-            const QImage row = Painted(*list.viewport(), TextArea(list, 2));
-            ExpectBox(empty, ticked, GroundOf(row),
+            ExpectBox(painted(false), painted(true),
+                      GroundOf(Painted(*list.viewport(), TextArea(list, 2))),
                       std::string(focus) + " focused, row " + std::to_string(current) + " current");
         }
     }
@@ -240,29 +218,21 @@ TEST_P(ContrastOfWindow, TheControlWithTheFocusStandsOut) {
          {"Combo1", "txtSearch", "cmdSearch", "tbsFilter", "lstArtists", "lstSongs", "chkArtist",
           "chkTrackNum", "txtDestination", "cmdBrowse", "cmdCopy"}) {
         QWidget& widget = Widget(name);
-        Focus(name == std::string("cmdBrowse") ? "cmdCopy" : "cmdBrowse");
-        const QImage before = Painted(widget, widget.rect());
+        Focus(widget.objectName() == "cmdBrowse"_L1 ? "cmdCopy" : "cmdBrowse");
+        const QImage before = Painted(widget);
         Focus(name);
-        ASSERT_TRUE(widget.hasFocus()) << name;
-        const QImage after = Painted(widget, widget.rect());
+        const QImage after = Painted(widget);
         // In a list it is the current row that shows it, and the copy button has that colour.
         const bool isBright = qobject_cast<const QListView*>(&widget) != nullptr ||
-                              widget.objectName() == QLatin1String("cmdCopy");
-        const auto role = isBright ? QPalette::Highlight : QPalette::Window;
-        const QRgb ground = Top().palette().color(role).rgb();
-        int ring = 0;
-        for (int y = 0; y < after.height(); ++y) {
-            for (int x = 0; x < after.width(); ++x) {
-                const QRgb color = after.pixel(x, y);
-                ring += color != before.pixel(x, y) && Contrast(color, ground) >= LeastOfSign;
-            }
-        }
+                              widget.objectName() == "cmdCopy"_L1;
+        const QColor ground =
+            Top().palette().color(isBright ? QPalette::Highlight : QPalette::Window);
+        const int ring = Count(after, [&](int x, int y) {
+            return after.pixel(x, y) != before.pixel(x, y) &&
+                   Contrast(after.pixel(x, y), ground) >= LeastOfSign;
+        });
         EXPECT_GE(ring, 40) << name;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Palettes, ContrastOfWindow, testing::Bool(), [](const auto& dark) {
-    return std::string(dark.param ? "Dark" : "Light");
-});
 
 } // namespace

@@ -1,24 +1,39 @@
-// A handler of the real window fails unexpectedly: the user is told, and the program goes on.
+// A handler of the real window fails unexpectedly: the user is told, and the program goes on. So it
+// does when the desktop ends the session and the window refuses to close.
 
 #include "app/Application.h"
+#include "platform/qt/QtMessages.h"
 #include "platform/qt/QtTimer.h"
-#include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
 
+#include <QTest>
 #include <QThread>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FailingWindow : public testing::Test, protected RealWindow {
 protected:
-    FailingWindow() { std::swap(Program().MessageBoxes, m_told); }
+    FailingWindow() {
+        std::swap(Program().MessageBoxes, m_told);
+        Start();
+        TickRow("lstArtists", 0);
+    }
     ~FailingWindow() override { std::swap(Program().MessageBoxes, m_told); }
 
-    static QString Q(const char* text) { return QString::fromUtf8(text); }
+    QStringList Copy() {
+        messages.Shown.clear();
+        ClickOn("cmdCopy");
+        return messages.Texts();
+    }
+
+    void ExpectAllCopied() { EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s).size(), 6); }
 
     /// Lets the next call of that kind fail in a way that no rule knows.
     template <class Exception>
@@ -41,22 +56,15 @@ private:
 } // namespace
 
 TEST_F(FailingWindow, AJobThatFailsIsToldAndTheNextOneCopies) {
-    Start(SmallLibrary());
-    TickRow("lstArtists", 0);
     Fail(FileCall::FileExists, std::out_of_range("a programming error"));
-    ClickOn("cmdCopy");
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Error 9: Subscript out of range")}));
-    EXPECT_EQ(controls.cmdCopy.Caption(), Q("&Copy to destination"));
+    EXPECT_EQ(Copy(), QStringList({u"Error 9: Subscript out of range"_s}));
+    EXPECT_EQ(controls.cmdCopy.Caption(), u"&Copy to destination"_s);
     EXPECT_TRUE(controls.lstArtists.Enabled());
-    messages.Shown.clear();
-    ClickOn("cmdCopy");
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
+    EXPECT_EQ(Copy(), QStringList({u"Copy completed!"_s}));
+    ExpectAllCopied();
 }
 
 TEST_F(FailingWindow, AFailureInAYieldDoesNotReachTheJob) {
-    Start(SmallLibrary());
-    TickRow("lstArtists", 0);
     QtTimer soon(0);
     soon.Timer = [&soon] {
         soon.SetEnabled(false);
@@ -69,34 +77,59 @@ TEST_F(FailingWindow, AFailureInAYieldDoesNotReachTheJob) {
             QThread::msleep(12); // until the job's yield asks the system again
         }
     };
-    ClickOn("cmdCopy");
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Error 7: Out of memory"), Q("Copy completed!")}));
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
+    EXPECT_EQ(Copy(), QStringList({u"Error 7: Out of memory"_s, u"Copy completed!"_s}));
+    ExpectAllCopied();
 }
 
 TEST_F(FailingWindow, ADeviceThatFailsToLoadIsLoadedWhenItIsChosenAgain) {
-    Start(SmallLibrary());
-    files.AddFile(Q("F:\\iPod_Control\\iTunes\\iTunesDB"),
-                  files.Bytes(Q("E:\\iPod_Control\\iTunes\\iTunesDB")));
-    drives.Mounted.push_back({QLatin1Char('F'), Q("OTHER")});
+    files.AddFile(u"F:\\iPod_Control\\iTunes\\iTunesDB"_s,
+                  files.Bytes(u"E:\\iPod_Control\\iTunes\\iTunesDB"_s));
+    drives.Mounted.push_back({u'F', u"OTHER"_s});
     controls.Combo1.DropDown();
     Fail(FileCall::OpenForReading, std::logic_error("a programming error"));
     Widget("Combo1").setFocus();
     Key(Qt::Key_Down);
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Error 5: Invalid procedure call or argument")}));
+    EXPECT_EQ(messages.Texts(), QStringList({u"Error 5: Invalid procedure call or argument"_s}));
     EXPECT_EQ(controls.lstArtists.ListCount(), 0);
-    EXPECT_EQ(controls.timScan.Enabled(), false);
-    controls.Combo1.SetText(Q("(F:) OTHER"));
+    EXPECT_FALSE(controls.timScan.Enabled());
+    controls.Combo1.SetText(u"(F:) OTHER"_s);
     EXPECT_EQ(controls.lstArtists.ListCount(), 3);
 }
 
 TEST_F(FailingWindow, AFailureThatCannotBeShownEndsTheHandlerAllTheSame) {
     messages.WhileShown = [](const ShownMessage&) { throw std::bad_alloc(); };
-    Start(SmallLibrary());
-    TickRow("lstArtists", 0);
     Fail(FileCall::FileExists, std::out_of_range("a programming error"));
-    ClickOn("cmdCopy");
+    Copy();
     messages.WhileShown = {};
-    ClickOn("cmdCopy");
-    EXPECT_EQ(messages.Texts().last(), Q("Copy completed!"));
+    EXPECT_EQ(Copy(), QStringList({u"Copy completed!"_s}));
+}
+
+TEST(ASessionsEnd, WaitsForNoAnswerToAMessage) {
+    QtWindow window(nullptr, u"Form1"_s);
+    QtMessages messages(window.Widget());
+    const auto ask = [&messages](const std::function<void(QWidget*)>& act) {
+        QTimer::singleShot(0, qApp, [act] { act(QApplication::activeModalWidget()); });
+        return messages.Show({}, {}, MessageButtons::YesNo, MessageIcon::Question);
+    };
+    int closes = 0;
+    window.QueryUnload = [&](bool& cancel, UnloadMode) {
+        ++closes;
+        const MessageAnswer answer = ask([](QWidget* box) {
+            if (box != nullptr) {
+                ADD_FAILURE() << "a message waits";
+                box->close();
+            }
+        });
+        EXPECT_EQ(answer, MessageAnswer::No);
+        cancel = true; // the tests go on
+    };
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.Widget()));
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    EXPECT_EQ(closes, 1);
+    QCoreApplication::processEvents();
+
+    // It was called off; the next message is for the user again.
+    EXPECT_EQ(ask([](QWidget* box) { QTest::keyClick(box, Qt::Key_Return); }), MessageAnswer::Yes);
 }

@@ -13,9 +13,12 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Asks about a file, lets the user do `act` with the prompt, and then close it with its close box.
+/// The question is always whole in one line.
 void Ask(const QString& file, const std::function<void(QWidget& window, QLabel& question)>& act,
          QWidget* owner = nullptr) {
     OverwritePrompt prompt;
@@ -25,7 +28,10 @@ void Ask(const QString& file, const std::function<void(QWidget& window, QLabel& 
         QWidget* window = QApplication::activeModalWidget();
         ASSERT_NE(window, nullptr);
         asked = true;
-        act(*window, *window->findChild<QLabel*>(QStringLiteral("lblMessage")));
+        auto& question = *window->findChild<QLabel*>(u"lblMessage"_s);
+        EXPECT_GE(question.width(), question.sizeHint().width());
+        EXPECT_LE(window->width(), window->screen()->availableSize().width());
+        act(*window, question);
         window->close();
     });
     OverwriteWindow(owner, prompt).Ask();
@@ -33,65 +39,52 @@ void Ask(const QString& file, const std::function<void(QWidget& window, QLabel& 
     EXPECT_EQ(prompt.OverwriteAnswer, OverwritePrompt::Cancel);
 }
 
-QString Repeated(const char* text, int times) {
-    return QString::fromUtf8(text).repeated(times);
-}
-
 } // namespace
 
 TEST(TheOverwriteWindow, HasTheSizeOfItsQuestionAndNoOther) {
-    Ask(QStringLiteral("/home/ana/Music/Blue River/Deep/01 Source.mp3"),
-        [](QWidget& window, QLabel& question) {
-            EXPECT_EQ(window.minimumSize(), window.size());
-            EXPECT_EQ(window.maximumSize(), window.size());
-            EXPECT_EQ(question.text(),
-                      QStringLiteral("File already exists: \"/home/ana/Music/Blue River/Deep/"
-                                     "01 Source.mp3\". Replace it?"));
-            EXPECT_EQ(question.toolTip(), QString());
-            EXPECT_GE(question.width(), question.sizeHint().width());
-            for (const QPushButton* button : window.findChildren<QPushButton*>()) {
-                EXPECT_TRUE(window.rect().contains(button->geometry()));
-            }
-        });
+    Ask(u"/home/ana/Music/Blue River/Deep/01 Source.mp3"_s, [](QWidget& window, QLabel& question) {
+        EXPECT_EQ(window.minimumSize(), window.size());
+        EXPECT_EQ(window.maximumSize(), window.size());
+        EXPECT_EQ(question.text(),
+                  u"File already exists: \"/home/ana/Music/Blue River/Deep/01 Source.mp3\". "
+                  u"Replace it?"_s);
+        EXPECT_EQ(question.toolTip(), QString());
+    });
 }
 
 TEST(TheOverwriteWindow, OfALongPathLeavesOutTheMiddleOfTheFoldersAndTellsItElsewhere) {
-    const QString path = QStringLiteral("/home/ana") + Repeated("/A Folder", 440) +
-                         QStringLiteral("/01 Source & Mouth.mp3");
+    const QString path =
+        u"/home/ana"_s + u"/A Folder"_s.repeated(440) + u"/01 Source & Mouth.mp3"_s;
     Ask(path, [&path](QWidget& window, QLabel& question) {
         const QString shown = question.text();
-        EXPECT_TRUE(shown.startsWith(QStringLiteral("File already exists: \"/home/ana/A Folder")));
-        EXPECT_TRUE(shown.contains(QChar(u'\u2026')));
-        EXPECT_TRUE(
-            shown.endsWith(QStringLiteral("A Folder/01 Source & Mouth.mp3\". Replace it?")));
-        EXPECT_GE(question.width(), question.sizeHint().width());
-        EXPECT_LE(window.width(), window.screen()->availableSize().width());
+        EXPECT_TRUE(shown.startsWith(u"File already exists: \"/home/ana/A Folder"_s));
+        EXPECT_TRUE(shown.contains(u'\u2026'));
+        EXPECT_TRUE(shown.endsWith(u"A Folder/01 Source & Mouth.mp3\". Replace it?"_s));
         EXPECT_GT(window.width(), window.screen()->availableSize().width() * 9 / 10);
-        const QString whole = QStringLiteral("File already exists: \"%1\". Replace it?").arg(path);
+        const QString whole = u"File already exists: \"%1\". Replace it?"_s.arg(path);
         EXPECT_EQ(question.toolTip(), whole);
         EXPECT_EQ(QAccessible::queryAccessibleInterface(&question)->text(QAccessible::Name), whole);
     });
 }
 
 TEST(TheOverwriteWindow, OfAFileNameWiderThanTheScreenKeepsBothItsEnds) {
-    const QString path =
-        QStringLiteral("/home/ana/01 ") + Repeated("M", 240) + QStringLiteral(" Mouth.mp3");
-    Ask(path, [](QWidget& window, QLabel& question) {
-        const QString shown = question.text();
-        EXPECT_TRUE(shown.startsWith(QStringLiteral("File already exists: \"\u202601 MM")));
-        EXPECT_TRUE(shown.endsWith(QStringLiteral("MM Mouth.mp3\". Replace it?")));
-        EXPECT_GE(question.width(), question.sizeHint().width());
-        EXPECT_LE(window.width(), window.screen()->availableSize().width());
+    const QString path = u"/home/ana/01 "_s + u"M"_s.repeated(240) + u" Mouth.mp3"_s;
+    Ask(path, [](QWidget&, QLabel& question) {
+        EXPECT_TRUE(question.text().startsWith(u"File already exists: \"\u202601 MM"_s));
+        EXPECT_TRUE(question.text().endsWith(u"MM Mouth.mp3\". Replace it?"_s));
     });
 }
 
 TEST(TheOverwriteWindow, StandsOverItsOwnerOnlyWhileThatIsSeen) {
     QWidget owner;
-    const QString file = QStringLiteral("/home/ana/01 Source.mp3");
+    const auto expectOver = [&owner](const QWidget* expected) {
+        const auto look = [&](QWidget& window, QLabel&) {
+            EXPECT_EQ(window.parentWidget(), expected);
+        };
+        Ask(u"/home/ana/01 Source.mp3"_s, look, &owner);
+    };
     owner.show();
-    Ask(
-        file, [&](QWidget& window, QLabel&) { EXPECT_EQ(window.parentWidget(), &owner); }, &owner);
+    expectOver(&owner);
     owner.showMinimized();
-    Ask(
-        file, [](QWidget& window, QLabel&) { EXPECT_EQ(window.parentWidget(), nullptr); }, &owner);
+    expectOver(nullptr);
 }

@@ -8,24 +8,41 @@
 
 #include <gtest/gtest.h>
 
-RealWindow::RealWindow() {
-    shell.Documents = QStringLiteral("D:\\Documents");
-    files.AddDrive(QStringLiteral("D:"));
-    files.AddFolder(QStringLiteral("D:\\Music"));
+using namespace Qt::StringLiterals;
+
+RealWindow::RealWindow(EventLoop* loop)
+    : services{
+          files, drives, store, shell, windowManager, messages, loop != nullptr ? *loop : events, worker, worker} {
+    shell.Documents = u"D:\\Documents"_s;
+    files.AddDrive(u"D:"_s);
+    files.AddFolder(u"D:\\Music"_s);
+}
+
+void RealWindow::PlugIn(const std::vector<SampleTrack>& tracks) {
+    files.AddDrive(u"E:"_s);
+    files.AddFile(u"E:\\iPod_Control\\iTunes\\iTunesDB"_s, WriteITunesDB(tracks));
+    for (const SampleTrack& track : tracks) {
+        QString location = track.Location;
+        location.replace(u'/', u'\\');
+        files.AddLargeFile(u"E:\\iPod_Control\\Music\\"_s + location, track.FileSize,
+                           static_cast<qint64>(qHash(track.Location)));
+    }
+    drives.Mounted = {{u'E', u"MY IPOD"_s}};
+}
+
+void RealWindow::Unplug() {
+    files.RemoveDrive(u"E:"_s);
+    drives.Mounted.clear();
 }
 
 void RealWindow::Start(const std::vector<SampleTrack>& tracks) {
-    files.AddDrive(QStringLiteral("E:"));
-    files.AddFile(QStringLiteral("E:\\iPod_Control\\iTunes\\iTunesDB"), WriteITunesDB(tracks));
-    for (const SampleTrack& track : tracks) {
-        QString location = track.Location;
-        location.replace(QLatin1Char('/'), QLatin1Char('\\'));
-        files.AddLargeFile(QStringLiteral("E:\\iPod_Control\\Music\\") + location, track.FileSize,
-                           static_cast<qint64>(qHash(track.Location)));
-    }
-    drives.Mounted = {{QLatin1Char('E'), QStringLiteral("MY IPOD")}};
+    PlugIn(tracks);
+    StartWithout();
+    controls.txtDestination.SetText(u"D:\\Music"_s);
+}
+
+void RealWindow::StartWithout() {
     program.Form_Load();
-    controls.txtDestination.SetText(QStringLiteral("D:\\Music"));
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&Top()));
     QCoreApplication::processEvents();
 }
@@ -69,6 +86,11 @@ void RealWindow::Drag(const char* control, int dx) {
     const QPoint now = widget.mapTo(&Top(), start);
     QtInput::MoveTo(Top(), now + QPoint(dx - dx / 2, 0));
     QtInput::Release(widget, start);
+}
+
+void RealWindow::Resize(int width, int height) {
+    Top().resize(width, height);
+    QtInput::Settle();
 }
 
 QStringList RealWindow::Rows(const ListControl& list) const {

@@ -4,6 +4,7 @@
 #include "app/Form1Window.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtWindowManager.h"
+#include "tests/app/ProgramFixture.h"
 #include "tests/fakes/FakeControls.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeServices.h"
@@ -13,10 +14,15 @@
 /// The program on its real window, and a user with mouse and keyboard before it.
 class RealWindow {
 public:
-    RealWindow();
+    /// `loop` takes the place of the system's event loop.
+    explicit RealWindow(EventLoop* loop = nullptr);
 
-    /// Plugs in an iPod at E: and starts the program.
-    void Start(const std::vector<SampleTrack>& tracks);
+    /// Plugs in an iPod at E:.
+    void PlugIn(const std::vector<SampleTrack>& tracks = SmallLibrary());
+    void Unplug();
+    /// Starts the program with an iPod at E:, or without one.
+    void Start(const std::vector<SampleTrack>& tracks = SmallLibrary());
+    void StartWithout();
 
     QWidget& Top() { return *window.Window().Widget(); }
     template <class WidgetType = QWidget>
@@ -33,6 +39,7 @@ public:
     void Key(Qt::Key key);
     /// Drags from the middle of a control by so many pixels.
     void Drag(const char* control, int dx);
+    void Resize(int width, int height);
 
     QStringList Rows(const ListControl& list) const;
 
@@ -50,7 +57,7 @@ public:
     FakeMediaPlayerControl player;
     PreviewControls preview{frmPreview, player};
     std::function<void(OverwritePrompt&)> AtPrompt;
-    Services services{files, drives, store, shell, windowManager, messages, events, worker, worker};
+    Services services;
     Form1 program{services, controls, preview,
                   [this](OverwritePrompt& prompt) { AtPrompt(prompt); }};
 };

@@ -1,6 +1,5 @@
-// The words that the window has for controls whose captions do not say it all.
+// The words that the window has for controls whose captions do not say it all, for eyes and ears.
 
-#include "tests/app/ProgramFixture.h"
 #include "tests/program/RealWindow.h"
 
 #include <QAccessible>
@@ -9,56 +8,68 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-class ToolTips : public testing::Test, protected RealWindow {};
+class ToolTips : public testing::Test, protected RealWindow {
+protected:
+    ToolTips() { Start(); }
+};
 
 } // namespace
 
-TEST_F(ToolTips, StandWhereACaptionNeedsAWord) {
-    Start(SmallLibrary());
+TEST_F(ToolTips, StandWhereACaptionNeedsAWordAndNowhereElse) {
     for (const char* name : {"Combo1", "cmdClear", "chkArtist", "chkAlbum", "chkArtistName",
                              "chkAlbumName", "chkTrackNum", "cmdCopy"}) {
-        EXPECT_FALSE(Widget(name).toolTip().isEmpty()) << name;
+        const QWidget& widget = Widget(name);
+        EXPECT_FALSE(widget.toolTip().isEmpty()) << name;
         EXPECT_EQ(
             QAccessible::queryAccessibleInterface(&Widget(name))->text(QAccessible::Description),
-            Widget(name).toolTip())
+            widget.toolTip())
             << name;
     }
     for (int tab = 0; tab < 3; ++tab) {
         EXPECT_FALSE(Widget<QTabBar>("tbsFilter").tabToolTip(tab).isEmpty());
     }
-    EXPECT_EQ(Top().findChild<QAction*>(QStringLiteral("mnuPreview"))->toolTip(),
-              QStringLiteral("Plays it from the iPod, in a window of its own"));
-}
-
-TEST_F(ToolTips, AreMissingWhereTheCaptionSaysItAll) {
-    Start(SmallLibrary());
     for (const char* name : {"cmdSearch", "cmdBrowse", "lblSearch", "prgCopy", "lblMessage"}) {
         EXPECT_EQ(Widget(name).toolTip(), QString()) << name;
     }
 }
 
-TEST_F(ToolTips, TheCopyButtonTellsWhatBecomesOfTmp) {
-    Start(SmallLibrary());
-    EXPECT_EQ(controls.cmdCopy.ToolTip(),
-              QStringLiteral("Starts and stops copying what is ticked. A folder \"tmp\" in the "
-                             "destination is used on the way, and deleted at the end."));
+TEST_F(ToolTips, TellWhatBecomesOfTmpAndWhereThePreviewPlays) {
+    EXPECT_EQ(
+        controls.cmdCopy.ToolTip(),
+        u"Starts and stops copying what is ticked. A folder \"tmp\" in the destination is used "
+        u"on the way, and deleted at the end."_s);
+    EXPECT_EQ(Top().findChild<QAction*>(u"mnuPreview"_s)->toolTip(),
+              u"Plays it from the iPod, in a window of its own"_s);
 }
 
-TEST_F(ToolTips, ThoseOfDestinationAndFullNameStillAppearOnlyForWhatDoesNotFit) {
-    Start(SmallLibrary());
+TEST_F(ToolTips, OfDestinationAndFullNameStandOnlyForWhatDoesNotFit) {
     EXPECT_EQ(controls.txtDestination.ToolTip(), QString());
     EXPECT_EQ(controls.lblFullName.ToolTip(), QString());
-    const QString path = QStringLiteral("D:\\") + QString(300, QLatin1Char('x'));
+    const QString path = u"D:\\"_s + u"x"_s.repeated(300);
     controls.txtDestination.SetText(path);
     EXPECT_EQ(controls.txtDestination.ToolTip(), path);
 }
 
-TEST_F(ToolTips, TheListOfIpodsIsNamedByThePictureBesideIt) {
-    Start(SmallLibrary());
+TEST_F(ToolTips, EveryControlSpeaksANameOrItsOwnText) {
+    const std::pair<const char*, QString> names[] = {
+        {"lstArtists", u"Artists"_s}, {"lstAlbums", u"Albums"_s},
+        {"lstSongs", u"Songs"_s},     {"tbsFilter", u"Filter"_s},
+        {"txtSearch", u"Search"_s},   {"txtDestination", u"Destination"_s},
+        {"prgCopy", u"Progress"_s},   {"Combo1", u"iPod"_s}};
+    for (const auto& [control, name] : names) {
+        EXPECT_EQ(Widget(control).accessibleName(), name);
+    }
+    // The list of iPods is named by the picture beside it.
     const auto labels =
         QAccessible::queryAccessibleInterface(&Widget("Combo1"))->relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1);
-    EXPECT_EQ(labels[0].first->text(QAccessible::Name), QStringLiteral("iPod"));
+    EXPECT_EQ(labels[0].first->text(QAccessible::Name), u"iPod"_s);
+}
+
+TEST_F(ToolTips, AreNotNeededByTheGenreBoxWhichDoesNothingAndIsNotShown) {
+    EXPECT_FALSE(Widget("chkGenre").isVisible());
 }

@@ -1,134 +1,200 @@
-// The real window's layout: nothing overlaps, nothing is cut off, the splitters follow the mouse.
+// The real window's layout: captions are whole and controls apart from each other at any size and
+// scale, and where people have chosen large letters; the splitters follow the mouse. The scale is
+// the process's: this is also run with QT_SCALE_FACTOR.
 
-#include "tests/app/ProgramFixture.h"
+#include "app/OverwriteWindow.h"
+#include "app/PreviewWindow.h"
 #include "tests/program/RealWindow.h"
 #include "tests/window/QtInput.h"
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QGroupBox>
+#include <QLabel>
 #include <QScreen>
-#include <QTest>
+#include <QTabBar>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-class WindowLayout : public testing::Test, protected RealWindow {
+std::string NameOf(const QWidget& widget) {
+    return widget.objectName().toStdString();
+}
+
+QList<QWidget*> ControlsOf(const QWidget& parent) {
+    QList<QWidget*> controls;
+    for (QWidget* child : parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (child->isVisible() && !child->objectName().isEmpty() && !child->isWindow()) {
+            controls.append(child);
+        }
+    }
+    return controls;
+}
+
+/// The copy button stands over the frame around the destination.
+bool MayOverlap(const QWidget& one, const QWidget& other) {
+    const QStringList names{one.objectName(), other.objectName()};
+    return names.contains(u"cmdCopy"_s) && names.contains(u"frmDestination"_s);
+}
+
+void ExpectCaptionFits(const QWidget& widget) {
+    // The full name is shortened to fit, with a tool tip.
+    if (widget.objectName() == "lblFullName"_L1) {
+        return;
+    }
+    QSize needed(0, 0);
+    if (qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
+        qobject_cast<const QLabel*>(&widget) != nullptr ||
+        qobject_cast<const QTabBar*>(&widget) != nullptr) {
+        needed = widget.sizeHint();
+    } else if (const auto* frame = qobject_cast<const QGroupBox*>(&widget)) {
+        needed = frame->fontMetrics().size(Qt::TextShowMnemonic, frame->title());
+    } else if (widget.inherits("QLineEdit") || widget.inherits("QComboBox")) {
+        needed.setHeight(widget.fontMetrics().height() + 4);
+    }
+    EXPECT_GE(widget.width(), needed.width()) << NameOf(widget) << " is cut off";
+    EXPECT_GE(widget.height(), needed.height()) << NameOf(widget) << " is cut off";
+}
+
+/// All that is in a window, and in what it holds.
+void ExpectTidy(const QWidget& parent) {
+    const QList<QWidget*> controls = ControlsOf(parent);
+    for (qsizetype i = 0; i < controls.size(); ++i) {
+        const QWidget& control = *controls[i];
+        ExpectCaptionFits(control);
+        EXPECT_TRUE(parent.rect().contains(control.geometry()))
+            << NameOf(control) << " sticks out of " << NameOf(parent);
+        for (qsizetype j = i + 1; j < controls.size(); ++j) {
+            EXPECT_FALSE(control.geometry().intersects(controls[j]->geometry()) &&
+                         !MayOverlap(control, *controls[j]))
+                << NameOf(control) << " overlaps " << NameOf(*controls[j]);
+        }
+        if (!control.inherits("QAbstractItemView") && !control.inherits("QComboBox")) {
+            ExpectTidy(control);
+        }
+    }
+}
+
+/// With letters of their usual size, and half as large again.
+class Fitting : public testing::TestWithParam<double> {
 protected:
-    static bool IsMeantToOverlap(const QWidget& one, const QWidget& other) {
-        // The copy button stands over the frame around the destination.
-        return (one.objectName() == QLatin1String("cmdCopy") &&
-                other.objectName() == QLatin1String("frmDestination")) ||
-               (other.objectName() == QLatin1String("cmdCopy") &&
-                one.objectName() == QLatin1String("frmDestination"));
+    Fitting() {
+        QFont font = m_before;
+        font.setPointSizeF(font.pointSizeF() * GetParam());
+        QApplication::setFont(font);
     }
+    ~Fitting() override { QApplication::setFont(m_before); }
 
-    static QList<QWidget*> VisibleChildren(const QWidget& parent) {
-        QList<QWidget*> children;
-        for (QWidget* child :
-             parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (child->isVisible() && !child->objectName().isEmpty()) {
-                children.append(child);
-            }
-        }
-        return children;
-    }
-
-    void ExpectTidy() {
-        for (const char* name :
-             {"", "Picture2", "frmDP", "frmTN", "frmDestination", "pctDestination"}) {
-            const QWidget& parent = *name == '\0' ? Top() : Widget(name);
-            const QList<QWidget*> children = VisibleChildren(parent);
-            for (qsizetype i = 0; i < children.size(); ++i) {
-                const QWidget& child = *children[i];
-                EXPECT_TRUE(parent.rect().contains(child.geometry()))
-                    << child.objectName().toStdString() << " sticks out";
-                for (qsizetype j = i + 1; j < children.size(); ++j) {
-                    EXPECT_TRUE(!child.geometry().intersects(children[j]->geometry()) ||
-                                IsMeantToOverlap(child, *children[j]))
-                        << child.objectName().toStdString() << " overlaps "
-                        << children[j]->objectName().toStdString();
-                }
-            }
-        }
-    }
-
-    void ExpectCaptionsFit() {
-        for (const char* name :
-             {"cmdSearch", "cmdClear", "cmdBrowse", "cmdCopy", "chkArtist", "chkAlbum",
-              "chkArtistName", "chkAlbumName", "chkTrackNum", "lblSearch"}) {
-            const QWidget& widget = Widget(name);
-            EXPECT_GE(widget.width(), widget.sizeHint().width()) << name;
-            EXPECT_GE(widget.height(), widget.sizeHint().height()) << name;
-        }
-    }
-
-    double Right(const Control& control) { return control.Left() + control.Width(); }
+private:
+    QFont m_before = QApplication::font();
 };
 
-} // namespace
+INSTANTIATE_TEST_SUITE_P(Letters, Fitting, testing::Values(1.0, 1.5), [](const auto& factor) {
+    return std::string(factor.param > 1 ? "Large" : "Usual");
+});
 
-TEST_F(WindowLayout, IsTidyAtItsDesignSize) {
-    Start(SmallLibrary());
-    ExpectTidy();
-    ExpectCaptionsFit();
+TEST_P(Fitting, TheMainWindowIsTidyAtEverySizeAndWhileItCopies) {
+    RealWindow window;
+    window.Start();
+    EXPECT_GE(ControlsOf(window.Top()).size(), 18);
+    ExpectTidy(window.Top());
+    for (const QSize size : {QSize(1, 1), QSize(2400, 1500), QSize(980, 660)}) {
+        window.Resize(size.width(), size.height());
+        ExpectTidy(window.Top());
+        EXPECT_GT(window.controls.lstArtists.Height(), 0);
+        EXPECT_EQ(window.Widget("prgCopy").geometry().right(),
+                  window.Widget("lstSongs").geometry().right());
+    }
+    window.controls.cmdCopy.SetCaption(u"&Cancel"_s);
+    window.controls.lblMessage.SetCaption(u"Copying files... 32767 of 32767"_s);
+    ExpectTidy(window.Top());
 }
 
-TEST_F(WindowLayout, IsTidyAtItsSmallest) {
-    Start(SmallLibrary());
-    Top().resize(1, 1);
-    QCoreApplication::processEvents();
-    ExpectTidy();
-    ExpectCaptionsFit();
-    EXPECT_GT(controls.lstArtists.Height(), 0);
+/// What a screen of 640 by 480 pixels leaves.
+TEST_P(Fitting, TheMainWindowIsTidyAndOfUseOnASmallScreen) {
+    RealWindow window;
+    window.Start();
+    window.Resize(620, 440);
+    EXPECT_EQ(window.Top().size(), QSize(620, 440));
+    ExpectTidy(window.Top());
+    for (const char* name : {"lstArtists", "lstAlbums", "lstSongs"}) {
+        const auto& list = window.Widget<QListView>(name);
+        EXPECT_GE(list.viewport()->height(), 4 * list.sizeHintForRow(0)) << name;
+    }
+    for (const char* name : {"Combo1", "txtSearch", "txtDestination"}) {
+        const QWidget& box = window.Widget(name);
+        EXPECT_GE(box.width(), box.fontMetrics().averageCharWidth() * 10) << name;
+    }
 }
 
-TEST_F(WindowLayout, IsTidyWhenItIsLarge) {
-    Start(SmallLibrary());
-    Top().resize(2400, 1500);
-    QCoreApplication::processEvents();
-    ExpectTidy();
-    EXPECT_EQ(Widget("prgCopy").geometry().right(), Widget("lstSongs").geometry().right());
+TEST_P(Fitting, TheOverwritePromptIsTidy) {
+    OverwritePrompt prompt;
+    for (const QString& path :
+         {u"/m"_s, u"/home/ana/Music/The Borrowed Umbrellas/Morning Rounds/01 First Light.mp3"_s}) {
+        prompt.OverwriteFile = path;
+        OverwriteWindow window(nullptr, prompt);
+        bool seen = false;
+        QTimer::singleShot(0, [&seen] {
+            QWidget* shown = QApplication::activeModalWidget();
+            ASSERT_NE(shown, nullptr);
+            seen = ControlsOf(*shown).size() == 5;
+            ExpectTidy(*shown);
+            shown->close();
+        });
+        window.Ask();
+        EXPECT_TRUE(seen);
+    }
 }
+
+TEST_P(Fitting, ThePreviewIsTidy) {
+    FakeFileSystem files;
+    PreviewWindow preview(nullptr, files);
+    for (const int width : {480, 240, 120}) {
+        preview.Controls().frmPreview.SetSize(width * 15, 320 * 15);
+        preview.Controls().frmPreview.Show();
+        QCoreApplication::processEvents();
+        ExpectTidy(*preview.Widget());
+        const auto* play = preview.Widget()->findChild<QWidget*>(u"PlayButton"_s);
+        ASSERT_NE(play, nullptr);
+        ASSERT_TRUE(ControlsOf(*play->parentWidget()).contains(play));
+        ExpectTidy(*play->parentWidget());
+    }
+}
+
+class WindowLayout : public testing::Test, protected RealWindow {};
 
 TEST_F(WindowLayout, KeepsTheListsRatioThroughManySizes) {
-    Start(SmallLibrary());
+    Start();
     const double share = controls.lstArtists.Width() / controls.lstSongs.Width();
     for (int width = 900; width < 1600; width += 7) {
         Top().resize(width, 700);
     }
-    Top().resize(980, 660);
-    QCoreApplication::processEvents();
+    Resize(980, 660);
     EXPECT_NEAR(controls.lstArtists.Width() / controls.lstSongs.Width(), share, 0.001);
-    ExpectTidy();
 }
 
-TEST_F(WindowLayout, ASplitterFollowsTheMouse) {
-    Start(SmallLibrary());
+TEST_F(WindowLayout, ASplitterFollowsTheMouseUpToTheSmallestListAndIsDarkOnlyWhileItIsHeld) {
+    Start();
     const double before = controls.lstArtists.Width();
     Drag("Handle0", 60);
     EXPECT_NEAR(controls.lstArtists.Width(), before + 60 * 15, 4 * 15);
-    EXPECT_DOUBLE_EQ(controls.lstAlbums.Left(), Right(controls.lstArtists) + 45);
-    ExpectTidy();
-}
-
-TEST_F(WindowLayout, ASplitterStopsAtTheSmallestList) {
-    Start(SmallLibrary());
+    EXPECT_EQ(controls.Handle0.BackColor(), SystemColor::ButtonFace);
+    EXPECT_DOUBLE_EQ(controls.lstAlbums.Left(),
+                     controls.lstArtists.Left() + controls.lstArtists.Width() + 45);
+    ExpectTidy(Top());
     Drag("Handle1", 5000);
     EXPECT_DOUBLE_EQ(controls.lstSongs.Width(), 315);
     Drag("Handle0", -5000);
     EXPECT_DOUBLE_EQ(controls.lstArtists.Width(), 315);
-    ExpectTidy();
-}
-
-TEST_F(WindowLayout, ASplitterIsDarkOnlyWhileItIsHeld) {
-    Start(SmallLibrary());
-    Drag("Handle0", 10);
-    EXPECT_EQ(controls.Handle0.BackColor(), SystemColor::ButtonFace);
+    ExpectTidy(Top());
 }
 
 TEST_F(WindowLayout, ASplitterLetsGoWhenAMessageTakesTheMouseAway) {
-    Start(SmallLibrary());
+    Start();
     QWidget& handle = Widget("Handle0");
     QtInput::Press(handle, handle.rect().center());
     ASSERT_EQ(controls.Handle0.BackColor(), SystemColor::DarkShadow3D);
@@ -146,39 +212,22 @@ TEST_F(WindowLayout, ASplitterLetsGoWhenAMessageTakesTheMouseAway) {
     EXPECT_EQ(controls.lstArtists.Width(), width);
 }
 
-TEST_F(WindowLayout, TheGenreBoxThatDoesNothingIsNotShown) {
-    Start(SmallLibrary());
-    EXPECT_FALSE(Widget("chkGenre").isVisible());
-}
-
-TEST_F(WindowLayout, EveryControlSpeaksANameOrItsOwnText) {
-    Start(SmallLibrary());
-    const std::pair<const char*, const char*> names[] = {
-        {"Combo1", "iPod"},      {"lstArtists", "Artists"}, {"lstAlbums", "Albums"},
-        {"lstSongs", "Songs"},   {"txtSearch", "Search"},   {"txtDestination", "Destination"},
-        {"prgCopy", "Progress"},
-    };
-    for (const auto& [control, name] : names) {
-        EXPECT_EQ(Widget(control).accessibleName(), QString::fromLatin1(name));
-    }
-}
-
 TEST_F(WindowLayout, TheSizeAndTheSplittersComeBack) {
-    Start(SmallLibrary());
+    Start();
     // With a title bar no larger than the screen, to whose size it would be cut.
     const QSize size =
         Top().minimumSize().expandedTo(Top().screen()->availableSize() - QSize(10, 30));
     Top().resize(size);
     Drag("Handle0", 40);
     QCoreApplication::processEvents();
-    const double artists = controls.lstArtists.Width();
-    const double albums = controls.lstAlbums.Width();
     Top().close();
 
     RealWindow again;
     again.store.Values = store.Values;
-    again.Start(SmallLibrary());
+    again.Start();
     EXPECT_EQ(again.Top().size(), size);
-    EXPECT_NEAR(again.controls.lstArtists.Width(), artists, 8);
-    EXPECT_NEAR(again.controls.lstAlbums.Width(), albums, 8);
+    EXPECT_NEAR(again.controls.lstArtists.Width(), controls.lstArtists.Width(), 8);
+    EXPECT_NEAR(again.controls.lstAlbums.Width(), controls.lstAlbums.Width(), 8);
 }
+
+} // namespace
