@@ -6,7 +6,25 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace MediaSamples {
+
+namespace {
+
+QStringList Words(const QString& text) {
+    return text.split(u' ');
+}
+
+QStringList Input(const QString& description) {
+    return {u"-f"_s, u"lavfi"_s, u"-i"_s, description};
+}
+
+QStringList Sine(int seconds) {
+    return Input(u"sine=frequency=440:duration=%1"_s.arg(seconds));
+}
+
+} // namespace
 
 QString Folder() {
     static const QTemporaryDir folder;
@@ -14,15 +32,13 @@ QString Folder() {
 }
 
 QString Make(const QString& name, const QStringList& arguments) {
-    QString path = Folder() + QLatin1Char('/') + name;
+    QString path = Folder() + u'/' + name;
     if (QFile::exists(path)) {
         return path;
     }
     QProcess ffmpeg;
     ffmpeg.setProcessChannelMode(QProcess::MergedChannels);
-    const QStringList quiet = {QStringLiteral("-nostdin"), QStringLiteral("-v"),
-                               QStringLiteral("error")};
-    ffmpeg.start(QStringLiteral("ffmpeg"), quiet + arguments + QStringList{path});
+    ffmpeg.start(u"ffmpeg"_s, Words(u"-nostdin -v error"_s) + arguments + QStringList{path});
     const bool made =
         ffmpeg.waitForFinished(60'000) && ffmpeg.exitCode() == 0 && QFile::exists(path);
     EXPECT_TRUE(made) << "ffmpeg made no " << name.toStdString() << ": "
@@ -30,46 +46,30 @@ QString Make(const QString& name, const QStringList& arguments) {
     return path;
 }
 
-namespace {
-
-QStringList Input(const QString& description) {
-    return {QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"), description};
-}
-
-QString Sine(int seconds) {
-    return QStringLiteral("sine=frequency=440:duration=%1").arg(seconds);
-}
-
-} // namespace
-
 QString Tone(const QString& name, const QString& codec, int seconds) {
-    return Make(name, Input(Sine(seconds)) + QStringList{QStringLiteral("-c:a"), codec});
+    return Make(name, Sine(seconds) + QStringList{u"-c:a"_s, codec});
 }
 
 QString Film(const QString& name, const QString& size, int seconds, const QString& filter,
              const QStringList& extra) {
     const QString picture =
-        QStringLiteral("testsrc=size=%1:rate=25:duration=%2%3").arg(size).arg(seconds).arg(filter);
-    const QStringList output = {QStringLiteral("-c:v"),     QStringLiteral("libx264"),
-                                QStringLiteral("-preset"),  QStringLiteral("ultrafast"),
-                                QStringLiteral("-pix_fmt"), QStringLiteral("yuv420p"),
-                                QStringLiteral("-c:a"),     QStringLiteral("aac")};
-    return Make(name, Input(picture) + Input(Sine(seconds)) + output + extra);
+        u"testsrc=size=%1:rate=25:duration=%2%3"_s.arg(size).arg(seconds).arg(filter);
+    const QString output = u"-c:v libx264 -preset ultrafast -pix_fmt yuv420p -c:a aac"_s;
+    return Make(name, Input(picture) + Sine(seconds) + Words(output) + extra);
+}
+
+QString Picture(const QString& colour) {
+    return Make(colour + u".png"_s, Input(u"color=%1:size=64x64:duration=0.04"_s.arg(colour)) +
+                                        Words(u"-frames:v 1"_s));
 }
 
 QString ToneWithCover(const QString& tone, const QString& name, const QString& colour) {
-    const QString picture = QStringLiteral("color=%1:size=64x64:duration=0.04").arg(colour);
-    const QString cover =
-        Make(colour + QStringLiteral(".png"),
-             Input(picture) + QStringList{QStringLiteral("-frames:v"), QStringLiteral("1")});
-    return Make(name, {QStringLiteral("-i"), tone, QStringLiteral("-i"), cover,
-                       QStringLiteral("-map"), QStringLiteral("0:a"), QStringLiteral("-map"),
-                       QStringLiteral("1:v"), QStringLiteral("-c"), QStringLiteral("copy"),
-                       QStringLiteral("-disposition:v"), QStringLiteral("attached_pic")});
+    return Make(name, QStringList{u"-i"_s, tone, u"-i"_s, Picture(colour)} +
+                          Words(u"-map 0:a -map 1:v -c copy -disposition:v attached_pic"_s));
 }
 
 QString Write(const QString& name, const QByteArray& bytes) {
-    QFile file(Folder() + QLatin1Char('/') + name);
+    QFile file(Folder() + u'/' + name);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     return file.fileName();
 }

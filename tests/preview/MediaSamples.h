@@ -18,7 +18,10 @@ QString Tone(const QString& name, const QString& codec, int seconds = 20);
 QString Film(const QString& name, const QString& size, int seconds = 20, const QString& filter = {},
              const QStringList& extra = {});
 
-/// The tone of that path with a cover of one colour, 64 pixels wide and high.
+/// A picture of one colour, 64 pixels wide and high.
+QString Picture(const QString& colour);
+
+/// The tone of that path with such a picture as its cover.
 QString ToneWithCover(const QString& tone, const QString& name, const QString& colour);
 
 /// A file of those bytes.

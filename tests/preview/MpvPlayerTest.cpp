@@ -7,10 +7,27 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
 using MediaSamples::Film;
 using MediaSamples::Tone;
 
 namespace {
+
+QString Mp3() {
+    return Tone(u"tone.mp3"_s, u"libmp3lame"_s);
+}
+
+QString SmallFilm(const QString& name, const QStringList& extra = {}) {
+    return Film(name, u"160x120"_s, 20, {}, extra);
+}
+
+QColor ColourAt(QWidget& window, int x, int y) {
+    return window.grab().toImage().pixelColor(x, y);
+}
+
+bool IsRed(const QColor& colour) {
+    return colour.red() > 230 && colour.green() < 25 && colour.blue() < 25;
+}
 
 // ---- formats
 
@@ -23,24 +40,19 @@ void PrintTo(const Format& format, std::ostream* out) {
     *out << format.Name;
 }
 
-QString Small(const char* name) {
-    return Film(QLatin1String(name), QStringLiteral("160x120"));
-}
-
 const Format formats[] = {
-    {"Mp3", [] { return Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame")); }},
-    {"AacM4a", [] { return Tone(QStringLiteral("tone.m4a"), QStringLiteral("aac")); }},
-    {"AacRaw", [] { return Tone(QStringLiteral("tone.aac"), QStringLiteral("aac")); }},
-    {"Alac", [] { return Tone(QStringLiteral("lossless.m4a"), QStringLiteral("alac")); }},
-    {"Wav", [] { return Tone(QStringLiteral("tone.wav"), QStringLiteral("pcm_s16le")); }},
-    {"Aiff", [] { return Tone(QStringLiteral("tone.aif"), QStringLiteral("pcm_s16be")); }},
-    {"Mp4", [] { return Small("film.mp4"); }},
+    {"Mp3", Mp3},
+    {"AacM4a", [] { return Tone(u"tone.m4a"_s, u"aac"_s); }},
+    {"AacRaw", [] { return Tone(u"tone.aac"_s, u"aac"_s); }},
+    {"Alac", [] { return Tone(u"lossless.m4a"_s, u"alac"_s); }},
+    {"Wav", [] { return Tone(u"tone.wav"_s, u"pcm_s16le"_s); }},
+    {"Aiff", [] { return Tone(u"tone.aif"_s, u"pcm_s16be"_s); }},
+    {"Mp4", [] { return SmallFilm(u"film.mp4"_s); }},
     {"M4v",
      [] {
-         return Film(QStringLiteral("film.m4v"), QStringLiteral("160x120"), 20, {},
-                     {QStringLiteral("-f"), QStringLiteral("mp4")});
+         return SmallFilm(u"film.m4v"_s, {u"-f"_s, u"mp4"_s});
      }},
-    {"QuickTime", [] { return Small("film.mov"); }},
+    {"QuickTime", [] { return SmallFilm(u"film.mov"_s); }},
 };
 
 class PlayerFormat : public PlayerTest, public testing::WithParamInterface<Format> {};
@@ -50,137 +62,104 @@ INSTANTIATE_TEST_SUITE_P(All, PlayerFormat, testing::ValuesIn(formats),
 
 TEST_P(PlayerFormat, PlaysOnAMachineWithoutASoundDevice) {
     Preview(GetParam().Make());
-    EXPECT_TRUE(IsPlaying());
     EXPECT_FALSE(SaysItCannotPlay());
-    EXPECT_TRUE(Becomes([&] { return Position().value() > 300; })) << Position().value();
+    ExpectPlayingOn();
     EXPECT_NEAR(Position().maximum(), 20'000, 200);
-}
-
-QImage Grab(QWidget& window) {
-    return window.grab().toImage();
 }
 
 // ---- sizes
 
-using PlayerSize = PlayerTest;
+class PlayerSize : public PlayerTest {
+protected:
+    QSize Pixels() const { return {PixelWidth(), PixelHeight()}; }
+    QSize SmallPlayer() const { return {360, Bar()}; }
+};
 
-TEST_F(PlayerSize, BeforeTheFirstFileThePlayerIsSmall) {
-    EXPECT_EQ(PixelWidth(), 360);
-    EXPECT_EQ(PixelHeight(), Bar());
+TEST_F(PlayerSize, WithoutAFilmThePlayerIsSmall) {
+    EXPECT_EQ(Pixels(), SmallPlayer());
     EXPECT_EQ(player.Source(), QString());
+    player.SetSource(SmallFilm(u"film.mp4"_s));
+    player.SetSource(Mp3());
+    EXPECT_EQ(Pixels(), SmallPlayer());
 }
 
-TEST_F(PlayerSize, AFilmHasItsOwnSizeInTwipsWhenSetSourceReturns) {
-    player.SetSource(Small("film.mp4"));
-    EXPECT_EQ(player.Width(), 160 * 15);
-    EXPECT_EQ(player.Height(), (120 + Bar()) * 15);
-    EXPECT_EQ(player.Source(), Small("film.mp4"));
-}
-
-TEST_F(PlayerSize, AFilmLargerThanTheScreenIsScaledDownInItsShape) {
+TEST_F(PlayerSize, AFilmHasItsShapeAndItsOwnSizeAsFarAsTheScreenHasRoomWhenSetSourceReturns) {
     ASSERT_EQ(window.screen()->availableGeometry().size(), QSize(800, 800));
-    player.SetSource(Film(QStringLiteral("large.mp4"), QStringLiteral("1600x1200"), 2));
-    // 16 pixels are left to the window's frame.
-    EXPECT_EQ(PixelWidth(), 784);
-    EXPECT_EQ(PixelHeight(), 588 + Bar());
-}
-
-TEST_F(PlayerSize, ATallFilmIsScaledDownUntilWindowAndBarFitTheScreen) {
-    player.SetSource(Film(QStringLiteral("tall.mp4"), QStringLiteral("400x1600"), 2));
-    // 48 pixels are left to the window's frame.
-    EXPECT_EQ(PixelHeight(), 752);
-    EXPECT_NEAR(PixelWidth(), (752 - Bar()) / 4.0, 1);
-}
-
-TEST_F(PlayerSize, PixelsThatAreNotSquareWidenTheFilm) {
-    player.SetSource(Film(QStringLiteral("anamorphic.mp4"), QStringLiteral("160x120"), 2,
-                          QStringLiteral(",setsar=2")));
-    EXPECT_EQ(PixelWidth(), 320);
-    EXPECT_EQ(PixelHeight(), 120 + Bar());
-}
-
-TEST_F(PlayerSize, AFilmThatStandsUprightIsShownUpright) {
-    const QString lying = Film(QStringLiteral("lying.mov"), QStringLiteral("240x160"), 2,
-                               QStringLiteral(",drawbox=color=blue:t=fill,"
-                                              "drawbox=w=120:color=red:t=fill"));
-    const QStringList turned = {QStringLiteral("-i"),
-                                lying,
-                                QStringLiteral("-c"),
-                                QStringLiteral("copy"),
-                                QStringLiteral("-metadata:s:v:0"),
-                                QStringLiteral("rotate=90")};
-    Preview(MediaSamples::Make(QStringLiteral("upright.mov"), turned));
-    EXPECT_EQ(PixelWidth(), 160);
-    EXPECT_EQ(PixelHeight(), 240 + Bar());
-    // The red left half of the lying film stands below.
-    EXPECT_TRUE(Becomes([&] { return Grab(window).pixelColor(2, 237).red() > 230; }));
-    for (const int x : {2, 80, 157}) {
-        EXPECT_GT(Grab(window).pixelColor(x, 2).blue(), 230);
-        EXPECT_GT(Grab(window).pixelColor(x, 110).blue(), 230);
-        EXPECT_GT(Grab(window).pixelColor(x, 130).red(), 230);
+    struct Case {
+        const char* Size;
+        const char* Filter;
+        QSize Expected;
+    };
+    // 16 pixels across and 48 down are left to the window's frame.
+    const int tallest = 752 - Bar();
+    const Case cases[] = {
+        {"160x120", "", {160, 120}},
+        {"1600x1200", "", {784, 588}},
+        {"160x120", ",setsar=2", {320, 120}},
+        {"32x16", "", {160, 16}},
+        {"400x1600", "", {tallest / 4, tallest}},
+    };
+    for (const auto& [size, filter, expected] : cases) {
+        const QString name = QLatin1String(size) + QLatin1String(filter) + u".mp4"_s;
+        const QString film = Film(name, QLatin1String(size), 2, QLatin1String(filter));
+        player.SetSource(film);
+        EXPECT_EQ(player.Source(), film);
+        EXPECT_NEAR(player.Width(), expected.width() * 15, 15) << size;
+        EXPECT_EQ(player.Height(), (expected.height() + Bar()) * 15) << size;
     }
-    window.resize(300, 200);
-    EXPECT_TRUE(Becomes([&] { return Grab(window).pixelColor(150, 5).blue() > 230; }));
 }
 
 TEST_F(PlayerSize, ATinyFilmLeavesTheBarUsable) {
-    Preview(Film(QStringLiteral("tiny.mp4"), QStringLiteral("32x16"), 20));
-    EXPECT_EQ(PixelWidth(), 160);
-    EXPECT_EQ(PixelHeight(), 16 + Bar());
+    Preview(Film(u"tiny.mp4"_s, u"32x16"_s, 20));
     EXPECT_EQ(PictureRect().size(), QSize(32, 16));
     EXPECT_TRUE(PlayButton().isVisible());
     EXPECT_TRUE(Position().isVisible());
     EXPECT_TRUE(Becomes([&] { return Position().width() >= 100; })) << Position().width();
 }
 
-TEST_F(PlayerSize, MusicGivesASmallPlayer) {
-    player.SetSource(Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame")));
-    EXPECT_EQ(player.Width(), 360 * 15);
-    EXPECT_EQ(player.Height(), Bar() * 15);
-}
-
-TEST_F(PlayerSize, AVideoAndThenAnAudioTrackEachGiveTheirSize) {
-    Preview(Small("film.mp4"));
-    EXPECT_EQ(player.Widget()->size(), QSize(160, 120 + Bar()));
-    Preview(Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame")));
-    EXPECT_EQ(player.Widget()->size(), QSize(360, Bar()));
-    Preview(Small("film.mov"));
-    EXPECT_EQ(player.Widget()->size(), QSize(160, 120 + Bar()));
+TEST_F(PlayerSize, AFilmThatStandsUprightIsShownUpright) {
+    const QString lying = Film(u"lying.mov"_s, u"240x160"_s, 2,
+                               u",drawbox=color=blue:t=fill,drawbox=w=120:color=red:t=fill"_s);
+    Preview(MediaSamples::Make(u"upright.mov"_s, {u"-i"_s, lying, u"-c"_s, u"copy"_s,
+                                                  u"-metadata:s:v:0"_s, u"rotate=90"_s}));
+    EXPECT_EQ(Pixels(), QSize(160, 240 + Bar()));
+    // The red left half of the lying film stands below.
+    EXPECT_TRUE(Becomes([&] { return ColourAt(window, 2, 237).red() > 230; }));
+    for (const int x : {2, 80, 157}) {
+        EXPECT_GT(ColourAt(window, x, 2).blue(), 230);
+        EXPECT_GT(ColourAt(window, x, 110).blue(), 230);
+        EXPECT_GT(ColourAt(window, x, 130).red(), 230);
+    }
+    window.resize(300, 200);
+    EXPECT_TRUE(Becomes([&] { return ColourAt(window, 150, 5).blue() > 230; }));
 }
 
 TEST_F(PlayerSize, ThePlayerFollowsItsWindowAndThePictureKeepsItsShape) {
-    Preview(Small("film.mp4"));
+    Preview(SmallFilm(u"film.mp4"_s));
+    EXPECT_EQ(player.Widget()->size(), QSize(160, 120 + Bar()));
     window.resize(400, 120 + Bar());
     EXPECT_EQ(player.Widget()->geometry(), QRect(0, 0, 400, 120 + Bar()));
     EXPECT_EQ(PixelWidth(), 400);
     EXPECT_EQ(PictureRect(), QRect(120, 0, 160, 120));
     window.resize(320, 300 + Bar());
     EXPECT_EQ(PictureRect(), QRect(0, 30, 320, 240));
+    player.SetSource(Mp3()); // in a window that keeps its size
+    EXPECT_EQ(Pixels(), SmallPlayer());
+    EXPECT_TRUE(Becomes([&] { return player.Widget()->size() == window.size(); }));
 }
 
-TEST_F(PlayerSize, AWindowThatKeepsItsSizeIsFilled) {
-    window.show();
-    player.SetSource(Small("film.mp4"));
-    EXPECT_EQ(PixelWidth(), 160);
-    EXPECT_TRUE(Becomes([&] { return player.Widget()->size() == QSize(640, 480); }));
-}
-
-TEST_F(PlayerSize, AFilmThatIsKnownLateTellsItsSize) {
+TEST_F(PlayerSize, AFilmThatIsKnownLateTellsItsSizeUnlessItWasStopped) {
     player.Widget()->Patience = 0;
     player.SizeChanged = [&] { window.resize(PixelWidth(), PixelHeight()); };
-    Preview(Small("film.mp4"));
-    EXPECT_EQ(window.size(), QSize(360, Bar()));
+    Preview(SmallFilm(u"film.mp4"_s));
+    player.SetSource(QString());
+    EXPECT_FALSE(Becomes([&] { return window.size() != SmallPlayer(); }, 500));
+    EXPECT_FALSE(SaysItCannotPlay());
+    Preview(SmallFilm(u"film.mp4"_s));
+    EXPECT_EQ(window.size(), SmallPlayer());
     EXPECT_TRUE(Becomes([&] { return window.size() == QSize(160, 120 + Bar()); }));
     EXPECT_EQ(player.Widget()->size(), window.size());
     EXPECT_EQ(player.Width(), 160 * 15);
-}
-
-TEST_F(PlayerSize, LateNewsOfAFileThatWasStoppedChangesNothing) {
-    player.Widget()->Patience = 0;
-    Preview(Small("film.mp4"));
-    player.SetSource(QString());
-    EXPECT_FALSE(Becomes([&] { return window.size() != QSize(360, Bar()); }, 500));
-    EXPECT_FALSE(SaysItCannotPlay());
 }
 
 // ---- the device's file
@@ -188,12 +167,12 @@ TEST_F(PlayerSize, LateNewsOfAFileThatWasStoppedChangesNothing) {
 using PlayerFile = PlayerTest;
 
 TEST_F(PlayerFile, IsOpenForReadingOnlyWhileItPlays) {
-    const QString path = Small("film.mp4");
+    const QString path = SmallFilm(u"film.mp4"_s);
     player.SetSource(path);
     const auto descriptors = OpenDescriptors(path);
     ASSERT_EQ(descriptors.size(), 1u);
     const QString number = QString::fromStdString(descriptors[0].filename().string());
-    QFile info(QStringLiteral("/proc/self/fdinfo/") + number);
+    QFile info(u"/proc/self/fdinfo/"_s + number);
     ASSERT_TRUE(info.open(QIODevice::ReadOnly));
     const QList<QByteArray> words = info.readAll().simplified().split(' ');
     const int flags = words.value(words.indexOf("flags:") + 1).toInt(nullptr, 8);
@@ -201,23 +180,15 @@ TEST_F(PlayerFile, IsOpenForReadingOnlyWhileItPlays) {
     EXPECT_EQ(flags & O_ACCMODE, O_RDONLY);
 }
 
-TEST_F(PlayerFile, IsClosedWhenAnEmptySourceReturns) {
-    const QString path = Small("film.mp4");
-    Preview(path);
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 100; }));
+TEST_F(PlayerFile, IsClosedAtOnceWhenAnEmptySourceReturns) {
+    const QString path = PlayFilm();
     EXPECT_TRUE(IsOpen(path));
-    player.SetSource(QString());
-    EXPECT_FALSE(IsOpen(path));
-    EXPECT_EQ(player.Source(), QString());
-}
-
-TEST_F(PlayerFile, StoppingIsAtOnce) {
-    Preview(Small("film.mp4"));
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 100; }));
     QElapsedTimer time;
     time.start();
     player.SetSource(QString());
     EXPECT_LT(time.elapsed(), 500);
+    EXPECT_FALSE(IsOpen(path));
+    EXPECT_EQ(player.Source(), QString());
     EXPECT_FALSE(IsPlaying());
     EXPECT_EQ(Position().value(), 0);
     EXPECT_FALSE(PlayButton().isEnabled());
@@ -225,61 +196,42 @@ TEST_F(PlayerFile, StoppingIsAtOnce) {
     EXPECT_FALSE(Becomes([&] { return IsPlaying() || Position().value() > 0; }, 300));
 }
 
-TEST_F(PlayerFile, IsReplacedByASecondSource) {
-    const QString first = Small("film.mp4");
-    const QString second = Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame"));
-    Preview(first);
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 1000; }));
-    player.SetSource(second);
-    EXPECT_FALSE(IsOpen(first));
-    EXPECT_TRUE(IsOpen(second));
-    EXPECT_EQ(player.Source(), second);
-    EXPECT_TRUE(Becomes([&] { return Position().value() < 1000; }));
-    EXPECT_TRUE(Becomes([&] { return Position().value() > 100; }));
-}
-
-TEST_F(PlayerFile, PlaysAgainFromTheBeginningWhenItIsGivenAgain) {
-    const QString path = Small("film.mp4");
-    Preview(path);
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 1000; }));
-    player.SetSource(path);
-    EXPECT_TRUE(Becomes([&] { return Position().value() < 1000; }));
-    EXPECT_TRUE(Becomes([&] { return Position().value() > 100; }));
-    EXPECT_NEAR(Position().maximum(), 20'000, 200);
-    EXPECT_EQ(OpenDescriptors(path).size(), 1u);
+TEST_F(PlayerFile, IsReplacedByASecondSourceOrPlaysAgainFromTheBeginning) {
+    for (const QString& second : {Mp3(), SmallFilm(u"film.mp4"_s)}) {
+        const QString first = PlayFilm();
+        ASSERT_TRUE(Becomes([&] { return Position().value() > 1000; }));
+        player.SetSource(second);
+        EXPECT_EQ(IsOpen(first), first == second);
+        EXPECT_EQ(OpenDescriptors(second).size(), 1u);
+        EXPECT_EQ(player.Source(), second);
+        EXPECT_TRUE(Becomes([&] { return Position().value() < 1000; }));
+        ExpectPlayingOn();
+        EXPECT_NEAR(Position().maximum(), 20'000, 200);
+    }
 }
 
 TEST_F(PlayerFile, PlaysAfterItWasPausedAndStopped) {
-    Preview(Small("film.mp4"));
-    PlayButton().click();
-    ASSERT_TRUE(Becomes([&] { return !IsPlaying(); }));
+    PlayFilm();
+    Pause();
     player.SetSource(QString());
-    Preview(Small("film.mov"));
-    EXPECT_TRUE(Becomes([&] { return Position().value() > 300; }));
-    EXPECT_TRUE(IsPlaying());
+    Preview(SmallFilm(u"film.mov"_s));
+    ExpectPlayingOn();
 }
 
-TEST_F(PlayerFile, IsFoundWhereTheFileSystemSaysItIs) {
-    const QString path = Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame"));
-    const QString onDevice = QStringLiteral("E:\\iPod_Control\\Music\\F00\\ABCD.mp3");
+TEST_F(PlayerFile, IsFoundWhereTheFileSystemSaysItIsAndMayHaveAnyName) {
+    const QString path = MediaSamples::Folder() + u"/--vo=null #1 %41 {x}\n ü.mp3?a=b"_s;
+    ASSERT_TRUE(QFile::copy(Mp3(), path));
+    const QString onDevice = u"E:\\iPod_Control\\Music\\F00\\ABCD.mp3"_s;
     files.SetNativePath(onDevice, path);
-    player.SetSource(onDevice);
+    Preview(onDevice);
     EXPECT_EQ(player.Source(), onDevice);
     EXPECT_TRUE(IsOpen(path));
-}
-
-TEST_F(PlayerFile, MayHaveAnyName) {
-    const QString path =
-        MediaSamples::Folder() + QStringLiteral("/--vo=null #1 %41 {x}\n ü.mp3?a=b");
-    ASSERT_TRUE(QFile::copy(Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame")), path));
-    Preview(path);
-    EXPECT_TRUE(IsOpen(path));
-    EXPECT_TRUE(Becomes([&] { return Position().value() > 100; }));
+    ExpectPlayingOn();
 }
 
 TEST_F(PlayerFile, ManySourcesInARowLeaveNoneOpen) {
-    const QString film = Small("film.mp4");
-    const QString tone = Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame"));
+    const QString film = SmallFilm(u"film.mp4"_s);
+    const QString tone = Mp3();
     player.Widget()->Patience = 0;
     for (int i = 0; i < 20; ++i) {
         Preview(film);
@@ -297,80 +249,53 @@ TEST_F(PlayerFile, ManySourcesInARowLeaveNoneOpen) {
 
 using PlayerPicture = PlayerTest;
 
-int ColoursIn(const QImage& image, const QRect& part) {
+int Colours(const QImage& image) {
     std::set<QRgb> colours;
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        for (int x = part.left(); x <= part.right(); ++x) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
             colours.insert(image.pixel(x, y));
         }
     }
     return int(colours.size());
 }
 
-TEST_F(PlayerPicture, IsReallyDrawn) {
-    Preview(Small("film.mp4"));
-    EXPECT_TRUE(Becomes([&] { return ColoursIn(Grab(window), {0, 0, 160, 120}) > 100; }));
+TEST_F(PlayerPicture, IsReallyDrawnAndMovesAndIsGoneAfterAStop) {
+    PlayFilm();
+    const auto picture = [this] { return window.grab(QRect(0, 0, 160, 120)).toImage(); };
+    EXPECT_TRUE(Becomes([&] { return Colours(picture()) > 100; }));
+    const QImage before = picture();
+    EXPECT_TRUE(Becomes([&] { return picture() != before; }));
+    player.SetSource(QString());
+    EXPECT_EQ(Colours(picture()), 1);
 }
 
-TEST_F(PlayerPicture, Moves) {
-    Preview(Small("film.mp4"));
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 100; }));
-    const QImage before = Grab(window).copy(0, 0, 160, 120);
-    EXPECT_TRUE(Becomes([&] { return Grab(window).copy(0, 0, 160, 120) != before; }));
-}
-
-TEST_F(PlayerPicture, StandsBetweenBlackBarsInAWindowOfAnotherShape) {
-    const QString path = Film(QStringLiteral("white.mp4"), QStringLiteral("160x120"), 20,
-                              QStringLiteral(",drawbox=color=white:t=fill"));
-    Preview(path);
+TEST_F(PlayerPicture, HasTheFilmsColoursAndStandsBetweenBlackBarsInAWindowOfAnotherShape) {
+    Preview(Film(u"red.mp4"_s, FilmSize, 20, u",drawbox=color=red:t=fill"_s));
     window.resize(401, 120 + Bar());
-    const auto red = [&](int x) { return qRed(Grab(window).pixel(x, 60)); };
-    EXPECT_TRUE(Becomes([&] { return red(200) > 240; }));
+    EXPECT_TRUE(Becomes([&] { return IsRed(ColourAt(window, 200, 60)); }));
     for (const int x : {0, 60, 119, 281, 340, 400}) {
-        EXPECT_EQ(red(x), 0) << x;
+        EXPECT_EQ(ColourAt(window, x, 60), QColor(Qt::black)) << x;
     }
     for (const int x : {122, 160, 240, 278}) {
-        EXPECT_GT(red(x), 240) << x;
+        EXPECT_TRUE(IsRed(ColourAt(window, x, 60))) << x;
     }
-}
-
-TEST_F(PlayerPicture, HasTheFilmsColours) {
-    const QString path = Film(QStringLiteral("red.mp4"), QStringLiteral("160x120"), 20,
-                              QStringLiteral(",drawbox=color=red:t=fill"));
-    Preview(path);
-    EXPECT_TRUE(Becomes([&] {
-        const QColor colour = Grab(window).pixelColor(80, 60);
-        return colour.red() > 230 && colour.green() < 25 && colour.blue() < 25;
-    }));
-}
-
-TEST_F(PlayerPicture, IsGoneAfterAStop) {
-    Preview(Small("film.mp4"));
-    ASSERT_TRUE(Becomes([&] { return ColoursIn(Grab(window), {0, 0, 160, 120}) > 100; }));
-    player.SetSource(QString());
-    EXPECT_EQ(ColoursIn(Grab(window), {0, 0, 160, 120}), 1);
 }
 
 TEST_F(PlayerPicture, IsTheCoverOfMusicThatHasOne) {
-    const QString tones[] = {Tone(QStringLiteral("tone.mp3"), QStringLiteral("libmp3lame")),
-                             Tone(QStringLiteral("tone.m4a"), QStringLiteral("aac"))};
-    for (const QString& tone : tones) {
-        const QString name = QStringLiteral("cover.") + tone.right(3);
-        Preview(MediaSamples::ToneWithCover(tone, name, QStringLiteral("red")));
+    for (const QString& tone : {Mp3(), Tone(u"tone.m4a"_s, u"aac"_s)}) {
+        const QString name = u"cover."_s + tone.right(3);
+        Preview(MediaSamples::ToneWithCover(tone, name, u"red"_s));
         ASSERT_EQ(window.size(), QSize(360, 200 + Bar())) << name.toStdString();
-        EXPECT_TRUE(Becomes([&] {
-            const QColor colour = Grab(window).pixelColor(180, 100);
-            return colour.red() > 230 && colour.green() < 25 && colour.blue() < 25;
-        })) << name.toStdString();
+        EXPECT_TRUE(Becomes([&] { return IsRed(ColourAt(window, 180, 100)); }));
         EXPECT_EQ(PictureRect(), QRect(92, 12, 176, 176));
-        EXPECT_EQ(Grab(window).pixelColor(40, 100), window.palette().color(QPalette::Window));
-        EXPECT_TRUE(Becomes([&] { return Position().value() > 300; }));
+        EXPECT_EQ(ColourAt(window, 40, 100), window.palette().color(QPalette::Window));
+        ExpectPlayingOn();
     }
 }
 
 TEST_F(PlayerPicture, LeavesTimeForTheRestOfTheWindow) {
-    Preview(Film(QStringLiteral("hd.mp4"), QStringLiteral("1280x720"), 10));
-    ASSERT_TRUE(Becomes([&] { return Position().value() > 100; }));
+    Preview(Film(u"hd.mp4"_s, u"1280x720"_s, 10));
+    ExpectPlayingOn();
     int ticks = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
@@ -381,43 +306,26 @@ TEST_F(PlayerPicture, LeavesTimeForTheRestOfTheWindow) {
 
 // ---- the end
 
-using PlayerEnd = testing::Test;
-
-TEST_F(PlayerEnd, ThePlayerGoesWhileItPlays) {
-    const QString path = Small("film.mp4");
+TEST(PlayerEnd, ThePlayerGoesBeforeOrAfterItsWindowWhileItPlaysOrStillOpensTheFile) {
+    const QString path = SmallFilm(u"film.mp4"_s);
     FakeFileSystem files;
-    for (const int milliseconds : {0, 1, 50, 300}) {
-        QWidget window;
-        window.show();
-        auto player = std::make_unique<MpvPlayer>(&window, QStringLiteral("QTControl"), files);
-        player->SetSource(path);
-        QTest::qWait(milliseconds);
-        player.reset();
-        EXPECT_EQ(window.findChild<QWidget*>(QStringLiteral("QTControl")), nullptr);
-        QTest::qWait(20);
-    }
-}
-
-TEST_F(PlayerEnd, TheWindowGoesFirstWhileItPlays) {
-    const QString path = Small("film.mp4");
-    FakeFileSystem files;
-    auto window = std::make_unique<QWidget>();
-    window->show();
-    MpvPlayer player(window.get(), QStringLiteral("QTControl"), files);
-    player.SetSource(path);
-    QTest::qWait(100);
-    window.reset();
-    EXPECT_EQ(player.Widget(), nullptr);
-    QTest::qWait(100);
-}
-
-TEST_F(PlayerEnd, ThePlayerGoesWhileItIsStillOpeningTheFile) {
-    FakeFileSystem files;
-    for (int i = 0; i < 10; ++i) {
-        QWidget window;
-        MpvPlayer player(&window, QStringLiteral("QTControl"), files);
-        player.Widget()->Patience = 0;
-        player.SetSource(Small("film.mp4"));
+    for (const bool playerFirst : {true, false}) {
+        for (const int milliseconds : {0, 0, 0, 0, 0, 1, 50, 300}) {
+            auto window = std::make_unique<QWidget>();
+            window->show();
+            auto player = std::make_unique<MpvPlayer>(window.get(), u"QTControl"_s, files);
+            player->Widget()->Patience = milliseconds == 0 ? 0 : 20'000;
+            player->SetSource(path);
+            QTest::qWait(milliseconds);
+            if (playerFirst) {
+                player.reset();
+                EXPECT_EQ(window->findChild<QWidget*>(u"QTControl"_s), nullptr);
+            } else {
+                window.reset();
+                EXPECT_EQ(player->Widget(), nullptr);
+            }
+            QTest::qWait(20);
+        }
     }
 }
 

@@ -26,6 +26,7 @@ protected:
     MpvPlayer player{&window, QStringLiteral("QTControl"), files};
 
     static constexpr double twipsPerPixel = 15; // the tests' screen has 96 dots per inch
+    const QString FilmSize = QStringLiteral("160x120");
 
     PlayerTest() {
         window.resize(640, 480);
@@ -69,6 +70,23 @@ protected:
         player.SetSource(path);
         window.resize(PixelWidth(), PixelHeight());
         window.show();
+    }
+
+    /// Shows a film of 160 by 120 pixels and 20 seconds, and waits until it plays.
+    QString PlayFilm() {
+        const QString film = MediaSamples::Film(QStringLiteral("film.mp4"), FilmSize);
+        Preview(film);
+        ExpectPlayingOn();
+        return film;
+    }
+    void ExpectPlayingOn() {
+        const int before = Position().value();
+        EXPECT_TRUE(Becomes([&] { return Position().value() > before + 100; })) << before;
+        EXPECT_TRUE(IsPlaying());
+    }
+    void Pause() {
+        PlayButton().click();
+        ASSERT_TRUE(Becomes([&] { return !IsPlaying(); }));
     }
 
     /// How often this process has the file open at this moment.
