@@ -90,28 +90,26 @@ TEST_F(WindowRequest, TypingSearchesAndAMarkMadeInAResultSurvivesTheSearch) {
 TEST_F(WindowRequest, TypingInASmallLibraryNeverShowsTheTabsGrey) {
     struct : QObject {
         int Paints = 0;
-        int GreyPaints = 0;
         bool eventFilter(QObject* tabs, QEvent* event) override {
             if (event->type() == QEvent::Paint) {
                 ++Paints;
-                GreyPaints += static_cast<QWidget*>(tabs)->isEnabled() ? 0 : 1;
+                EXPECT_TRUE(static_cast<QWidget*>(tabs)->isEnabled());
             }
             return false;
         }
     } painted;
     Start();
     ClickOn("txtSearch");
-    QCoreApplication::processEvents();
+    QtInput::Settle();
     Widget("tbsFilter").installEventFilter(&painted);
     for (const char* letter : {"d", "u", "s", "k"}) {
         Type(letter);
         QTest::qWait(20); // a person's pause: the last yield is long ago
     }
     Key(Qt::Key_Backspace);
-    QCoreApplication::processEvents();
+    QtInput::Settle();
     EXPECT_EQ(Rows(controls.lstArtists), theLamps);
     EXPECT_GE(painted.Paints, 1);
-    EXPECT_EQ(painted.GreyPaints, 0);
 }
 
 TEST_F(WindowRequest, TheVideoTabShowsTheFilmAlone) {
@@ -139,20 +137,7 @@ TEST_F(WindowRequest, TheLastOfManyTicksIsStillInView) {
     EXPECT_TRUE(songs.viewport()->rect().contains(before.center()));
 }
 
-TEST_F(WindowRequest, PressingCancelDuringTheJobStopsIt) {
-    Start();
-    TickRow("lstArtists", 0);
-    AtEachCopy([this] {
-        EXPECT_EQ(controls.cmdCopy.Caption(), u"&Cancel"_s);
-        ClickOn("cmdCopy");
-    });
-    ClickOn("cmdCopy");
-    EXPECT_TRUE(messages.Shown.empty());
-    EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s).size(), 1);
-    EXPECT_TRUE(controls.lstArtists.Enabled());
-}
-
-TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJob) {
+TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJobAndThatCancelsIt) {
     Start();
     TickRow("lstArtists", 0);
     AtEachCopy([this] {
@@ -166,6 +151,16 @@ TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJob) {
     EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s).size(), 6);
     EXPECT_EQ(controls.tbsFilter.SelectedCaption(), u"All Files"_s);
     EXPECT_TRUE(controls.chkArtist.Value());
+    messages.Shown.clear();
+    files.Remove(u"D:\\Music\\Blue River"_s);
+    AtEachCopy([this] {
+        EXPECT_EQ(controls.cmdCopy.Caption(), u"&Cancel"_s);
+        ClickOn("cmdCopy");
+    });
+    ClickOn("cmdCopy");
+    EXPECT_EQ(messages.Texts(), QStringList());
+    EXPECT_EQ(files.FilesBelow(u"D:\\Music\\Blue River"_s).size(), 1);
+    EXPECT_TRUE(controls.lstArtists.Enabled());
 }
 
 TEST_F(WindowRequest, ARightClickOnASongOffersItsPreviewAndOnTheAllRowNothing) {

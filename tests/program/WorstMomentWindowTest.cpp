@@ -137,40 +137,11 @@ private:
     // ---- what comes at any moment
 
     void Act() {
-        switch (Below(10)) {
-        case 0:
-        case 1:
-        case 2:
-            ClickAnywhere();
-            break;
-        case 3:
-        case 4:
-            PressAnyKey();
-            break;
-        case 5:
-            ClickOneOf({"cmdCopy", "cmdCopy", "cmdSearch", "cmdClear", "chkArtist"});
-            break;
-        case 6:
-            ClickOneOf({"lstArtists", "lstAlbums", "lstSongs", "tbsFilter", "txtSearch"});
-            break;
-        case 7:
-            if (Below(4) == 0) {
-                drives.Mounted.empty() ? PlugIn(OddLibrary()) : Unplug();
-            }
-            if (controls.timScan.Enabled()) {
-                controls.timScan.Timer();
-            }
-            break;
-        case 8: {
-            const char* name = OneOf(ListNames);
-            if (List(name).ListCount() > 0) {
-                TickRow(name, Below(List(name).ListCount()));
-            }
-            break;
-        }
-        default:
-            MoveWindow();
-        }
+        static constexpr void (HastyUser::*acts[])() = {
+            &HastyUser::ClickAnywhere, &HastyUser::ClickAnywhere, &HastyUser::ClickAnywhere,
+            &HastyUser::PressAnyKey,   &HastyUser::PressAnyKey,   &HastyUser::ClickOneControl,
+            &HastyUser::TickOneRow,    &HastyUser::LookForDevice, &HastyUser::MoveWindow};
+        (this->*OneOf(acts))();
     }
 
     void ClickAnywhere() {
@@ -186,9 +157,19 @@ private:
         }
     }
 
-    void ClickOneOf(const std::vector<const char*>& names) {
+    void ClickOneControl() {
+        static constexpr const char* names[] = {"cmdCopy",    "cmdCopy",   "cmdCopy",  "cmdSearch",
+                                                "cmdClear",   "chkArtist", "lstSongs", "lstAlbums",
+                                                "lstArtists", "tbsFilter", "txtSearch"};
         QWidget& widget = Widget(OneOf(names));
         QtInput::Click(widget, PlaceIn(widget));
+    }
+
+    void TickOneRow() {
+        const char* name = OneOf(ListNames);
+        if (List(name).ListCount() > 0) {
+            TickRow(name, Below(List(name).ListCount()));
+        }
     }
 
     void PressAnyKey() {
@@ -203,26 +184,27 @@ private:
         }
     }
 
+    void LookForDevice() {
+        if (Below(4) == 0) {
+            drives.Mounted.empty() ? PlugIn(OddLibrary()) : Unplug();
+        }
+        if (controls.timScan.Enabled()) {
+            controls.timScan.Timer();
+        }
+    }
+
     void MoveWindow() {
-        switch (Below(8)) {
-        case 0:
+        const int what = Below(80);
+        if (what < 10) {
             Top().showMinimized();
-            break;
-        case 1:
+        } else if (what < 20) {
             Top().showMaximized();
-            break;
-        case 2:
-        case 3:
+        } else if (what < 40) {
             Top().showNormal();
-            break;
-        case 4:
-            // The window manager closes no window that a box stands over.
-            if (Below(12) == 0 && QApplication::activeModalWidget() == nullptr) {
-                Top().close();
-            }
-            break;
-        default:
+        } else if (what > 40) {
             Top().resize(500 + Below(1200), 400 + Below(700));
+        } else if (QApplication::activeModalWidget() == nullptr) {
+            Top().close(); // which the window manager does to no window that a box stands over
         }
     }
 

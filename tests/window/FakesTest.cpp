@@ -1,4 +1,4 @@
-// What the fakes refuse, so that a test that plays an impossible user fails.
+// What the fakes refuse and count, since tests would pass without it.
 
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
@@ -11,35 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(FakeWindow, AModalWindowThatNeverClosesFailsTheTest) {
+TEST(AFake, FailsTheTestWhoseUserGivesAnAnswerWithoutAButtonOrLeavesAModalWindowOpen) {
     FakeWindow window;
     window.QueryUnload = [](bool& cancel, UnloadMode) { cancel = true; };
     EXPECT_THROW(window.ShowModal(), std::logic_error);
-}
-
-TEST(FakeMessages, AnAnswerWithoutAButtonFailsTheTest) {
     FakeMessages messages;
     messages.Answers = {MessageAnswer::Yes};
     EXPECT_THROW(messages.Show({}, {}, MessageButtons::OK, MessageIcon::Critical),
                  std::logic_error);
-}
-
-TEST(FakeMessages, AnswersByTheScriptThenMostCarefully) {
-    FakeMessages messages;
-    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
-    const std::pair<MessageButtons, MessageAnswer> expected[] = {
-        {MessageButtons::AbortRetryIgnore, MessageAnswer::Retry},
-        {MessageButtons::OKCancel, MessageAnswer::OK},
-        {MessageButtons::OK, MessageAnswer::OK},
-        {MessageButtons::OKCancel, MessageAnswer::Cancel},
-        {MessageButtons::YesNo, MessageAnswer::No},
-        {MessageButtons::RetryCancel, MessageAnswer::Cancel},
-        {MessageButtons::AbortRetryIgnore, MessageAnswer::Abort}};
-    for (const auto& [buttons, answer] : expected) {
-        EXPECT_EQ(messages.Show(u"text"_s, u"title"_s, buttons, MessageIcon::Question), answer);
-        EXPECT_EQ(messages.Shown.back(),
-                  (ShownMessage{u"text"_s, u"title"_s, buttons, MessageIcon::Question}));
-    }
 }
 
 TEST(FakeForm1, ItsControlsShareOneFocusAndADisabledFrameKeepsTheUserOut) {

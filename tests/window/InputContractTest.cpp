@@ -48,14 +48,6 @@ TEST_P(TextContract, TypingReplacesWhatIsSelectedOfTheText) {
     EXPECT_EQ(text.Text(), u"az"_s);
 }
 
-TEST_P(TextContract, SelectingTheWholeTextOnFocusLetsTheUserTypeOverIt) {
-    text.GotFocus = [&] { text.Select(0, int(text.Text().size())); };
-    text.SetText(u"old"_s);
-    text.SetFocus();
-    kit.TypeText(u"n"_s);
-    EXPECT_EQ(text.Text(), u"n"_s);
-}
-
 TEST_P(TextContract, ADisabledBoxIgnoresTheUserAndObeysTheProgram) {
     text.SetEnabled(false);
     kit.ClickIntoText();
@@ -83,14 +75,6 @@ TEST_P(TextContract, AChangeHandlerMaySetTheTextAgain) {
     text.SetText(u"abc"_s);
     EXPECT_EQ(log, Log({"Change abc", "Change fixed"}));
     EXPECT_EQ(text.Text(), u"fixed"_s);
-}
-
-TEST_P(TextContract, AChangeHandlerMayDisableTheBox) {
-    text.Change = [&] { text.SetEnabled(false); };
-    text.SetFocus();
-    kit.TypeText(u"a"_s);
-    kit.TypeText(u"b"_s);
-    EXPECT_EQ(text.Text(), u"a"_s);
 }
 
 /// A combo of three entries, none chosen, that logs its events.

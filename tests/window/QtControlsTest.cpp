@@ -41,19 +41,10 @@ TEST_F(QtControls, TwipsAreAFifteenthOfAPixelAndTouchingControlsTouchOnTheScreen
         right.Move(7 + width, 0, 1000 - width / 3, 300);
         EXPECT_EQ(left.Widget()->geometry().right() + 1, right.Widget()->geometry().left());
     }
-}
-
-TEST_F(QtControls, NonsenseGeometryDoesNoHarm) {
-    QtLabelControl label(&window, u"label"_s);
-    label.Move(1e30, -1e30, -5, 1e300);
-    EXPECT_EQ(label.Width(), -5);
-    EXPECT_GE(label.Widget()->width(), 0);
-    EXPECT_LE(label.Widget()->height(), QWIDGETSIZE_MAX);
-}
-
-TEST_F(QtControls, EveryWidgetBearsTheNameOfItsControl) {
-    QtTextControl text(&window, u"txtSearch"_s);
-    EXPECT_EQ(window.findChild<QLineEdit*>(u"txtSearch"_s), text.Widget());
+    left.Move(1e30, -1e30, -5, 1e300); // nonsense does no harm
+    EXPECT_EQ(left.Width(), -5);
+    EXPECT_GE(left.Widget()->width(), 0);
+    EXPECT_LE(left.Widget()->height(), QWIDGETSIZE_MAX);
 }
 
 TEST_F(QtControls, AShortcutsClickThatComesLateIsLostOnADisabledButtonAndBehindAMessage) {
@@ -92,26 +83,9 @@ TEST_F(QtControls, ALateClickOfAScreenReaderTicksNoDisabledBox) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(QtControls, EnterInATextBoxPressesTheDefaultButton) {
-    QtTextControl text(&window, u"text"_s);
-    QtButtonControl search(&window, u"search"_s);
-    QtButtonControl other(&window, u"other"_s);
-    search.Click = count;
-    Show();
-    text.SetFocus();
-    QtInput::Key(window, Qt::Key_Return);
-    EXPECT_EQ(clicks, 0);
-    search.SetDefault(true);
-    QtInput::Key(window, Qt::Key_Return);
-    EXPECT_EQ(clicks, 1);
-    other.SetDefault(true);
-    EXPECT_FALSE(search.Default());
-    QtInput::Key(window, Qt::Key_Return);
-    EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(QtControls, ALabelShowsADoubledAmpersandAsOneAndMarkupAsItIs) {
+TEST_F(QtControls, AWidgetBearsItsControlsNameAndALabelShowsADoubledAmpersandAsOneAndMarkupAsItIs) {
     QtLabelControl label(&window, u"label"_s);
+    EXPECT_EQ(window.findChild<QLabel*>(u"label"_s), label.Widget());
     label.SetCaption(u"<b>Simon && Garfunkel</b>"_s);
     EXPECT_EQ(label.Widget()->textFormat(), Qt::PlainText);
     EXPECT_EQ(label.Widget()->text(), u"<b>Simon & Garfunkel</b>"_s);

@@ -100,7 +100,7 @@ TEST_F(QtList, PaintsNothingWhileItIsHiddenAndTheWholeOnceItIsShown) {
     EXPECT_NE(Picture(), ticked);
 }
 
-TEST_F(QtList, PaintsTicksAndNewRowsAtOnceOnRefresh) {
+TEST_F(QtList, PaintsTicksAndNewRowsAtOnceOnRefreshAndAnAbsurdNameInNoTime) {
     list.SetSelected(1, true);
     EXPECT_EQ(spy.Paints, 0);
     list.Refresh();
@@ -109,6 +109,12 @@ TEST_F(QtList, PaintsTicksAndNewRowsAtOnceOnRefresh) {
     EXPECT_EQ(spy.Paints, 1);
     list.Refresh();
     EXPECT_EQ(spy.Paints, 2);
+    QElapsedTimer timer;
+    timer.start();
+    list.Fill({{QString(20000000, u'x'), false}, {u"a\nb"_s, true}});
+    list.Refresh();
+    EXPECT_EQ(spy.Paints, 3);
+    EXPECT_LT(timer.elapsed(), 2000);
 }
 
 TEST_F(QtList, ATickPaintsItsRowAndNoOther) {
@@ -119,16 +125,6 @@ TEST_F(QtList, ATickPaintsItsRowAndNoOther) {
     QtInput::Settle();
     EXPECT_EQ(spy.Paints, 1);
     EXPECT_TRUE(RowArea(3).contains(spy.Painted.boundingRect()));
-}
-
-TEST_F(QtList, AnAbsurdNameIsPaintedInNoTime) {
-    QElapsedTimer timer;
-    timer.start();
-    list.Fill({{QString(20000000, u'x'), false}, {u"a\nb"_s, true}});
-    list.SetListIndex(0);
-    list.Refresh();
-    EXPECT_GE(spy.Paints, 1);
-    EXPECT_LT(timer.elapsed(), 2000);
 }
 
 TEST_F(QtList, FillsAndTicksThirtyTwoThousandRowsInBoundedTimeHiddenOrShown) {
@@ -152,9 +148,7 @@ TEST_F(QtList, FillsAndTicksThirtyTwoThousandRowsInBoundedTimeHiddenOrShown) {
 // ---- rows
 
 TEST_F(QtList, RowsAreOfOneHeightWhateverTheirNamesAndWhicheverScriptTheLastOneIsIn) {
-    list.Fill({{u"Latin"_s}});
     const int height = RowArea(0).height();
-    EXPECT_GE(height, 20);
     for (const QString& last : {u"\u9752\u3044"_s, u"\u0642\u0645\u0631"_s, u"\u0E17\u0E35\u0E48"_s,
                                 QString(), u"b\nc\nd"_s}) {
         list.Fill({{u"Latin"_s}, {last}});
@@ -164,16 +158,16 @@ TEST_F(QtList, RowsAreOfOneHeightWhateverTheirNamesAndWhicheverScriptTheLastOneI
 }
 
 TEST_F(QtList, RowsGrowWithTheLettersAndKeepTheirBoxesApart) {
-    const int usual = RowArea(0).height();
     QFont font = view.font();
-    for (const double factor : {0.5, 2.0}) {
+    for (const double factor : {0.5, 1.0, 2.0}) {
         font.setPointSizeF(QApplication::font().pointSizeF() * factor);
         view.setFont(font);
         QtInput::Settle();
-        EXPECT_GE(RowArea(0).height(), view.style()->pixelMetric(QStyle::PM_IndicatorHeight) + 5);
-        EXPECT_GE(RowArea(0).height(), 1.1 * view.fontMetrics().height());
+        const int height = RowArea(0).height();
+        EXPECT_GE(height, view.style()->pixelMetric(QStyle::PM_IndicatorHeight) + 5);
+        EXPECT_GE(height, 1.1 * view.fontMetrics().height());
+        EXPECT_EQ(height % 2, 0);
     }
-    EXPECT_GT(RowArea(0).height(), 1.5 * usual);
 }
 
 TEST_F(QtList, ARowThatIsCutOffTellsItsWholeNameAndTheOthersWhatTheListTells) {
@@ -233,22 +227,18 @@ TEST_F(QtList, WhatTheProgramScrollsRaisesNoScroll) {
     EXPECT_EQ(scrolls, 0);
 }
 
-TEST_F(QtList, TheWheelRaisesScrollWhereThereIsMoreToSee) {
+TEST_F(QtList, TheWheelAndTheScrollBarRaiseScrollWhereThereIsMoreToSee) {
     QtInput::WheelDown(*view.viewport());
     EXPECT_EQ(scrolls, 1);
-    EXPECT_EQ(clicks, 0);
     EXPECT_FALSE(IsInView(0));
-    FillTwo();
-    QtInput::WheelDown(*view.viewport());
-    EXPECT_EQ(scrolls, 1);
-}
-
-TEST_F(QtList, TheScrollBarRaisesScroll) {
     QScrollBar& bar = *view.verticalScrollBar();
     ASSERT_TRUE(bar.isVisible());
     QtInput::Click(bar, QPoint(bar.width() / 2, bar.height() - bar.width() - 4));
-    EXPECT_GE(scrolls, 1);
-    EXPECT_FALSE(IsInView(0));
+    EXPECT_EQ(scrolls, 2);
+    EXPECT_EQ(clicks, 0);
+    FillTwo();
+    QtInput::WheelDown(*view.viewport());
+    EXPECT_EQ(scrolls, 2);
 }
 
 // ---- mouse and keys
@@ -321,14 +311,11 @@ TEST_F(QtList, ADoubleClickIsTwoClicks) {
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(QtList, GettingTheFocusMakesNoRowCurrent) {
+TEST_F(QtList, KeysMakeARowCurrentAndTheFocusDoesNot) {
     view.clearFocus();
     view.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(list.ListIndex(), -1);
     EXPECT_EQ(clicks, 0);
-}
-
-TEST_F(QtList, EndHomeAndATypedLetterFindTheirRowsAndRaiseClickOnce) {
     list.SetListIndex(5);
     clicks = 0;
     QtInput::Key(view, Qt::Key_End);

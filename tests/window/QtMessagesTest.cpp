@@ -55,38 +55,29 @@ protected:
 };
 
 TEST_F(MessageTest, EveryButtonHasItsAnswerEnterGoesOnAndClosingIsTheMostCarefulAnswer) {
-    using Answer = MessageAnswer;
+    using enum MessageAnswer;
+    using Buttons = std::vector<std::pair<QString, MessageAnswer>>;
     struct Case {
-        MessageButtons Buttons;
-        std::vector<std::pair<QString, Answer>> Captions;
-        Answer Enter, Closed;
+        MessageButtons Set;
+        Buttons Each;
+        MessageAnswer Enter, Closed;
     };
-    const Case cases[] = {{MessageButtons::OK, {{u"&OK"_s, Answer::OK}}, Answer::OK, Answer::OK},
-                          {MessageButtons::OKCancel,
-                           {{u"&OK"_s, Answer::OK}, {u"&Cancel"_s, Answer::Cancel}},
-                           Answer::OK,
-                           Answer::Cancel},
-                          {MessageButtons::YesNo,
-                           {{u"&Yes"_s, Answer::Yes}, {u"&No"_s, Answer::No}},
-                           Answer::Yes,
-                           Answer::No},
-                          {MessageButtons::RetryCancel,
-                           {{u"&Retry"_s, Answer::Retry}, {u"&Cancel"_s, Answer::Cancel}},
-                           Answer::Retry,
-                           Answer::Cancel},
-                          {MessageButtons::AbortRetryIgnore,
-                           {{u"&Abort"_s, Answer::Abort},
-                            {u"&Retry"_s, Answer::Retry},
-                            {u"&Ignore"_s, Answer::Ignore}},
-                           Answer::Retry,
-                           Answer::Abort}};
-    for (const auto& [buttons, captions, enter, closed] : cases) {
-        for (const auto& [caption, answer] : captions) {
-            EXPECT_EQ(Ask({}, buttons, ByButton(caption)), answer) << caption.toStdString();
+    const Case cases[] = {
+        {MessageButtons::OK, {{u"&OK"_s, OK}}, OK, OK},
+        {MessageButtons::OKCancel, {{u"&OK"_s, OK}, {u"&Cancel"_s, Cancel}}, OK, Cancel},
+        {MessageButtons::YesNo, {{u"&Yes"_s, Yes}, {u"&No"_s, No}}, Yes, No},
+        {MessageButtons::RetryCancel, Buttons{{u"&Retry"_s, Retry}, {u"&Cancel"_s, Cancel}}, Retry,
+         Cancel},
+        {MessageButtons::AbortRetryIgnore,
+         Buttons{{u"&Abort"_s, Abort}, {u"&Retry"_s, Retry}, {u"&Ignore"_s, Ignore}}, Retry,
+         Abort}};
+    for (const auto& [set, each, enter, closed] : cases) {
+        for (const auto& [caption, answer] : each) {
+            EXPECT_EQ(Ask({}, set, ByButton(caption)), answer) << caption.toStdString();
         }
-        EXPECT_EQ(Ask({}, buttons, ByKey(Qt::Key_Return)), enter);
-        EXPECT_EQ(Ask({}, buttons, ByKey(Qt::Key_Escape)), closed);
-        EXPECT_EQ(Ask({}, buttons, [](QMessageBox&) {}), closed);
+        EXPECT_EQ(Ask({}, set, ByKey(Qt::Key_Return)), enter);
+        EXPECT_EQ(Ask({}, set, ByKey(Qt::Key_Escape)), closed);
+        EXPECT_EQ(Ask({}, set, [](QMessageBox&) {}), closed);
     }
 }
 
@@ -108,7 +99,7 @@ TEST_F(MessageTest, ShowsItsIconAndMarkupAsItIsAndBreaksTheLineAtACarriageReturn
     }
 }
 
-TEST_F(MessageTest, NoPartOfALongPathIsCutOffAndAScreenReaderHearsIt) {
+TEST_F(MessageTest, NoPartOfALongPathIsCutOffAndAnAbsurdOneStaysOnTheScreen) {
     const QString path = u"E:\\iPod_Control\\"_s + u"M"_s.repeated(900);
     const QString text = u"File not found: \"%1\""_s.arg(path);
     Ask(text, MessageButtons::OK, [&](QMessageBox& box) {
@@ -123,9 +114,6 @@ TEST_F(MessageTest, NoPartOfALongPathIsCutOffAndAScreenReaderHearsIt) {
         EXPECT_LE(needed.width(), label->width());
         EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), text);
     });
-}
-
-TEST_F(MessageTest, AnAbsurdTextStaysOnTheScreen) {
     Ask(u"x"_s.repeated(10000000), MessageButtons::OK, [](QMessageBox& box) {
         EXPECT_LE(box.width(), box.screen()->availableSize().width());
         EXPECT_LE(box.height(), box.screen()->availableSize().height());
