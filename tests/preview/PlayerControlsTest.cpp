@@ -133,21 +133,17 @@ TEST_F(PlayerControls, ANarrowBarLeavesOutVolumeAndTime) {
     }
 }
 
-TEST_F(PlayerControls, IconsAreSeenInLightAndDarkWindows) {
+TEST_F(PlayerControls, IconsHaveTheColourOfTextsInLightAndDarkWindows) {
     for (const QColor& text : {QColor(Qt::black), QColor(Qt::white)}) {
         QPalette palette;
         palette.setColor(QPalette::WindowText, text);
         window.setPalette(palette);
         const QImage icon = PlayButton().icon().pixmap(16, 16).toImage();
         int seen = 0;
-        for (int y = 0; y < icon.height(); ++y) {
-            for (int x = 0; x < icon.width(); ++x) {
-                const QColor pixel = icon.pixelColor(x, y);
-                if (pixel.alpha() == 255) {
-                    ++seen;
-                    EXPECT_EQ(pixel, text);
-                }
-            }
+        for (int i = 0; i < icon.width() * icon.height(); ++i) {
+            const QColor pixel = icon.pixelColor(i % icon.width(), i / icon.width());
+            seen += pixel.alpha() == 255 ? 1 : 0;
+            EXPECT_TRUE(pixel.alpha() < 255 || pixel == text);
         }
         EXPECT_GT(seen, 20);
     }

@@ -4,17 +4,12 @@
 #include "platform/qt/BoxPalette.h"
 #include "tests/program/RealWindow.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QStyle>
 #include <QStyleOptionButton>
-#include <QStyleOptionViewItem>
 #include <QTabBar>
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -113,11 +108,11 @@ protected:
         return list.visualRect(list.model()->index(row, 0)).adjusted(26, 2, -2, -2);
     }
     static QRect BoxArea(const QListView& list, int row) {
-        QStyleOptionViewItem option;
-        option.initFrom(&list);
-        option.rect = list.visualRect(list.model()->index(row, 0));
-        option.features = QStyleOptionViewItem::HasCheckIndicator;
-        return list.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &list);
+        const QPoint middle = list.viewport()->mapFrom(&list, QtInput::CheckBoxOf(list, row));
+        const int side = list.style()->pixelMetric(QStyle::PM_IndicatorWidth);
+        QRect area(0, 0, side, side);
+        area.moveCenter(middle);
+        return area;
     }
 
     /// The outline of an empty box, or its area, stands out; so does a check in it.
@@ -184,9 +179,9 @@ TEST_P(ContrastOfWindow, TheCopyButtonAloneHasTheBrightColourWhileItCanBePressed
     EXPECT_NE(ground("cmdCopy"), bright);
 }
 
-TEST_P(ContrastOfWindow, CheckBoxesInRowsStandOut) {
+TEST_P(ContrastOfWindow, CheckBoxesStandOutInRowsAndElsewhere) {
     auto& list = Widget<QListView>("lstSongs");
-    const auto painted = [&](bool ticked) {
+    const auto row = [&](bool ticked) {
         controls.lstSongs.SetSelected(2, ticked);
         return Painted(*list.viewport(), BoxArea(list, 2));
     };
@@ -194,14 +189,10 @@ TEST_P(ContrastOfWindow, CheckBoxesInRowsStandOut) {
         Focus(focus);
         for (const int current : {1, 2}) {
             list.setCurrentIndex(list.model()->index(current, 0));
-            ExpectBox(painted(false), painted(true),
-                      GroundOf(Painted(*list.viewport(), TextArea(list, 2))),
+            ExpectBox(row(false), row(true), GroundOf(Painted(*list.viewport(), TextArea(list, 2))),
                       std::string(focus) + " focused, row " + std::to_string(current) + " current");
         }
     }
-}
-
-TEST_P(ContrastOfWindow, CheckBoxesStandOut) {
     auto& box = Widget<QCheckBox>("chkAlbumName");
     QStyleOptionButton option;
     option.initFrom(&box);

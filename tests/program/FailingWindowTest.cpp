@@ -6,11 +6,7 @@
 #include "platform/qt/QtTimer.h"
 #include "tests/program/RealWindow.h"
 
-#include <QTest>
 #include <QThread>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 

@@ -1,17 +1,12 @@
 // The real window of the overwrite prompt.
 
 #include "app/OverwriteWindow.h"
+#include "tests/window/QtInput.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 

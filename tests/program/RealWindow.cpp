@@ -1,12 +1,8 @@
 #include "tests/program/RealWindow.h"
 
 #include "tests/support/ITunesDBWriter.h"
-#include "tests/window/QtInput.h"
 
 #include <QTabBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

@@ -1,15 +1,10 @@
 #pragma once
 
-#include "app/Form1.h"
 #include "app/Form1Window.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtWindowManager.h"
 #include "tests/app/ProgramFixture.h"
-#include "tests/fakes/FakeControls.h"
-#include "tests/fakes/FakeFileSystem.h"
-#include "tests/fakes/FakeServices.h"
-#include "tests/fakes/FakeWindow.h"
-#include "tests/support/SampleTrack.h"
+#include "tests/window/QtInput.h"
 
 /// The program on its real window, and a user with mouse and keyboard before it.
 class RealWindow {

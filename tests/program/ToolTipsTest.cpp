@@ -6,8 +6,6 @@
 #include <QAction>
 #include <QTabBar>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,20 +33,17 @@ TEST_F(ToolTips, StandWhereACaptionNeedsAWordAndNowhereElse) {
     for (const char* name : {"cmdSearch", "cmdBrowse", "lblSearch", "prgCopy", "lblMessage"}) {
         EXPECT_EQ(Widget(name).toolTip(), QString()) << name;
     }
+    EXPECT_FALSE(Widget("chkGenre").isVisible()); // a box that does nothing
 }
 
-TEST_F(ToolTips, TellWhatBecomesOfTmpAndWhereThePreviewPlays) {
-    EXPECT_EQ(
-        controls.cmdCopy.ToolTip(),
-        u"Starts and stops copying what is ticked. A folder \"tmp\" in the destination is used "
-        u"on the way, and deleted at the end."_s);
+TEST_F(ToolTips, TellWhatBecomesOfTmpAndWhereThePreviewPlaysAndWhatDoesNotFit) {
+    EXPECT_EQ(controls.cmdCopy.ToolTip(),
+              u"Starts and stops copying what is ticked. A folder \"tmp\" in the destination is "
+              u"used on the way, and deleted at the end."_s);
     EXPECT_EQ(Top().findChild<QAction*>(u"mnuPreview"_s)->toolTip(),
               u"Plays it from the iPod, in a window of its own"_s);
-}
-
-TEST_F(ToolTips, OfDestinationAndFullNameStandOnlyForWhatDoesNotFit) {
-    EXPECT_EQ(controls.txtDestination.ToolTip(), QString());
     EXPECT_EQ(controls.lblFullName.ToolTip(), QString());
+    EXPECT_EQ(controls.txtDestination.ToolTip(), QString());
     const QString path = u"D:\\"_s + u"x"_s.repeated(300);
     controls.txtDestination.SetText(path);
     EXPECT_EQ(controls.txtDestination.ToolTip(), path);
@@ -68,8 +63,4 @@ TEST_F(ToolTips, EveryControlSpeaksANameOrItsOwnText) {
         QAccessible::queryAccessibleInterface(&Widget("Combo1"))->relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(labels[0].first->text(QAccessible::Name), u"iPod"_s);
-}
-
-TEST_F(ToolTips, AreNotNeededByTheGenreBoxWhichDoesNothingAndIsNotShown) {
-    EXPECT_FALSE(Widget("chkGenre").isVisible());
 }

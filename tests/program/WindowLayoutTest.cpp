@@ -5,7 +5,6 @@
 #include "app/OverwriteWindow.h"
 #include "app/PreviewWindow.h"
 #include "tests/program/RealWindow.h"
-#include "tests/window/QtInput.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -13,9 +12,6 @@
 #include <QLabel>
 #include <QScreen>
 #include <QTabBar>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

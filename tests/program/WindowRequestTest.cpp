@@ -1,11 +1,6 @@
 // Whole requests on the real window, with the mouse and the keys of a user.
 
 #include "tests/program/RealWindow.h"
-#include "tests/window/QtInput.h"
-
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

@@ -6,14 +6,9 @@
 #include "platform/qt/QtMessages.h"
 #include "tests/program/RealWindow.h"
 #include "tests/support/Walks.h"
-#include "tests/window/QtInput.h"
 
 #include <QAbstractButton>
 #include <QPointer>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 #include <random>
 
@@ -67,10 +62,8 @@ public:
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_NE(controls.cmdCopy.Caption(), u"&Cancel"_s);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        for (const Control* control : std::initializer_list<const Control*>{
-                 &controls.Picture2, &controls.frmDP, &controls.frmTN, &controls.frmDestination,
-                 &controls.tbsFilter}) {
-            EXPECT_TRUE(control->Enabled());
+        for (const char* name : {"Picture2", "frmDP", "frmTN", "frmDestination", "tbsFilter"}) {
+            EXPECT_TRUE(Widget(name).isEnabled()) << name;
         }
         for (const char* name : ListNames) {
             const ListControl& list = List(name);
@@ -102,7 +95,6 @@ public:
         controls.txtSearch.SetText(QString());
         controls.tbsFilter.Select(0);
         ASSERT_EQ(controls.lstArtists.ListCount(), 3);
-        controls.lstArtists.SetListIndex(0);
         controls.lstArtists.SetSelected(0, false);
         controls.lstArtists.SetSelected(0, true);
         files.Remove(u"D:\\Music"_s);

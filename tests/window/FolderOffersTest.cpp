@@ -9,8 +9,6 @@
 #include <QListWidget>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -5,12 +5,6 @@
 #include "tests/window/QtInput.h"
 
 #include <QAccessible>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -3,14 +3,12 @@
 #include "platform/qt/QtComboControl.h"
 #include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtProgressControl.h"
+#include "platform/qt/QtTabsControl.h"
 #include "platform/qt/QtTextControl.h"
 #include "tests/window/QtInput.h"
 
 #include <QDialog>
 #include <QElapsedTimer>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -91,8 +89,9 @@ TEST_F(QtControls, AWidgetBearsItsControlsNameAndALabelShowsADoubledAmpersandAsO
     EXPECT_EQ(label.Widget()->text(), u"<b>Simon & Garfunkel</b>"_s);
 }
 
-TEST_F(QtControls, TheWheelOverAClosedComboChoosesNothing) {
+TEST_F(QtControls, TheWheelOverAClosedComboOrTheTabsChoosesNothing) {
     QtComboControl combo(&window, u"combo"_s);
+    QtTabsControl tabs(&window, u"tabs"_s, {u"All Files"_s, u"Audio"_s});
     combo.AddItem(u"(E:) A"_s);
     combo.AddItem(u"(F:) B"_s);
     combo.SetText(u"(E:) A"_s);
@@ -100,6 +99,9 @@ TEST_F(QtControls, TheWheelOverAClosedComboChoosesNothing) {
     combo.SetFocus();
     QtInput::WheelDown(*combo.Widget());
     EXPECT_EQ(combo.Text(), u"(E:) A"_s);
+    tabs.SetFocus();
+    QtInput::WheelDown(*tabs.Widget());
+    EXPECT_EQ(tabs.SelectedCaption(), u"All Files"_s);
 }
 
 TEST_F(QtControls, AMenuOrAnotherWindowOnlyBorrowsTheFocusOfATextBox) {

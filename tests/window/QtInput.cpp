@@ -2,11 +2,8 @@
 
 #include <QStyle>
 #include <QStyleOptionViewItem>
-#include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
-
-#include <gtest/gtest.h>
 
 namespace QtInput {
 

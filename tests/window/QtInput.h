@@ -2,9 +2,16 @@
 
 #include <QApplication>
 #include <QListView>
-#include <QObject>
 #include <QPaintEvent>
-#include <QWidget>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 /// The mouse and the keys of a user, at the window: the events find their widget as they do in
 /// front of a screen.

@@ -13,8 +13,6 @@
 #include "tests/window/ControlKit.h"
 #include "tests/window/QtInput.h"
 
-#include <QTest>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -5,10 +5,7 @@
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolTip>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

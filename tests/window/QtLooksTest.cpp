@@ -14,8 +14,6 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,17 +1,11 @@
 #include "platform/qt/QtMessages.h"
+#include "tests/window/QtInput.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 

@@ -5,17 +5,11 @@
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtWindow.h"
 #include "platform/qt/ShownText.h"
+#include "tests/window/QtInput.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -105,7 +99,7 @@ TEST_F(FolderPicker, AFolderThatIsMissingOrEmptyPreselectsNothing) {
     }
 }
 
-TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
+TEST(QtPopupMenu, OpensWithItsEntryWhereItIsToldAndTellsTheChoice) {
     QWidget window;
     QtLabelControl label(&window, u"lblSearch"_s);
     label.Move(150, 300, 3000, 3000);
@@ -116,11 +110,8 @@ TEST(QtPopupMenu, OpensWithItsEntryAndTellsTheChoice) {
     menu.PopUp(label, 600, 750);
     auto* shown = window.findChild<QMenu*>(u"mnuPopup"_s);
     ASSERT_NE(shown, nullptr);
-    EXPECT_TRUE(shown->isVisible());
     EXPECT_EQ(shown->pos(), window.mapToGlobal(QPoint(50, 70))); // a pixel is 15 twips
-    ASSERT_EQ(shown->actions().size(), 1);
-    EXPECT_EQ(shown->actions().constFirst()->text(), u"Preview"_s);
-    EXPECT_EQ(shown->actions().constFirst()->objectName(), u"mnuPreview"_s);
+    EXPECT_EQ(shown->actions().value(0)->text(), u"Preview"_s);
     EXPECT_EQ(clicks, 0);
     QTest::keyClick(shown, Qt::Key_Return); // the one entry is the chosen one
     EXPECT_EQ(clicks, 1);

@@ -19,11 +19,7 @@ protected:
 
     SettingsFile() { qputenv("XDG_CONFIG_HOME", home.path().toUtf8()); }
     ~SettingsFile() override {
-        if (before.isNull()) {
-            qunsetenv("XDG_CONFIG_HOME");
-        } else {
-            qputenv("XDG_CONFIG_HOME", before);
-        }
+        before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
     }
 
     /// What a later run of the program reads.
@@ -76,15 +72,12 @@ TEST_F(SettingsFile, EveryTextComesBackAsItWas) {
     }
 }
 
-TEST_F(SettingsFile, ATextWithCommasThatSomebodyTypedInIsOneText) {
+TEST_F(SettingsFile, WhatSomebodyTypedInIsOneTextAndRubbishIsReplaced) {
     WriteByHand(path, "[Settings]\nDestPath=/home/ana/Rock, Pop\n");
     EXPECT_EQ(ReadLater(u"DestPath"_s), u"/home/ana/Rock, Pop"_s);
-}
-
-TEST_F(SettingsFile, AFileOfRubbishGivesTheDefaultsAndIsReplaced) {
     WriteByHand(path, QByteArray("\0\xff[[[=\n\x01", 8));
+    EXPECT_EQ(ReadLater(u"DestPath"_s), u"absent"_s);
     QtSettingsStore store;
-    EXPECT_EQ(store.Read(u"DestPath"_s, u"absent"_s), u"absent"_s);
     store.Write(u"DestPath"_s, u"x"_s);
     EXPECT_TRUE(store.Flush());
     EXPECT_EQ(ReadLater(u"DestPath"_s), u"x"_s);

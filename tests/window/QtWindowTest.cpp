@@ -6,10 +6,6 @@
 #include "tests/window/QtInput.h"
 
 #include <QAccessible>
-#include <QTest>
-#include <QTimer>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

@@ -1,13 +1,6 @@
 #include "platform/qt/QtWindow.h"
 #include "tests/fakes/FakeWindow.h"
-
-#include <QCoreApplication>
-#include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "tests/window/QtInput.h"
 
 using namespace Qt::StringLiterals;
 
