@@ -14,8 +14,9 @@ namespace {
 
 /// Asks about a file, lets the user do `act` with the prompt, and then close it with its close box.
 /// The question is always whole in one line.
-void Ask(const QString& file, const std::function<void(QWidget& window, QLabel& question)>& act,
-         QWidget* owner = nullptr) {
+OverwritePrompt::Answer Ask(const QString& file,
+                            const std::function<void(QWidget& window, QLabel& question)>& act,
+                            QWidget* owner = nullptr) {
     OverwritePrompt prompt;
     prompt.OverwriteFile = file;
     bool asked = false;
@@ -31,7 +32,7 @@ void Ask(const QString& file, const std::function<void(QWidget& window, QLabel& 
     });
     OverwriteWindow(owner, prompt).Ask();
     EXPECT_TRUE(asked);
-    EXPECT_EQ(prompt.OverwriteAnswer, OverwritePrompt::Cancel);
+    return prompt.OverwriteAnswer;
 }
 
 } // namespace
@@ -45,6 +46,18 @@ TEST(TheOverwriteWindow, HasTheSizeOfItsQuestionAndNoOther) {
                   u"Replace it?"_s);
         EXPECT_EQ(question.toolTip(), QString());
     });
+}
+
+TEST(TheOverwriteWindow, CancelsWhenItIsClosedAndEnterReplacesNoFileByAccident) {
+    const QString file = u"/home/ana/01 Source.mp3"_s;
+    EXPECT_EQ(Ask(file, [](QWidget&, QLabel&) {}), OverwritePrompt::Cancel);
+    for (const QString& focus : {u"cmdOverwrite1"_s, u"chkSame"_s}) {
+        const auto pressEnter = [&focus](QWidget& window, QLabel&) {
+            window.findChild<QWidget*>(focus)->setFocus();
+            QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+        };
+        EXPECT_EQ(Ask(file, pressEnter), OverwritePrompt::Skip);
+    }
 }
 
 TEST(TheOverwriteWindow, OfALongPathLeavesOutTheMiddleOfTheFoldersAndTellsItElsewhere) {

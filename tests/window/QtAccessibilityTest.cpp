@@ -172,6 +172,7 @@ TEST_F(Accessibility, AListThatGetsTheFocusTellsItsCurrentRow) {
     QCoreApplication::processEvents();
     EXPECT_EQ(focused, std::vector<int>{});
     EXPECT_EQ(Interface()->focusChild(), nullptr);
+    EXPECT_FALSE(Row(2)->state().focused);
     list.SetFocus();
     QCoreApplication::processEvents();
     EXPECT_EQ(focused, std::vector<int>({2}));

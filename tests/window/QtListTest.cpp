@@ -185,12 +185,15 @@ TEST_F(QtList, ARowThatIsCutOffTellsItsWholeNameAndTheOthersWhatTheListTells) {
 TEST_F(QtList, TheCurrentRowAloneIsMarkedWhicheverKeysAreHeld) {
     list.SetListIndex(7);
     ExpectMarked({7});
+    int shift = 0;
+    list.MouseDown = [&](const MouseState& mouse) { shift = mouse.Shift; };
     for (const auto key : {Qt::ControlModifier, Qt::ShiftModifier}) {
         const int row = key == Qt::ShiftModifier ? 6 : 4;
         QTest::mouseClick(view.viewport(), Qt::LeftButton, key,
                           view.viewport()->mapFrom(&view, QtInput::TextOf(view, row)));
         ExpectMarked({row});
         EXPECT_EQ(list.ListIndex(), row);
+        EXPECT_EQ(shift, key == Qt::ShiftModifier ? 1 : 2);
     }
     list.SetListIndex(-1);
     ExpectMarked({});

@@ -33,13 +33,17 @@ protected:
     }
 
     static Act ByKey(Qt::Key key) {
-        return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+        return [key](QMessageBox& box) {
+            QTest::keyClick(&box, key);
+            EXPECT_FALSE(box.isVisible());
+        };
     }
     static Act ByButton(const QString& caption) {
         return [caption](QMessageBox& box) {
             for (QAbstractButton* button : box.buttons()) {
                 if (button->text() == caption) {
                     button->click();
+                    EXPECT_FALSE(box.isVisible());
                     return;
                 }
             }

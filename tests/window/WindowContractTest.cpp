@@ -57,8 +57,9 @@ TEST_P(WindowContract, ResizeIsRaisedBeforeTheSetterReturnsForAChangeOfSizeOrSta
         EXPECT_EQ(resizes, 1);
         window.SetSize(6000, 4500);
         EXPECT_EQ(resizes, 1);
+        window.SetSize(6000, 6000);
         window.SetSize(9000, 6000);
-        EXPECT_EQ(resizes, 2);
+        EXPECT_EQ(resizes, 3);
         if (!shown) {
             window.Show();
         }
