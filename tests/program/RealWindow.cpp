@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 RealWindow::RealWindow(EventLoop* loop)
     : services{
-          files, drives, store, shell, windowManager, messages, loop != nullptr ? *loop : events, worker, worker} {
+          files,  drives, store, shell, windowManager, messages, loop != nullptr ? *loop : events,
+          worker, worker} {
     shell.Documents = u"D:\\Documents"_s;
     files.AddDrive(u"D:"_s);
     files.AddFolder(u"D:\\Music"_s);
