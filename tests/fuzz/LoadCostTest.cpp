@@ -128,7 +128,6 @@ TEST(LoadCost, AnSqliteLoadGrowsWithItsTracksWhereEachIsAnAlbum) {
 TEST(LoadCost, TheLetterMTakesTimeByItsNumber) {
     const Cost few = MeasureBinary(QByteArray(16 << 20, 'm'));
     const Cost most = MeasureBinary(QByteArray(64 << 20, 'm'));
-
     EXPECT_LT(most.Seconds / 4, Generous * few.Seconds);
     EXPECT_LT(most.PeakBytes, 1 << 20); // a part of the file
 }
@@ -136,7 +135,6 @@ TEST(LoadCost, TheLetterMTakesTimeByItsNumber) {
 TEST(LoadCost, ABinaryLoadTakesTheTracksInMemory) {
     const QByteArray file = WriteITunesDB(Tracks(Most, 12));
     const Cost cost = MeasureBinary(file);
-
     ASSERT_EQ(cost.Tracks, Most);
     // A part of the file, the tables that find a track's group, and an array that moves as it grows
     // are all the rest.
@@ -147,7 +145,6 @@ TEST(LoadCost, ABinaryLoadTakesTheTracksInMemory) {
 
 TEST(LoadCost, AnSqliteLoadTakesItsPagesAndTheTracksInMemory) {
     const Cost cost = MeasureSqlite(Tracks(Most, 12));
-
     ASSERT_EQ(cost.Tracks, Most);
     // SQLite's pages and the rows of its result are as large again as the tracks, in no more bytes.
     EXPECT_LT(cost.PeakBytes, 3 * cost.KeptBytes);

@@ -39,9 +39,7 @@ TEST_F(DeviceScan, ADriveThatCannotTellItsTypeIsPassedOverAndOneWithoutNameIsLis
     AttachIPod('G', u"STAYING"_s, {u"1"_s});
     Drives.Mounted[0].IsRemovableFails = true;
     Drives.Mounted[1].VolumeNameFails = true;
-
     Devices.Combo1_DropDown();
-
     EXPECT_EQ(Window.Combo1.Entries(), (QStringList{u"(F:) "_s, u"(G:) STAYING"_s}));
 }
 
@@ -51,9 +49,7 @@ TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
     } drives;
     DeviceSelection devices(Music, drives, Files, Boxes, Window.WindowManager,
                             DeviceControlsOf(Window.Controls));
-
     devices.Combo1_DropDown();
-
     EXPECT_EQ(Window.lblMessage.Caption(), u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
     EXPECT_FALSE(devices.SuppressComboClick);
@@ -63,9 +59,7 @@ TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
 
 TEST_F(DeviceScan, WithoutADeviceTheWindowIsResetAndTheTimerRuns) {
     FillWindow();
-
     Devices.Combo1_DropDown();
-
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
     EXPECT_EQ(Boxes.Texts(), QStringList());
@@ -76,9 +70,7 @@ TEST_F(DeviceScan, WithADeviceThatIsNotChosenTheWindowIsResetAndTheTimerStands) 
     FillWindow();
     Window.timScan.SetEnabled(true);
     Window.lblMessage.SetCaption(u"old"_s);
-
     Devices.Combo1_DropDown();
-
     ExpectReset({});
     EXPECT_FALSE(Window.timScan.Enabled());
     EXPECT_EQ(Music.Library.TrackCount, 0);
@@ -89,9 +81,7 @@ TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {
     Files.Calls.clear();
     AttachIPod('C', u"OTHER"_s, {u"2"_s});
     std::swap(Drives.Mounted[0], Drives.Mounted[1]);
-
     Devices.Combo1_DropDown();
-
     EXPECT_EQ(Window.Combo1.Text(), u"(E:) IPOD"_s);
     EXPECT_EQ(Window.Combo1.ListCount(), 2);
     EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
@@ -131,9 +121,7 @@ TEST_F(DeviceScan, WhoeverShowsTheLibraryHearsThatItLeavesBeforeTheListsAndTheSe
         Raised += u"leaves"_s;
     };
     Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
-
     Devices.Combo1_DropDown();
-
     EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"search changed"_s}));
     EXPECT_EQ(UnlockedTabClicks, 0); // though the first tab was selected
 }
@@ -148,9 +136,7 @@ TEST_F(DeviceScan, AFailingListenerDoesNotStopTheReset) {
     };
     Window.txtSearch.Change = fail;
     Window.tbsFilter.Click = fail;
-
     Devices.Combo1_DropDown();
-
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
 }
@@ -226,9 +212,7 @@ TEST_F(DeviceScan, ADeviceThatVanishesBetweenPollAndLoadIsReported) {
             Detach('E');
         }
     };
-
     Devices.timScan_Timer();
-
     ExpectErrorLoadingIPod();
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());

@@ -54,9 +54,7 @@ TEST_F(DeviceChoice, ADeviceThatHasOnlyTheSQLiteLibraryIsNotLoaded) {
     Files.AddFile(LibraryOn(u'E'), {});
     Window.Combo1.UserDropDown();
     Files.Remove(DatabaseOn(u'E'));
-
     Window.Combo1.UserChoose(0);
-
     ExpectErrorLoadingIPod();
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_EQ(Files.CountOf(FileCall::NativePath), 0);
@@ -150,9 +148,7 @@ TEST_F(DeviceChoice, ADeviceWhoseDatabaseFailsShowsWhatWasLoaded) {
     using namespace ITunesDBChunks;
     Files.AddFile(DatabaseOn(u'E'),
                   ListHead("mhlt", 2) + Track(1, 1, {Item(1, u"one"_s)}) + Track(1LL << 31, 1, {}));
-
     Choose(0);
-
     EXPECT_EQ(Boxes.Texts(), QStringList{u"Error 6: Overflow"_s});
     EXPECT_EQ(Titles(), QStringList{u"one"_s});
     EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"loaded"_s}));
@@ -164,9 +160,7 @@ TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     Devices.LibraryLoaded = [] { throw RuntimeError(ErrorNumber::OutOfMemory); };
     Window.Combo1.UserDropDown();
-
     EXPECT_THROW(Window.Combo1.UserChoose(0), RuntimeError);
-
     EXPECT_EQ(Window.Form1.MousePointers,
               (std::vector{MousePointer::Hourglass, MousePointer::Default}));
 }
@@ -177,9 +171,7 @@ TEST_F(DeviceChoice, TheLoadedDeviceIsNeitherReloadedNorAreItsListsCleared) {
     ShowIPod();
     Files.Calls.clear();
     Window.Form1.MousePointers.clear();
-
     Choose(0);
-
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
     ExpectFilled();
     EXPECT_TRUE(Window.Form1.MousePointers.empty());
@@ -209,9 +201,7 @@ TEST_F(DeviceChoice, TheLoadedDeviceThatIsGoneIsReportedAndTheWindowReset) {
 TEST_F(DeviceChoice, AClickWithoutAnEntryDoesNothing) {
     Devices.Combo1_DropDown();
     Files.Calls.clear();
-
     Devices.Combo1_Click();
-
     EXPECT_EQ(Files.CallTexts(), QStringList());
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Raised, QStringList());

@@ -51,7 +51,6 @@ protected:
 
 TEST_F(ITunesDBDamage, ThePlainWalkReadsAWholeDatabase) {
     const PlainITunesDBWalk plain(SmallDatabase());
-
     EXPECT_EQ(plain.Error, 0);
     EXPECT_EQ(
         Lines(plain.Library),
@@ -130,9 +129,7 @@ TEST_F(ITunesDBDamage, ALongNameOnManyTracksEndsSoon) {
         list += Track(1, 1, {Item(4, name + QString::number(i))}, 60);
     }
     const std::clock_t start = std::clock();
-
     Load(list);
-
     EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
     EXPECT_EQ(Library.Artists.size(), 32'000U);
 }

@@ -107,18 +107,14 @@ TEST_F(ITunesDBReader, TheTrackListIsReadWhateverIsAroundIt) {
 TEST_F(ITunesDBReader, TheDriveOfTheDeviceBeginsEveryLocation) {
     Files.AddFile(u"K:\\iPod_Control\\iTunes\\iTunesDB"_s,
                   WriteITunesDB({{u"A"_s, u"B"_s, u"C"_s, 1, 1, u"F00/A.mp3"_s}}));
-
     Music.LoadITunesDB(u"K:"_s);
-
     EXPECT_EQ(Lines(Library),
               QStringList{u"A | B | 1 C | 1 | 1 | K:\\iPod_Control\\Music\\F00\\A.mp3"_s});
 }
 
 TEST_F(ITunesDBReader, TheFileIsReadOnceAndNothingIsWritten) {
     const QByteArray database = WriteITunesDB(TwoTracks());
-
     Load(database);
-
     EXPECT_EQ(Files.CallTexts(),
               (QStringList{u"FileLength "_s + DatabasePath(), u"OpenForReading "_s + DatabasePath(),
                            u"Read "_s + DatabasePath()}));
@@ -130,7 +126,6 @@ TEST_F(ITunesDBReader, TheFileIsReadOnceAndNothingIsWritten) {
 TEST_F(ITunesDBReader, ALoadReplacesTheLibraryBefore) {
     Load(WriteITunesDB(TwoTracks()));
     Load(WriteITunesDB({{u"E"_s, u"F"_s, u"3"_s, 3, 4, {}}}));
-
     ExpectLoaded({u"E | F | 3 3 | 4 | 1 | E:"_s});
 }
 

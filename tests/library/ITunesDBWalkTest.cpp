@@ -205,7 +205,6 @@ TEST_F(ITunesDBWalk, AMissingFolderOrFileIsReported) {
     Files.AddDrive(u"E:"_s);
     Music.LoadITunesDB(u"E:"_s);
     ExpectError(u"Error 76: Path not found"_s);
-
     Boxes.Shown.clear();
     Files.AddFolder(u"E:\\iPod_Control\\iTunes"_s);
     Music.LoadITunesDB(u"E:"_s);
@@ -227,9 +226,7 @@ TEST_F(ITunesDBWalk, ADeviceThatFailsWhileItIsReadIsReportedAndLeavesNoFileOpen)
 
 TEST_F(ITunesDBWalk, ADeviceThatFailsInTheMiddleOfTheFileLeavesNothingLoaded) {
     Files.FailNthCall(FileCall::Read, 2, ErrorNumber::DeviceIOError);
-
     LoadTracks(2, {TitledTrack(u"one"_s), TitledTrack(QString(300'000, u'm'))});
-
     ExpectError(u"Error 57: Device I/O error"_s);
     EXPECT_EQ(Window.prgCopy.Max(), 2);
     EXPECT_EQ(Library.TrackCount, 0);

@@ -31,7 +31,6 @@ TEST_F(LoadProgressShown, TheMessageAsksToWaitThenTellsPercentagesWhereTiesGoToT
 
 TEST_F(LoadProgressShown, TheMessageIsWrittenOnlyWhenItsTextChanges) {
     Load(DatabaseOf(3000));
-
     EXPECT_EQ(Window.lblMessage.Captions.size(), 1 + 101);
     EXPECT_EQ(Window.Form1.RefreshCount, 1 + 101);
     EXPECT_EQ(Window.Combo1.RefreshCount, 1);
@@ -39,7 +38,6 @@ TEST_F(LoadProgressShown, TheMessageIsWrittenOnlyWhenItsTextChanges) {
 
 TEST_F(LoadProgressShown, TheBarCountsTheTracksAndGoesBackToZero) {
     Load(DatabaseOf(4));
-
     EXPECT_EQ(Window.prgCopy.Max(), 4);
     EXPECT_EQ(Window.prgCopy.Values, (std::vector<float>{1, 2, 3, 4, 0}));
 }
@@ -49,10 +47,8 @@ TEST_F(LoadProgressShown, OnlyAMinimizedWindowShowsTheMessageInItsCaption) {
     Window.Form1.Captions.clear();
     Load(DatabaseOf(2));
     EXPECT_EQ(Window.Form1.Captions, QStringList());
-
     Window.Form1.SetState(WindowState::Minimized);
     Load(DatabaseOf(2));
-
     EXPECT_EQ(Window.Form1.Captions, (QStringList{u"Please wait..."_s, u"Loading music... 50%"_s,
                                                   u"Loading music... 100%"_s, u"Songlift"_s}));
 }
@@ -83,9 +79,7 @@ TEST_F(LoadProgressShown, TheErrorBoxComesBeforeTheEnding) {
         loading = Library.LoadingMusic;
         value = Window.prgCopy.Value();
     };
-
     LoadTracks(2, {TitledTrack(u"A"_s), ITunesDBChunks::Track(1LL << 31, 1, {})});
-
     EXPECT_TRUE(loading);
     EXPECT_EQ(value, 1);
     ExpectError(u"Error 6: Overflow"_s);
@@ -93,7 +87,6 @@ TEST_F(LoadProgressShown, TheErrorBoxComesBeforeTheEnding) {
 
 TEST_F(LoadProgressShown, ATrackWithoutATotalIsATypeMismatch) {
     Load(TitledTrack(u"one"_s) + TitledTrack(u"two"_s));
-
     ExpectError(u"Error 13: Type mismatch"_s);
     EXPECT_EQ(Library.TrackCount, 1);
     EXPECT_EQ(Window.prgCopy.Max(), 100); // as it was
@@ -104,7 +97,6 @@ TEST_F(LoadProgressShown, ATrackWithoutATotalIsATypeMismatch) {
 TEST_F(LoadProgressShown, APercentageBeyondSixteenBitsOverflows) {
     // 327 tracks of 1 are 32,700%, 328 are 32,800%.
     Load(DatabaseOf(400, {.StatedTrackCount = 1}));
-
     ExpectError(u"Error 6: Overflow"_s);
     EXPECT_EQ(Library.TrackCount, 328);
     EXPECT_EQ(Window.lblMessage.Caption(), u"Loading music... 32700%"_s);

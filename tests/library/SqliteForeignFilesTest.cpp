@@ -91,9 +91,7 @@ TEST_F(ForeignFiles, AHotJournalIsNeitherAppliedNorTouched) {
                              "Create Table filler As With Recursive c(n) As (Select 1 Union All "
                              "Select n + 1 From c Limit 500) Select n, hex(zeroblob(50)) From c");
     ASSERT_TRUE(QFile::exists(LibraryFile() + u"-journal"_s));
-
     EXPECT_EQ(LoadedTitle(), u"changed"_s);
-
     EXPECT_EQ(TitleSeenByOthers(LibraryFile()), u"first"_s);
     EXPECT_FALSE(QFile::exists(LibraryFile() + u"-journal"_s));
 }
@@ -104,10 +102,8 @@ TEST_F(ForeignFiles, AWriteAheadLogIsNeitherReadNorTouched) {
     RunAndDie(LocationsFile(), wal + "Update location Set file_size = 99");
     ASSERT_TRUE(QFile::exists(LibraryFile() + u"-wal"_s));
     ASSERT_TRUE(QFile::exists(LocationsFile() + u"-wal"_s));
-
     EXPECT_EQ(LoadedTitle(), u"first"_s);
     EXPECT_EQ(Library.TotalSize, 10);
-
     EXPECT_EQ(TitleSeenByOthers(LibraryFile()), u"changed"_s);
 }
 
@@ -116,7 +112,6 @@ TEST_F(ForeignFiles, JournalsThatAreNoneAreLeftAlone) {
         ASSERT_TRUE(QDir().mkpath(file + u"-journal"_s));
         WriteAll(file + u"-wal"_s, QByteArray(4096, 'x'));
     }
-
     EXPECT_EQ(LoadedTitle(), u"first"_s);
 }
 
@@ -127,7 +122,6 @@ TEST_F(ForeignFiles, AFolderNamedLikeAnAddressIsTakenAsItIs) {
         ASSERT_TRUE(QDir().mkpath(folder));
         PutFilesInto(folder);
         WriteOne();
-
         EXPECT_EQ(LoadedTitle(), u"first"_s);
     }
 }

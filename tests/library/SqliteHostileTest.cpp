@@ -12,7 +12,6 @@ TEST_F(HostileSQLiteLibrary, AMissingFileIsReported) {
     Files.Remove(folder + u"Locations.itdb"_s);
     LoadSoon();
     ExpectError(u"Error 53: File not found"_s);
-
     PutFilesInto(Folder.path());
     Files.Remove(folder + u"Library.itdb"_s);
     LoadSoon();
@@ -24,12 +23,10 @@ TEST_F(HostileSQLiteLibrary, AFileThatVanishesBeforeItIsOpenedIsReported) {
     QFile::remove(LocationsFile());
     LoadSoon();
     EXPECT_EQ(Error(), 14);
-
     QFile::remove(LibraryFile());
     LoadSoon();
     ExpectError(u"Error 14: unable to open database file"_s);
     EXPECT_FALSE(QFile::exists(LibraryFile()));
-
     ASSERT_TRUE(QDir().mkpath(LibraryFile()));
     LoadSoon();
     EXPECT_NE(Error(), 0);
@@ -44,7 +41,6 @@ TEST_F(HostileSQLiteLibrary, AFileThatIsNoDatabaseIsReported) {
     Start();
     LoadWith(LocationsFile(), {});
     ExpectError(u"Error 1: no such table: location_kind_map"_s);
-
     Start();
     LoadSoon();
     EXPECT_EQ(Error(), 0); // the next load starts afresh
@@ -73,9 +69,7 @@ TEST_F(HostileSQLiteLibrary, ATruncatedFileIsReportedOrLoadsWhatItHolds) {
 TEST_F(HostileSQLiteLibrary, AValueThatIsTooLongIsReportedAndTheTracksBeforeItStay) {
     for (const QString& size : {u"32769"_s, u"60000"_s, u"500000"_s}) {
         InLibrary(u"Update item Set title = hex(zeroblob("_s + size + u")) Where artist = 'B'"_s);
-
         LoadSoon();
-
         ExpectError(u"Error 18: string or blob too big"_s);
         EXPECT_EQ(Lines(Library),
                   QStringList{u"A | X | 1 first | 10 | 1 | E:\\iPod_Control\\Music\\1"_s});
@@ -84,9 +78,7 @@ TEST_F(HostileSQLiteLibrary, AValueThatIsTooLongIsReportedAndTheTracksBeforeItSt
 
 TEST_F(HostileSQLiteLibrary, TheLongestValuesLoad) {
     InLibrary(u"Update item Set title = hex(zeroblob(32768)), artist = title, album = title"_s);
-
     LoadSoon();
-
     EXPECT_EQ(Error(), 0);
     EXPECT_EQ(Library.TrackCount, 2);
 }
@@ -95,9 +87,7 @@ TEST_F(HostileSQLiteLibrary, OneLongTitleOnManyTracksIsOutOfMemory) {
     // 32,000 times 60,000 bytes from a file of less than a megabyte.
     InLibrary(u"Update item Set title = hex(zeroblob(30000))"_s);
     InLocations(ManyTracks);
-
     LoadSoon();
-
     ExpectError(u"Error 7: out of memory"_s);
     EXPECT_EQ(Library.TrackCount, 0);
 }
@@ -109,9 +99,7 @@ TEST_F(HostileSQLiteLibrary, OneLongTitleOnManyTracksThatNeedNoSortingIsOutOfMem
               "track_number From item; Drop Table item; Alter Table copy Rename To item;"
               "Create Index names On item (artist, album)"_s);
     InLocations(ManyTracks);
-
     LoadSoon();
-
     ExpectError(u"Error 7: Out of memory"_s);
     // 64 MB hold so many rows of 60,000 bytes, three letters and seven cells of 16 bytes.
     EXPECT_EQ(Library.TrackCount, 1116);
@@ -122,9 +110,7 @@ TEST_F(HostileSQLiteLibrary, ALongBaseLocationOnManyTracksIsOutOfMemory) {
     InLocations(u"Update base_location Set path = replace(hex(zeroblob(32500)), '0', 'x');"
                 "Update location Set location = '1';"_s +
                 ManyTracks);
-
     LoadSoon();
-
     ExpectError(u"Error 7: Out of memory"_s);
     EXPECT_EQ(Library.TrackCount, 2064);
 }
@@ -188,9 +174,7 @@ TEST_F(HostileSQLiteLibrary, TriggersAndViewsThatDoNoHarmLoad) {
     InLibrary(u"Create Trigger t After Insert On item Begin Select no_such_function(1); End;"
               "Alter Table item Rename To real_item;"
               "Create View item As Select * From real_item"_s);
-
     LoadSoon();
-
     ExpectLoaded({u"A | X | 1 first | 10 | 1 | E:\\iPod_Control\\Music\\1"_s,
                   u"B | Y | 2 second | 20 | 1 | E:\\iPod_Control\\Music\\2"_s});
 }

@@ -15,7 +15,6 @@ protected:
 
 TEST_F(SQLiteLibrary, TheFieldsOfATrackAreTakenInAnyScript) {
     Load({{u"Björk"_s, u"日本語"_s, u"🎵 song"_s, 2, 3'700'123, u"F00/Ä.mp3"_s}});
-
     ExpectLoaded(
         {u"Björk | 日本語 | 2 🎵 song | 3700123 | 1 | E:\\iPod_Control\\Music\\F00\\Ä.mp3"_s});
 }
@@ -23,16 +22,13 @@ TEST_F(SQLiteLibrary, TheFieldsOfATrackAreTakenInAnyScript) {
 TEST_F(SQLiteLibrary, SlashesOfFolderAndLocationBecomeBackslashes) {
     Load({{u"A"_s, u"B"_s, u"C"_s, 1, 1, u"F00/deep/ABCD.mp3"_s}},
          {.BaseFolder = u"iTunes_Control/My/Music"_s});
-
     ExpectLoaded({u"A | B | 1 C | 1 | 1 | E:\\iTunes_Control\\My\\Music\\F00\\deep\\ABCD.mp3"_s});
 }
 
 TEST_F(SQLiteLibrary, TheFirstBaseLocationCounts) {
     Write(One);
     InLocations(u"Insert Into base_location (id, path) Values (2, 'Elsewhere')"_s);
-
     Load();
-
     ExpectLoaded({OneLine});
 }
 
@@ -41,7 +37,6 @@ TEST_F(SQLiteLibrary, TheFirstBaseLocationCounts) {
 TEST_F(SQLiteLibrary, TheTableOfKindsMayLieInEitherFile) {
     Load({{u"A"_s, u"B"_s, u"C"_s, 1, 1, u"x"_s, u"QuickTime movie file"_s}},
          {.KindsInLibrary = true});
-
     ExpectLoaded({u"A | B | 1 C | 1 | 2 | E:\\iPod_Control\\Music\\x"_s});
 }
 
@@ -53,9 +48,7 @@ TEST_F(SQLiteLibrary, AKindIsFoundByItsPlaceInTheOrderOfIds) {
                 "Insert Into location_kind_map Values (20, 'MPEG-4 video file');"
                 "Insert Into location_kind_map Values (2, 'no such kind');"
                 "Update location Set kind_id = 2"_s);
-
     Load();
-
     ExpectLoaded({u"A | B | 1 C | 1 | 2 | E:\\iPod_Control\\Music\\x"_s});
 }
 
@@ -65,7 +58,6 @@ TEST_F(SQLiteLibrary, AKindIdOfZeroAndAKindInAnotherLanguageAreNone) {
     InLocations(u"Update location Set kind_id = 0"_s);
     Load();
     ExpectLoaded({line});
-
     Load({{u"A"_s, u"B"_s, u"C"_s, 1, 1, u"x"_s, u"MPEG-Audiodatei"_s}});
     ExpectLoaded({line});
 }
@@ -122,7 +114,6 @@ TEST_F(SQLiteLibrary, TracksComeSortedAndFollowingOnesOfEqualNamesInLowerCaseAre
 TEST_F(SQLiteLibrary, MissingNamesAreUnknown) {
     for (const bool asNull : {true, false}) {
         Load({{{}, {}, {}, 0, 1, u"x"_s}}, {.EmptyAsNull = asNull});
-
         ExpectLoaded({u"UNKNOWN | UNKNOWN | 0 UNKNOWN | 1 | 1 | E:\\iPod_Control\\Music\\x"_s});
     }
 }
@@ -131,9 +122,7 @@ TEST_F(SQLiteLibrary, NullAndEmptyNamesAreOneGroup) {
     Write(NamedTracks({{u"A"_s, u"B"_s}, {u"A"_s, u"B"_s}}));
     InLibrary(u"Update item Set artist = NULL, album = NULL Where title = '1';"
               "Update item Set artist = '', album = '' Where title = '2'"_s);
-
     Load();
-
     EXPECT_EQ(Groups(), QStringList{u"UNKNOWN: UNKNOWN (1 2)"_s});
 }
 
@@ -145,9 +134,7 @@ TEST_F(SQLiteLibrary, AnItemWithoutLocationAndALocationWithoutItemAreNoTracks) {
            {u"A"_s, u"B"_s, u"3"_s, 3, 1, u"3"_s}});
     InLibrary(u"Delete From item Where title = '2'"_s);
     InLocations(u"Delete From location Where location = '3'"_s);
-
     Load();
-
     ExpectLoaded({u"A | B | 1 1 | 1 | 1 | E:\\iPod_Control\\Music\\1"_s});
     EXPECT_EQ(Window.prgCopy.Max(), 1);
 }
@@ -156,9 +143,7 @@ TEST_F(SQLiteLibrary, AnItemWithTwoLocationsIsTwoTracks) {
     Write(One);
     InLocations(
         u"Insert Into location Select item_pid, 1, 1, '2', NULL, 1, NULL, 5 From location"_s);
-
     Load();
-
     EXPECT_EQ(Library.TrackCount, 2);
     EXPECT_EQ(Library.TotalSize, 6);
 }
@@ -166,9 +151,7 @@ TEST_F(SQLiteLibrary, AnItemWithTwoLocationsIsTwoTracks) {
 TEST_F(SQLiteLibrary, TheMessageAndTheBarTellTheProgress) {
     Window.Form1.SetState(WindowState::Minimized);
     Window.Form1.Captions.clear();
-
     Load(NamedTracks({{u"A"_s, u"x"_s}, {u"A"_s, u"x"_s}, {u"B"_s, u"x"_s}}));
-
     const QStringList messages = {u"Please wait..."_s, u"Loading music... 33%"_s,
                                   u"Loading music... 67%"_s, u"Loading music... 100%"_s};
     EXPECT_EQ(Window.lblMessage.Captions, messages);
@@ -181,9 +164,7 @@ TEST_F(SQLiteLibrary, TheMessageAndTheBarTellTheProgress) {
 
 TEST_F(SQLiteLibrary, AnEmptyResultLeavesOneBlankTrackThatDoesNotCount) {
     Load(One);
-
     Load(std::vector<SampleTrack>());
-
     EXPECT_EQ(Library.TrackCount, 0);
     EXPECT_EQ(Library.TotalSize, 0);
     EXPECT_EQ(Lines(Library), QStringList{u" |  | 0  | 0 | 0 | "_s});
@@ -195,7 +176,6 @@ TEST_F(SQLiteLibrary, AnEmptyResultLeavesOneBlankTrackThatDoesNotCount) {
 TEST_F(SQLiteLibrary, ALoadReplacesTheLibraryBefore) {
     Load(NamedTracks({{u"A"_s, u"x"_s}, {u"B"_s, u"y"_s}}));
     Load(One);
-
     ExpectLoaded({OneLine});
 }
 

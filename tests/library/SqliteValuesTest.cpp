@@ -144,7 +144,6 @@ TEST_F(SQLiteValues, AnEmptyNameAndTheOneRightBehindItAreTwoGroups) {
     LoadChanged(u"Update item Set artist = 'A', title = NULL;"
                 "Update item Set album = '' Where album = 'X'"_s,
                 u"Update location Set location = NULL"_s);
-
     ExpectLoaded({u"A | UNKNOWN | 1 UNKNOWN | 10 | 1 | E:\\iPod_Control\\Music\\"_s,
                   u"A | Y | 2 UNKNOWN | 20 | 1 | E:\\iPod_Control\\Music\\"_s});
 }
@@ -199,7 +198,6 @@ TEST_F(SQLiteValues, WhatATableLacksIsReported) {
 
 TEST_F(SQLiteValues, AnEmptyBaseLocationIsTheDrive) {
     LoadChanged({}, u"Update base_location Set path = NULL"_s);
-
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Library.Artists[0].Albums[0].Tracks[0].Location, u"E:\\\\1"_s);
 }
@@ -207,7 +205,6 @@ TEST_F(SQLiteValues, AnEmptyBaseLocationIsTheDrive) {
 TEST_F(SQLiteValues, AFailureBeforeTheFirstRowLeavesTheOldRecordsUncounted) {
     LoadChanged({});
     LoadChanged({}, u"Drop Table location"_s);
-
     EXPECT_EQ(Library.TrackCount, 0);
     EXPECT_EQ(Library.TotalSize, 0);
     EXPECT_EQ(Library.Artists.size(), 2U);

@@ -91,6 +91,15 @@ TEST_F(SearchResultTest, CopyIsEnabledForTicksThatTheResultShowsOrHides) {
     }
 }
 
+TEST_F(SearchResultTest, EverySearchAndEveryWayBackSetsTheCopyButtonAnew) {
+    browser.Do("tick song Money");
+    for (const char* step : {"type money", "type stone", "type nowhere", "clear"}) {
+        form.cmdCopy.SetEnabled(false);
+        browser.Do(step);
+        EXPECT_TRUE(form.cmdCopy.Enabled()) << step;
+    }
+}
+
 TEST_F(SearchResultTest, TicksOfSeveralResultsInARowAreAllKept) {
     browser.Do("type dance, tick song Dance, type song, tick artist All, type old, "
                "untick song Old Song, tab Video, type, tab All Files");
