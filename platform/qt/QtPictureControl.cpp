@@ -12,10 +12,16 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         if (Shown) {
+            if (m_icon.isNull()) {
+                m_icon = QIcon(QStringLiteral(":/player.png")); // once: it is decoded each time
+            }
             QPainter painter(this);
-            QIcon(QStringLiteral(":/player.png")).paint(&painter, rect());
+            m_icon.paint(&painter, rect());
         }
     }
+
+private:
+    QIcon m_icon;
 };
 
 QtPictureControl::QtPictureControl(QWidget* parent, const QString& name)
