@@ -4,7 +4,11 @@
 #include "platform/IgnoringErrors.h"
 
 Subsystems::Subsystems(const Services& services, Form1Controls& controls)
-    : Loading(services.Files, services.MessageBoxes, LoadControlsOf(controls)),
+    : Loading({.Files = services.Files,
+               .Background = services.Background,
+               .Events = services.Events,
+               .MessageBoxes = services.MessageBoxes},
+              LoadControlsOf(controls)),
       Devices(Loading, services.Drives, services.Files, services.MessageBoxes, services.Windows,
               DeviceControlsOf(controls)),
       Fitting(services.Windows, FittingControlsOf(controls)),

@@ -11,29 +11,34 @@ namespace {
 /// Runs a reader and shows what stops it. False when the reader leaves the load open. What no
 /// reader fails with passes on: the device must not count as loaded then.
 template <class Reader>
-bool RunReader(Messages& messages, const Reader& reader) {
+bool RunReader(MusicLibrary& library, Messages& messages, const Reader& reader) {
     try {
         return reader();
     } catch (const RuntimeError& error) {
         ShowError(messages, error);
     } catch (const std::bad_alloc& exception) {
         ShowError(messages, ErrorOf(exception));
+    } catch (const OperationStopped&) {
+        library.TrackCount = 0;
+        library.TotalSize = 0;
     }
     return true;
 }
 
 } // namespace
 
-LoadMusic::LoadMusic(FileSystem& files, Messages& messages, const LoadControls& controls)
-    : m_files(files), m_messages(messages), m_controls(controls) {
+LoadMusic::LoadMusic(const LoadServices& services, const LoadControls& controls)
+    : m_files(services.Files, services.Background, services.Background), m_events(services.Events),
+      m_messages(services.MessageBoxes), m_controls(controls) {
+    m_files.MayGoOn = [this] { return m_events.YieldHoldingInput(); };
 }
 
 void LoadMusic::LoadITunesDB(const QString& driveRoot) {
-    LoadProgress progress(Library, m_controls);
+    LoadProgress progress(Library, m_events, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
     // An empty track list stops the load where it is: LoadingMusic and the message stay.
-    if (RunReader(m_messages,
+    if (RunReader(Library, m_messages,
                   [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
         loading.Run();
     } else {
@@ -42,10 +47,10 @@ void LoadMusic::LoadITunesDB(const QString& driveRoot) {
 }
 
 void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
-    LoadProgress progress(Library, m_controls);
+    LoadProgress progress(Library, m_events, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
-    RunReader(m_messages, [&] {
+    RunReader(Library, m_messages, [&] {
         ReadSQLiteLibrary(m_files, driveRoot, Library, progress);
         return true;
     });

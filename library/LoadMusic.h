@@ -2,15 +2,26 @@
 
 #include "library/LoadProgress.h"
 #include "library/MusicLibrary.h"
-#include "platform/FileSystem.h"
+#include "platform/EventLoop.h"
 #include "platform/Messages.h"
+#include "platform/PatientFileSystem.h"
 
-/// Owns the library and loads it from a device. A load runs to its end without yielding; it reports
-/// its progress through the window's label, bar and caption, and a failure by a message box, after
-/// which the tracks loaded so far stay.
+/// What a load needs of the platform.
+struct LoadServices {
+    FileSystem& Files;
+    /// Waits for the device.
+    Worker& Background;
+    EventLoop& Events;
+    Messages& MessageBoxes;
+};
+
+/// Owns the library and loads it from a device. A load runs to its end with the user's input held
+/// back, unless the user closes the window: then nothing counts as loaded. It reports its progress
+/// through the window's label, bar and caption, and a failure by a message box, after which the
+/// tracks loaded so far stay.
 class LoadMusic {
 public:
-    LoadMusic(FileSystem& files, Messages& messages, const LoadControls& controls);
+    LoadMusic(const LoadServices& services, const LoadControls& controls);
 
     MusicLibrary Library;
 
@@ -20,7 +31,8 @@ public:
     void LoadSQLiteLibrary(const QString& driveRoot);
 
 private:
-    FileSystem& m_files;
+    PatientFileSystem m_files;
+    EventLoop& m_events;
     Messages& m_messages;
     LoadControls m_controls;
 };

@@ -1,11 +1,12 @@
 #include "library/LoadProgress.h"
 
 #include "platform/Numbers.h"
+#include "platform/PatientFileSystem.h"
 #include "platform/RuntimeError.h"
 #include "platform/ScopeGuard.h"
 
-LoadProgress::LoadProgress(MusicLibrary& library, const LoadControls& controls)
-    : m_library(library), m_controls(controls) {
+LoadProgress::LoadProgress(MusicLibrary& library, EventLoop& events, const LoadControls& controls)
+    : m_library(library), m_events(events), m_controls(controls) {
 }
 
 void LoadProgress::Start() {
@@ -35,6 +36,9 @@ void LoadProgress::TrackLoaded() {
         m_controls.lblMessage.SetCaption(QStringLiteral("Loading music... %1%").arg(percent));
         MirrorInCaption();
         m_controls.Form1.Refresh();
+        if (!m_events.YieldHoldingInput()) {
+            throw OperationStopped();
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "library/MusicLibrary.h"
 #include "platform/Controls.h"
+#include "platform/EventLoop.h"
 #include "platform/Window.h"
 
 #include <optional>
@@ -17,14 +18,15 @@ struct LoadControls {
 /// What the window shows while a library loads, and the state of the library that goes with it.
 class LoadProgress {
 public:
-    LoadProgress(MusicLibrary& library, const LoadControls& controls);
+    LoadProgress(MusicLibrary& library, EventLoop& events, const LoadControls& controls);
 
     /// Marks the library as loading and empty; its records stay until the reader replaces them.
     void Start();
     /// Sets the number of tracks to come, which stands for 100%.
     void SetTotal(qint64 total);
-    /// Shows that one more track counts in TrackCount. Throws TypeMismatch when there is no total,
-    /// and Overflow when the percentage passes 32,767.
+    /// Shows that one more track counts in TrackCount, and now and then looks after the window.
+    /// Throws TypeMismatch when there is no total,
+    /// Overflow when the percentage passes 32,767, and OperationStopped when the window was closed.
     void TrackLoaded();
     /// Brings bar and caption back, and marks the load as done.
     void End();
@@ -34,6 +36,7 @@ private:
     void MirrorInCaption();
 
     MusicLibrary& m_library;
+    EventLoop& m_events;
     LoadControls m_controls;
     std::optional<double> m_total;
     /// The percentage in the message, -1 while the message tells none.

@@ -7,6 +7,7 @@
 
 #include <exception>
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -183,9 +184,11 @@ bool RowGrouping::BeginsAlbum(qsizetype row) const {
 
 } // namespace
 
-void ReadSQLiteLibrary(FileSystem& files, const QString& driveRoot, MusicLibrary& library,
+void ReadSQLiteLibrary(PatientFileSystem& files, const QString& driveRoot, MusicLibrary& library,
                        LoadProgress& progress) {
-    const DeviceRows device = ReadDevice(files, driveRoot);
+    const auto read = std::make_shared<DeviceRows>();
+    files.Do([read, driveRoot](FileSystem& device) { *read = ReadDevice(device, driveRoot); });
+    const DeviceRows& device = *read;
     progress.SetTotal(device.Tracks.RowCount());
 
     library.Artists.assign(1, ArtistRecord());

@@ -11,4 +11,8 @@ public:
     /// Lets the window handle what the user did meanwhile, then returns. Costs next to nothing when
     /// called more often than a person can act.
     virtual void Yield() = 0;
+    /// Lets the window be painted and answer the desktop while work goes on that nothing may
+    /// disturb: what the user does is lost, and no handler runs but those of the window's size.
+    /// False once the user has closed the window, which closes behind that work.
+    virtual bool YieldHoldingInput() = 0;
 };

@@ -73,9 +73,13 @@ public:
     }
 
     void Read(char* buffer, qint64 size) override {
-        const auto bytes = std::make_shared<QByteArray>(size, Qt::Uninitialized);
-        m_owner.Wait([file = m_file, bytes, size] { file->Read(bytes->data(), size); }, {});
-        std::memcpy(buffer, bytes->constData(), static_cast<size_t>(size));
+        // Kept for the next block: a new one costs more than what is read into it.
+        if (m_bytes == nullptr || m_bytes->size() < size) {
+            m_bytes = std::make_shared<QByteArray>(size, Qt::Uninitialized);
+        }
+        m_owner.Wait([file = m_file, bytes = m_bytes, size] { file->Read(bytes->data(), size); },
+                     {});
+        std::memcpy(buffer, m_bytes->constData(), static_cast<size_t>(size));
     }
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override {
         return m_owner.Ask([file = m_file, from = Of(source), size,
@@ -95,7 +99,13 @@ public:
 private:
     PatientFileSystem& m_owner;
     std::shared_ptr<BinaryFile> m_file;
+    /// Shared with a reading that was left alone.
+    std::shared_ptr<QByteArray> m_bytes;
 };
+
+void PatientFileSystem::Do(std::function<void(FileSystem&)> operation) {
+    Wait([files = m_files, operation = std::move(operation)] { operation(*files); }, {});
+}
 
 bool PatientFileSystem::FileExists(const QString& path) {
     return Ask([files = m_files, path] { return files->FileExists(path); });

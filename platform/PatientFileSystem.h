@@ -23,6 +23,10 @@ public:
     /// nobody waits: the operations are done on the caller's thread then.
     std::function<bool()> MayGoOn;
 
+    /// Does something with the other service's files like an operation of its own. It must own all
+    /// it uses.
+    void Do(std::function<void(FileSystem&)> operation);
+
     bool FileExists(const QString& path) override;
     bool WouldReplace(const QString& path) override;
     bool FolderExists(const QString& path) override;

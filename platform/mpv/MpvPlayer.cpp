@@ -5,7 +5,7 @@
 MpvPlayer::MpvPlayer(QWidget* parent, const QString& name, FileSystem& files)
     : QtControl(new PlayerWidget(parent), name), m_files(files) {
     Widget()->ParentResized = [this] { FillParent(); };
-    Widget()->KnownLate = [this] { QtFrames::Handle([this] { TakeLateSize(); }); };
+    Widget()->KnownLate = [this] { QtFrames::HandleAlways([this] { TakeLateSize(); }); };
 }
 
 void MpvPlayer::SetSource(const QString& path) {

@@ -10,7 +10,10 @@ public:
     void BeginWork() override { m_sinceYield.start(); }
     /// Asks the system about every 10 ms; calls in between do nothing.
     void Yield() override;
+    bool YieldHoldingInput() override;
 
 private:
+    bool IsDue() const;
+
     QElapsedTimer m_sinceYield;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Controls.h"
+#include "platform/qt/HeldInput.h"
 
 #include <QScopedValueRollback>
 
@@ -23,10 +24,10 @@ void Tell(const std::exception& failure);
 
 } // namespace Internal
 
-/// Does what Qt has called for, which raises events. What fails there is told; during a Call it is
-/// the caller's.
+/// Does what Qt has called for, which raises events, at any time: for what the desktop asks of a
+/// window. What fails there is told; during a Call it is the caller's.
 template <class Work>
-void Handle(const Work& work) {
+void HandleAlways(const Work& work) {
     std::exception_ptr* const kept = Internal::KeptForCaller;
     // The work may let other events in, which have nothing to do with that call.
     const QScopedValueRollback<std::exception_ptr*> apart(Internal::KeptForCaller, nullptr);
@@ -38,6 +39,14 @@ void Handle(const Work& work) {
         } else if (*kept == nullptr) {
             *kept = std::current_exception();
         }
+    }
+}
+
+/// Does the same, but not while input is held.
+template <class Work>
+void Handle(const Work& work) {
+    if (!HeldInput::IsNow()) {
+        HandleAlways(work);
     }
 }
 

@@ -37,11 +37,16 @@ QtWindow::~QtWindow() {
 }
 
 void QtWindow::Listen() {
-    m_widget->Resized = [this] { QtFrames::Handle([this] { RaiseResize(); }); };
-    m_widget->StateChanged = [this] { QtFrames::Handle([this] { StateChanged(); }); };
+    m_widget->Resized = [this] { QtFrames::HandleAlways([this] { RaiseResize(); }); };
+    m_widget->StateChanged = [this] { QtFrames::HandleAlways([this] { StateChanged(); }); };
     m_widget->MayClose = [this] {
+        // A window that stands beside another one goes at once.
+        if (HeldInput::IsNow() && m_widget->parentWidget() == nullptr) {
+            HeldInput::CloseLater(*m_widget);
+            return false;
+        }
         bool mayClose = true; // a handler that always fails must not keep the window for ever
-        QtFrames::Handle([&] { mayClose = MayClose(); });
+        QtFrames::HandleAlways([&] { mayClose = MayClose(); });
         return mayClose;
     };
 }

@@ -1,6 +1,7 @@
 // Loading a library, beside what cannot be saved: reading the file, stepping the statement.
 
 #include "app/ControlGroups.h"
+#include "platform/ThreadWorker.h"
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
 #include "tests/bench/Sizes.h"
@@ -31,7 +32,9 @@ BENCHMARK(ReadTheFile)->Apply(ForEverySize);
 
 void LoadBinaryDatabase(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
-    LoadMusic loadMusic(window.Files(), window.MessageBoxes(), LoadControlsOf(window.Controls()));
+    ThreadWorker background;
+    LoadMusic loadMusic({window.Files(), background, window.Events(), window.MessageBoxes()},
+                        LoadControlsOf(window.Controls()));
     for (auto _ : state) {
         loadMusic.LoadITunesDB(QStringLiteral("E:"));
         if (loadMusic.Library.TrackCount != state.range(0)) {
@@ -76,7 +79,9 @@ BENCHMARK(StepTheStatement)->Apply(ForEverySize);
 
 void LoadSqliteLibrary(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), true);
-    LoadMusic loadMusic(window.Files(), window.MessageBoxes(), LoadControlsOf(window.Controls()));
+    ThreadWorker background;
+    LoadMusic loadMusic({window.Files(), background, window.Events(), window.MessageBoxes()},
+                        LoadControlsOf(window.Controls()));
     for (auto _ : state) {
         loadMusic.LoadSQLiteLibrary(QStringLiteral("E:"));
         if (loadMusic.Library.TrackCount != state.range(0)) {

@@ -49,9 +49,12 @@ public:
     int Yields = 0;
     /// Runs inside each yield, with the number of that yield, from 1 on.
     std::function<void(int)> OnYield;
+    /// The user has closed the window.
+    bool IsClosed = false;
 
     void BeginWork() override;
     void Yield() override;
+    bool YieldHoldingInput() override { return !IsClosed; }
 };
 
 /// Does everything at once, on the caller's thread.

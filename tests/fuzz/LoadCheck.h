@@ -21,7 +21,9 @@ public:
     FakeForm1 Window;
     FakeMessages Boxes;
     FakeFileSystem Files;
-    LoadMusic Music{Files, Boxes, LoadControlsOf(Window.Controls)};
+    FakeEventLoop Events;
+    InlineWorker Background;
+    LoadMusic Music{{Files, Background, Events, Boxes}, LoadControlsOf(Window.Controls)};
     /// Runs the load that it is given; a test may measure around it.
     std::function<void(const std::function<void()>&)> Around =
         [](const std::function<void()>& load) { load(); };

@@ -102,3 +102,15 @@ TEST_F(LoadProgressShown, APercentageBeyondSixteenBitsOverflows) {
     EXPECT_EQ(Window.lblMessage.Caption(), u"Loading music... 32700%"_s);
     ExpectConsistent(Library);
 }
+
+TEST_F(LoadProgressShown, AWindowThatIsClosedEndsTheLoadAndNothingCounts) {
+    Events.IsClosed = true;
+
+    Load(WriteITunesDB(Tracks(4)));
+
+    EXPECT_EQ(Library.TrackCount, 0);
+    EXPECT_EQ(Library.TotalSize, 0);
+    EXPECT_EQ(Window.lblMessage.Captions.size(), 2); // at the first percentage
+    EXPECT_TRUE(Boxes.Shown.empty());
+    ExpectEnded();
+}

@@ -14,7 +14,9 @@ protected:
     FakeForm1 Window;
     FakeMessages Boxes;
     FakeFileSystem Files;
-    LoadMusic Music{Files, Boxes, LoadControlsOf(Window.Controls)};
+    FakeEventLoop Events;
+    InlineWorker Background;
+    LoadMusic Music{{Files, Background, Events, Boxes}, LoadControlsOf(Window.Controls)};
     MusicLibrary& Library = Music.Library;
 
     static QString DatabasePath() { return QStringLiteral("E:\\iPod_Control\\iTunes\\iTunesDB"); }

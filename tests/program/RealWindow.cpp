@@ -6,10 +6,16 @@
 
 using namespace Qt::StringLiterals;
 
-RealWindow::RealWindow(EventLoop* loop)
-    : services{
-          files,  drives, store, shell, windowManager, messages, loop != nullptr ? *loop : events,
-          worker, worker} {
+RealWindow::RealWindow(EventLoop* loop, Worker* background)
+    : services{files,
+               drives,
+               store,
+               shell,
+               windowManager,
+               messages,
+               loop != nullptr ? *loop : events,
+               background != nullptr ? *background : worker,
+               worker} {
     shell.Documents = u"D:\\Documents"_s;
     files.AddDrive(u"D:"_s);
     files.AddFolder(u"D:\\Music"_s);

@@ -3,6 +3,7 @@
 // while a box stands open. Nothing may crash or hang, no file may be harmed.
 
 #include "app/OverwriteWindow.h"
+#include "platform/qt/HeldInput.h"
 #include "platform/qt/QtMessages.h"
 #include "tests/program/RealWindow.h"
 #include "tests/support/Walks.h"
@@ -209,6 +210,7 @@ private:
     }
 
     void BeginWork() override {}
+    bool YieldHoldingInput() override { return HeldInput::ProcessEvents(); }
     void Yield() override {
         if (m_hasty && m_depth <= 2 && Below(2) != 0 && !IsClosed()) {
             ++Meanwhiles;
