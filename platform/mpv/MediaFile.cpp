@@ -37,11 +37,13 @@ qint64 MediaFile::Seek(qint64 position) {
     return found ? position : -1;
 }
 
-void MediaFile::Close() {
-    constexpr std::chrono::milliseconds patience(300);
+bool MediaFile::Close() {
+    constexpr std::chrono::milliseconds patience(80);
     std::unique_lock lock(m_mutex);
     m_closed = true;
-    if (m_readEnded.wait_for(lock, patience, [this] { return !m_reading; })) {
+    const bool isIdle = m_readEnded.wait_for(lock, patience, [this] { return !m_reading; });
+    if (isIdle) {
         m_file.close();
     }
+    return isIdle;
 }

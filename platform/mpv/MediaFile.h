@@ -24,8 +24,8 @@ public:
     qint64 Seek(qint64 position);
 
     /// Closes the file. A read that a dying device keeps waiting is not waited for long: the file
-    /// is then closed as soon as it ends.
-    void Close();
+    /// is then closed as soon as it ends, and this is false.
+    bool Close();
 
 private:
     QFile m_file;

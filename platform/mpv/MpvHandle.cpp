@@ -1,6 +1,7 @@
 #include "platform/mpv/MpvHandle.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ThreadWorker.h"
 #include "platform/mpv/CopyProtection.h"
 #include "platform/mpv/MpvOptions.h"
 
@@ -80,7 +81,7 @@ MpvHandle::MpvHandle() {
     }
     SetMpvOptions(m_mpv.get());
     if (mpv_initialize(m_mpv.get()) < 0 ||
-        mpv_stream_cb_add_ro(m_mpv.get(), "songlift", this, OpenStream) < 0) {
+        mpv_stream_cb_add_ro(m_mpv.get(), "songlift", m_source.get(), OpenStream) < 0) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
     }
     mpv_observe_property(m_mpv.get(), Pause, "pause", MPV_FORMAT_FLAG);
@@ -98,6 +99,14 @@ MpvHandle::MpvHandle() {
 
 MpvHandle::~MpvHandle() {
     CloseFile();
+    mpv_set_wakeup_callback(m_mpv.get(), nullptr, nullptr);
+    const auto end = [mpv = m_mpv.get(), context = m_renderer->Release(), source = m_source] {
+        mpv_render_context_free(context);
+        mpv_terminate_destroy(mpv);
+    };
+    ThreadWorker ending;
+    ending.DoLater(end);
+    m_mpv.release();
 }
 
 void MpvHandle::HearWakeup() {
@@ -108,11 +117,11 @@ void MpvHandle::HearWakeup() {
 }
 
 int MpvHandle::OpenStream(void* self, char* address, mpv_stream_cb_info* info) {
-    MpvHandle& player = *static_cast<MpvHandle*>(self);
+    Source& source = *static_cast<Source*>(self);
     FilePointer file;
     {
-        const std::lock_guard lock(player.m_fileMutex);
-        file = player.m_address == address ? player.m_file : nullptr;
+        const std::lock_guard lock(source.Mutex);
+        file = source.Address == address ? source.File : nullptr;
     }
     if (file == nullptr || IsCopyProtected(*file)) {
         return MPV_ERROR_LOADING_FAILED;
@@ -141,9 +150,9 @@ void MpvHandle::Load(std::shared_ptr<MediaFile> file, const QString& suffix) {
     const QByteArray address =
         "songlift://" + QByteArray::number(m_load) + "/media." + SafeSuffix(suffix);
     {
-        const std::lock_guard lock(m_fileMutex);
-        m_file = std::move(file);
-        m_address = address;
+        const std::lock_guard lock(m_source->Mutex);
+        m_source->File = std::move(file);
+        m_source->Address = address;
     }
     SetPaused(false);
     const char* command[] = {"loadfile", address.constData(), "replace", nullptr};
@@ -152,22 +161,21 @@ void MpvHandle::Load(std::shared_ptr<MediaFile> file, const QString& suffix) {
     }
 }
 
-void MpvHandle::CloseFile() {
+/// False when the file is still being read.
+bool MpvHandle::CloseFile() {
     std::shared_ptr<MediaFile> file;
     {
-        const std::lock_guard lock(m_fileMutex);
-        file = std::exchange(m_file, nullptr);
+        const std::lock_guard lock(m_source->Mutex);
+        file = std::exchange(m_source->File, nullptr);
     }
-    if (file != nullptr) {
-        file->Close();
-    }
+    return file == nullptr || file->Close();
 }
 
-void MpvHandle::Stop() {
+bool MpvHandle::Stop() {
     const char* command[] = {"stop", nullptr};
     mpv_command_async(m_mpv.get(), 0, command);
     ForgetFile(Playback::Stage::Empty);
-    CloseFile();
+    return CloseFile();
 }
 
 /// From now on nothing that is said about an earlier file counts. What the player reports by itself

@@ -26,6 +26,7 @@ public:
 
     /// Throws RuntimeError when there is no player.
     MpvHandle();
+    /// A player that hangs in a device's read is left to a thread of its own.
     ~MpvHandle();
     MpvHandle(const MpvHandle&) = delete;
     MpvHandle& operator=(const MpvHandle&) = delete;
@@ -36,8 +37,8 @@ public:
     /// Plays an open file from its beginning, in place of any other. `suffix`, the ending of its
     /// name without the dot, helps to recognise what it holds.
     void Load(std::shared_ptr<MediaFile> file, const QString& suffix);
-    /// Stops and closes the file.
-    void Stop();
+    /// Stops and closes the file. False when the device hangs: this player is of no use then.
+    bool Stop();
     /// Waits until the file has failed or is known with the size of its film, but no longer than
     /// that. Returns whether it is known. Changed is not raised.
     bool WaitUntilKnown(int milliseconds);
@@ -56,6 +57,13 @@ private:
         void operator()(mpv_handle* mpv) const { mpv_terminate_destroy(mpv); }
     };
 
+    /// The file that may be read, and its address. The player's threads look at it.
+    struct Source {
+        std::mutex Mutex;
+        std::shared_ptr<MediaFile> File;
+        QByteArray Address;
+    };
+
     static int OpenStream(void* self, char* address, mpv_stream_cb_info* info);
 
     void HearWakeup();
@@ -70,7 +78,7 @@ private:
     void TakePictureSize(const mpv_node& parameters);
     void ForgetFile(Playback::Stage stage);
     void Fail();
-    void CloseFile();
+    bool CloseFile();
     quint64 ReplyId(int question) const;
 
     /// Wakeups come from the player's threads; this brings them here, and drops them when the
@@ -78,10 +86,8 @@ private:
     QObject m_receiver;
     std::atomic<bool> m_wakeupUnderWay = false;
 
-    /// Guards what the player's threads look at when they open the file.
-    std::mutex m_fileMutex;
-    std::shared_ptr<MediaFile> m_file;
-    QByteArray m_address;
+    /// Shared with the thread that a hanging player is left to.
+    std::shared_ptr<Source> m_source = std::make_shared<Source>();
 
     Playback m_state;
     /// The file plays, or stands at a picture; before that the player drops every seek.

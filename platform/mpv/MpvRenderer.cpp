@@ -27,6 +27,11 @@ MpvRenderer::MpvRenderer(mpv_handle* mpv, std::function<void()> frameReady)
 
 MpvRenderer::~MpvRenderer() = default;
 
+mpv_render_context* MpvRenderer::Release() {
+    mpv_render_context_set_update_callback(m_context.get(), nullptr, nullptr);
+    return m_context.release();
+}
+
 void MpvRenderer::HearUpdate() {
     if (m_updateUnderWay.exchange(true)) {
         return;

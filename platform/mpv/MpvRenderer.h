@@ -23,6 +23,8 @@ public:
 
     /// Draws the current frame over the whole image, whose format is RGB32.
     void Render(QImage& image);
+    /// Gives away what draws, to be freed wherever the player ends; nothing is drawn any more.
+    mpv_render_context* Release();
     /// Lets the player go on without drawing the current frame.
     void Skip();
 

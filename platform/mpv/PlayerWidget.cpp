@@ -95,13 +95,15 @@ void PlayerWidget::Play(const QString& nativePath) {
 }
 
 void PlayerWidget::Stop() {
-    if (m_hasFile) {
-        m_player->Stop();
-    }
+    const bool hangs = m_hasFile && !m_player->Stop();
     m_hasFile = false;
     m_awaitsFile = false;
     m_without = {};
     ShowState();
+    if (hangs) {
+        m_area->SetRenderer(nullptr);
+        m_player.reset(); // the next file gets another one
+    }
 }
 
 void PlayerWidget::ShowState() {
