@@ -82,7 +82,8 @@ BENCHMARK(SortSongs)->Apply(ForEverySize);
 /// The parts of the program that these cases run by themselves, on the window's controls.
 struct Parts {
     explicit Parts(BenchWindow& window)
-        : Music(window.Files(), window.MessageBoxes(), LoadControlsOf(window.Controls())),
+        : Music({window.Files(), Background, window.Events(), window.MessageBoxes()},
+                LoadControlsOf(window.Controls())),
           Fitting(Windows, FittingControlsOf(window.Controls())),
           Lists(Music.Library, Fitting, ListControlsOf(window.Controls())),
           Result(Music.Library, Lists),
@@ -91,6 +92,7 @@ struct Parts {
     }
 
     QtWindowManager Windows;
+    InlineWorker Background;
     LoadMusic Music;
     TextFitting Fitting;
     LinkedLists Lists;
