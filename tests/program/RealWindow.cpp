@@ -96,6 +96,12 @@ void RealWindow::Resize(int width, int height) {
     QtInput::Settle();
 }
 
+QStringList RealWindow::Copy() {
+    messages.Shown.clear();
+    ClickOn("cmdCopy");
+    return messages.Texts();
+}
+
 QStringList RealWindow::Rows(const ListControl& list) const {
     QStringList rows;
     for (int row = 0; row < list.ListCount(); ++row) {

@@ -36,6 +36,10 @@ public:
     void Drag(const char* control, int dx);
     void Resize(int width, int height);
 
+    /// Presses the copy button; gives what the user is told.
+    QStringList Copy();
+    /// The files in the destination.
+    QStringList Copied() const { return files.FilesBelow(QStringLiteral("D:\\Music")); }
     QStringList Rows(const ListControl& list) const;
 
     FakeFileSystem files;

@@ -8,19 +8,13 @@ namespace {
 
 class Unplugged : public testing::Test, protected RealWindow {
 protected:
-    QStringList Copy() {
-        messages.Shown.clear();
-        ClickOn("cmdCopy");
-        return messages.Texts();
-    }
-
     /// The number of copies, each of them whole: no two tracks are of one size.
     int Copies() {
         std::vector<qint64> sizes;
         for (const SampleTrack& track : SmallLibrary()) {
             sizes.push_back(track.FileSize);
         }
-        const QStringList copies = files.FilesBelow(u"D:\\Music"_s);
+        const QStringList copies = Copied();
         for (const QString& copy : copies) {
             EXPECT_EQ(std::erase(sizes, files.Length(copy)), 1u) << copy.toStdString();
         }

@@ -103,7 +103,7 @@ public:
         controls.txtDestination.SetText(u"D:\\Music"_s);
         QCoreApplication::processEvents();
         controls.cmdCopy.Click();
-        EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s).size(), 6);
+        EXPECT_EQ(Copied().size(), 6);
     }
 
     int Meanwhiles = 0;

@@ -50,10 +50,10 @@ TEST_P(ControlContract, ADisabledFrameKeepsTheUserFromWhatItHolds) {
     int presses = 0;
     kit.ButtonInFrame.Click = [&] { ++presses; };
     kit.Frame.SetEnabled(false);
-    kit.Press(kit.ButtonInFrame);
+    kit.Click(kit.ButtonInFrame);
     EXPECT_EQ(presses, 0);
     kit.Frame.SetEnabled(true);
-    kit.Press(kit.ButtonInFrame);
+    kit.Click(kit.ButtonInFrame);
     EXPECT_EQ(presses, 1);
 }
 

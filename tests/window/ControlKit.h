@@ -48,13 +48,10 @@ public:
     /// The space bar or an arrow key, while the list has the focus.
     virtual void PressKey(ListControl& list, Qt::Key key) = 0;
 
-    virtual void OpenCombo() = 0;
+    /// Into a combo, which opens it, a text box, a label, a button or a check box.
+    virtual void Click(Control& control) = 0;
     virtual void ChooseEntry(int index) = 0;
-    virtual void ClickIntoText() = 0;
     virtual void TypeText(const QString& text) = 0;
-    virtual void ClickLabel() = 0;
-    virtual void Press(ButtonControl& button) = 0;
-    virtual void PressCheck() = 0;
     virtual void ClickTab(int index) = 0;
     /// Presses the left mouse button on the handle, moves by that many pixels of 15 twips to the
     /// right and lets go.

@@ -46,15 +46,21 @@ public:
         }
     }
 
-    void OpenCombo() override { combo.UserDropDown(); }
-    void ChooseEntry(int index) override { combo.UserChoose(index); }
-    void ClickIntoText() override { text.UserEnter(); }
-    void TypeText(const QString& typed) override { text.UserType(typed); }
-    void ClickLabel() override { label.UserClick(); }
-    void Press(ButtonControl& target) override {
-        static_cast<FakeButtonControl&>(target).UserPress();
+    void Click(Control& target) override {
+        if (&target == &combo) {
+            combo.UserDropDown();
+        } else if (&target == &text) {
+            text.UserEnter();
+        } else if (&target == &label) {
+            label.UserClick();
+        } else if (&target == &check) {
+            check.UserPress();
+        } else {
+            static_cast<FakeButtonControl&>(target).UserPress();
+        }
     }
-    void PressCheck() override { check.UserPress(); }
+    void ChooseEntry(int index) override { combo.UserChoose(index); }
+    void TypeText(const QString& typed) override { text.UserType(typed); }
     void ClickTab(int index) override { tabs.UserSelectTab(index); }
     void DragHandle(int pixels) override {
         handle.UserMouseDown(15);

@@ -50,7 +50,7 @@ TEST_P(TextContract, TypingReplacesWhatIsSelectedOfTheText) {
 
 TEST_P(TextContract, ADisabledBoxIgnoresTheUserAndObeysTheProgram) {
     text.SetEnabled(false);
-    kit.ClickIntoText();
+    kit.Click(kit.Text);
     kit.TypeText(u"abc"_s);
     EXPECT_EQ(text.Text(), QString());
     text.SetText(u"x"_s);
@@ -62,7 +62,7 @@ TEST_P(TextContract, TheProgramAndAClickGiveTheFocusOnce) {
     text.SetFocus();
     kit.List.SetFocus();
     EXPECT_EQ(log, Log({"GotFocus", "LostFocus"}));
-    kit.ClickIntoText();
+    kit.Click(kit.Text);
     EXPECT_EQ(log, Log({"GotFocus", "LostFocus", "GotFocus"}));
     EXPECT_EQ(kit.FocusedControl(), text.Handle());
 }
@@ -91,7 +91,7 @@ protected:
     }
 
     void UserChooses(int index) {
-        kit.OpenCombo();
+        kit.Click(kit.Combo);
         kit.ChooseEntry(index);
     }
 };
@@ -137,7 +137,7 @@ TEST_P(ComboContract, AnEntryThatDoesNotExistIsOutOfRange) {
 }
 
 TEST_P(ComboContract, OpeningRaisesDropDownAndTheUsersChoiceClickEachTime) {
-    kit.OpenCombo();
+    kit.Click(kit.Combo);
     EXPECT_EQ(log, Log({"DropDown"}));
     kit.ChooseEntry(2);
     UserChooses(2);

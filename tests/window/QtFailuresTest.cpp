@@ -54,13 +54,13 @@ TEST_F(QtFailures, OfAControlThatTheUserUsesAreTold) {
     list.MouseDown = list.MouseMove = kit->Handle.MouseUp;
     ExpectTold("menu", [&] { kit->RightClickRow(list, 0); });
     ExpectTold("move", [&] { kit->HoverAt(list, 5, 5); });
-    ExpectTold("drop down", [&] { kit->OpenCombo(); });
+    ExpectTold("drop down", [&] { kit->Click(kit->Combo); });
     ExpectTold("choice", [&] { kit->ChooseEntry(0); });
-    ExpectTold("focus", [&] { kit->ClickIntoText(); });
+    ExpectTold("focus", [&] { kit->Click(kit->Text); });
     ExpectTold("typing", [&] { kit->TypeText(u"x"_s); });
-    ExpectTold("label", [&] { kit->ClickLabel(); });
-    ExpectTold("button", [&] { kit->Press(kit->Button); });
-    ExpectTold("check", [&] { kit->PressCheck(); });
+    ExpectTold("label", [&] { kit->Click(kit->Label); });
+    ExpectTold("button", [&] { kit->Click(kit->Button); });
+    ExpectTold("check", [&] { kit->Click(kit->Check); });
     ExpectTold("tab", [&] { kit->ClickTab(1); });
     ExpectTold("same tab", [&] { kit->ClickTab(1); });
     ExpectTold("handle", [&] { kit->DragHandle(5); });

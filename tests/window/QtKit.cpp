@@ -79,7 +79,10 @@ public:
         QtInput::Key(window, key);
     }
 
-    void OpenCombo() override { ClickMiddle(*combo.Widget()); }
+    void Click(Control& target) override {
+        QWidget& widget = *ControlWidget::WidgetOf(target.Handle());
+        QtInput::Click(widget, &target == &check ? QPoint(8, 15) : widget.rect().center());
+    }
     void ChooseEntry(int index) override {
         QWidget* popup = combo.Widget()->view()->window();
         if (!popup->isVisible()) {
@@ -91,13 +94,7 @@ public:
         }
         QtInput::Key(*popup, Qt::Key_Return);
     }
-    void ClickIntoText() override { ClickMiddle(*text.Widget()); }
     void TypeText(const QString& typed) override { QtInput::Type(window, typed); }
-    void ClickLabel() override { ClickMiddle(*label.Widget()); }
-    void Press(ButtonControl& target) override {
-        ClickMiddle(*static_cast<QtButtonControl&>(target).Widget());
-    }
-    void PressCheck() override { QtInput::Click(*check.Widget(), QPoint(8, 15)); }
     void ClickTab(int index) override {
         QtInput::Click(*tabs.Widget(), tabs.Widget()->tabRect(index).center());
     }
@@ -114,7 +111,6 @@ private:
     static QListView& View(ListControl& target) {
         return *static_cast<QtListControl&>(target).Widget();
     }
-    static void ClickMiddle(QWidget& widget) { QtInput::Click(widget, widget.rect().center()); }
 };
 
 } // namespace

@@ -243,14 +243,18 @@ TEST_F(QtList, TheWheelAndTheScrollBarRaiseScrollWhereThereIsMoreToSee) {
 
 // ---- mouse and keys
 
-TEST_F(QtList, AClickInAScrolledListFindsItsRow) {
+TEST_F(QtList, AClickInAScrolledListFindsItsRowAndScrollsNoFurther) {
     list.SetListIndex(60);
     QtInput::Settle();
-    QtInput::Click(view, QtInput::TextOf(view, 59));
-    EXPECT_EQ(list.ListIndex(), 59);
+    const int last = view.indexAt(QPoint(0, view.viewport()->height() - 1)).row();
+    ASSERT_FALSE(IsInView(last)); // but for a part
+    const QRect before = RowArea(last);
+    QtInput::Click(view, QtInput::TextOf(view, last));
+    EXPECT_EQ(list.ListIndex(), last);
     QtInput::Click(view, QtInput::CheckBoxOf(view, 58));
     EXPECT_TRUE(list.Selected(58));
     EXPECT_EQ(list.SelCount(), 1);
+    EXPECT_EQ(RowArea(last), before);
 }
 
 TEST_F(QtList, AClickBelowTheLastRowChangesNothing) {
