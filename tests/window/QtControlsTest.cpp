@@ -115,7 +115,9 @@ TEST_F(QtControls, AMenuOrAnotherWindowOnlyBorrowsTheFocusOfATextBox) {
     text.LostFocus = [&] { ++lost; };
     text.SetFocus();
     QDialog other;
+    QLineEdit inOther(&other);
     QtInput::ShowActive(other);
+    inOther.setFocus();
     other.hide();
     QtInput::ShowActive(window);
     EXPECT_EQ(got, 1);
