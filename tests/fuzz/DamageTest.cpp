@@ -107,26 +107,23 @@ struct Outcomes {
 
 } // namespace
 
-TEST(DamagedDatabases, TheBinaryDatabasesToStartFromLoad) {
-    Outcomes outcomes;
+TEST(DamagedDatabases, TheDatabasesToStartFromLoad) {
+    Outcomes binary;
     for (const QByteArray& seed : ITunesDBSeeds()) {
         LoadCheck check;
         EXPECT_EQ(check.LoadBinary(seed), QString());
-        outcomes.Count(check);
+        binary.Count(check);
     }
-    EXPECT_EQ(outcomes.Loaded, 5); // all but the empty list
-    EXPECT_EQ(outcomes.Errors, 1); // the list without a head
-}
-
-TEST(DamagedDatabases, TheSqliteLibrariesToStartFromLoad) {
-    Outcomes outcomes;
+    EXPECT_EQ(binary.Loaded, 5); // all but the empty list
+    EXPECT_EQ(binary.Errors, 1); // the list without a head
+    Outcomes sqlite;
     for (const QByteArray& seed : SqliteSeeds()) {
         LoadCheck check;
         EXPECT_EQ(check.LoadSqlite(seed), QString());
-        outcomes.Count(check);
+        sqlite.Count(check);
     }
-    EXPECT_EQ(outcomes.Loaded, 3);
-    EXPECT_EQ(outcomes.Errors, 2); // no kinds, and a file size that is too large
+    EXPECT_EQ(sqlite.Loaded, 3);
+    EXPECT_EQ(sqlite.Errors, 2); // no kinds, and a file size that is too large
 }
 
 TEST(DamagedDatabases, ThousandsOfChangedBinaryDatabasesLoadWhatTheyHold) {

@@ -11,20 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString OnDevice = u"E:\\iPod_Control\\iTunes\\"_s;
-
-std::vector<ArtistRecord> EarlierArtists() {
-    TrackRecord track;
-    track.Title = u"Earlier"_s;
-    AlbumRecord album;
-    album.Name = u"Earlier"_s;
-    album.Tracks.push_back(track);
-    ArtistRecord artist;
-    artist.Name = u"Earlier"_s;
-    artist.Albums.push_back(album);
-    return {artist};
-}
-
 const QString EarlierLine = u"Earlier | Earlier | 0 Earlier | 0 | 0 | "_s;
 /// What the SQLite reader makes before its first row.
 const QString BlankLine = u" |  | 0  | 0 | 0 | "_s;
@@ -38,6 +24,7 @@ public:
         Write(LocationsFile(), locations);
     }
 
+    QString Folder() const { return m_folder.path(); }
     QString LibraryFile() const { return m_folder.filePath(u"Library.itdb"_s); }
     QString LocationsFile() const { return m_folder.filePath(u"Locations.itdb"_s); }
 
@@ -84,13 +71,16 @@ bool TellsNoTracks(const QByteArray& bytes) {
 } // namespace
 
 LoadCheck::LoadCheck() {
-    Music.Library.Artists = EarlierArtists();
+    ArtistRecord& earlier = Music.Library.Artists.emplace_back();
+    earlier.Name = u"Earlier"_s;
+    earlier.Albums.emplace_back().Name = u"Earlier"_s;
+    earlier.Albums[0].Tracks.emplace_back().Title = u"Earlier"_s;
     Music.Library.TrackCount = 1;
     Music.Library.TotalSize = 77;
 }
 
 QString LoadCheck::LoadBinary(const QByteArray& bytes) {
-    Files.AddFile(OnDevice + u"iTunesDB"_s, bytes);
+    Files.AddFile(u"E:\\iPod_Control\\iTunes\\iTunesDB"_s, bytes);
     Around([this] { Music.LoadITunesDB(u"E:"_s); });
 
     const MusicLibrary& library = Music.Library;
@@ -122,11 +112,7 @@ QString LoadCheck::LoadSqlite(const QByteArray& bytes) {
     const QByteArray libraryBytes = second < 0 ? bytes : bytes.left(second);
     const QByteArray locationsBytes = second < 0 ? QByteArray() : bytes.mid(second);
     const DeviceFiles device(libraryBytes, locationsBytes);
-    for (const auto& [name, native] : {std::pair(u"Library.itdb"_s, device.LibraryFile()),
-                                       std::pair(u"Locations.itdb"_s, device.LocationsFile())}) {
-        Files.AddFile(OnDevice + u"iTunes Library.itlp\\"_s + name, {});
-        Files.SetNativePath(OnDevice + u"iTunes Library.itlp\\"_s + name, native);
-    }
+    PutSqliteLibrary(Files, device.Folder());
     Around([this] { Music.LoadSQLiteLibrary(u"E:"_s); });
 
     const MusicLibrary& library = Music.Library;

@@ -89,20 +89,14 @@ TEST_F(OutOfMemory, AnyAllocationOfABinaryLoadMayFail) {
 
 TEST_F(OutOfMemory, AnyAllocationOfAnSqliteLoadMayFail) {
     const QTemporaryDir folder;
-    const QString library = folder.filePath(u"Library.itdb"_s);
-    const QString locations = folder.filePath(u"Locations.itdb"_s);
-    WriteSqliteLibrary(library, locations, Tracks());
+    WriteSqliteLibrary(folder.filePath(u"Library.itdb"_s), folder.filePath(u"Locations.itdb"_s),
+                       Tracks());
     qint64 nth = 0;
     bool failed = true;
     while (failed && !HasFatalFailure()) {
         ++nth;
         LoadCheck check;
-        const QString onDevice = u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\"_s;
-        for (const QString& file : {library, locations}) {
-            const QString name = onDevice + file.section(u'/', -1);
-            check.Files.AddFile(name, {});
-            check.Files.SetNativePath(name, file);
-        }
+        PutSqliteLibrary(check.Files, folder.path());
         failed = FailNth(nth, FileCall::NativePath, check,
                          [&check] { check.Music.LoadSQLiteLibrary(u"E:"_s); });
     }

@@ -33,15 +33,10 @@ TEST_F(DeviceChoice, ADeviceLoadsItsLibraryAndIsOnlyRead) {
 
 TEST_F(DeviceChoice, TheSQLiteLibraryIsTakenWhereThereIsOne) {
     AttachIPod('E', u"IPOD"_s, {u"binary"_s});
-    QTemporaryDir folder;
-    const QString library = folder.filePath(u"Library.itdb"_s);
-    const QString locations = folder.filePath(u"Locations.itdb"_s);
-    WriteSqliteLibrary(library, locations, {{u"A"_s, u"B"_s, u"sqlite"_s, 1, 1, u"x"_s}});
-    const QString locationsOn = LibraryOn(u'E').replace(u"Library.itdb"_s, u"Locations.itdb"_s);
-    Files.AddFile(LibraryOn(u'E'), {});
-    Files.AddFile(locationsOn, {});
-    Files.SetNativePath(LibraryOn(u'E'), library);
-    Files.SetNativePath(locationsOn, locations);
+    const QTemporaryDir folder;
+    WriteSqliteLibrary(folder.filePath(u"Library.itdb"_s), folder.filePath(u"Locations.itdb"_s),
+                       {{u"A"_s, u"B"_s, u"sqlite"_s, 1, 1, u"x"_s}});
+    PutSqliteLibrary(Files, folder.path());
 
     Choose(0);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/MusicLibrary.h"
+#include "tests/fakes/FakeFileSystem.h"
 
 #include <QStringList>
 
@@ -10,3 +11,6 @@ QStringList Lines(const MusicLibrary& library);
 /// What is wrong with a library of E: that holds tracks: an empty group or name, a place elsewhere,
 /// a tick, or totals that are not those of the tracks. Empty when nothing is.
 QString WrongWithTracks(const MusicLibrary& library);
+
+/// Lets the SQLite library of an iPod at E: be the two files in `folder`.
+void PutSqliteLibrary(FakeFileSystem& files, const QString& folder);

@@ -21,12 +21,7 @@ protected:
     /// From now on the device's two files are those in `folder`.
     void PutFilesInto(const QString& folder) {
         m_folder = folder;
-        const QString onDevice = QStringLiteral("E:\\iPod_Control\\iTunes\\iTunes Library.itlp\\");
-        for (const QString& name :
-             {QStringLiteral("Library.itdb"), QStringLiteral("Locations.itdb")}) {
-            Files.AddFile(onDevice + name, {});
-            Files.SetNativePath(onDevice + name, folder + QLatin1Char('/') + name);
-        }
+        PutSqliteLibrary(Files, folder);
     }
 
     void Write(const std::vector<SampleTrack>& tracks, const SqliteLibraryLayout& layout = {}) {
