@@ -4,7 +4,6 @@
 #include "tests/library/PlainSqliteRead.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -20,8 +19,8 @@ class DeviceFiles {
 public:
     DeviceFiles(const QByteArray& library, const QByteArray& locations)
         : m_library(library), m_locations(locations) {
-        Write(LibraryFile(), library);
-        Write(LocationsFile(), locations);
+        WriteAll(LibraryFile(), library);
+        WriteAll(LocationsFile(), locations);
     }
 
     QString Folder() const { return m_folder.path(); }
@@ -34,7 +33,7 @@ public:
             QStringList{u"Library.itdb"_s, u"Locations.itdb"_s}) {
             return u"a file appeared or vanished beside the databases"_s;
         }
-        if (Read(LibraryFile()) != m_library || Read(LocationsFile()) != m_locations) {
+        if (ReadAll(LibraryFile()) != m_library || ReadAll(LocationsFile()) != m_locations) {
             return u"a database was written to"_s;
         }
         return {};
@@ -44,16 +43,6 @@ private:
     static QString Template() {
         const QString memory = u"/dev/shm"_s;
         return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
-    }
-    static void Write(const QString& path, const QByteArray& bytes) {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            qFatal("cannot write %s", qPrintable(path));
-        }
-    }
-    static QByteArray Read(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     const QByteArray& m_library;

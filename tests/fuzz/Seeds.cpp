@@ -1,9 +1,9 @@
 #include "tests/fuzz/Seeds.h"
 
+#include "tests/library/LibraryLines.h"
 #include "tests/support/ITunesDBWriter.h"
 #include "tests/support/SqliteLibraryWriter.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 using namespace ITunesDBChunks;
@@ -28,11 +28,6 @@ ITunesDBLayout ShortHeaders() {
     layout.AlbumList = false;
     layout.Playlists = 0;
     return layout;
-}
-
-QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 /// Both files as `tracks` and then the two SQL texts make them, in pages as small as SQLite has.

@@ -4,18 +4,6 @@
 
 #include <ctime>
 
-inline QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll();
-}
-
-inline void WriteAll(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
 /// An SQLite library of two tracks that a test makes hostile.
 class HostileSQLiteLibrary : public SqliteDevice {
 protected:

@@ -201,61 +201,56 @@ TEST_F(ITunesDBWalk, TheListEndsWithTheDataSetOrTheFile) {
 
 // ---- files that cannot be read
 
-TEST_F(ITunesDBWalk, AMissingFolderOrFileIsReported) {
+TEST_F(ITunesDBWalk, AFileThatCannotBeReadIsReportedAndNotLeftOpen) {
+    using Call = FakeFileSystem::RecordedCall;
+    const std::pair<QString, std::function<void()>> cases[] = {
+        {u"Error 70: Permission denied"_s,
+         [this] {
+             Files.FailPath(FileCall::OpenForReading, DatabasePath(),
+                            ErrorNumber::PermissionDenied);
+         }},
+        {u"Error 57: Device I/O error"_s,
+         [this] { Files.FailNthCall(FileCall::Read, 1, ErrorNumber::DeviceIOError); }},
+        {u"Error 57: Device I/O error"_s, // it shrinks
+         [this] {
+             Files.BeforeCall = [this](const Call& call) {
+                 if (call.Call == FileCall::OpenForReading) {
+                     Files.AddFile(DatabasePath(), Zeros(10));
+                 }
+             };
+         }},
+        {u"Error 7: Out of memory"_s,
+         [this] {
+             Files.BeforeCall = [](const Call& call) {
+                 if (call.Call == FileCall::Read) {
+                     throw std::bad_alloc();
+                 }
+             };
+         }},
+    };
+    for (const auto& [error, fail] : cases) {
+        SCOPED_TRACE(error.toStdString());
+        Boxes.Shown.clear();
+        fail();
+        LoadTracks(1, {TitledTrack(u"one"_s)});
+        ExpectError(error);
+        EXPECT_EQ(Files.OpenFiles, 0);
+        Files.ClearFailures();
+        Files.BeforeCall = {};
+    }
+}
+
+TEST_F(ITunesDBWalk, AFileThatIsNotThereOrTooLargeIsReported) {
+    const auto expect = [this](const QString& error) {
+        Boxes.Shown.clear();
+        Music.LoadITunesDB(u"E:"_s);
+        ExpectError(error);
+    };
     Files.AddDrive(u"E:"_s);
-    Music.LoadITunesDB(u"E:"_s);
-    ExpectError(u"Error 76: Path not found"_s);
-    Boxes.Shown.clear();
+    expect(u"Error 76: Path not found"_s);
     Files.AddFolder(u"E:\\iPod_Control\\iTunes"_s);
-    Music.LoadITunesDB(u"E:"_s);
-    ExpectError(u"Error 53: File not found"_s);
-}
-
-TEST_F(ITunesDBWalk, AFileThatMustNotBeReadIsReported) {
-    Files.FailPath(FileCall::OpenForReading, DatabasePath(), ErrorNumber::PermissionDenied);
-    LoadTracks(1, {TitledTrack(u"one"_s)});
-    ExpectError(u"Error 70: Permission denied"_s);
-}
-
-TEST_F(ITunesDBWalk, ADeviceThatFailsWhileItIsReadIsReportedAndLeavesNoFileOpen) {
-    Files.FailNthCall(FileCall::Read, 1, ErrorNumber::DeviceIOError);
-    LoadTracks(1, {TitledTrack(u"one"_s)});
-    ExpectError(u"Error 57: Device I/O error"_s);
-    EXPECT_EQ(Files.OpenFiles, 0);
-}
-
-TEST_F(ITunesDBWalk, ADeviceThatFailsInTheMiddleOfTheFileLeavesNothingLoaded) {
-    Files.FailNthCall(FileCall::Read, 2, ErrorNumber::DeviceIOError);
-    LoadTracks(2, {TitledTrack(u"one"_s), TitledTrack(QString(300'000, u'm'))});
-    ExpectError(u"Error 57: Device I/O error"_s);
-    EXPECT_EQ(Window.prgCopy.Max(), 2);
-    EXPECT_EQ(Library.TrackCount, 0);
-    EXPECT_EQ(Library.TotalSize, 0);
-}
-
-TEST_F(ITunesDBWalk, AFileThatShrinksWhileItIsReadIsReported) {
-    Files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
-        if (call.Call == FileCall::OpenForReading) {
-            Files.AddFile(DatabasePath(), Zeros(10));
-        }
-    };
-    LoadTracks(1, {TitledTrack(u"one"_s)});
-    ExpectError(u"Error 57: Device I/O error"_s);
-}
-
-TEST_F(ITunesDBWalk, AFileOf2GiBOverflowsBeforeItIsRead) {
+    expect(u"Error 53: File not found"_s);
     Files.AddLargeFile(DatabasePath(), 0x80000000LL);
-    Music.LoadITunesDB(u"E:"_s);
-    ExpectError(u"Error 6: Overflow"_s);
+    expect(u"Error 6: Overflow"_s);
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
-}
-
-TEST_F(ITunesDBWalk, WantOfMemoryIsReported) {
-    Files.BeforeCall = [](const FakeFileSystem::RecordedCall& call) {
-        if (call.Call == FileCall::Read) {
-            throw std::bad_alloc();
-        }
-    };
-    LoadTracks(1, {TitledTrack(u"one"_s)});
-    ExpectError(u"Error 7: Out of memory"_s);
 }

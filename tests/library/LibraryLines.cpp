@@ -1,5 +1,7 @@
 #include "tests/library/LibraryLines.h"
 
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 QStringList Lines(const MusicLibrary& library) {
@@ -53,5 +55,20 @@ void PutSqliteLibrary(FakeFileSystem& files, const QString& folder) {
             u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp"_s + QString(name).replace(u'/', u'\\');
         files.AddFile(onDevice, {});
         files.SetNativePath(onDevice, folder + name);
+    }
+}
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", qPrintable(path));
+    }
+    return file.readAll();
+}
+
+void WriteAll(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("cannot write %s", qPrintable(path));
     }
 }

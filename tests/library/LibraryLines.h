@@ -14,3 +14,7 @@ QString WrongWithTracks(const MusicLibrary& library);
 
 /// Lets the SQLite library of an iPod at E: be the two files in `folder`.
 void PutSqliteLibrary(FakeFileSystem& files, const QString& folder);
+
+/// A file's bytes. Both end the program when the file cannot be opened.
+QByteArray ReadAll(const QString& path);
+void WriteAll(const QString& path, const QByteArray& bytes);

@@ -1,7 +1,7 @@
 // What lies beside the databases: a load neither heeds it nor touches it, and no other file is
 // read through a database's own words.
 
-#include "tests/library/HostileLibrary.h"
+#include "tests/library/SqliteDevice.h"
 
 #include <QDateTime>
 #include <QDir>

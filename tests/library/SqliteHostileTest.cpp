@@ -83,36 +83,45 @@ TEST_F(HostileSQLiteLibrary, TheLongestValuesLoad) {
     EXPECT_EQ(Library.TrackCount, 2);
 }
 
-TEST_F(HostileSQLiteLibrary, OneLongTitleOnManyTracksIsOutOfMemory) {
-    // 32,000 times 60,000 bytes from a file of less than a megabyte.
-    InLibrary(u"Update item Set title = hex(zeroblob(30000))"_s);
-    InLocations(ManyTracks);
-    LoadSoon();
-    ExpectError(u"Error 7: out of memory"_s);
-    EXPECT_EQ(Library.TrackCount, 0);
-}
-
-TEST_F(HostileSQLiteLibrary, OneLongTitleOnManyTracksThatNeedNoSortingIsOutOfMemory) {
-    // An index in the order asked for spares SQLite the sorting, and with it the memory that would
-    // run out first; the result is what grows.
-    InLibrary(u"Create Table copy As Select pid, hex(zeroblob(30000)) As title, artist, album, "
-              "track_number From item; Drop Table item; Alter Table copy Rename To item;"
-              "Create Index names On item (artist, album)"_s);
-    InLocations(ManyTracks);
-    LoadSoon();
-    ExpectError(u"Error 7: Out of memory"_s);
-    // 64 MB hold so many rows of 60,000 bytes, three letters and seven cells of 16 bytes.
-    EXPECT_EQ(Library.TrackCount, 1116);
-}
-
-TEST_F(HostileSQLiteLibrary, ALongBaseLocationOnManyTracksIsOutOfMemory) {
-    // 32,000 paths of 130,010 bytes each from a file of less than a megabyte; 256 MB hold 2,064.
-    InLocations(u"Update base_location Set path = replace(hex(zeroblob(32500)), '0', 'x');"
-                "Update location Set location = '1';"_s +
-                ManyTracks);
-    LoadSoon();
-    ExpectError(u"Error 7: Out of memory"_s);
-    EXPECT_EQ(Library.TrackCount, 2064);
+TEST_F(HostileSQLiteLibrary, LongTextsOnManyTracksAreOutOfMemory) {
+    // 32,000 long texts each from a file of less than a megabyte.
+    const struct {
+        const char* Rule;
+        QString InLibrary, InLocations, Error;
+        int Tracks;
+    } cases[] = {
+        {"titles of 60,000 bytes",
+         u"Update item Set title = hex(zeroblob(30000))"_s,
+         {},
+         u"Error 7: out of memory"_s,
+         0},
+        // An index in the order asked for spares SQLite the sorting, and with it the memory that
+        // would run out first; the result is what grows. 64 MB hold so many rows of 60,000 bytes,
+        // three letters and seven cells of 16 bytes.
+        {"titles that need no sorting",
+         u"Create Table copy As Select pid, hex(zeroblob(30000)) As title, artist, album, "
+         "track_number From item; Drop Table item; Alter Table copy Rename To item;"
+         "Create Index names On item (artist, album)"_s,
+         {},
+         u"Error 7: Out of memory"_s,
+         1116},
+        // 256 MB hold 2,064 paths of 130,010 bytes.
+        {"paths",
+         {},
+         u"Update base_location Set path = replace(hex(zeroblob(32500)), '0', 'x');"
+         "Update location Set location = '1';"_s,
+         u"Error 7: Out of memory"_s,
+         2064},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Rule);
+        Start();
+        InLibrary(each.InLibrary);
+        InLocations(each.InLocations + ManyTracks);
+        LoadSoon();
+        ExpectError(each.Error);
+        EXPECT_EQ(Library.TrackCount, each.Tracks);
+    }
 }
 
 // ---- what a schema could call upon
