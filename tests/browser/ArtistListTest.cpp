@@ -38,15 +38,6 @@ TEST(ArtistList, ALibraryIsShownWithTheAlbumsOfItsFirstArtist) {
     EXPECT_FALSE(browser.Linked.Building);
 }
 
-TEST(ArtistList, AnotherLibraryStartsOnItsFirstArtistTooWhateverWasCurrentBefore) {
-    BrowserFixture browser(TwoArtists);
-    browser.Do("artist All, album Jazz");
-    browser.Load(RecordsOf("Zappa\n  Jazz\n    Peaches"));
-    EXPECT_EQ(browser.Rows(),
-              "All (1 Artist), Zappa | All (1 Album), Jazz | All (1 Item), Peaches");
-    EXPECT_EQ(browser.CurrentRows(), "Zappa | All (1 Album) | All (1 Item)");
-}
-
 TEST(ArtistList, AnEmptyLibraryShowsAllRowsOfNothingChecked) {
     BrowserFixture browser("");
     browser.Artists.RebuildLists();
@@ -79,24 +70,4 @@ TEST(ArtistList, NothingIsWrittenBackFromASearchThatFoundNothing) {
     browser.Do("type nowhere");
     browser.Result.UpdateOldArtists();
     EXPECT_EQ(CheckedRecords(browser.Result.SavedArtists()), "Queen/Jazz/Mustapha");
-}
-
-TEST(ArtistList, TheFirstHalfOfClearPutsTheLibraryAndItsTablesBackAndShowsNothingYet) {
-    BrowserFixture browser(TwoArtists);
-    browser.Do("artist All");
-    const RowTables before = browser.Linked.Rows();
-    browser.Do("type bijou");
-    ASSERT_NE(browser.Linked.Rows().Albums.AlbumRowAlbum, before.Albums.AlbumRowAlbum);
-    const int fills = browser.Fills();
-    browser.Artists.PutLibraryBack(false);
-    const RowTables& after = browser.Linked.Rows();
-    EXPECT_EQ(browser.Library.Artists.size(), 2U);
-    EXPECT_EQ(after.Albums.AlbumRowArtist, before.Albums.AlbumRowArtist);
-    EXPECT_EQ(after.Albums.AlbumRowAlbum, before.Albums.AlbumRowAlbum);
-    EXPECT_EQ(after.Songs.SongRowTrack, before.Songs.SongRowTrack);
-    EXPECT_EQ(after.Songs.SongRowAlbumRow, before.Songs.SongRowAlbumRow);
-    EXPECT_EQ(after.AllSongsCache.SongRowTrack, before.AllSongsCache.SongRowTrack);
-    EXPECT_EQ(browser.Fills(), fills);
-    EXPECT_EQ(Texts(browser.lstArtists), "All (1 Artist), Queen");
-    EXPECT_FALSE(browser.Linked.Building);
 }

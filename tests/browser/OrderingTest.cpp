@@ -57,20 +57,6 @@ protected:
 
 } // namespace
 
-TEST_F(OrderingTest, SlotZeroOfEveryTableIsTheAllRows) {
-    for (const char* description : {"", "Queen\n  Jazz\n    a"}) {
-        Describe(description);
-        EXPECT_EQ(albums.AlbumRowArtist.at(0), 0);
-        EXPECT_EQ(albums.AlbumRowAlbum.at(0), 0);
-        for (const SongTables& tables :
-             {SortTracks(library, albums, true), SortTracks5(library, albums)}) {
-            EXPECT_EQ(tables.SongRowTrack.size(), albums.AlbumRowAlbum.size());
-            EXPECT_EQ(tables.SongRowTrack.at(0), 0);
-            EXPECT_EQ(tables.SongRowAlbumRow.at(0), 0);
-        }
-    }
-}
-
 // ---- albums
 
 TEST_F(OrderingTest, AlbumsAreOrderedByNameWithoutRegardToCaseAndElseAsInTheLibrary) {

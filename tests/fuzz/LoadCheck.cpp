@@ -1,7 +1,6 @@
 #include "tests/fuzz/LoadCheck.h"
 
-#include "tests/library/PlainITunesDBWalk.h"
-#include "tests/library/PlainSqliteRead.h"
+#include "tests/library/PlainReaders.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -23,9 +23,7 @@ TEST_F(DeviceScan, RemovableDrivesFromCOnWithADatabaseAreListedInTheOrderOfTheSy
     Drives.Mounted.push_back({u'I', u"only the SQLite library"_s});
     Files.AddFile(LibraryOn(u'I'), "x");
     Files.Calls.clear();
-
     Devices.Combo1_DropDown();
-
     EXPECT_EQ(Window.Combo1.Entries(),
               (QStringList{u"(G:) second letter"_s, u"(C:) first letter"_s, u"(F:) "_s}));
     EXPECT_EQ(Files.CallTexts().replaceInStrings(u":\\iPod_Control\\iTunes\\iTunesDB"_s, u""_s),
@@ -95,7 +93,6 @@ TEST_F(DeviceScan, ADeviceThatHasLeftOrHasANewNameResetsTheWindow) {
     Window.Combo1.UserDropDown();
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
-
     ShowIPod();
     AttachIPod('F', u"OTHER"_s, {u"2"_s});
     Detach('E');
@@ -103,7 +100,6 @@ TEST_F(DeviceScan, ADeviceThatHasLeftOrHasANewNameResetsTheWindow) {
     ExpectReset({});
     EXPECT_FALSE(Window.timScan.Enabled());
     EXPECT_EQ(Window.Combo1.Entries(), QStringList{u"(F:) OTHER"_s});
-
     Choose(0);
     FillWindow();
     Drives.Mounted[0].VolumeName = u"ANA'S IPOD"_s;
@@ -147,11 +143,9 @@ TEST_F(DeviceScan, PollingWithoutADeviceChangesNothingTwice) {
     Raised.clear();
     const int enabledChanges = Window.lstArtists.EnabledChanges + Window.txtSearch.EnabledChanges;
     Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
-
     for (int poll = 0; poll < 5; ++poll) {
         Window.timScan.Elapse();
     }
-
     EXPECT_EQ(Window.lblMessage.Captions, QStringList());
     EXPECT_EQ(Raised, QStringList());
     EXPECT_EQ(Window.lstArtists.EnabledChanges + Window.txtSearch.EnabledChanges, enabledChanges);
@@ -169,9 +163,7 @@ TEST_F(DeviceScan, ThePollLoadsTheFirstDeviceOnceItIsThere) {
     EXPECT_EQ(Window.Combo1.RefreshCount, repaints + 1);
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     AttachIPod('F', u"OTHER"_s, {u"two"_s});
-
     Window.timScan.Elapse();
-
     EXPECT_EQ(Window.Combo1.Text(), u"(E:) IPOD"_s);
     EXPECT_EQ(Devices.SelectedDevice, u"(E:) IPOD"_s);
     EXPECT_EQ(Titles(), QStringList{u"one"_s});
@@ -180,7 +172,6 @@ TEST_F(DeviceScan, ThePollLoadsTheFirstDeviceOnceItIsThere) {
     EXPECT_FALSE(Parts.Filter.FilterLocked());
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 1);
     EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"loaded"_s}));
-
     Choose(1); // the other one is for the user to choose
     EXPECT_EQ(Titles(), QStringList{u"two"_s});
     EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
@@ -194,9 +185,7 @@ TEST_F(DeviceScan, ThePollSetsTheEntryOnceMoreWithoutLookingAtTheDevice) {
         suppressed.push_back(Devices.SuppressComboClick);
         Devices.Combo1_Click();
     };
-
     Devices.timScan_Timer();
-
     EXPECT_EQ(suppressed, (std::vector<bool>{false, true}));
     EXPECT_EQ(Window.Combo1.Text(), u"(E:) IPOD"_s);
     EXPECT_EQ(Boxes.Texts(), QStringList());

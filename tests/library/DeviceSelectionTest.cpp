@@ -14,17 +14,13 @@ TEST_F(DeviceChoice, ADeviceLoadsItsLibraryAndIsOnlyRead) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s, u"two"_s});
     // The drive of the entry is the one that is read.
     AttachIPod('K', u"(E:) IPOD"_s, {u"three"_s});
-
     Choose(0);
-
     EXPECT_EQ(Titles(), (QStringList{u"one"_s, u"two"_s}));
     EXPECT_EQ(Devices.SelectedDevice, u"(E:) IPOD"_s);
     EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
     EXPECT_TRUE(Window.Picture1.ShowsDevice);
     EXPECT_FALSE(Window.pctNoDevice.Visible());
-
     Choose(1);
-
     EXPECT_EQ(Titles(), QStringList{u"three"_s});
     EXPECT_TRUE(Music.Library.Artists[0].Albums[0].Tracks[0].Location.startsWith(u"K:"_s));
     EXPECT_EQ(Boxes.Texts(), QStringList());
@@ -37,9 +33,7 @@ TEST_F(DeviceChoice, TheSQLiteLibraryIsTakenWhereThereIsOne) {
     WriteSqliteLibrary(folder.filePath(u"Library.itdb"_s), folder.filePath(u"Locations.itdb"_s),
                        {{u"A"_s, u"B"_s, u"sqlite"_s, 1, 1, u"x"_s}});
     PutSqliteLibrary(Files, folder.path());
-
     Choose(0);
-
     EXPECT_EQ(Titles(), QStringList{u"sqlite"_s});
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 0);
 }
@@ -119,9 +113,7 @@ TEST_F(DeviceChoice, TheListsAreBuiltBeforeTheSearchIsOffered) {
 
 TEST_F(DeviceChoice, ADeviceWithoutMusicSaysSo) {
     AttachIPod('E', u"IPOD"_s, {});
-
     Choose(0);
-
     EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
     EXPECT_TRUE(Window.pctNoDevice.Visible());
     EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NoMusic);
@@ -178,14 +170,11 @@ TEST_F(DeviceChoice, TheLoadedDeviceThatIsGoneIsReportedAndTheWindowReset) {
     Window.Combo1.UserDropDown();
     Window.Form1.MousePointers.clear();
     Detach('E');
-
     Window.Combo1.UserChoose(0);
-
     ExpectErrorLoadingIPod();
     ExpectReset({});
     EXPECT_EQ(Raised, QStringList{u"leaves"_s});
     EXPECT_TRUE(Window.Form1.MousePointers.empty());
-
     Choose(0); // another one
     EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
     EXPECT_EQ(Titles(), QStringList{u"two"_s});
@@ -217,10 +206,8 @@ TEST_F(DeviceChoice, AWindowInTheBackgroundIsFlashedBeforeTheReport) {
         ExpectErrorLoadingIPod();
         Boxes.Shown.clear();
     };
-
     loseDevice();
     EXPECT_EQ(flashedAtReport, 0U);
-
     Window.WindowManager.ActiveWindow = 0;
     loseDevice();
     EXPECT_EQ(flashedAtReport, 1U);

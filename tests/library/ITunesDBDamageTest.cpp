@@ -3,7 +3,6 @@
 
 #include "tests/fuzz/LoadCheck.h"
 #include "tests/library/LoadingWindow.h"
-#include "tests/library/PlainITunesDBWalk.h"
 
 #include <ctime>
 
@@ -29,17 +28,6 @@ QByteArray Repeated(const QByteArray& piece) {
 } // namespace
 
 class ITunesDBDamage : public LoadingWindow {};
-
-TEST_F(ITunesDBDamage, ThePlainWalkReadsAWholeDatabase) {
-    const PlainITunesDBWalk plain(SmallDatabase());
-    EXPECT_EQ(plain.Error, 0);
-    EXPECT_EQ(
-        Lines(plain.Library),
-        (QStringList{
-            u"Abba | Gold | 1 Waterloo | 1000 | 1 | E:\\iPod_Control\\Music\\F00\\A.mp3"_s,
-            u"Abba | Gold | 2 Fernando | 2000 | 1 | E:\\iPod_Control\\Music\\F01\\B.m4a"_s,
-            u"UNKNOWN | UNKNOWN | 0 Film | 3000 | 2 | E:\\iPod_Control\\Music\\F02\\C.mp4"_s}));
-}
 
 TEST_F(ITunesDBDamage, EveryPrefixAndSuffixOfADatabaseLoadsWhatItHolds) {
     const QByteArray database = SmallDatabase();

@@ -133,9 +133,7 @@ TEST_F(ITunesDBReader, AnEmptyTrackListStopsTheLoadWithoutItsEnding) {
     Load(WriteITunesDB(TwoTracks()));
     Window.prgCopy.Values.clear();
     Window.Form1.SetState(WindowState::Minimized);
-
     Load(WriteITunesDB({}));
-
     EXPECT_TRUE(Library.LoadingMusic);
     EXPECT_EQ(Library.TrackCount, 0);
     EXPECT_EQ(Library.TotalSize, 0);
@@ -153,10 +151,8 @@ TEST_F(ITunesDBReader, TheTrackBehind32767IsAnOverflowAndTheOthersStay) {
     Load(WriteITunesDB(tracks, layout));
     EXPECT_TRUE(Boxes.Shown.empty());
     EXPECT_EQ(Library.TrackCount, 32767);
-
     tracks.push_back({u"a"_s, u"Other"_s, u"too many"_s, 1, 1, {}});
     Load(WriteITunesDB(tracks, layout));
-
     ExpectError(u"Error 6: Overflow"_s);
     EXPECT_EQ(Library.TrackCount, 32767);
     EXPECT_EQ(Library.TotalSize, 3'276'700'000.0);

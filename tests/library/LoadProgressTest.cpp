@@ -65,9 +65,7 @@ TEST_F(LoadProgressShown, TheLibraryCountsAsLoadingAndEmptyUntilTheEnd) {
             EXPECT_EQ(Library.TotalSize, 0);
         }
     };
-
     Load(DatabaseOf(2));
-
     EXPECT_EQ(read, 1);
     EXPECT_FALSE(Library.LoadingMusic);
 }

@@ -1,4 +1,4 @@
-#include "tests/library/PlainITunesDBWalk.h"
+#include "tests/library/PlainReaders.h"
 
 #include "platform/RuntimeError.h"
 

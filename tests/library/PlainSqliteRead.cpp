@@ -1,4 +1,4 @@
-#include "tests/library/PlainSqliteRead.h"
+#include "tests/library/PlainReaders.h"
 
 #include "platform/Numbers.h"
 #include "platform/RuntimeError.h"

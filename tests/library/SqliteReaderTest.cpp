@@ -185,10 +185,8 @@ TEST_F(SQLiteLibrary, TheTrackBehind32767IsAnOverflowAndTheOthersStay) {
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Library.TrackCount, 32767);
     EXPECT_EQ(Window.lblMessage.Captions.size(), 1 + 101);
-
     tracks.push_back({u"B"_s, u"B"_s, u"too many"_s, 1, 1, u"x"_s});
     Load(tracks);
-
     ExpectError(u"Error 6: Overflow"_s);
     EXPECT_EQ(Window.prgCopy.Max(), 32768);
     EXPECT_EQ(Library.TrackCount, 32767);

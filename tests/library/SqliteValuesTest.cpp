@@ -161,9 +161,7 @@ TEST_F(SQLiteValues, TextsStoredInUtf16AreRead) {
            "Insert Into location_kind_map Values (1, 'AAC audio file');"
            "Create Table location (item_pid, file_size, location, kind_id);"
            "Insert Into location Values (-5, 6, 'a/b', 1)"_s);
-
     Load();
-
     ExpectLoaded({u"Ä | Ö | 3 Ü🎵 | 6 | 1 | E:\\M\\a\\b"_s});
 }
 

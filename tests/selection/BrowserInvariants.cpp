@@ -9,9 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using AlbumId = std::pair<qint32, qint32>;
-using SongId = std::tuple<qint32, qint32, qint32>;
-
 template <class Records>
 bool AnyTicked(const Records& records) {
     return std::any_of(records.begin(), records.end(),
@@ -34,19 +31,30 @@ struct Ticked {
     }
 };
 
-void ExpectRow(const FakeListControl& list, int row, const QString& text, bool ticked) {
-    EXPECT_EQ(list.List(row), text);
-    EXPECT_EQ(list.Selected(row), ticked) << text.toStdString();
+const QString& NameOf(const TrackRecord& track) {
+    return track.Title;
+}
+template <class Record>
+const QString& NameOf(const Record& record) {
+    return record.Name;
 }
 
-void ExpectAllRow(const FakeListControl& list, const QString& noun) {
+/// The list shows each of the records once, and an "All" row that stands for them.
+template <class Record, class RecordOf>
+void ExpectRows(const FakeListControl& list, std::set<const Record*> records,
+                const RecordOf& recordOf, const QString& noun) {
     const int others = list.ListCount() - 1;
     int ticked = 0;
+    ASSERT_EQ(others, static_cast<int>(records.size()));
     for (int row = 1; row <= others; ++row) {
-        ticked += list.Selected(row) ? 1 : 0;
+        const Record& record = recordOf(row);
+        EXPECT_EQ(records.erase(&record), 1U);
+        EXPECT_EQ(list.List(row), NameOf(record));
+        EXPECT_EQ(list.Selected(row), record.Checked) << list.List(row).toStdString();
+        ticked += record.Checked ? 1 : 0;
     }
-    ExpectRow(list, 0, u"All (%1 %2%3)"_s.arg(others).arg(noun, others == 1 ? u""_s : u"s"_s),
-              ticked == others);
+    EXPECT_EQ(list.List(0), u"All (%1 %2%3)"_s.arg(others).arg(noun, others == 1 ? u""_s : u"s"_s));
+    EXPECT_EQ(list.Selected(0), ticked == others) << list.List(0).toStdString();
     EXPECT_EQ(list.SelCount(), ticked + (ticked == others ? 1 : 0));
     EXPECT_GE(list.ListIndex(), 0);
 }
@@ -94,51 +102,39 @@ public:
         }
     }
 
-    void ArtistRows() const {
-        const FakeListControl& list = m_form.lstArtists;
-        ASSERT_EQ(list.ListCount(), static_cast<int>(m_artists.size()) + 1);
-        std::set<qint32> listed;
-        for (int row = 1; row < list.ListCount(); ++row) {
-            const qint32 index = m_rows.ArtistRows.at(row);
-            listed.insert(index);
-            ExpectRow(list, row, m_artists.at(index).Name, m_artists.at(index).Checked);
+    /// The albums are those of the current artist, the songs those of the current album.
+    void Rows() const {
+        const int artistRow = m_form.lstArtists.ListIndex();
+        const int albumRow = m_form.lstAlbums.ListIndex();
+        std::set<const ArtistRecord*> artists;
+        std::set<const AlbumRecord*> albums;
+        std::set<const TrackRecord*> songs;
+        for (const ArtistRecord& artist : m_artists) {
+            artists.insert(&artist);
+            const bool isShown = artistRow < 1 || &artist == &Artist(artistRow);
+            for (size_t i = 0; isShown && i < artist.Albums.size(); ++i) {
+                const AlbumRecord& album = artist.Albums[i];
+                albums.insert(&album);
+                for (const TrackRecord& track : album.Tracks) {
+                    if (albumRow < 1 || &album == &Album(albumRow)) {
+                        songs.insert(&track);
+                    }
+                }
+            }
         }
-        EXPECT_EQ(listed.size(), m_artists.size());
-        ExpectAllRow(list, u"Artist"_s);
-        EXPECT_EQ(m_browser.Linked.LastArtistRow(), list.ListIndex());
-    }
-
-    void AlbumRows() const {
-        const FakeListControl& list = m_form.lstAlbums;
-        const std::set<AlbumId> expected = ExpectedAlbums();
-        ASSERT_EQ(list.ListCount(), static_cast<int>(expected.size()) + 1);
-        std::set<AlbumId> listed;
-        for (int row = 1; row < list.ListCount(); ++row) {
-            listed.insert(AlbumAt(row));
-            ExpectRow(list, row, Album(AlbumAt(row)).Name, Album(AlbumAt(row)).Checked);
-        }
-        EXPECT_EQ(listed, expected);
-        ExpectAllRow(list, u"Album"_s);
-        EXPECT_EQ(m_browser.Linked.LastAlbumRow(), list.ListIndex());
-    }
-
-    void SongRows() const {
-        const FakeListControl& list = m_form.lstSongs;
-        const std::set<SongId> expected = ExpectedSongs();
-        ASSERT_EQ(list.ListCount(), static_cast<int>(expected.size()) + 1);
-        std::set<SongId> listed;
-        for (int row = 1; row < list.ListCount(); ++row) {
-            const AlbumId album = AlbumAt(m_rows.Songs.SongRowAlbumRow.at(row));
-            const qint32 index = m_rows.Songs.SongRowTrack.at(row);
-            listed.insert({album.first, album.second, index});
-            const TrackRecord& track = Album(album).Tracks.at(index);
-            ExpectRow(list, row, track.Title, track.Checked);
-        }
-        EXPECT_EQ(listed, expected);
         const QString tab = m_form.tbsFilter.SelectedCaption();
-        ExpectAllRow(list, tab == "All Files"_L1 ? u"Item"_s
-                           : tab == "Audio"_L1   ? u"Song"_s
-                                                 : u"Video"_s);
+        ExpectRows(
+            m_form.lstArtists, artists, [this](int row) -> auto& { return Artist(row); },
+            u"Artist"_s);
+        ExpectRows(
+            m_form.lstAlbums, albums, [this](int row) -> auto& { return Album(row); }, u"Album"_s);
+        ExpectRows(
+            m_form.lstSongs, songs, [this](int row) -> auto& { return Track(row); },
+            tab == "All Files"_L1 ? u"Item"_s
+            : tab == "Audio"_L1   ? u"Song"_s
+                                  : u"Video"_s);
+        EXPECT_EQ(m_browser.Linked.LastArtistRow(), artistRow);
+        EXPECT_EQ(m_browser.Linked.LastAlbumRow(), albumRow);
     }
 
     /// The summary speaks of the whole library, whatever part of it is shown.
@@ -167,15 +163,16 @@ public:
         const int songRow = m_form.lstSongs.ListIndex();
         const int albumRow =
             songRow >= 1 ? m_rows.Songs.SongRowAlbumRow.at(songRow) : m_form.lstAlbums.ListIndex();
+        const int artistRow = m_form.lstArtists.ListIndex();
         QStringList names;
         if (albumRow >= 1) {
-            const AlbumId album = AlbumAt(albumRow);
-            names = {m_artists.at(album.first).Name, Album(album).Name};
+            names = {m_artists.at(m_rows.Albums.AlbumRowArtist.at(albumRow)).Name,
+                     Album(albumRow).Name};
             if (songRow >= 1) {
-                names += Album(album).Tracks.at(m_rows.Songs.SongRowTrack.at(songRow)).Title;
+                names += Track(songRow).Title;
             }
-        } else if (m_form.lstArtists.ListIndex() >= 1) {
-            names = {m_artists.at(m_rows.ArtistRows.at(m_form.lstArtists.ListIndex())).Name};
+        } else if (artistRow >= 1) {
+            names = {Artist(artistRow).Name};
         }
         EXPECT_EQ(m_form.lblFullName.Caption(), names.join(u" / "_s).replace(u"&"_s, u"&&"_s));
     }
@@ -187,37 +184,14 @@ private:
     const std::vector<ArtistRecord>& m_artists = m_browser.Library.Artists;
     const std::vector<ArtistRecord> m_whole = WholeLibrary(m_browser);
 
-    AlbumId AlbumAt(qint32 row) const {
-        return {m_rows.Albums.AlbumRowArtist.at(row), m_rows.Albums.AlbumRowAlbum.at(row)};
+    const ArtistRecord& Artist(int row) const { return m_artists.at(m_rows.ArtistRows.at(row)); }
+    const AlbumRecord& Album(int row) const {
+        return m_artists.at(m_rows.Albums.AlbumRowArtist.at(row))
+            .Albums.at(m_rows.Albums.AlbumRowAlbum.at(row));
     }
-    const AlbumRecord& Album(const AlbumId& id) const {
-        return m_artists.at(id.first).Albums.at(id.second);
-    }
-
-    std::set<AlbumId> ExpectedAlbums() const {
-        const int row = m_form.lstArtists.ListIndex();
-        std::set<AlbumId> albums;
-        for (qint32 artist = 0; artist < static_cast<qint32>(m_artists.size()); ++artist) {
-            if (row < 1 || m_rows.ArtistRows.at(row) == artist) {
-                for (size_t i = 0; i < m_artists[artist].Albums.size(); ++i) {
-                    albums.insert({artist, static_cast<qint32>(i)});
-                }
-            }
-        }
-        return albums;
-    }
-
-    std::set<SongId> ExpectedSongs() const {
-        const int row = m_form.lstAlbums.ListIndex();
-        std::set<SongId> songs;
-        for (const AlbumId& album : ExpectedAlbums()) {
-            if (row < 1 || AlbumAt(row) == album) {
-                for (size_t i = 0; i < Album(album).Tracks.size(); ++i) {
-                    songs.insert({album.first, album.second, static_cast<qint32>(i)});
-                }
-            }
-        }
-        return songs;
+    const TrackRecord& Track(int row) const {
+        return Album(m_rows.Songs.SongRowAlbumRow.at(row))
+            .Tracks.at(m_rows.Songs.SongRowTrack.at(row));
     }
 };
 
@@ -254,9 +228,7 @@ void ExpectInvariants(const BrowserFixture& browser) {
     check.State();
     check.Parents();
     if (!browser.Library.Artists.empty()) {
-        check.ArtistRows();
-        check.AlbumRows();
-        check.SongRows();
+        check.Rows();
     }
     check.Summary();
     check.CopyButton();

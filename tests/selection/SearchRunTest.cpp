@@ -72,14 +72,6 @@ TEST_F(SearchRunTest, DuringTheSearchTheTabsAndTheDeviceRowAreDisabled) {
     EXPECT_FALSE(browser.WordSearch.SearchRunning());
 }
 
-TEST_F(SearchRunTest, TheListsAreHiddenWhileTheResultIsFilledIn) {
-    artists.ChangesWhileVisible = songs.ChangesWhileVisible = 0;
-    browser.Do("type money");
-    EXPECT_EQ(artists.ChangesWhileVisible, 0);
-    EXPECT_EQ(songs.ChangesWhileVisible, 1); // the row that is put back last
-    EXPECT_TRUE(artists.Visible() && albums.Visible() && songs.Visible());
-}
-
 TEST_F(SearchRunTest, TheFullLibraryStandsInArtistsWhileTheSearchRunsFromAResult) {
     browser.Do("type money");
     size_t artistCount = 0;
