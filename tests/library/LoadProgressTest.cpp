@@ -104,7 +104,7 @@ TEST_F(LoadProgressShown, APercentageBeyondSixteenBitsOverflows) {
 TEST_F(LoadProgressShown, AWindowThatIsClosedEndsTheLoadAndNothingCounts) {
     Events.IsClosed = true;
 
-    Load(WriteITunesDB(Tracks(4)));
+    Load(DatabaseOf(4));
 
     EXPECT_EQ(Library.TrackCount, 0);
     EXPECT_EQ(Library.TotalSize, 0);

@@ -47,11 +47,12 @@ protected:
 
 TEST_F(SlowLoad, TheWindowAnswersTheDesktopAndWhatTheUserDoesIsLost) {
     auto& option = m_window.Widget<QCheckBox>("chkArtist");
-    const bool before = option.isChecked();
+    bool before = false;
     const double listWidth = m_window.controls.lstSongs.Width();
 
     Start([&] {
         EXPECT_EQ(m_window.controls.lblMessage.Caption(), u"Please wait..."_s);
+        before = option.isChecked();
         QTest::mouseClick(&option, Qt::LeftButton);
         QTest::keyClick(m_window.Top().windowHandle(), Qt::Key_A);
         m_window.controls.cmdCopy.Click = [] { ADD_FAILURE() << "a handler ran"; };
