@@ -4,6 +4,7 @@
 #include "tests/bench/BenchLibrary.h"
 #include "tests/bench/BenchWindow.h"
 #include "tests/bench/Measuring.h"
+#include "tests/support/ServedDisk.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,6 +18,7 @@
 #include <unistd.h>
 
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -37,13 +39,24 @@ void MakeMedia(const BenchWindow& window, const std::vector<SampleTrack>& tracks
 /// The program on a device of `count` files of `bytes` bytes each, all ticked.
 class Job {
 public:
-    Job(int count, int bytes)
+    /// `disk` tells how slow the device is; null for one as fast as the disk that it lies on.
+    Job(int count, int bytes, const char* disk = nullptr)
         : m_window(Tracks(count, bytes), false), m_isLarge(double(count) * bytes > 5e8) {
+        if (disk != nullptr) {
+            QDir().mkpath(MusicFolder());
+            m_disk = std::make_unique<SlowDisk>(MusicFolder());
+        }
         MakeMedia(m_window, Tracks(count, bytes), bytes);
         ListControl& artists = m_window.Controls().lstArtists;
         artists.SetListIndex(0);
         artists.SetSelected(0, true);
+        if (disk != nullptr) {
+            m_disk->Be(disk);
+        }
     }
+
+    /// Why this machine has no such device; empty where it has.
+    QString Impossible() const { return m_disk ? m_disk->Impossible() : QString(); }
 
     /// An empty folder, and no bytes waiting for the disk. Always another one: for some seconds the
     /// inodes of deleted files cost some file systems more than all that is measured here.
@@ -86,6 +99,7 @@ private:
     }
 
     BenchWindow m_window;
+    std::unique_ptr<SlowDisk> m_disk;
     bool m_isLarge;
     QString m_target;
     int m_targets = 0;
@@ -114,11 +128,15 @@ void InTurn(benchmark::State& state, Job& job,
     state.counters["speed"] = Median(speeds);
 }
 
-void CopyFiles(benchmark::State& state) {
-    Job job(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+void BesideCp(benchmark::State& state, Job& job) {
     InTurn(state, job, [&](const QString& target) {
         QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-r"), job.MusicFolder(), target});
     });
+}
+
+void CopyFiles(benchmark::State& state) {
+    Job job(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    BesideCp(state, job);
 }
 BENCHMARK(CopyFiles)
     ->ArgNames({"files", "bytes"})
@@ -127,6 +145,23 @@ BENCHMARK(CopyFiles)
     ->Args({3, 300000000})
     ->UseManualTime()
     ->Iterations(7)
+    ->Unit(benchmark::kMillisecond);
+
+/// From an old hard disk: 30 MB a second, and 10 ms to open a file.
+void CopyFromSlowDevice(benchmark::State& state) {
+    Job job(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+            "speed=30000000 open=0.01");
+    if (!job.Impossible().isEmpty()) {
+        state.SkipWithError(job.Impossible().toUtf8().constData());
+        return;
+    }
+    BesideCp(state, job);
+}
+BENCHMARK(CopyFromSlowDevice)
+    ->ArgNames({"files", "bytes"})
+    ->Args({100, 2000000})
+    ->UseManualTime()
+    ->Iterations(3)
     ->Unit(benchmark::kMillisecond);
 
 /// What is below `folder`, in the order of a walk, relative to it.

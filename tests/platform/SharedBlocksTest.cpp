@@ -3,14 +3,14 @@
 #include "tests/platform/LinuxFixture.h"
 
 #include <QFile>
-#include <QProcess>
 
+#include <cstdlib>
 #include <unistd.h>
 
 namespace {
 
-bool Runs(const char* program, const QStringList& arguments) {
-    return QProcess::execute(QString::fromUtf8(program), arguments) == 0;
+bool Runs(const QString& command) {
+    return std::system(command.toUtf8().constData()) == 0;
 }
 
 class SharedBlocks : public LinuxFixture {
@@ -21,9 +21,8 @@ protected:
         MakeFolder(Disk());
         QFile image(Native(QStringLiteral("image")));
         ASSERT_TRUE(image.open(QIODevice::WriteOnly) && image.resize(qint64{200} << 20));
-        if (!Runs("mkfs.btrfs", {QStringLiteral("-q"), image.fileName()}) ||
-            !Runs("mount",
-                  {QStringLiteral("-o"), QStringLiteral("loop"), image.fileName(), Disk()})) {
+        if (!Runs(QStringLiteral("mkfs.btrfs -q ") + image.fileName()) ||
+            !Runs(QStringLiteral("mount -o loop ") + image.fileName() + u' ' + Disk())) {
             GTEST_SKIP() << "no btrfs can be made or mounted here";
         }
         m_isMounted = true;
@@ -31,7 +30,7 @@ protected:
     }
     void TearDown() override {
         if (m_isMounted) {
-            EXPECT_TRUE(Runs("umount", {Disk()}));
+            EXPECT_TRUE(Runs(QStringLiteral("umount ") + Disk()));
         }
     }
 

@@ -3,15 +3,22 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <chrono>
 #include <csignal>
+#include <fcntl.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
 constexpr int CannotMount = 77;
 constexpr int Patience = 20000; // ms
+constexpr int Pause = 20;       // ms
 
 dev_t DeviceOf(const QString& folder) {
     struct stat info {};
@@ -31,35 +38,63 @@ void WriteControl(const QTemporaryDir& folder, const char* words) {
 
 } // namespace
 
+// QProcess starts programs in a way that the thread sanitizer cannot follow.
 ServedDisk::ServedDisk(const char* program, const QString& folder, const QStringList& arguments)
     : m_folder(folder) {
-    m_server.setProcessChannelMode(QProcess::MergedChannels);
-    const QString path = QStringLiteral(DISKS_FOLDER "/") + QString::fromUtf8(program);
-    // Threads of a test that was killed would hang in its files for ever.
-    m_server.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    m_server.start(QStringLiteral("/usr/bin/python3"),
-                   QStringList{path, m_content.path(), folder} + arguments);
-    if (!m_server.waitForStarted(Patience)) {
-        m_impossible = QStringLiteral("there is no Python");
-        return;
+    QList<QByteArray> words{"/usr/bin/python3", QByteArray(DISKS_FOLDER "/") + program};
+    for (const QString& word : QStringList{m_content.path(), folder} + arguments) {
+        words += QFile::encodeName(word);
     }
-    for (int waited = 0; waited < Patience && !IsMounted(); waited += 20) {
-        if (m_server.waitForFinished(20)) {
-            break;
+    std::vector<char*> command;
+    for (QByteArray& word : words) {
+        command.push_back(word.data());
+    }
+    command.push_back(nullptr);
+    const QByteArray saidFile = QFile::encodeName(m_said.filePath(QStringLiteral("said")));
+    m_server = fork();
+    if (m_server == 0) {
+        // Threads of a test that was killed would hang in its files for ever.
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        const int said = open(saidFile.constData(), O_WRONLY | O_CREAT, 0600);
+        dup2(said, STDOUT_FILENO);
+        dup2(said, STDERR_FILENO);
+        execv(command[0], command.data());
+        _exit(CannotMount);
+    }
+    while (!IsMounted() && !HasEnded(Pause)) {
+    }
+    if (m_server < 0 && WIFEXITED(m_status) && WEXITSTATUS(m_status) == CannotMount) {
+        QFile file(QFile::decodeName(saidFile));
+        m_impossible = QStringLiteral("no such disk can be mounted here");
+        if (file.open(QIODevice::ReadOnly)) {
+            m_impossible += QStringLiteral(": ") + QString::fromUtf8(file.readAll()).trimmed();
         }
-    }
-    if (m_server.state() == QProcess::NotRunning && m_server.exitCode() == CannotMount) {
-        m_impossible = QString::fromUtf8(m_server.readAll()).trimmed();
     }
 }
 
 ServedDisk::~ServedDisk() {
-    m_server.terminate();
-    if (!m_server.waitForFinished(Patience)) {
-        m_server.kill();
-        m_server.waitForFinished();
+    if (m_server < 0) {
+        return;
+    }
+    kill(m_server, SIGTERM);
+    if (!HasEnded(Patience)) {
+        kill(m_server, SIGKILL);
+        waitpid(m_server, nullptr, 0);
         umount2(QFile::encodeName(m_folder).constData(), MNT_DETACH);
     }
+}
+
+/// Waits so many milliseconds at most.
+bool ServedDisk::HasEnded(int milliseconds) {
+    for (int waited = 0; m_server > 0 && waitpid(m_server, &m_status, WNOHANG) == 0;
+         waited += Pause) {
+        if (waited >= milliseconds) {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(Pause));
+    }
+    m_server = -1;
+    return true;
 }
 
 bool ServedDisk::IsMounted() const {

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QProcess>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <sys/types.h>
 
 /// A disk that a program of this folder serves, mounted for as long as this lives.
 class ServedDisk {
@@ -21,9 +22,14 @@ public:
     QString Content() const { return m_content.path(); }
 
 private:
+    bool HasEnded(int milliseconds);
+
     QString m_folder;
     QTemporaryDir m_content;
-    QProcess m_server;
+    QTemporaryDir m_said;
+    /// Its process; -1 once it has ended.
+    pid_t m_server = -1;
+    int m_status = 0;
     QString m_impossible;
 };
 
