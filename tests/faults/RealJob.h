@@ -99,6 +99,9 @@ public:
     OverwritePrompt& prompt = parts.Prompt;
     CopyJob& job = parts.Job;
 
+    /// How many own the files while no thread works for the job.
+    const long ownersAtRest = sharedFiles.use_count();
+
     /// The answer to every prompt for an existing file.
     OverwritePrompt::Answer overwriteAnswer = OverwritePrompt::Replace;
     /// The files asked about.

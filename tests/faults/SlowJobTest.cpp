@@ -72,10 +72,11 @@ protected:
 
     /// Waits until no thread works for the job any more.
     static void LetHangingThreadsEnd(const RealJob& job) {
-        for (int waited = 0; waited < 1000 && job.sharedFiles.use_count() > 2; ++waited) {
+        for (int waited = 0; waited < 1000 && job.sharedFiles.use_count() > job.ownersAtRest;
+             ++waited) {
             std::this_thread::sleep_for(10ms);
         }
-        EXPECT_EQ(job.sharedFiles.use_count(), 2); // the job and its patient service
+        EXPECT_EQ(job.sharedFiles.use_count(), job.ownersAtRest);
     }
 
     QTemporaryDir m_work{FolderForJobs()};
