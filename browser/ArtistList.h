@@ -4,7 +4,7 @@
 
 #include <array>
 
-/// The lists, and the button that is of use while something in them is ticked.
+/// The lists, and cmdCopy, which is enabled while something is ticked.
 struct ArtistListControls {
     ListControl& lstArtists;
     ListControl& lstAlbums;
@@ -12,48 +12,51 @@ struct ArtistListControls {
     ButtonControl& cmdCopy;
 };
 
-/// Builds all three lists anew: for a library that was loaded, for a search result, and for the way
-/// back to the full library, with the rows that were current.
+/// Rebuilds all three lists: for a library that was loaded, for a search result, and for the way
+/// back to the full library, where the rows that were current become current again.
 class ArtistList {
 public:
     ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
                const ArtistListControls& controls);
 
-    /// Whether each list was to start on its "All" row when rows were last remembered: for artists,
-    /// albums and songs.
+    /// For artists, albums and songs: whether the list counted as standing on its "All" row when
+    /// rows were last remembered.
     const std::array<bool, 3>& AllRowWasCurrent() const { return m_allRowWasCurrent; }
 
     /// Shows a library that has just been loaded; its first artist becomes current.
     void ShowLibrary();
-    /// Makes the lists ready for the library of a device that has been chosen.
+    /// Enables and empties the lists, and disables cmdCopy, for the library of a device that has
+    /// been chosen.
     void AwaitLibrary();
-    /// Disables the lists, which that library left empty.
+    /// Disables the lists: no music was found on the device.
     void ShowNoMusic();
-    /// Empties and disables the lists, and cmdCopy with them. Whatever fails, the rest is done.
+    /// Empties and disables the lists, and disables cmdCopy. A step that fails does not stop the
+    /// others.
     void ShowNoDevice();
     /// Gives the keyboard focus to the artists.
     void TakeFocus();
-    /// Puts the full library and the rows from before the search back. With `NoFound` (the search
-    /// found nothing) every list starts on its "All" row.
+    /// Puts back the full library and the rows that were current. With `NoFound` (the search found
+    /// nothing) every list starts on its "All" row.
     void Clear(bool NoFound);
-    /// The first half of Clear, for a search that goes on with its own result: nothing is shown.
+    /// The first half of Clear, for a search that will show its own result: the lists are not
+    /// rebuilt.
     void PutLibraryBack(bool NoFound);
-    /// The way out for a handler that failed with the lists half changed: the full library comes
-    /// back with the marks that its tracks have, and the lists are empty.
+    /// For a handler that failed while the lists were half changed: puts back the full library with
+    /// the check marks of its tracks, and empties the lists.
     void RecoverLibrary();
 
-    /// Remembers whether each list stands on its "All" row and which records the others stand on;
-    /// with `allRows` all three count as standing on "All".
+    /// Remembers whether each list stands on its "All" row, and otherwise which record it stands
+    /// on; with `allRows` all three count as standing on "All".
     void RememberRows(bool allRows);
     /// Fills the three lists from Artists and makes the remembered rows current; a list whose
     /// remembered record is not shown stays on its "All" row.
     void RebuildLists();
-    /// Empties and disables the three lists: what says that a search found nothing.
+    /// Empties and disables the three lists, which shows that a search found nothing.
     void ShowNothing();
     void EnableLists();
-    /// Enables cmdCopy when something is ticked, be it hidden by a search.
+    /// Enables cmdCopy if something is ticked, even where a search hides it; else disables it.
     void EnableCopy();
-    /// Forgets everything about a library that leaves.
+    /// Forgets everything about the library that was shown.
     void ResetState();
 
 private:
@@ -77,7 +80,7 @@ private:
     Remembered m_rememberedRows;
 };
 
-/// What shows the library, for whoever changes what is shown.
+/// The parts that show the library, for classes that change what is shown.
 struct Browser {
     MusicLibrary& Library;
     LinkedLists& Lists;

@@ -115,7 +115,7 @@ void LinkedLists::ShowAlbumsOfArtist() {
     NestedFlag::Guard building = Building.Set();
     ScopeGuard failed([this] { EmptyAlbums(); });
 
-    // Only on the way from or to "All" can the same album be listed again.
+    // Only on the way to or from the "All" row can the same album be listed again.
     std::optional<AlbumKey> album;
     if (!Restoring && (artistRow == 0 || m_lastArtistRow == 0)) {
         if (m_controls.lstAlbums.ListIndex() >= 1) {
@@ -205,8 +205,8 @@ void LinkedLists::ShowSongsOfAlbum() {
     pointer.Run();
 }
 
-/// Rows of a list that could not be built would stand for other records than the tables say. The
-/// next click builds it.
+/// The rows of a list that could not be built would stand for other records than the tables say, so
+/// the list is emptied. The next click builds it.
 void LinkedLists::EmptyAlbums() {
     m_refreshAlbums = true;
     m_controls.lstAlbums.Clear();
@@ -238,9 +238,9 @@ SongTables LinkedLists::SongsOfAllAlbumRows() const {
                                                  : SortTracks5(m_library, m_rows.Albums);
 }
 
-/// The one list that takes a moment to build, so the user is told first. The summary comes back
-/// afterwards. The song list stays suspended meanwhile: shown empty for an instant it would
-/// flicker.
+/// This is the one list that takes a moment to build, so the user is told first; the summary comes
+/// back afterwards. The song list stays hidden from painting meanwhile: shown empty for an instant,
+/// it would flicker.
 void LinkedLists::BuildAllSongRows() {
     const QString summary = m_controls.lblMessage.Caption();
     ScopeGuard message([&] { m_controls.lblMessage.SetCaption(summary); });

@@ -10,11 +10,11 @@
 /// The text of an "All" row: "All (12 Songs)" for twelve rows below it and the noun " Song".
 QString AllRowText(qsizetype rows, const QString& noun);
 
-/// Fills `list` with the rows and an "All" row on top, which is ticked when all others are, also
-/// when there are no others. `rows` begins with a free place for the "All" row.
+/// Fills `list` with the rows, below an "All" row that is ticked when all others are (also when
+/// there are no others). `rows` begins with an empty slot for the "All" row.
 void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun);
 
-/// The lists, and what else takes part in showing them.
+/// The lists, and the other controls that take part in showing them.
 struct ListControls {
     Window& Form1;
     ListControl& lstArtists;
@@ -30,17 +30,17 @@ class LinkedLists {
 public:
     LinkedLists(MusicLibrary& library, TextFitting& textFitting, const ListControls& controls);
 
-    /// Lists are being changed by code: every Click and ItemCheck handler returns at once.
+    /// Set while code is changing the lists: every Click and ItemCheck handler returns at once.
     NestedFlag Building;
-    /// Rows are being put back: a list that is built neither remembers rows nor goes on to the next
-    /// one.
+    /// Set while rows are being put back: building a list neither remembers rows nor builds the
+    /// next list.
     NestedFlag Restoring;
 
     const RowTables& Rows() const { return m_rows; }
-    /// The artist row whose albums are shown, the album row whose songs are shown; -1 none.
+    /// The artist row whose albums are shown and the album row whose songs are shown; -1 for none.
     int LastArtistRow() const { return m_lastArtistRow; }
     int LastAlbumRow() const { return m_lastAlbumRow; }
-    /// The next artist (album) click builds the next list even on the same row.
+    /// The next click on an artist (album) builds the next list even when the row is the same.
     bool RefreshAlbums() const { return m_refreshAlbums; }
     bool RefreshSongs() const { return m_refreshSongs; }
 
@@ -48,12 +48,12 @@ public:
     void lstAlbums_Click();
     void lstSongs_Click();
 
-    /// What the Click handlers do unless code is changing the lists.
+    /// What the Click handlers do unless Building is set.
     void ShowAlbumsOfArtist();
     void ShowSongsOfAlbum();
     void ShowFullName();
 
-    /// Fills ArtistRows from Artists; touches no list.
+    /// Fills ArtistRows from Artists; changes no list.
     void BuildArtistList();
     /// Fill the lists from the row tables.
     void FillArtists();
@@ -66,19 +66,19 @@ public:
     bool AreEmpty() const { return m_controls.lstArtists.ListCount() == 0; }
     /// Empties the three lists.
     void Empty();
-    /// Empties the three lists and fills that of the artists; the next ones follow when their time
-    /// has come, whatever rows are current then.
+    /// Empties the three lists and fills the artist list. The next ones are built when the Click
+    /// handlers run, whatever rows are current by then.
     void StartOver();
-    /// Forgets everything about a library that leaves.
+    /// Forgets everything about the library that was shown.
     void ResetState();
-    /// Other records stand in Artists: the table of all songs is no longer theirs.
+    /// Artists now holds other records, so the table of all songs is no longer valid.
     void ForgetAllSongs() { m_rows.AllSongsCached = false; }
-    /// The tables of a library that comes back into Artists.
+    /// Puts back the tables of a library that is put back into Artists.
     void PutRowsBack(RowTables rows) { m_rows = std::move(rows); }
 
-    /// The album of a real album row (1 and up).
+    /// The album of an album row (1 and up, not the "All" row).
     AlbumRecord& Album(qint32 albumRow);
-    /// The track of a real song row (1 and up).
+    /// The track of a song row (1 and up, not the "All" row).
     TrackRecord& Track(qint32 songRow);
 
 private:

@@ -5,8 +5,8 @@
 
 #include <QStringList>
 
-/// Which kinds of tracks are shown. Its value is the selected tab's caption; under a tab of an
-/// unknown caption nothing is.
+/// Which kinds of tracks are shown, according to the selected tab's caption. Under a tab with an
+/// unknown caption nothing is shown.
 enum class Filter { Unknown, AllFiles, Audio, Video };
 
 /// The filter that the selected tab stands for.
@@ -15,10 +15,10 @@ Filter SelectedFilter(const TabsControl& tbsFilter);
 /// Whether a track of this kind passes the filter.
 bool CorrectFiletype(Filter filter, Kind Filetype);
 
-/// What the song list's "All" row calls its items under the filter, with a leading blank.
+/// The noun for the song list's "All" row under the filter, with a leading blank.
 QString GetCorrectName(Filter filter);
 
-/// The captions of the tabs, in their order.
+/// The captions of the tabs, from left to right.
 QStringList FilterTabs();
 
 /// The tab strip that narrows the library to one kind of file.
@@ -26,16 +26,18 @@ class MediaFilter {
 public:
     MediaFilter(const MusicLibrary& library, TabsControl& tbsFilter);
 
-    /// Raised when another tab was chosen: the lists are to show what passes it.
+    /// Raised when another tab was chosen; whoever listens shows what passes the filter.
     Event FilterChanged;
 
-    /// A click does nothing: the first tab is being selected by code, or no device is chosen.
+    /// Clicks are ignored: code is selecting the first tab, or no device is chosen.
     bool FilterLocked() const { return m_filterLocked; }
 
     void tbsFilter_Click();
-    /// Forgets the tab last acted on: a library that has just been loaded is shown unfiltered.
+    /// Forgets the last tab that was acted on: a library that has just been loaded is shown
+    /// unfiltered.
     void ResetState() { m_lastFilter = Filter::AllFiles; }
-    /// Selects the first tab, without a search, for the library of a device that has been chosen.
+    /// Selects the first tab without starting a search, for the library of a device that was
+    /// chosen.
     void AwaitLibrary();
     /// Selects the first tab, and stays locked until a device is chosen.
     void ShowNoDevice();

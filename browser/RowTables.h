@@ -4,8 +4,7 @@
 
 #include <vector>
 
-/// List row -> index. Rows and indices are 0-based; slot 0 belongs to a list's "All" row and holds
-/// 0.
+/// List row -> index. Both are 0-based; slot 0 belongs to a list's "All" row and holds 0.
 using RowTable = std::vector<qint32>;
 
 struct AlbumTables {
@@ -24,7 +23,7 @@ struct RowTables {
     RowTable ArtistRows;
     AlbumTables Albums;
     SongTables Songs;
-    /// The tables of all songs of the library, which are the slowest to build.
+    /// The tables of all songs of the library, which take longest to build.
     SongTables AllSongsCache;
     /// AllSongsCache holds the songs of the library that is shown.
     bool AllSongsCached = false;

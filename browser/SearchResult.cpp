@@ -24,13 +24,13 @@ void SearchResult::PutLibraryBack() {
     }
     m_library.Artists = std::exchange(m_savedArtists, {});
     m_checkedHidden = false;
-    // AllSongsCached comes back with them: the list of all songs may never have been built before.
+    // AllSongsCached comes back too: the list of all songs may never have been built before.
     m_lists.PutRowsBack(m_savedRows);
 }
 
 void SearchResult::UpdateOldArtists() {
     if (!IsShown() || m_library.Artists.empty()) {
-        return; // nothing was found: nobody can have ticked it
+        return; // nothing was found, so nothing can have been ticked
     }
     for (const ArtistRecord& shown : m_library.Artists) {
         ArtistRecord& artist = m_savedArtists.at(shown.SourceIndex);
@@ -43,7 +43,8 @@ void SearchResult::UpdateOldArtists() {
             }
         }
     }
-    // This pass only ever ticks: a song that the result hid keeps its album and artist ticked.
+    // This pass only ever ticks: a ticked song that the result hid keeps its album and artist
+    // ticked.
     for (ArtistRecord& artist : m_savedArtists) {
         for (AlbumRecord& album : artist.Albums) {
             if (AnyChecked(album.Tracks)) {

@@ -17,7 +17,7 @@ struct CloseCollator {
 using Collator = std::unique_ptr<UCollator, CloseCollator>;
 
 /// The locale that the environment names for sorting; the root locale ("") where it names none,
-/// since plain code-point order ("C") is no order for people.
+/// since people do not expect plain code-point order ("C").
 QByteArray SortingLocale() {
     for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"}) {
         const QByteArray value = qgetenv(variable);
@@ -44,7 +44,7 @@ Collator OpenCollator(const QByteArray& locale) {
         if (locale.isEmpty()) {
             throw RuntimeError(ErrorNumber::InvalidProcedureCall);
         }
-        return OpenCollator({}); // the environment's text is not even the form of a locale
+        return OpenCollator({}); // the environment's text does not have the form of a locale
     }
     ucol_setAttribute(collator.get(), UCOL_STRENGTH, UCOL_SECONDARY, &status);
     ucol_setAttribute(collator.get(), UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, &status);
@@ -91,7 +91,7 @@ private:
         const int32_t length =
             ucol_getSortKey(SortingCollator(), text.data(), static_cast<int32_t>(text.size()),
                             &m_bytes[begin], room);
-        if (length == 0) { // every key has a byte at its end, so this is all that tells a failure
+        if (length == 0) { // a failure: every key has at least the byte at its end
             throw RuntimeError(ErrorNumber::OutOfMemory);
         }
         return length;

@@ -15,8 +15,8 @@ TextFitting::TextFitting(WindowManager& windowManager, const FittingControls& co
 void TextFitting::AdjustText(const QString& Text) {
     m_fullText = Text;
     QString shown = Text;
-    // A text exactly as wide as the label stays whole; a shortened one must be narrower than it, so
-    // that the dots are seen to end.
+    // A text exactly as wide as the label stays whole; a shortened one must be narrower, so that
+    // all of the dots can be seen.
     if (m_controls.Form1.TextWidth(Text) <= m_controls.lblFullName.Width()) {
         m_controls.lblFullName.SetToolTip(QString());
     } else {
@@ -37,8 +37,8 @@ void TextFitting::AdjustTextAgain() {
 }
 
 /// The longest beginning of `text` that is narrower than the label together with "...", but never
-/// less than the dots alone. The search by halves stands for taking off one letter at a time, which
-/// would hang on a name of many thousands of letters.
+/// less than the dots alone. Taking off one letter at a time would hang on a name of many thousands
+/// of letters, so the length is found by bisection.
 QString TextFitting::Shortened(const QString& text) const {
     const double width = m_controls.lblFullName.Width();
     const auto fits = [&](qsizetype length) {

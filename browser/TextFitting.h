@@ -3,8 +3,8 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 
-/// The label of the full name and what it is measured in, and whatever the mouse finds around the
-/// lists.
+/// The label of the full name, the window in whose font it is measured, and the controls around the
+/// lists that the mouse moves over.
 struct FittingControls {
     Window& Form1;
     ListControl& lstArtists;
@@ -24,7 +24,7 @@ public:
     /// Shows `Text` in lblFullName, shortened with "..." where it does not fit; the whole text is
     /// then the label's tooltip.
     void AdjustText(const QString& Text);
-    /// Empties lblFullName, which nothing brings back.
+    /// Empties lblFullName, and forgets the text for good.
     void ForgetText();
     /// Fits the text last shown again, after the label's width has changed.
     void AdjustTextAgain();

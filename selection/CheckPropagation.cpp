@@ -5,15 +5,15 @@
 
 namespace {
 
-/// After a single row changed to `ticked`: the "All" row follows when that row was the last one
-/// missing, or the first one missing.
+/// After a single row changed to `ticked`: the "All" row is ticked when that was the last row not
+/// ticked, and unticked when all rows were ticked before.
 void FollowSingleRow(ListControl& list, bool ticked) {
     if (list.SelCount() == list.ListCount() - 1) {
         list.SetSelected(0, ticked);
     }
 }
 
-/// After a roll-up: "All" ends ticked exactly when every other row is.
+/// After a roll-up: the "All" row is ticked exactly when every other row is.
 void FollowRollUp(ListControl& list) {
     if (list.SelCount() < list.ListCount() - 1) {
         list.SetSelected(0, false);
@@ -34,7 +34,7 @@ void CheckPropagation::lstArtists_ItemCheck(int Item) {
     if (m_lists.Building) {
         return;
     }
-    // Half done, a change has left marks that fit neither each other nor the lists.
+    // A change that fails half way leaves marks that fit neither each other nor the lists.
     ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     m_lists.lstArtists_Click();
     ChangeChecks(m_controls.lstArtists, [this, Item] { PropagateArtist(Item); });
@@ -45,7 +45,7 @@ void CheckPropagation::lstAlbums_ItemCheck(int Item) {
     if (m_lists.Building) {
         return;
     }
-    // Half done, a change has left marks that fit neither each other nor the lists.
+    // A change that fails half way leaves marks that fit neither each other nor the lists.
     ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     m_lists.lstAlbums_Click();
     ChangeChecks(m_controls.lstAlbums, [this, Item] { PropagateAlbum(Item); });
@@ -56,14 +56,14 @@ void CheckPropagation::lstSongs_ItemCheck(int Item) {
     if (m_lists.Building) {
         return;
     }
-    // Half done, a change has left marks that fit neither each other nor the lists.
+    // A change that fails half way leaves marks that fit neither each other nor the lists.
     ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     ChangeChecks(m_controls.lstSongs, [this, Item] { PropagateSong(Item); });
     failed.Dismiss();
 }
 
-/// The frame around every change: each SetSelected in `propagate` raises ItemCheck again, which
-/// ends at Building, and no list paints before all is done.
+/// The frame around every change: each SetSelected in `propagate` raises ItemCheck again, whose
+/// handler returns because Building is set, and no list paints before everything is done.
 template <class Propagate>
 void CheckPropagation::ChangeChecks(ListControl& raisedBy, Propagate propagate) {
     NestedFlag::Guard building = m_lists.Building.Set();
@@ -184,7 +184,7 @@ void CheckPropagation::UpdateArtistCheck(int AlbumRow) {
     const int current = artists.ListIndex();
     if (current >= 1) {
         // Not by SelCount: after a song was unticked, the "All" row of an artist's only album is
-        // still ticked, and would keep the artist ticked with nothing chosen.
+        // still ticked, and would keep the artist ticked although nothing is chosen.
         ArtistRecord& artist = m_library.Artists.at(m_lists.Rows().Albums.AlbumRowArtist.at(1));
         artist.Checked = AnyChecked(artist.Albums);
         artists.SetSelected(current, artist.Checked);

@@ -2,7 +2,7 @@
 
 #include "selection/Search.h"
 
-/// The lists whose check marks hang together.
+/// The lists whose check marks depend on each other.
 struct CheckedListControls {
     ListControl& lstArtists;
     ListControl& lstAlbums;
@@ -14,7 +14,7 @@ struct CheckedListControls {
 /// one of its children is; an "All" row exactly while every other row of its list is.
 class CheckPropagation {
 public:
-    /// `search` shows the library again where a change fails half way.
+    /// `search` shows the library again when a change fails half way.
     CheckPropagation(const Browser& browser, SelectionSummary& summary, Search& search,
                      const CheckedListControls& controls);
 

@@ -98,7 +98,7 @@ bool Search::IsAllFiles() const {
 
 void Search::cmdSearch_Click() {
     if (m_searchRunning) {
-        return; // pressed in one of the search's own yields
+        return; // pressed while the search yields
     }
     m_controls.txtSearch.SetFocus();
     if (AllowSearch()) {
@@ -112,7 +112,7 @@ void Search::cmdSearch_Click() {
 
 void Search::cmdClear_Click() {
     if (m_searchRunning) {
-        return; // the search yields; it ends by itself in a moment
+        return; // pressed while the search yields, which ends by itself in a moment
     }
     m_controls.txtSearch.SetFocus();
     m_controls.cmdClear.SetEnabled(false);
@@ -172,7 +172,7 @@ void Search::DoSearch() {
     }
     EndSearch();
     building.End();
-    // Disabled, the tabs lost it; a user who types meanwhile keeps it.
+    // The tabs lost the focus when they were disabled; a user who types meanwhile keeps it.
     if (tabsHadFocus && m_windowManager.GetFocus() != m_controls.txtSearch.Handle()) {
         m_controls.tbsFilter.SetFocus();
     }
@@ -184,7 +184,7 @@ void Search::DoSearch() {
 }
 
 void Search::BeginSearch() {
-    m_eventLoop.BeginWork(); // else each keystroke would show the tabs grey for a moment
+    m_eventLoop.BeginWork(); // otherwise the tabs would turn grey for a moment at each keystroke
     if (m_result.Search()) {
         m_artistList.PutLibraryBack(m_lists.AreEmpty());
     } else {
@@ -218,8 +218,8 @@ void Search::ShowLibraryAgain() {
     m_summary.CalculateSize(false);
 }
 
-/// A result for an outdated text is never shown. The text may have been deleted meanwhile, or may
-/// be the first one while a filter tab was being applied.
+/// A result for an outdated text is never shown. The new text may be empty; and where only a filter
+/// tab was being applied, there was no text before.
 void Search::RestartOnNewText() {
     m_searchPending = false;
     m_searchString = m_controls.txtSearch.Text();
@@ -250,7 +250,7 @@ void Search::LowerNames() {
             }
         }
     }
-    m_lowered = std::move(artists); // all of them or none
+    m_lowered = std::move(artists); // all of them or none, where memory runs out
 }
 
 std::vector<ArtistRecord> Search::BuildResult() {

@@ -7,7 +7,7 @@
 
 #include <QStringList>
 
-/// What the user searches with, and what is disabled meanwhile.
+/// The controls that the user searches with, and those that are disabled while a search runs.
 struct SearchControls {
     Control& Picture2;
     TextControl& txtSearch;
@@ -16,18 +16,18 @@ struct SearchControls {
     TabsControl& tbsFilter;
 };
 
-/// Whether every blank-separated word of `FindText` occurs in `InText`, letter by letter.
+/// Whether every blank-separated word of `FindText` occurs in `InText`; case matters.
 bool SplitSearch(const QString& FindText, const QString& InText);
 
 /// Narrows the lists to the records whose name holds every word typed and whose kind passes the
-/// filter tab, and ends that again. The result takes the place of Artists until the full library is
-/// put back.
+/// filter tab, and ends such a search. The result replaces Artists until the full library is put
+/// back.
 class Search {
 public:
     Search(const Browser& browser, SelectionSummary& summary, EventLoop& eventLoop,
            WindowManager& windowManager, const SearchControls& controls);
 
-    /// The search is running: it yields, and neither library is whole meanwhile.
+    /// A search is running: it yields, and neither library is complete meanwhile.
     bool SearchRunning() const { return m_searchRunning; }
     /// The text changed while the search was running: it must start again.
     bool SearchPending() const { return m_searchPending; }
@@ -37,22 +37,22 @@ public:
 
     /// Builds and shows the result for SearchString and the selected filter tab.
     void DoSearch();
-    /// Shows what passes the filter tab that has just been chosen.
+    /// Shows what passes the selected filter tab and the text search, if one is in force.
     void ShowFiltered();
     /// Whether the search box holds anything but blanks.
     bool AllowSearch() const;
-    /// The way out for a handler that failed with the lists half changed: shows the full library
-    /// from its records, unfiltered, with every list on its "All" row.
+    /// For a handler that failed while the lists were half changed: shows the full library from its
+    /// records, unfiltered, with every list on its "All" row.
     void ShowLibraryAgain();
-    /// Forgets everything about a library that leaves.
+    /// Forgets everything about the library that was shown.
     void ResetState();
     /// Empties the box for the library of a device that has been chosen.
     void AwaitLibrary();
     /// Lets the user search the library that is shown now.
     void OfferSearch();
-    /// Disables what searches.
+    /// Disables the controls that the user searches with.
     void ShowNoMusic();
-    /// The same, and empties the box. Whatever fails, the rest is done.
+    /// The same, and empties the box. A step that fails does not stop the others.
     void ShowNoDevice();
 
     void cmdSearch_Click();
@@ -63,12 +63,13 @@ public:
     void lblSearch_Click();
 
 private:
-    /// The lower-cased names of the full library, made once a library and not once a keystroke.
+    /// The lower-cased names of the full library, made once per library and not at each keystroke.
     struct LoweredAlbum {
         QString Name;
-        /// All titles, parted by blanks: no word holds one, so what is not in here is in no title.
+        /// All titles, separated by blanks. No word holds a blank, so a word that is not in here is
+        /// in no title.
         QString Titles;
-        /// Where in it each title ends.
+        /// Where each title ends in it.
         std::vector<qint32> Ends;
     };
     struct LoweredArtist {

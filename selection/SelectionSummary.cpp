@@ -70,7 +70,7 @@ QString GetSizeInText(double Bytes) {
     const double kilobytes =
         std::floor((Bytes - gigabytes * 1073741824.0 - megabytes * 1048576.0) / 1024.0);
     // The fraction comes from the next smaller unit alone and is not padded ("1.4 GB" for 1 GB and
-    // 50 MB). Intentional: two digits of a coarse figure, not a rounded one.
+    // 50 MB). Intentional: its digits are a coarse figure, not a rounded one.
     if (gigabytes > 0) {
         return Whole(gigabytes) + QLatin1Char('.') + Whole(std::floor(megabytes / 1024.0 * 100.0)) +
                QStringLiteral(" GB");

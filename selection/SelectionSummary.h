@@ -16,16 +16,16 @@ public:
     SelectionSummary(const SearchResult& result, const MusicLibrary& library,
                      const SummaryControls& controls);
 
-    /// Bytes of all ticked tracks of the whole library, those hidden by a search included.
+    /// Bytes of all ticked tracks of the whole library, including those hidden by a search.
     double SelectedSize = 0;
     /// Bytes of the ticked tracks inside the current search result, as last computed.
     double SearchBaseSize = 0;
 
     /// Number of ticked tracks in Artists, whatever the filter shows.
     qint32 GetSelSongCount() const;
-    /// Recomputes the sizes and shows them. With `GetSearchTFS` only the search's baseline moves.
+    /// Recomputes the sizes and shows them. With `GetSearchTFS` only SearchBaseSize changes.
     void CalculateSize(bool GetSearchTFS);
-    /// Forgets the sizes of a library that leaves, and empties the bar that showed them.
+    /// Forgets the sizes of the library that was shown, and empties the bar that showed them.
     void ResetState();
 
 private:
