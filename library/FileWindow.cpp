@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Measured: it stays in the processor's cache until it is worked on, and a larger one is read no
-/// faster.
+/// Measured: a block of this size stays in the processor's cache until it has been worked on, and
+/// larger ones are read no faster.
 constexpr qint64 BlockSize = qint64{256} << 10;
 
 } // namespace
@@ -25,7 +25,7 @@ void FileWindow::MoveTo(qint64 position, qint64 count) {
     }
     Grow(std::max(count, std::min(BlockSize, m_lastIndex + 1)));
     while (m_end <= position) {
-        m_begin = m_end; // nothing in between is needed
+        m_begin = m_end; // the bytes before `position` are not needed
         ReadOn();
     }
     Keep(position);
@@ -34,7 +34,7 @@ void FileWindow::MoveTo(qint64 position, qint64 count) {
     }
 }
 
-/// Lets the bytes begin with the one at `position`.
+/// Moves the bytes in memory so that they begin with the one at `position`.
 void FileWindow::Keep(qint64 position) {
     std::memmove(m_bytes.get(), m_bytes.get() + (position - m_begin),
                  static_cast<size_t>(m_end - position));
@@ -57,7 +57,7 @@ void FileWindow::ReadOn() {
     const qint64 held = m_end - m_begin;
     const qint64 count = std::min(m_size - held, m_lastIndex - m_end);
     if (count > 0) {
-        m_hasFailed = true; // unless what follows comes to its end
+        m_hasFailed = true; // until the read has succeeded
         m_file->Read(m_bytes.get() + held, count);
         m_hasFailed = false;
         m_end += count;

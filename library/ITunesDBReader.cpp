@@ -21,7 +21,7 @@ struct PendingTrack {
     QString Artist;
 };
 
-/// The text of an item, as it lies in the file: two bytes a unit, the lower one first.
+/// The text of an item, as stored in the file: two bytes per code unit, the lower one first.
 struct ItemText {
     const char* Bytes;
     qsizetype Units;
@@ -37,26 +37,26 @@ QString AsString(const ItemText& text) {
     return string;
 }
 
-/// The same; where `before` says the same, that one, which costs less than a new string.
+/// The same, but returns `before` where the two are equal, which costs less than a new string.
 QString AsString(const ItemText& text, const QString& before) {
     const bool isSame = std::endian::native == std::endian::little && text.Units == before.size() &&
                         std::memcmp(text.Bytes, before.constData(), 2 * before.size()) == 0;
     return isSame ? before : AsString(text);
 }
 
-/// The path of a location that is written with ":" between its folders.
+/// The path of a location that is stored with ":" between its folders.
 QString AsLocation(const QString& driveRoot, const ItemText& text) {
     QString location(driveRoot.size() + text.Units, Qt::Uninitialized);
     QChar* const units = std::copy(driveRoot.begin(), driveRoot.end(), location.data());
     Decode(text, units);
     for (qsizetype i = 0; i < text.Units; ++i) {
-        units[i] = units[i] == u':' ? u'\\' : units[i]; // written in any case: many at a time so
+        units[i] = units[i] == u':' ? u'\\' : units[i]; // always written: this can be vectorised
     }
     return location;
 }
 
-/// Walks the bytes of a database from tag to tag. Only the track list is understood; what is in
-/// between, and chunks of unknown kinds and lengths, is passed over byte by byte.
+/// Walks the bytes of a database from tag to tag. Only the track list is understood; whatever else
+/// there is, chunks of unknown kinds and lengths included, is passed over byte by byte.
 class TrackListWalk {
 public:
     TrackListWalk(FileWindow& bytes, const QString& driveRoot, TrackGrouping& grouping,
@@ -66,9 +66,9 @@ public:
         StartTrack();
     }
 
-    /// Finds the head of the track list. False when it says that the list is empty.
+    /// Finds the head of the track list. False when the head says that the list is empty.
     bool FindTrackList();
-    /// Adds the tracks from the head on; from the first byte on where there is no head.
+    /// Adds the tracks from the head on, or from the first byte on where there is no head.
     void Run();
 
 private:
@@ -89,7 +89,7 @@ private:
     LoadProgress& m_progress;
     qint64 m_start = 0;
     PendingTrack m_pending;
-    // Most tracks have these in common with the one before.
+    // Most tracks have these in common with the track before.
     QString m_album;
     QString m_artist;
     QString m_typeText;
@@ -129,20 +129,20 @@ void TrackListWalk::Run() {
                     return;
                 }
             }
-            OpenTrack(position); // fails at the end of the bytes, which ends a list without tracks
+            OpenTrack(position); // throws at the end of the bytes when the list has no track
             position += 49;
         } else if (IsTextItem(position)) {
             const qint32 length = LongAt(position + 8);
             TakeItem(position, length);
-            position += qMax(length, 1); // a damaged item of no length must not hold the walk up
+            position += qMax(length, 1); // a damaged item of length 0 must not stop the walk
         } else {
             ++position;
         }
     }
 }
 
-/// The first "m" from `position` on and before `end`; `end`, or `position` where that is not before
-/// it, when there is none.
+/// The first "m" from `position` on and before `end`. Without one: `end`, or `position` where that
+/// is not before `end`.
 qint64 TrackListWalk::NextTag(qint64 position, qint64 end) {
     while (position < end) {
         const char* const bytes = m_bytes.At(position, 1);
@@ -175,7 +175,7 @@ qint32 TrackListWalk::LongAt(qint64 position) {
 }
 
 ItemText TrackListWalk::TextOf(qint64 item, qint32 length) {
-    // An odd length takes one more byte than the item has.
+    // For an odd length, one byte more than the item holds is read.
     const qint64 units = length > 40 ? (qint64(length) - 40 + 1) / 2 : 0;
     if (item + 40 + 2 * units - 1 > m_lastIndex) {
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
@@ -237,7 +237,8 @@ bool ReadITunesDB(FileSystem& files, const QString& driveRoot, MusicLibrary& lib
     FileWindow bytes(files, DevicePaths::ITunesDB(driveRoot));
     TrackGrouping grouping(library);
     TrackListWalk walk(bytes, driveRoot, grouping, progress);
-    // Of a file that cannot be read nothing counts as loaded, wherever in it the device fails.
+    // When the file cannot be read, nothing counts as loaded, wherever in the file the device
+    // failed.
     const ScopeGuard unreadable([&] {
         if (bytes.HasFailed()) {
             library.TrackCount = 0;

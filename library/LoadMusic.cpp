@@ -8,8 +8,9 @@
 
 namespace {
 
-/// Runs a reader and shows what stops it. False when the reader leaves the load open. What no
-/// reader fails with passes on: the device must not count as loaded then.
+/// Runs a reader and shows the failure that stops it. False when the reader leaves the load open.
+/// Exceptions that no reader is expected to throw pass on: the device must not count as loaded
+/// then.
 template <class Reader>
 bool RunReader(MusicLibrary& library, Messages& messages, const Reader& reader) {
     try {
@@ -37,7 +38,7 @@ void LoadMusic::LoadITunesDB(const QString& driveRoot) {
     LoadProgress progress(Library, m_events, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
-    // An empty track list stops the load where it is: LoadingMusic and the message stay.
+    // After an empty track list the load never ends: LoadingMusic and the message stay as they are.
     if (RunReader(Library, m_messages,
                   [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
         loading.Run();

@@ -6,7 +6,7 @@
 #include "platform/Messages.h"
 #include "platform/PatientFileSystem.h"
 
-/// What a load needs of the platform.
+/// The services of the platform that a load uses.
 struct LoadServices {
     FileSystem& Files;
     /// Waits for the device.
@@ -16,9 +16,9 @@ struct LoadServices {
 };
 
 /// Owns the library and loads it from a device. A load runs to its end with the user's input held
-/// back, unless the user closes the window: then nothing counts as loaded. It reports its progress
-/// through the window's label, bar and caption, and a failure by a message box, after which the
-/// tracks loaded so far stay.
+/// back, unless the user closes the window: then nothing counts as loaded. Progress is shown in the
+/// window's label, bar and caption. A failure is shown in a message box; the tracks loaded before
+/// it stay.
 class LoadMusic {
 public:
     LoadMusic(const LoadServices& services, const LoadControls& controls);

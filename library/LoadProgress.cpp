@@ -30,7 +30,7 @@ void LoadProgress::TrackLoaded() {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }
     const qint16 percent = ToInteger((100 / *m_total) * m_library.TrackCount);
-    // Comparing numbers spares a text a track; each new text repaints the window.
+    // Comparing numbers saves making a text for each track; each new text repaints the window.
     if (percent != m_shownPercent) {
         m_shownPercent = percent;
         m_controls.lblMessage.SetCaption(QStringLiteral("Loading music... %1%").arg(percent));

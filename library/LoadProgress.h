@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// What a load shows of itself in.
+/// The controls that show a load.
 struct LoadControls {
     Window& Form1;
     ComboControl& Combo1;
@@ -22,23 +22,23 @@ public:
 
     /// Marks the library as loading and empty; its records stay until the reader replaces them.
     void Start();
-    /// Sets the number of tracks to come, which stands for 100%.
+    /// Sets the number of tracks to be loaded, which is 100%.
     void SetTotal(qint64 total);
-    /// Shows that one more track counts in TrackCount, and now and then looks after the window.
-    /// Throws TypeMismatch when there is no total,
-    /// Overflow when the percentage passes 32,767, and OperationStopped when the window was closed.
+    /// Shows that TrackCount has grown by one, and at each new percentage lets the window paint and
+    /// answer. Throws TypeMismatch when no total was set, Overflow when the percentage passes
+    /// 32,767, and OperationStopped when the window was closed.
     void TrackLoaded();
-    /// Brings bar and caption back, and marks the load as done.
+    /// Resets bar and caption, and marks the load as done.
     void End();
 
 private:
-    /// Lets the task bar show the message of a minimised window.
+    /// Shows the message of a minimised window in the task bar.
     void MirrorInCaption();
 
     MusicLibrary& m_library;
     EventLoop& m_events;
     LoadControls m_controls;
     std::optional<double> m_total;
-    /// The percentage in the message, -1 while the message tells none.
+    /// The percentage in the message; -1 while it shows none.
     qint16 m_shownPercent = -1;
 };

@@ -16,7 +16,7 @@ struct TrackRecord {
     QString Title;
     /// Track number on its album, 0 when the device stores none.
     qint32 TrackNumber = 0;
-    /// Size in bytes, as the device's database tells it.
+    /// Size in bytes, as stored in the device's database.
     qint32 FileSize = 0;
     ::Kind Kind = KindOther;
     /// The track is to be copied.

@@ -11,21 +11,22 @@
 
 namespace {
 
-// What a device's own library never comes near, and a hostile one cannot pass.
-// The time is counted from the opening on, over all statements.
+// Limits that a device's own library never comes near and that a hostile one cannot pass. Time
+// counts from the opening on, over all statements.
 constexpr double MaxProcessorSeconds = 2;
-constexpr std::chrono::minutes MaxDuration(10); // a slow device is no hostile one
+constexpr std::chrono::minutes MaxDuration(10); // long, since a device may just be slow
 constexpr sqlite3_int64 MaxEngineBytes = 256 << 20;
 constexpr qsizetype MaxResultBytes = 64 << 20;
 constexpr int MaxValueBytes = 65536;
-/// Larger than a value may be: one that SQLite refuses itself fails before the first row, since all
-/// are sorted first. Still small enough for many between two looks at the clock.
+/// Larger than MaxValueBytes: where SQLite itself refuses a value, the query fails before its first
+/// row, since all rows are sorted first. Still small enough that many values fit between two checks
+/// of the time.
 constexpr int MaxEngineValueBytes = 1 << 20;
-/// Of a failure's text, in which SQLite names what it found: 60 KB would be a box beyond the
-/// screen.
+/// Limits the text of a failure, in which SQLite quotes what it found: a message box with 60 KB
+/// would be larger than the screen.
 constexpr qsizetype MaxDescriptionLength = 300;
 
-/// Steps of SQLite's machine between two looks at the clock.
+/// How many steps SQLite's virtual machine takes between two checks of the time.
 constexpr int StepsBetweenChecks = 4000;
 
 /// The URI that opens a file without locks, journals or any other trace on the device.
@@ -37,7 +38,7 @@ QByteArray ReadOnlyUri(const QString& nativePath) {
     return "file://" + QUrl::toPercentEncoding(path, "/") + "?mode=ro&immutable=1";
 }
 
-/// A byte order mark at the beginning is part of a name; QString::fromUtf8 would drop it.
+/// QString::fromUtf8 would drop a byte order mark at the beginning, which is part of the name.
 QString FromUtf8(QByteArrayView bytes) {
     using enum QStringConverter::Flag;
     return QStringDecoder(QStringConverter::Utf8, Stateless | ConvertInitialBom).decode(bytes);
@@ -113,12 +114,12 @@ void SqliteRows::Add(sqlite3_stmt* statement) {
     ++m_rowCount;
 }
 
-/// Rows that come sorted repeat much of the row before; its bytes then serve both.
+/// Sorted rows repeat many values of the row before; the same bytes then serve both.
 void SqliteRows::AddText(QByteArrayView text) {
     if (text.size() > MaxValueBytes) {
         throw SqliteError(SQLITE_TOOBIG);
     }
-    m_textBytes += text.size(); // whoever makes texts of them makes one of each
+    m_textBytes += text.size(); // repeated ones too: the caller may make a QString of each
     if (m_rowCount > 0) {
         const Cell& above = m_cells[m_cells.size() - m_columnCount];
         if (above.ValueType == Type::Text && TextBytes(above) == text) {
@@ -181,7 +182,7 @@ void SqliteDatabase::Query(const char* sql, SqliteRows& rows) {
     }
 }
 
-/// Takes from SQLite what the three queries do not need and a hostile schema could use.
+/// Switches off what the three queries do not need and a hostile schema could use.
 void SqliteDatabase::Restrict() {
     sqlite3* database = m_database.get();
     sqlite3_progress_handler(database, StepsBetweenChecks, StopWhenLate, this);
@@ -195,11 +196,11 @@ void SqliteDatabase::Restrict() {
     Check(sqlite3_set_authorizer(database, AllowNoFunction, nullptr));
     Execute("Pragma cell_size_check = 1");
     Execute("Pragma mmap_size = 0");  // a pulled cable must be an error, not a crash
-    Execute("Pragma temp_store = 2"); // sorting in memory, under its limit, and not on the disk
+    Execute("Pragma temp_store = 2"); // sort in memory, which has a limit, and not on the disk
 }
 
-/// Lets a file's pages stay in memory once they are read: tracks come in the order of random ids,
-/// and SQLite's own small cache would read most pages from the device many times.
+/// Keeps a file's pages in memory once they are read: tracks come in the order of random ids, and
+/// with SQLite's own small cache most pages would be read from the device many times.
 void SqliteDatabase::CachePages(const QByteArray& schema) {
     Execute("Pragma " + schema + ".cache_size = -32000"); // KiB
 }
@@ -215,7 +216,7 @@ SqliteDatabase::Statement SqliteDatabase::Prepare(const char* sql) {
     const int result = sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr);
     Statement owned(statement);
     Check(result);
-    if (StopWhenLate(this)) { // views that multiply each other cost much before the first step
+    if (StopWhenLate(this)) { // nested views can take long before the first step
         Check(SQLITE_INTERRUPT);
     }
     return owned;
@@ -252,8 +253,8 @@ int SqliteDatabase::StopWhenLate(void* self) {
            std::chrono::steady_clock::now() - database->m_start > MaxDuration;
 }
 
-/// The queries call no function. One that a view calls (LIKE included) could be busy with two long
-/// texts for many seconds, in which nothing looks at the clock.
+/// The queries call no function. One that a view calls (LIKE included) could work on two long texts
+/// for many seconds, during which the time is not checked.
 int SqliteDatabase::AllowNoFunction(void*, int action, const char*, const char*, const char*,
                                     const char*) {
     return action == SQLITE_FUNCTION ? SQLITE_DENY : SQLITE_OK;

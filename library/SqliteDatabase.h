@@ -14,18 +14,19 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// All rows of a query's result, held in memory. Rows and columns are 0-based; what lies outside
-/// throws SubscriptOutOfRange.
+/// All rows of a query's result, held in memory. Rows and columns are 0-based; others throw
+/// SubscriptOutOfRange.
 class SqliteRows {
 public:
     qsizetype RowCount() const { return m_rowCount; }
 
     /// The value as text, a number in decimal; NULL is the empty text.
     QString Text(qsizetype row, int column) const;
-    /// The value as a 32-bit integer, NULL as 0. Throws Overflow past the range, TypeMismatch for
-    /// what is no number.
+    /// The value as a 32-bit integer, NULL as 0. Throws Overflow past the range, and TypeMismatch
+    /// where the value is not a number.
     qint32 Long(qsizetype row, int column) const;
-    /// Whether the value is the very one of the row before; false in the first row.
+    /// Whether the value is stored as the very one of the row before, not as an equal copy; false
+    /// in the first row.
     bool IsRepeated(qsizetype row, int column) const;
 
 private:
@@ -34,9 +35,9 @@ private:
     enum class Type : qint32 { Null, Integer, Text };
     struct Cell {
         Type ValueType;
-        /// Bytes of a text in UTF-8, and where it begins in m_bytes.
+        /// Of a text: its length in bytes of UTF-8.
         qint32 Length;
-        qint64 Value; // or the integer
+        qint64 Value; // where the text begins in m_bytes, or the integer
     };
 
     void Add(sqlite3_stmt* statement);
@@ -49,12 +50,12 @@ private:
     // Unlike a vector, these grow in place where the system can, without copying.
     QList<Cell> m_cells;
     QByteArray m_bytes;
-    /// Bytes of all texts together.
+    /// Bytes of all texts together, repeated ones included.
     qsizetype m_textBytes = 0;
 };
 
-/// A database from a device: whatever it holds, it is only read, and reading it ends after a
-/// bounded time and use of memory. Failures are thrown as RuntimeError with SQLite's code and text.
+/// A database from a device. Whatever it holds, it is only ever read, and reading it ends within a
+/// bounded time and memory. Failures are thrown as RuntimeError with SQLite's code and text.
 class SqliteDatabase {
 public:
     /// Opens the file at `nativePath`.
@@ -67,7 +68,7 @@ public:
     void Attach(const QString& nativePath, const QString& schema);
     /// Runs a query and fetches its whole result.
     SqliteRows Query(const char* sql);
-    /// The same into `rows`, which hold those before a failure when it throws.
+    /// The same into `rows`, which after a failure hold the rows that were read before it.
     void Query(const char* sql, SqliteRows& rows);
 
 private:

@@ -34,8 +34,8 @@ void TrackGrouping::Put(TrackRecord&& track, const QString& artistName, const QS
     ++m_library.TrackCount;
 }
 
-/// Takes away the artist and the album that were made for a track that then did not fit into the
-/// memory. The load ends with it, so the tables of names need not follow.
+/// Removes the artist and the album that were added for a track when memory ran out before the
+/// track itself was. The load ends with that, so the tables of names may keep their entries.
 void TrackGrouping::DropEmptyGroups() {
     std::vector<ArtistRecord>& artists = m_library.Artists;
     for (ArtistRecord& artist : artists) {

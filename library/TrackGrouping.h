@@ -11,8 +11,8 @@ class TrackGrouping {
 public:
     explicit TrackGrouping(MusicLibrary& library) : m_library(library) {}
 
-    /// Adds a track, the first one to an empty library. Throws, and adds nothing, when the library
-    /// is full (Overflow) or memory runs out.
+    /// Adds a track; where TrackCount is 0, whatever the library holds goes first. Throws, and adds
+    /// nothing, when the library is full (Overflow) or memory runs out.
     void Add(TrackRecord&& track, const QString& artistName, const QString& albumName);
 
 private:
@@ -21,8 +21,8 @@ private:
             return qHash(name, QHashSeed::globalSeed());
         }
     };
-    /// Indices of groups by their lower-cased names. No QHash, which ends the program when it is
-    /// out of memory.
+    /// Indices of groups by their lower-cased names. Not a QHash, which ends the program when
+    /// memory runs out.
     using GroupTable = std::unordered_map<QString, qsizetype, NameHash>;
 
     template <class Record>
@@ -35,10 +35,10 @@ private:
 
     MusicLibrary& m_library;
     // Tracks of one album mostly follow each other, so the last group is tried first. A group takes
-    // over the spelling of its last track, but its lower-cased name, the key, never changes.
+    // on the spelling of its last track, but its key, the lower-cased name, never changes.
     qsizetype m_artist = -1;
     qsizetype m_album = -1;
     GroupTable m_artists;
-    /// One table an artist.
+    /// One table per artist.
     std::vector<GroupTable> m_albums;
 };
