@@ -17,7 +17,7 @@ void Tell(Messages& messages, const std::exception& failure) {
     try {
         ShowError(messages, ErrorOf(failure));
     } catch (const std::exception& second) {
-        // Most likely memory is short; what fails next would be told nowhere else either.
+        // Memory has most likely run out, so the second failure would not be shown either.
         std::fprintf(stderr, "songlift: %s (not shown: %s)\n", failure.what(), second.what());
     }
 }

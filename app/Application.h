@@ -6,18 +6,18 @@
 
 #include <functional>
 
-/// Runs `work` and tells the user what it fails with, or the log where even that fails. False when
-/// it failed.
+/// Runs `work`. If it fails, tells the user why (or the log, where even that fails) and returns
+/// false.
 bool TellFailure(Messages& messages, const std::function<void()>& work);
 
 /// The program's event loop. A handler that fails unexpectedly ends with a message, and the program
-/// goes on. There is one of these, as of any QApplication.
+/// goes on. There can be only one, as of any QApplication.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
     ~Application() override;
 
-    /// Where failures are told; null until the window that shows them is built.
+    /// Where failures are shown; null until the window that shows them is built.
     Messages* MessageBoxes = nullptr;
 
 protected:

@@ -7,7 +7,7 @@
 #include "library/DeviceSelection.h"
 #include "selection/CheckPropagation.h"
 
-// What each subsystem gets of the window's controls.
+// Which of the window's controls each subsystem gets.
 
 LoadControls LoadControlsOf(const Form1Controls& all);
 DeviceControls DeviceControlsOf(const Form1Controls& all);

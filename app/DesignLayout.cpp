@@ -14,7 +14,8 @@ double Bottom(const Control& control) {
     return control.Top() + control.Height();
 }
 
-/// The design of the main window, in pixels until it is handed to a control.
+/// The design of the main window. Lengths are written in pixels and handed to the controls in
+/// twips.
 class Design {
 public:
     Design(Form1Controls& controls, WindowManager& windowManager)
@@ -38,7 +39,7 @@ private:
     double Height() const { return std::min(Px(660), LargestHeight(m_windowManager)); }
     double RightEdge() const { return Width() - Margin(); }
 
-    /// Puts a control beside another one: same middle line, at the given left edge.
+    /// Puts a control at the given left edge, vertically centred on `middle`.
     static void PlaceBeside(Control& control, double left, double middle) {
         control.Move(left, middle - control.Height() / 2, control.Width(), control.Height());
     }
@@ -63,7 +64,7 @@ private:
                     m_controls.txtSearch.Left() - Gap() - m_controls.lblSearch.Width(), middle);
     }
 
-    /// The lists take what the rows below them leave.
+    /// The lists take the height that the rows below them leave.
     void LayOutBottomUp() {
         const double labelsTop = Height() - Px(6) - m_lineHeight;
         const double messageWidth =
@@ -132,8 +133,8 @@ private:
         m_controls.txtDestination.SetWidth(m_controls.cmdBrowse.Left() - Gap());
         PlaceBeside(m_controls.txtDestination, 0, boxHeight / 2);
 
-        // The button stands over the frame and not inside it, since it must stay enabled while a
-        // job disables the frame.
+        // The button lies over the frame and not inside it, since it must stay enabled while a job
+        // disables the frame.
         const double width = m_controls.cmdCopy.Width() + Px(16);
         const double height = m_controls.cmdCopy.Height() + Px(4);
         const double rowTop = m_controls.frmDestination.Top() + m_titleHeight + boxHeight;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double ContrastOfSign = 3;
 
-/// Whether it has the focus, and the user is one who moves the focus with keys.
+/// Whether the control has the focus and the user moves the focus with keys.
 bool IsReached(const QStyleOption& option) {
     const QStyle::State reached = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
     return (option.state & reached) == reached;
@@ -19,7 +19,7 @@ bool IsReached(const QStyleOption& option) {
 void DrawRing(const QStyleOption& option, QPainter& painter) {
     const QColor ground = option.palette.color(QPalette::Window);
     QColor ring = option.palette.color(QPalette::Highlight);
-    // The style takes this shade.
+    // The style draws its mark in this shade.
     if (Contrast(ring.darker(125), ground) >= ContrastOfSign) {
         return;
     }

@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// Qt's own style, whose mark of the control that keys reach is too dim on dark desktops: there it
-/// is drawn anew in a lighter shade.
+/// Qt's own style, whose mark of the control that has the keyboard focus is too dim on dark
+/// desktops: there it is drawn again in a lighter shade.
 class FocusRing : public QProxyStyle {
 public:
     FocusRing();

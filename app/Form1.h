@@ -16,9 +16,9 @@ public:
     Form1& operator=(const Form1&) = delete;
 
     /// Restores the settings, shows the window, and loads the first iPod that is attached. Throws
-    /// RuntimeError before anything is shown when a stored number is none.
+    /// RuntimeError before anything is shown when a stored number is invalid.
     void Form_Load();
-    /// From now on a job that a close of the window stops does not ask whether to quit.
+    /// From now on, a job that is stopped because the window closes does not ask whether to quit.
     void QuitUnasked() { m_parts.Job.QuitsUnasked = true; }
 
 private:

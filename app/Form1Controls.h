@@ -3,8 +3,8 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 
-/// The main window and all its controls, by name, from whoever builds the window. The subsystems
-/// get small structs of what is theirs.
+/// The main window and all its controls, by name, as the window's builder provides them. Each
+/// subsystem gets a small struct of the controls that it uses.
 struct Form1Controls {
     Window& Form1;
 
@@ -22,7 +22,7 @@ struct Form1Controls {
     ListControl& lstSongs;
     HandleControl& Handle0;
     HandleControl& Handle1;
-    /// It lies over the lists.
+    /// Lies over the lists.
     NoDeviceControl& pctNoDevice;
 
     Control& frmDP;

@@ -97,10 +97,10 @@ Form1Controls Form1Window::ByName() {
             .mnuPreview = m_mnuPopup.Entry};
 }
 
-/// Labels, buttons and boxes speak their own text.
+/// Screen readers speak the texts of labels, buttons and boxes; the others need a name.
 void Form1Window::NameForScreenReaders() {
     m_Combo1.Widget()->setAccessibleName(QStringLiteral("iPod"));
-    // On Linux a combo box speaks its chosen entry in place of its name, and is named by the label
+    // On Linux a combo box speaks its chosen entry instead of its name, and is named by the label
     // that belongs to it.
     m_Picture1.Widget()->setAccessibleName(QStringLiteral("iPod"));
     m_Picture1.Widget()->setBuddy(m_Combo1.Widget());
@@ -126,7 +126,7 @@ void Form1Window::OrderTabs() {
     }
 }
 
-/// A word where the caption does not say it all. The tool tips of the destination and of the full
+/// Tool tips, where the caption does not say everything. Those of the destination and of the full
 /// name show what does not fit into them.
 void Form1Window::Explain() {
     m_Combo1.SetToolTip(QStringLiteral("The iPod that is shown; opening the list looks for more"));

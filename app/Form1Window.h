@@ -34,7 +34,8 @@ private:
     void OrderTabs();
     void Explain();
 
-    // In the order of the window, top to bottom and left to right: what is made later lies on top.
+    // In the order of the window, top to bottom and left to right. Where two overlap, the one made
+    // later is on top.
     QtWindow m_window;
     QtPanelControl m_Picture2;
     QtPictureControl m_Picture1;

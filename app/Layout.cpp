@@ -28,7 +28,7 @@ double Layout::Px(double pixels) const {
     return pixels * m_windowManager.TwipsPerPixelX();
 }
 
-/// Where the controls end on the right.
+/// The right edge of the controls.
 double Layout::RightEdge() const {
     return m_controls.Form1.Width() - m_design.RightMargin;
 }
@@ -58,8 +58,8 @@ void Layout::KeepDesign() {
     m_design.ProgressToBottom = bottom - m_controls.prgCopy.Top();
     m_design.MessageToBottom = bottom - m_controls.lblMessage.Top();
 
-    // The device box and the search box stay of some use, and so does that of the destination; the
-    // copy button stays in its frame.
+    // Even the narrowest window leaves usable room for the device, search and destination boxes,
+    // and keeps the copy button in its frame.
     const double searchRow = 3 * m_controls.cmdSearch.Width() - RoomForBoxes(0);
     const double inDestination =
         std::max(m_design.DestinationInset / 2 + m_design.CopyToRight,
@@ -76,7 +76,7 @@ void Layout::LayOutLists() {
     const double right = RightEdge();
     const double least = Px(FloorPixels);
     const double gap = Px(GapPixels);
-    // Positions saved on a larger screen, or edited by hand, may lie anywhere.
+    // A position that was saved on a larger screen, or edited by hand, may be anywhere.
     const double second = std::clamp(m_controls.Handle1.Left(), left + 2 * least + gap,
                                      std::max(left + 2 * least + gap, right - least - gap));
     const double first = std::clamp(m_controls.Handle0.Left(), left + least,
@@ -108,8 +108,8 @@ void Layout::Handle_MouseMove(int Index, double X) {
     }
 }
 
-// The right-hand side stops 20 pixels short for the first handle and 22 for the second one. The
-// difference is intentional: behind the second one there is no third list with a gap of its own.
+// The first handle stops 20 pixels short of the right-hand side, the second one 22. The difference
+// is intentional: behind the second one there is no third list with a gap of its own.
 
 void Layout::DragFirst(double position) {
     ListControl& left = m_controls.lstArtists;
@@ -188,8 +188,8 @@ void Layout::Form_Resize() {
     if (Px(LeastListPixels) > window.Height() - m_design.BottomMargin - top) {
         window.SetSize(window.Width(), top + m_design.BottomMargin + Px(LeastListPixels));
     }
-    // The tab strip alone runs to the window's edge, without a margin: intentionally, so that its
-    // line ends at no visible edge.
+    // The tab strip alone runs to the window's edge, without a margin. This is intentional: its
+    // line does not seem to break off.
     m_controls.tbsFilter.SetWidth(window.Width() - m_controls.tbsFilter.Left());
     ShareListWidth();
     PlaceSearchRow();
@@ -219,13 +219,13 @@ void Layout::PlaceLists(double w1, double w2, double w3) {
     m_controls.Handle1.SetLeft(Right(m_controls.lstAlbums));
 }
 
-/// What a window of that width leaves for the device box and the search box together.
+/// The room that a window of that width leaves for the device box and the search box together.
 double Layout::RoomForBoxes(double width) const {
     return width - m_controls.Picture2.Left() - Px(2 * GapPixels) - m_controls.lblSearch.Width() -
            m_design.LabelGap - m_design.SearchEndToRight;
 }
 
-/// In a narrow window the two boxes give way, each in its proportion: all else is as wide as its
+/// In a narrow window the two boxes shrink in proportion; everything else is as wide as its
 /// caption.
 void Layout::PlaceSearchRow() {
     const double right = m_controls.Form1.Width();

@@ -11,19 +11,20 @@
 /// screen pixels.
 class Layout {
 public:
-    /// `isCopying` is asked at each resize: a minimised window shows the progress of a job.
+    /// `isCopying` is asked at each resize: while a job runs, a minimised window shows its
+    /// progress.
     Layout(WindowManager& windowManager, const MusicLibrary& library,
            std::function<bool()> isCopying, TextFitting& textFitting, Form1Controls& controls);
 
-    /// Raised after the destination box has a new width.
+    /// Raised after the width of the destination box has changed.
     Event DestinationResized;
 
     /// A handle is being dragged.
     bool Dragging = false;
-    /// The window is maximised, or was when it was minimised.
+    /// The window is maximised, or was before it was minimised.
     bool WasMaximized = false;
 
-    /// Keeps the distances of the controls as they stand now: the design that every resize keeps.
+    /// Takes the present distances between the controls as the design, which every resize keeps.
     void KeepDesign();
     /// Lays the three lists out between the handles.
     void LayOutLists();
@@ -68,7 +69,7 @@ private:
     bool m_resizing = false;
 };
 
-/// The largest inside that the program itself gives the main window: with the desktop's frame
-/// around it, it still shows all of itself on the primary screen.
+/// The largest inner width, in twips, that the program itself gives the main window: with the
+/// desktop's frame around it, the whole window still fits on the primary screen.
 double LargestWidth(WindowManager& windowManager);
 double LargestHeight(WindowManager& windowManager);

@@ -33,7 +33,7 @@ QString MountingHelp() {
                           "On one that does not, open a terminal and type:");
 }
 
-/// The player that is missing, paler than one that is there.
+/// A picture of the missing player, paler than that of a connected one.
 class MissingPlayer : public QWidget {
 public:
     explicit MissingPlayer(QWidget* parent) : QWidget(parent) { setFixedSize(80, 100); }
@@ -75,7 +75,7 @@ QLineEdit* NewCommand(QWidget* parent, const QString& text) {
 
 } // namespace
 
-/// Scrolls what does not fit, but not because of the picture, which goes first.
+/// Scrolls a text that does not fit. Where only the picture is too much, it is hidden instead.
 class NoDevicePanel::TextWithPicture : public QScrollArea {
 public:
     using QScrollArea::QScrollArea;

@@ -6,14 +6,14 @@
 #include <QLineEdit>
 #include <QScrollArea>
 
-/// Tells, in the place of the lists, how an iPod gets into the window. Hidden at first.
+/// Stands in place of the lists and says how to attach an iPod. Hidden at first.
 class NoDevicePanel : public QtControl<NoDeviceControl, QScrollArea> {
 public:
     NoDevicePanel(QWidget* parent, const QString& name);
 
     void Tell(NoDeviceReason reason) override;
 
-    /// The command that mounts an iPod, to be selected and copied.
+    /// The command that mounts an iPod, for the user to select and copy.
     QLineEdit* Command() const { return m_command; }
 
 private:
@@ -22,7 +22,7 @@ private:
     QLabel* m_title;
     QLabel* m_whatToDo;
     QLineEdit* m_command;
-    /// What stands there for iPods that the desktop does not mount: the command, and texts around.
+    /// The part for iPods that the desktop does not mount: the command and the texts around it.
     QList<QWidget*> m_mounting;
 
     NoDevicePanel(TextWithPicture* text, const QString& name);

@@ -41,14 +41,14 @@ void OverwriteWindow::LayOut() {
         button->Move(left, top, buttonWidth, button->Height());
         left += buttonWidth + gap;
     }
-    // A short question is narrower than the buttons.
+    // A short question would leave less width than the buttons need.
     m_window.SetMinimumSize(m_lblMessage.Width() + 2 * margin, 0);
     m_window.SetSize(m_lblMessage.Width() + 2 * margin, top + m_cmdOverwrite0.Height() + margin);
 }
 
 void OverwriteWindow::Ask() {
     m_form.Form_Load();
-    // Question and buttons have no use for more.
+    // A larger window would have nothing more to show.
     m_window.Widget()->setFixedSize(m_window.Widget()->size());
     m_window.ShowModal();
 }

@@ -6,7 +6,7 @@
 #include "platform/qt/QtLabelControl.h"
 #include "platform/qt/QtWindow.h"
 
-/// The real window of the overwrite prompt, made anew for each question.
+/// The real window of the overwrite prompt, built again for each question.
 class OverwriteWindow {
 public:
     /// `owner` is the main window, over which the prompt stands unless that is minimised.

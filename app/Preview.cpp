@@ -11,7 +11,7 @@ Preview::Preview(LinkedLists& lists, FileSystem& files, Messages& messages,
 void Preview::mnuPreview_Click() {
     const int row = m_controls.lstSongs.ListIndex();
     if (row < 1 || m_lists.Building || !m_controls.lstSongs.Enabled()) {
-        return; // the row went, or a job began, while the menu stood open
+        return; // while the menu was open, the row went away or a job began
     }
     const QString path = m_lists.Track(row).Location;
     if (!m_files.FileExists(path)) {
@@ -39,7 +39,7 @@ void Preview::Form_QueryUnload(bool& Cancel, UnloadMode Mode) {
     if (Mode == UnloadMode::User) {
         Cancel = true;
         m_preview.frmPreview.Hide();
-        // The next one has its player's size, too, where this one was made large.
+        // The next preview gets its player's size even where the user maximised this one.
         m_preview.frmPreview.SetState(WindowState::Normal);
     }
 }

@@ -4,7 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Messages.h"
 
-/// The list that the preview is chosen in, and its window.
+/// The song list, from whose menu the preview is chosen, and the main window.
 struct SongControls {
     Window& Form1;
     ListControl& lstSongs;
@@ -16,8 +16,8 @@ struct PreviewControls {
     MediaPlayerControl& QTControl;
 };
 
-/// Plays the song or video of the current song row in a window of its own, which is kept and used
-/// again for the next preview.
+/// Plays the song or video of the current song row in a window of its own, which is kept for the
+/// next preview.
 class Preview {
 public:
     Preview(LinkedLists& lists, FileSystem& files, Messages& messages, const SongControls& controls,
@@ -26,7 +26,7 @@ public:
     void mnuPreview_Click();
     /// Gives the window the player's size.
     void QTControl_SizeChanged();
-    /// Closing by the user only hides the window, and stops and releases the file.
+    /// Stops the player and closes the file. When the user closes the window, it is only hidden.
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 
 private:

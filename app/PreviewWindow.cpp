@@ -2,7 +2,7 @@
 
 namespace {
 
-/// A dialog, which stays above its owner, that can be made large.
+/// A dialog, which stays above its owner, but can be maximised.
 constexpr Qt::WindowFlags OwnedDialog = Qt::Dialog | Qt::WindowTitleHint |
                                         Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
                                         Qt::WindowCloseButtonHint;

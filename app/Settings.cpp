@@ -11,7 +11,7 @@ namespace {
 
 constexpr int DocumentsFolderId = 5;
 
-/// What a desktop's frame takes at least, in pixels: a border at each side, and a title bar.
+/// The least that a desktop's frame takes, in pixels: a border at each side, and a title bar.
 constexpr int FrameWidth = 2, FrameHeight = 20;
 
 QString NumberText(double value) {
@@ -31,7 +31,7 @@ QString MaskText(std::initializer_list<OptionBit> options) {
     return QString::number(mask);
 }
 
-/// A number of the store, converted by `convert`. What fails there is told with the key.
+/// Reads a number from the store and converts it with `convert`. Failures name the key.
 template <class Convert>
 auto ReadAs(Convert convert, SettingsStore& store, const QString& key, double defaultValue) {
     const QString text = store.Read(key, NumberText(defaultValue));
@@ -73,7 +73,7 @@ int Settings::ReadMask(const QString& key, int defaultValue) const {
 
 double Settings::ReadPosition(const QString& key, double length, Extent work, Extent all,
                               bool isCut) const {
-    // Of a window that is longer than the screen the beginning is seen.
+    // A window that is longer than the screen shows its beginning.
     const double centred = std::max(work.Begin, work.Begin + work.Length / 2 - length / 2);
     const double position = ReadNumber(key, centred);
     const bool isSeen = position <= all.Begin + all.Length && position + length > all.Begin;
@@ -125,7 +125,7 @@ void Settings::RestoreWindow() {
     if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
         window.SetState(WindowState::Maximized);
         window.Show();
-        // Only on the screen does it have the size in which its splitters were left.
+        // The window has the size at which its splitters were left only once it is on the screen.
         window.Refresh();
     }
 }
@@ -158,7 +158,7 @@ bool Settings::Save() {
                                                      ? QStringLiteral("1")
                                                      : QStringLiteral("0"));
     if (!m_layout.WasMaximized) {
-        // A maximised window keeps the normal size and position of an earlier exit.
+        // Not for a maximised window: its normal size and position are those of an earlier exit.
         WriteNumber(QStringLiteral("Left"), window.Left());
         WriteNumber(QStringLiteral("Top"), window.Top());
         WriteNumber(QStringLiteral("Width"), window.Width());

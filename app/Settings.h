@@ -4,7 +4,7 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 
-/// What the settings keep.
+/// The controls whose state is kept in the settings.
 struct SettingsControls {
     Window& Form1;
     HandleControl& Handle0;
@@ -23,29 +23,30 @@ public:
     Settings(SettingsStore& store, Shell& shell, WindowManager& windowManager, Layout& layout,
              const SettingsControls& controls);
 
-    /// Throws RuntimeError, naming the key, when the store holds a text where a number belongs or
-    /// one out of range. Changes nothing, so that a start can stop before there is a window.
+    /// Throws RuntimeError, naming the key, when the store holds no number where one belongs, or
+    /// one out of range. Changes nothing, so that the start can end before a window is shown.
     void Check() const;
-    /// Restores options and destination.
+    /// Restores the options and the destination.
     void RestoreOptions();
     /// Restores the window's size, position and state.
     void RestoreWindow();
     /// Restores the splitters.
     void RestoreHandles();
-    /// Where the settings are kept, for the user.
+    /// Where the settings are kept, as shown to the user.
     QString StoreName() const;
-    /// Saves everything. False when the store cannot keep it.
+    /// Saves everything. False when the store cannot be written.
     bool Save();
 
 private:
     double ReadNumber(const QString& key, double defaultValue) const;
     int ReadMask(const QString& key, int defaultValue) const;
-    /// What an area takes in one direction.
+    /// Where an area begins and how long it is, in one direction.
     struct Extent {
         double Begin, Length;
     };
-    /// The position of a window of that length, or the centred one where none is saved, where the
-    /// window would lie off all screens, and where it was too long for them and is cut.
+    /// The saved position of a window of that length. The window is centred instead where no
+    /// position is saved, where it would lie off all screens, and where it was cut because it was
+    /// too long.
     double ReadPosition(const QString& key, double length, Extent work, Extent all,
                         bool isCut) const;
     void WriteNumber(const QString& key, double value);
@@ -58,6 +59,6 @@ private:
     SettingsControls m_controls;
 };
 
-/// The folder that the shell knows as the user's documents (`folderId` 5); empty for any other
-/// number and where the shell knows none.
+/// The user's documents folder for `folderId` 5; empty for any other number, and where the shell
+/// knows no such folder.
 QString GetSpecialFolderName(Shell& shell, int folderId);

@@ -8,7 +8,7 @@
 #include "platform/Worker.h"
 #include "selection/CheckPropagation.h"
 
-/// What the program needs of the platform.
+/// The services of the platform that the program uses.
 struct Services {
     FileSystem& Files;
     DriveService& Drives;
@@ -17,7 +17,7 @@ struct Services {
     WindowManager& Windows;
     Messages& MessageBoxes;
     EventLoop& Events;
-    /// Does what can hang, and what reads ahead of it.
+    /// Two threads: one for operations that can hang, and one that reads ahead.
     Worker& Background;
     Worker& Ahead;
 };

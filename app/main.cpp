@@ -21,7 +21,7 @@
 
 namespace {
 
-/// The icon as it is installed, in the user's theme; else the one that the program carries.
+/// The installed icon, in the user's theme; else the one built into the program.
 QIcon ProgramIcon() {
     QIcon carried;
     const QDir sizes(QStringLiteral(":/icon"));
@@ -40,7 +40,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral(SONGLIFT_ID));
     QApplication::setWindowIcon(ProgramIcon());
 
-    // Shared with threads that may hang in them when everything else ends.
+    // Shared, since a thread that hangs in them may outlive everything else.
     const auto sharedDrives = std::make_shared<LinuxDrives>();
     const auto sharedFiles = std::make_shared<LinuxFileSystem>(*sharedDrives);
     LinuxDrives& drives = *sharedDrives;
@@ -62,12 +62,13 @@ int main(int argc, char** argv) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });
     const bool isLoaded = TellFailure(messages, [&form] { form.Form_Load(); });
-    // Settings that cannot be read leave no window; a device that fails leaves one for the next.
+    // Without settings that can be read no window opens; where a device fails, the window waits for
+    // the next one.
     if (!isLoaded && !window.Window().Widget()->isVisible()) {
         return 1;
     }
     const QuitSignals signals([&form] {
-        SessionEnd::SetNow(true); // for good: a signal is no question
+        SessionEnd::SetNow(true); // and never false again: a signal cannot be refused
         form.QuitUnasked();
         QApplication::quit();
     });
