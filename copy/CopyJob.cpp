@@ -94,6 +94,7 @@ void CopyJob::Start() {
     m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
     m_fileIndex = 0;
     m_enteredFolder.clear();
+    m_folderNamesOfLast.reset();
     m_folderNames.StartOver();
 }
 

@@ -105,14 +105,15 @@ private:
     // The steps of one track.
     Next CopyTrack(const PlannedTrack& planned);
     Next CountTrack();
+    Next PutTrack(const PlannedTrack& planned);
+    Next PutNewFile(const TrackRecord& track, bool& isSettled);
     Next MakeFolders(const QStringList& names);
     Next MakeFolder(const QString& name);
     void EnterFolder();
     void NameFile(const PlannedTrack& planned);
     Next PutFile(const TrackRecord& track);
     void AskToReplace(const QString& target);
-    Next CopyFile(const TrackRecord& track, const QString& target, Existing existing,
-                  bool& isTaken);
+    Next CopyFile(const TrackRecord& track, Existing existing, const Event& copy, bool& isTaken);
     void CopyBytes(const TrackRecord& track, const QString& target, Existing existing);
     bool AfterChunk(qint64 done);
     bool MayGoOn();
@@ -145,6 +146,9 @@ private:
     QString m_destRoot;
     /// The folder of the last track.
     QString m_enteredFolder;
+    /// As the plan names its folders, while they are known, and where they are.
+    std::optional<QStringList> m_folderNamesOfLast;
+    QStringList m_foldersOfLast;
     /// What a stop request has led to; SameTrack where the job goes on.
     Next m_stop = Next::SameTrack;
     /// Until when what is left of a stopped file may be removed.

@@ -28,18 +28,48 @@ CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
     while (next == Next::SameTrack) {
         next = CountTrack();
         if (next == Next::Step) {
-            next = MakeFolders(planned.Folders);
-        }
-        if (next == Next::Step) {
-            EnterFolder();
-            NameFile(planned);
-            next = PutFile(track);
+            next = PutTrack(planned);
         }
     }
     if (next == Next::Step) {
         CopiedBytes += track.FileSize;
         m_copying = {};
     }
+    return next;
+}
+
+/// Makes the folders of a track and puts its file there.
+CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
+    if (planned.Folders == m_folderNamesOfLast && planned.Track.FileSize <= LargeFileLimit) {
+        m_place.DestFolder = m_enteredFolder;
+        NameFile(planned);
+        bool isSettled = false;
+        const Next next = PutNewFile(planned.Track, isSettled);
+        if (isSettled || next != Next::Step) {
+            return next;
+        }
+    }
+    if (const Next next = MakeFolders(planned.Folders); next != Next::Step) {
+        return next;
+    }
+    EnterFolder();
+    m_folderNamesOfLast = planned.Folders;
+    NameFile(planned);
+    return PutFile(planned.Track);
+}
+
+/// Puts a file where the one before it went: mostly the folders are still there, and nothing has
+/// its name. `isSettled` is false where that is not so and there is more to be done.
+CopyJob::Next CopyJob::PutNewFile(const TrackRecord& track, bool& isSettled) {
+    const QString target = m_place.DestFolder + m_place.FileName;
+    bool isTaken = false;
+    bool isNew = true;
+    const auto copy = [&] {
+        isNew = true; // unless it is found out that it is not
+        isNew = m_files.CopyNewFile(m_foldersOfLast, track.Location, target, m_copying);
+    };
+    const Next next = CopyFile(track, Existing::Keep, copy, isTaken);
+    isSettled = isNew && !isTaken;
     return next;
 }
 
@@ -61,6 +91,8 @@ CopyJob::Next CopyJob::CountTrack() {
 
 CopyJob::Next CopyJob::MakeFolders(const QStringList& names) {
     m_place.DestFolder = m_destRoot;
+    m_folderNamesOfLast.reset();
+    m_foldersOfLast.clear();
     for (const QString& name : names) {
         if (const Next next = MakeFolder(name); next != Next::Step) {
             return next;
@@ -82,6 +114,7 @@ CopyJob::Next CopyJob::MakeFolder(const QString& name) {
     if (next != Next::Step) {
         return next;
     }
+    m_foldersOfLast += folder;
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;
 }
@@ -120,7 +153,8 @@ CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
             }
             existing = Existing::Replace;
         }
-        const Next next = CopyFile(track, target, existing, isTaken);
+        const Next next = CopyFile(
+            track, existing, [&] { CopyBytes(track, target, existing); }, isTaken);
         if (!isTaken) {
             return next;
         }
@@ -137,13 +171,17 @@ void CopyJob::AskToReplace(const QString& target) {
 }
 
 /// `isTaken` tells afterwards whether a file stands in the way that nobody was asked about.
-CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target, Existing existing,
+CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, const Event& copy,
                                 bool& isTaken) {
     m_fileSize = track.FileSize;
     const Next next = Step([&] {
         isTaken = false;
+        m_copying = {};
+        if (!m_ahead.isEmpty()) {
+            m_files.ReadAhead(std::exchange(m_ahead, QString()));
+        }
         try {
-            CopyBytes(track, target, existing);
+            copy();
         } catch (const RuntimeError& error) {
             isTaken = existing == Existing::Keep && error.Number == ErrorNumber::FileAlreadyExists;
             if (!isTaken) {
@@ -158,10 +196,6 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, const QString& target,
 }
 
 void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existing existing) {
-    m_copying = {};
-    if (!m_ahead.isEmpty()) {
-        m_files.ReadAhead(std::exchange(m_ahead, QString()));
-    }
     if (track.FileSize <= LargeFileLimit) {
         m_files.CopyFile(track.Location, target, existing, m_copying);
     } else {

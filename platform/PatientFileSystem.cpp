@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <mutex>
@@ -52,6 +53,17 @@ auto PatientFileSystem::Ask(Operation operation, const CopyControl& control) {
     const auto result = std::make_shared<decltype(operation())>();
     Wait([operation, result] { *result = operation(); }, control);
     return std::move(*result);
+}
+
+/// The result of an operation that may leave something beside its target when it is stopped.
+template <class Operation>
+bool PatientFileSystem::AskToCopy(Operation operation, const CopyControl& control) {
+    try {
+        return Ask(std::move(operation), control);
+    } catch (const OperationStopped&) {
+        Wait([control] { control.RemoveLeftover(); }, {});
+        throw;
+    }
 }
 
 /// An open file of the other service. What it is open by is closed by the worker.
@@ -133,14 +145,22 @@ void PatientFileSystem::DeleteFolder(const QString& path, const CopyControl& con
 
 bool PatientFileSystem::CopyFile(const QString& source, const QString& target, Existing existing,
                                  const CopyControl& control) {
-    try {
-        return Ask([files = m_files, source, target, existing,
-                    control] { return files->CopyFile(source, target, existing, control); },
-                   control);
-    } catch (const OperationStopped&) {
-        Wait([control] { control.RemoveLeftover(); }, {});
-        throw;
-    }
+    return AskToCopy([files = m_files, source, target, existing,
+                      control] { return files->CopyFile(source, target, existing, control); },
+                     control);
+}
+
+bool PatientFileSystem::CopyNewFile(const QStringList& folders, const QString& source,
+                                    const QString& target, const CopyControl& control) {
+    const auto copy = [files = m_files, folders, source, target, control] {
+        const auto isThere = [&files](const QString& folder) {
+            return files->FolderExists(folder);
+        };
+        return std::all_of(folders.begin(), folders.end(), isThere) &&
+               !files->WouldReplace(target) &&
+               files->CopyFile(source, target, Existing::Keep, control);
+    };
+    return AskToCopy(copy, control);
 }
 
 void PatientFileSystem::ReadAhead(const QString& path) {
@@ -153,14 +173,9 @@ void PatientFileSystem::RequireTarget(const QString& target, Existing existing) 
 
 bool PatientFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing,
                                  const CopyControl& control) {
-    try {
-        return Ask([files = m_files, moved = PatientFile::Of(file), target, existing,
-                    control] { return files->MoveFile(*moved, target, existing, control); },
-                   control);
-    } catch (const OperationStopped&) {
-        Wait([control] { control.RemoveLeftover(); }, {});
-        throw;
-    }
+    return AskToCopy([files = m_files, moved = PatientFile::Of(file), target, existing,
+                      control] { return files->MoveFile(*moved, target, existing, control); },
+                     control);
 }
 
 /// Nobody waits: whatever is done to the same folder afterwards is done behind it.

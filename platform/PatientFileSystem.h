@@ -3,6 +3,8 @@
 #include "platform/FileSystem.h"
 #include "platform/Worker.h"
 
+#include <QStringList>
+
 #include <functional>
 #include <memory>
 
@@ -35,6 +37,11 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
+    /// Copies a file that replaces nothing into one of `folders`, if they are all there and nothing
+    /// has its name; false if not. Asks all that in one go, since each wait for the worker costs
+    /// about a tenth of copying a small file.
+    bool CopyNewFile(const QStringList& folders, const QString& source, const QString& target,
+                     const CopyControl& control);
     void ReadAhead(const QString& path) override;
     void RequireTarget(const QString& target, Existing existing) override;
     bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
@@ -58,6 +65,8 @@ private:
     void Wait(std::function<void()> operation, const CopyControl& control);
     template <class Operation>
     auto Ask(Operation operation, const CopyControl& control = {});
+    template <class Operation>
+    bool AskToCopy(Operation operation, const CopyControl& control);
 
     std::shared_ptr<FileSystem> m_files;
     Worker& m_worker;
