@@ -8,9 +8,9 @@
 #include <vector>
 
 /// The controls of a window, as the rules of the program see them. Positions and sizes are in twips
-/// (1,440 to the inch), relative to the containing window or frame; rows are 0-based, and -1 is no
-/// row. A row, an entry or a tab that does not exist raises error 9. Events are the public
-/// functions; an unset event does nothing. A control that is disabled or not visible ignores the
+/// (1,440 to the inch), relative to the containing window or frame. Rows are 0-based, and -1 is no
+/// row; a row, an entry or a tab that does not exist raises error 9. Events are the public function
+/// objects; an unset event does nothing. A control that is disabled or not visible ignores the
 /// user, not the program.
 
 /// The mouse over a control. Positions are in twips from the control's top left corner.
@@ -26,7 +26,7 @@ struct MouseState {
 using Event = std::function<void()>;
 using MouseEvent = std::function<void(const MouseState&)>;
 
-/// Runs `event` if somebody listens to it.
+/// Calls `event` if it is set.
 inline void Raise(const Event& event) {
     if (event) {
         event();
@@ -57,7 +57,7 @@ public:
     virtual WindowHandle Handle() const = 0;
     virtual QString ToolTip() const = 0;
     virtual void SetToolTip(const QString& text) = 0;
-    /// Paints at once what has changed.
+    /// Paints pending changes at once.
     virtual void Refresh() = 0;
 };
 
@@ -66,15 +66,15 @@ struct ListRow {
     bool Ticked = false;
 };
 
-/// A list of rows with check boxes. A list that is not Visible repaints nothing, so bulk changes
-/// are bracketed by SetVisible.
+/// A list of rows with check boxes. While it is not Visible it repaints nothing, so bulk changes
+/// are enclosed in two calls of SetVisible.
 class ListControl : public Control {
 public:
     /// Raised by the user and by SetListIndex.
     Event Click;
     /// Raised with the row whose check has changed, by the user and by SetSelected; the new state
-    /// can be read already. A row the user ticks has become the current row before, and Click
-    /// follows.
+    /// can already be read. When the user ticks a row, that row has become the current one before,
+    /// and Click follows.
     std::function<void(int row)> ItemCheck;
     MouseEvent MouseMove;
     /// Raised before a left press makes its row current, and after a right press has done so.
@@ -86,14 +86,14 @@ public:
     virtual QString List(int row) const = 0;
     /// The current row.
     virtual int ListIndex() const = 0;
-    /// Makes a row current, -1 for none, and raises Click before it returns, even when the row was
+    /// Makes a row current (-1 for none) and raises Click before it returns, even when the row was
     /// current already.
     virtual void SetListIndex(int row) = 0;
     /// Whether the row is ticked.
     virtual bool Selected(int row) const = 0;
     /// Ticks or unticks a row; raises ItemCheck before it returns when that changes the row.
     virtual void SetSelected(int row, bool ticked) = 0;
-    /// Number of ticked rows, kept, not counted.
+    /// Number of ticked rows. Costs no counting.
     virtual int SelCount() const = 0;
 
     /// Removes all rows, and with them the current row. Raises nothing.
@@ -115,8 +115,9 @@ public:
     virtual void Clear() = 0;
     virtual void AddItem(const QString& text) = 0;
     virtual QString Text() const = 0;
-    /// Chooses the entry of that text and raises Click before it returns, even when it was chosen
-    /// already. Without such an entry none is chosen, the text is empty, and nothing is raised.
+    /// Chooses the entry with that text and raises Click before it returns, even when it was chosen
+    /// already. Without such an entry none is chosen, the text becomes empty, and nothing is
+    /// raised.
     virtual void SetText(const QString& text) = 0;
 };
 
@@ -139,7 +140,7 @@ class LabelControl : public Control {
 public:
     Event Click;
 
-    /// The text as set; "&" before a letter marks its access key, "&&" stands for "&".
+    /// The text as it was set; "&" before a letter marks its access key, "&&" stands for "&".
     virtual QString Caption() const = 0;
     virtual void SetCaption(const QString& caption) = 0;
     /// Takes the width that its caption needs.
@@ -194,11 +195,11 @@ public:
     virtual void Clear() = 0;
 };
 
-/// Why there is nothing to be shown in the lists: no iPod is connected, none of those that are is
-/// chosen, or the chosen one is empty.
+/// Why the lists have nothing to show: no iPod is connected, none of the connected ones is chosen,
+/// or the chosen one is empty.
 enum class NoDeviceReason { NoneConnected, NoneChosen, NoMusic };
 
-/// Tells, in the place of the lists, what to do while there is nothing to be shown in them.
+/// Says, in place of the lists, what to do while they have nothing to show.
 class NoDeviceControl : public Control {
 public:
     virtual void Tell(NoDeviceReason reason) = 0;
@@ -220,8 +221,8 @@ public:
 class PopupMenu {
 public:
     virtual ~PopupMenu() = default;
-    /// Opens the menu at a place in twips from the control's top left corner, where the mouse was
-    /// pressed or the row is that the menu key was pressed for. Returns before a choice is made.
+    /// Opens the menu at a place in twips from the control's top left corner: where the mouse was
+    /// pressed, or at the row for which the menu key was pressed. Returns before a choice is made.
     virtual void PopUp(const Control& control, double x, double y) = 0;
 };
 
@@ -242,13 +243,13 @@ public:
 /// Plays one file of music or video.
 class MediaPlayerControl : public Control {
 public:
-    /// Raised when the player has taken another size after SetSource: a slow device has told late
-    /// what the file holds.
+    /// Raised when the player changes its size after SetSource, because a slow device delivered
+    /// late what the file contains.
     Event SizeChanged;
 
     virtual QString Source() const = 0;
     /// Opens and plays the file of that path, and takes the size that suits it: the film's own size
-    /// (smaller where the screen is), or a small player for music. An empty path stops at once and
-    /// closes the file.
+    /// (or less, on a smaller screen), or that of a small player for music. An empty path stops at
+    /// once and closes the file.
     virtual void SetSource(const QString& path) = 0;
 };

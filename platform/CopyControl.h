@@ -7,34 +7,35 @@
 #include <memory>
 #include <mutex>
 
-/// What a long operation on files and the one who waits for it tell each other, on two threads. The
-/// copies of one of these speak of the same operation.
+/// How a long operation on files and its caller communicate, each on a thread of its own. Copies of
+/// one CopyControl refer to the same operation.
 class CopyControl {
 public:
-    /// Asks the operation to end with nothing left of it. No file gets its final name from now on;
-    /// where one is just getting it, that comes to its end.
+    /// Asks the operation to end and leave nothing behind. From now on no file gets its final name,
+    /// except one that is just getting it.
     void Stop() const { m_state->Flags |= Stopped; }
-    /// Bytes that are done so far.
+    /// Bytes done so far.
     qint64 BytesDone() const { return m_state->BytesDone; }
-    /// Removes what a stopped operation has left beside its target so far. The operation would do
-    /// it at its end, which may be far away where the device hangs; where the target's disk hangs,
-    /// it is left to do so. May take long itself.
+    /// Removes what a stopped operation has left beside its target so far. The operation itself
+    /// would do so at its end, but that may come late where the device hangs. While the operation
+    /// writes or places the file, the target's disk may be what hangs, so the removal is left to
+    /// the operation. May take long itself.
     void RemoveLeftover() const;
 
-    // ---- what the operation says and asks
+    // ---- for the operation
 
-    /// A block is going to be written, and was.
+    /// Enclose the writing of each block.
     void BeginWriting() const { m_state->Flags |= Writing; }
     void EndWriting() const { m_state->Flags &= ~Writing; }
     void AddBytes(qint64 bytes) const { m_state->BytesDone += bytes; }
     bool IsStopped() const { return (m_state->Flags & Stopped) != 0; }
-    /// All bytes are there, and the file is going to get its final name: false where it may not any
+    /// All bytes are there, and the file is about to get its final name. False when it must not any
     /// more.
     bool BeginPlacing() const;
-    /// It has not got its name after all.
+    /// The file has not got its final name after all.
     void EndPlacing() const { m_state->Flags &= ~Placing; }
-    /// How RemoveLeftover does it; null once nothing is left over. It is called on any thread, and
-    /// removes nothing that has the same name by then but is another operation's.
+    /// Sets what RemoveLeftover does; null once nothing is left over. `remove` may be called on any
+    /// thread, and must spare a file of the same name that belongs to another operation.
     void SetRemover(std::function<void()> remove) const;
 
 private:

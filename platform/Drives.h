@@ -11,8 +11,8 @@ struct Drive {
     QString Path;
 };
 
-/// The mounted drives. A drive may fail to answer (it is just being unplugged): then the question
-/// throws RuntimeError.
+/// The mounted drives. Where a drive does not answer (it is just being unplugged, say), the
+/// function throws RuntimeError.
 class DriveService {
 public:
     virtual ~DriveService() = default;

@@ -2,8 +2,8 @@
 
 #include <exception>
 
-/// Runs one step of what goes on with the next one whatever fails. A device may vanish at any
-/// moment, and the scan for devices and what it leads to do what they can.
+/// Runs one step and ignores its failure, so that the steps after it run too. A device may vanish
+/// at any moment; the scan for devices and the steps that follow from it do what is still possible.
 template <class Step>
 void IgnoringErrors(const Step& step) {
     try {

@@ -19,5 +19,5 @@ public:
                                MessageIcon icon) = 0;
 };
 
-/// Tells the user of a failure that there is no question about.
+/// Shows the user a failure that leaves nothing to decide.
 void ShowError(Messages& messages, const RuntimeError& error);

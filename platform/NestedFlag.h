@@ -2,12 +2,13 @@
 
 #include <utility>
 
-/// A flag that is set as long as one guard of it lives, so that code which sets it may call code
-/// that sets it again:
+/// A flag that is set while at least one of its guards lives, so that code which sets it may call
+/// code that sets it again:
 ///
 ///     const NestedFlag::Guard building = m_lists.Building.Set();
 ///
-/// QScopedValueRollback ends with its scope alone, and would let everybody write the flag.
+/// QScopedValueRollback cannot end before its scope does, and needs a flag that everybody can
+/// write.
 class NestedFlag {
 public:
     class [[nodiscard]] Guard {

@@ -9,7 +9,7 @@ namespace Paths {
 /// Whether `path` begins with a drive letter and a colon.
 bool IsDriveForm(const QString& path);
 
-/// What stands between the folders of `path`: "\" in drive form, "/" in native form.
+/// What separates the folders of `path`: "\" in drive form, "/" in native form.
 QChar Separator(const QString& path);
 
 /// `folder` with one separator added, unless it ends in one already.
@@ -22,10 +22,10 @@ QString Join(const QString& folder, const QString& name);
 /// root and for a bare name.
 QString ParentFolder(const QString& path);
 
-/// The last piece of `path`, behind its last separator.
+/// The last part of `path`, after its last separator.
 QString FileName(const QString& path);
 
-/// What stands behind the last dot of the path's file name; empty where there is no dot.
+/// The text after the last dot of the path's file name; empty where there is no dot.
 QString Extension(const QString& path);
 
 /// The drive part: `C:` in drive form, "/" in native form, empty where the text is neither.

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A file on its way to whoever asked for it, who may have gone meanwhile.
+/// A file on its way to the caller that opens it, who may have given up meanwhile.
 struct Delivery {
     std::mutex Mutex;
     bool IsUnwanted = false;
@@ -66,7 +66,7 @@ bool PatientFileSystem::AskToCopy(Operation operation, const CopyControl& contro
     }
 }
 
-/// An open file of the other service. What it is open by is closed by the worker.
+/// An open file of the other service. The worker closes it.
 class PatientFile : public BinaryFile {
 public:
     PatientFile(PatientFileSystem& owner, std::shared_ptr<BinaryFile> file)
@@ -75,7 +75,7 @@ public:
         try {
             m_owner.m_worker.DoLater([file = std::exchange(m_file, nullptr)] {});
         } catch (const std::exception&) {
-            // Memory is short; it is closed all the same.
+            // Memory has run out; the file is closed all the same.
             return;
         }
     }
@@ -85,7 +85,7 @@ public:
     }
 
     void Read(char* buffer, qint64 size) override {
-        // Kept for the next block: a new one costs more than what is read into it.
+        // Kept for the next block: allocating a new buffer costs more than reading a block into it.
         if (m_bytes == nullptr || m_bytes->size() < size) {
             m_bytes = std::make_shared<QByteArray>(size, Qt::Uninitialized);
         }
@@ -111,7 +111,7 @@ public:
 private:
     PatientFileSystem& m_owner;
     std::shared_ptr<BinaryFile> m_file;
-    /// Shared with a reading that was left alone.
+    /// Shared with a read that was given up.
     std::shared_ptr<QByteArray> m_bytes;
 };
 
@@ -178,7 +178,7 @@ bool PatientFileSystem::MoveFile(BinaryFile& file, const QString& target, Existi
                      control);
 }
 
-/// Nobody waits: whatever is done to the same folder afterwards is done behind it.
+/// Nobody waits for it: later operations on the same folder follow on the same worker.
 void PatientFileSystem::DeleteFile(BinaryFile& file) {
     m_worker.DoLater(
         [files = m_files, deleted = PatientFile::Of(file)] { files->DeleteFile(*deleted); });
@@ -209,7 +209,7 @@ std::unique_ptr<BinaryFile> PatientFileSystem::OpenForReadingAndWriting(const QS
             return;
         }
         lock.unlock();
-        files->DeleteFile(*file); // it was made just now
+        files->DeleteFile(*file); // it was created just now, for a caller that has gone
     };
     try {
         Wait(open, {});

@@ -8,25 +8,25 @@
 #include <functional>
 #include <memory>
 
-/// What an operation throws that MayGoOn has stopped. Nothing has failed and nobody is to be asked,
-/// and so it is no std::exception.
+/// Thrown by an operation that MayGoOn has stopped. Nothing has failed and there is nothing to
+/// report, so it is not a std::exception.
 struct OperationStopped {};
 
-/// The files of another service, for work that the user can stop at any moment: each operation is
-/// done by a worker, while the caller's thread looks after the window. One that does not come back
-/// is left alone; what it still does when it comes back harms nothing.
+/// The files of another service, for work that the user can stop at any moment: a worker does each
+/// operation, while the caller's thread keeps the window alive. An operation that does not return
+/// is given up; what it still does if it returns later is harmless.
 class PatientFileSystem : public FileSystem {
 public:
-    /// `ahead` reads files ahead while `worker` does everything else.
+    /// `ahead` reads files ahead; `worker` does everything else.
     PatientFileSystem(FileSystem& files, Worker& worker, Worker& ahead)
         : m_files(KeptAlive(files)), m_worker(worker), m_ahead(ahead) {}
 
-    /// Called about every 10 milliseconds as long as an operation lasts; false stops it. Null where
-    /// nobody waits: the operations are done on the caller's thread then.
+    /// Called about every 10 milliseconds while an operation lasts; false stops it. Without it,
+    /// operations are done on the caller's thread.
     std::function<bool()> MayGoOn;
 
-    /// Does something with the other service's files like an operation of its own. It must own all
-    /// it uses.
+    /// Runs `operation` on the other service's files like one of its own operations. It must own
+    /// everything that it uses.
     void Do(std::function<void(FileSystem&)> operation);
 
     bool FileExists(const QString& path) override;
@@ -60,8 +60,8 @@ public:
 private:
     friend class PatientFile;
 
-    /// Does `operation`, which owns all it uses, and waits for it. Throws OperationStopped where it
-    /// was stopped, be it that it came to its end all the same.
+    /// Runs `operation`, which must own everything that it uses, and waits for it. Throws
+    /// OperationStopped when it was stopped, even if it still reached its end.
     void Wait(std::function<void()> operation, const CopyControl& control);
     template <class Operation>
     auto Ask(Operation operation, const CopyControl& control = {});

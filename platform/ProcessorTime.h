@@ -1,5 +1,5 @@
 #pragma once
 
-/// Processor time that the calling thread has used so far, in seconds. Other threads, such as those
-/// of a preview that plays, do not count, nor does waiting for a device.
+/// Processor time that the calling thread has used so far, in seconds. Neither other threads, such
+/// as those of a playing preview, nor waiting for a device count.
 double ThreadProcessorSeconds();

@@ -4,8 +4,8 @@
 
 #include <exception>
 
-/// The numbers a failing step can raise. SQLite's failures carry SQLite's own result codes, which
-/// are none of these.
+/// The numbers of the failures. Failures of SQLite carry SQLite's own result codes instead, none of
+/// which is listed here.
 enum class ErrorNumber : int {
     InvalidProcedureCall = 5,
     Overflow = 6,
@@ -23,19 +23,19 @@ enum class ErrorNumber : int {
     PathNotFound = 76
 };
 
-/// What a failing step throws: a number that its callers decide by, and a text for the user.
+/// What a failing step throws: a number for code that decides by it, and a text for the user.
 struct RuntimeError : std::exception {
     ErrorNumber Number;
     QString Description;
 
-    /// An error of one of the numbers above, with its fixed text. Takes no memory, of which there
-    /// may be none.
+    /// An error with one of the numbers above and its fixed text. Allocates nothing, since memory
+    /// may have run out.
     explicit RuntimeError(ErrorNumber number);
     RuntimeError(ErrorNumber number, const QString& description);
 
-    /// Only for those who do not know this type; the others read the description.
+    /// Only for code that does not know this type; all other code reads the description.
     const char* what() const noexcept override { return "RuntimeError"; }
 };
 
-/// The error that an exception stands for.
+/// The exception as a RuntimeError.
 RuntimeError ErrorOf(const std::exception& exception);

@@ -2,12 +2,12 @@
 
 #include <utility>
 
-/// Does what must be done when its scope is left, be it by an exception:
+/// Runs an action when its scope is left, also by an exception:
 ///
 ///     m_state.Building = true;
 ///     ScopeGuard building([this] { m_state.Building = false; });
 ///
-/// QScopeGuard would end the program where the action fails, and cannot be run early.
+/// QScopeGuard would end the program when the action throws, and cannot be run early.
 template <class Action>
 class ScopeGuard {
 public:
@@ -20,19 +20,19 @@ public:
             try {
                 m_action();
             } catch (...) {
-                // The user is told of the failure that ended the scope; this one follows from it.
+                // The user learns of the failure that ended the scope; this one follows from it.
                 return;
             }
         }
     }
 
-    /// Does it now. Where that fails, the end of the scope tries once more.
+    /// Runs the action now. If it throws, it is run once more at the end of the scope.
     void Run() {
         m_action();
         m_armed = false;
     }
 
-    /// There is nothing to do any more.
+    /// The action will not be run.
     void Dismiss() { m_armed = false; }
 
 private:

@@ -7,12 +7,13 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// Where the user finds it.
+    /// Where the user can find the settings.
     virtual QString Name() const = 0;
 
     virtual QString Read(const QString& key, const QString& defaultValue) = 0;
-    /// Sets a value, for good once Flush has kept it.
+    /// Sets a value, which is saved by Flush.
     virtual void Write(const QString& key, const QString& value) = 0;
-    /// Keeps all that was written. False when it cannot; then the store is as it was.
+    /// Saves all values that were written. False when that fails; the saved settings are then
+    /// unchanged.
     virtual bool Flush() = 0;
 };

@@ -13,9 +13,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Often enough that a window which is looked after in between never seems to hang.
+/// Short enough that a window which is served between two calls never seems to hang.
 constexpr auto BetweenCalls = 10ms;
-/// Work that heeds a stop ends sooner. The window waits so long, and must still seem to answer.
+/// Work that obeys a stop ends sooner. The window is not served meanwhile, so it must be too short
+/// to notice.
 constexpr auto MomentToEnd = 80ms;
 
 } // namespace
@@ -31,14 +32,14 @@ struct ThreadWorker::Queue {
     std::condition_variable HasWork;
     std::condition_variable HasEnded;
     std::deque<std::shared_ptr<Job>> Jobs;
-    /// Nothing will be added any more.
+    /// No more work will be added.
     bool IsClosed = false;
     bool ThreadHasEnded = false;
 
     void Run();
 };
 
-/// The thread: does one job after the other until the queue is closed and empty.
+/// Runs on the thread: does one job after the other until the queue is closed and empty.
 void ThreadWorker::Queue::Run() {
     std::unique_lock lock(Mutex);
     while (true) {
@@ -54,7 +55,7 @@ void ThreadWorker::Queue::Run() {
         } catch (...) {
             job->Failure = std::current_exception();
         }
-        // Here, since letting go of what the work holds (a file, say) can take long as well.
+        // On this thread, since releasing what the work holds (a file, say) can take long as well.
         job->Work = nullptr;
         lock.lock();
         job->IsDone = true;
@@ -119,7 +120,7 @@ void ThreadWorker::Start(std::shared_ptr<Job> job) {
     m_queue->HasWork.notify_all();
 }
 
-/// Leaves the thread to what it hangs in; it ends once that comes back.
+/// Leaves the thread to the work that hangs; it ends once that returns.
 void ThreadWorker::GiveUp() {
     {
         const std::lock_guard lock(m_queue->Mutex);

@@ -6,13 +6,13 @@
 #include <thread>
 
 /// A Worker with one thread, started when it is first needed. Work that was given up keeps the
-/// thread, and the next work gets a new one.
+/// thread, and later work gets a new one.
 class ThreadWorker : public Worker {
 public:
     ThreadWorker() = default;
     ThreadWorker(const ThreadWorker&) = delete;
     ThreadWorker& operator=(const ThreadWorker&) = delete;
-    /// Waits a moment for what is still being done, then leaves it to itself.
+    /// Waits a moment for work that is still going on, then leaves it to its thread.
     ~ThreadWorker() override;
 
     bool Do(std::function<void()> work, const std::function<bool()>& mayGoOn) override;
@@ -25,7 +25,7 @@ private:
     void Start(std::shared_ptr<Job> job);
     void GiveUp();
 
-    /// Shared with the thread, which outlives this object where it hangs.
+    /// Shared with the thread, which outlives this object if it hangs.
     std::shared_ptr<Queue> m_queue;
     std::thread m_thread;
 };

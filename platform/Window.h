@@ -8,11 +8,11 @@
 
 enum class WindowState { Normal, Minimized, Maximized };
 enum class MousePointer { Default, Hourglass };
-/// Who wants a window closed.
+/// Who asked for a window to close.
 enum class UnloadMode { User, Program };
 
-/// A top-level window, in twips. Its position is that of the frame's corner; its size is that of
-/// the inside, which is the program's own: border and title bar are the desktop's.
+/// A top-level window, in twips. Its position is that of the frame's corner. Its size is that of
+/// the inside, which belongs to the program; border and title bar belong to the desktop.
 class Window {
 public:
     virtual ~Window() = default;
@@ -44,12 +44,12 @@ public:
     /// Shows the window over the others and waits until it is closed.
     virtual void ShowModal() = 0;
     virtual void Hide() = 0;
-    /// Closes the window for the program (UnloadMode::Program).
+    /// Closes the window on behalf of the program (UnloadMode::Program).
     virtual void Unload() = 0;
 
-    /// Paints at once what has changed.
+    /// Paints pending changes at once.
     virtual void Refresh() = 0;
     virtual void SetMousePointer(MousePointer pointer) = 0;
-    /// Width of a text in the window's own font.
+    /// Width of a text in the window's font.
     virtual double TextWidth(const QString& text) = 0;
 };

@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// Names a window or a control to the window manager; 0 names none.
+/// Identifies a window or a control; 0 stands for none.
 using WindowHandle = quintptr;
 
 /// A part of the desktop, in twips.
@@ -22,9 +22,9 @@ public:
     /// The control that has the keyboard focus, 0 when none has.
     virtual WindowHandle GetFocus() = 0;
 
-    /// The primary screen without what the desktop keeps for its bars.
+    /// The primary screen without the desktop's panels.
     virtual ScreenArea WorkArea() = 0;
-    /// What all screens together reach over.
+    /// The rectangle around all screens.
     virtual ScreenArea AllScreens() = 0;
     virtual double TwipsPerPixelX() = 0;
     virtual double TwipsPerPixelY() = 0;
