@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Its darker shade, which becomes the outline, is a middle grey.
+/// The style outlines boxes in a darker shade of it, a middle grey.
 constexpr QRgb LightGrey = qRgb(170, 170, 170);
 constexpr double ContrastOfText = 4.5;
 

@@ -2,12 +2,14 @@
 
 #include <QPalette>
 
-/// `palette` such that empty check boxes are seen: the style outlines them in a shade darker than
-/// the window, which on a dark desktop nobody sees, and on a light one not everybody.
+/// `palette`, changed so that empty check boxes can be seen: the style outlines them in a shade
+/// darker than the window, which nobody can see on a dark desktop, and not everybody on a light
+/// one.
 QPalette WithVisibleBoxes(QPalette palette);
 
-/// How much two colours differ for the eye, from 1 to 21: a text shall have 4.5, a sign 3.
+/// The contrast ratio of two colours, from 1 to 21. A text should have 4.5, a sign 3.
 double Contrast(const QColor& one, const QColor& other);
 
-/// `palette` such that selected text stands out from its ground, which becomes darker or lighter.
+/// `palette`, changed so that selected text stands out from its background, which becomes darker or
+/// lighter.
 QPalette WithReadableSelection(QPalette palette);

@@ -10,7 +10,7 @@ namespace {
 int works = 0;
 int questions = 0;
 
-/// Adds to one of the numbers, and shows the pointer that belongs to both.
+/// Adds `change` to one of the two counters, and shows the pointer that follows from both.
 void Count(int& number, int change) {
     const auto isShown = [] { return works > 0 && questions == 0; };
     const bool wasShown = isShown();

@@ -1,16 +1,17 @@
 #pragma once
 
-/// The pointer that tells that the program works. It is the whole program's, and is lifted while
-/// the user is asked something: an arrow on Qt's stack of pointers would hide those of the
-/// question's own boxes, and be taken away in place of the hourglass when work ends meanwhile.
+/// The pointer that shows that the program is busy. It applies to the whole program, and is taken
+/// away while the user is asked something. An arrow on top of it, on Qt's stack of pointers, would
+/// hide the pointers of the question's own text boxes, and would be removed instead of the
+/// hourglass when work ends meanwhile.
 namespace BusyPointer {
 
-/// Work begins, which may be within other work.
+/// Work begins. Calls may be nested.
 void Begin();
-/// Work that has begun ends.
+/// Work ends.
 void End();
 
-/// Gives the user the usual pointer as long as it lives; work that goes on has its own back then.
+/// Shows the usual pointer while it lives; afterwards work that still goes on has its pointer back.
 class Lifted {
 public:
     Lifted();

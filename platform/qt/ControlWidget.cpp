@@ -13,7 +13,7 @@ namespace ControlWidget {
 
 namespace {
 
-/// Marks a control's widget, and tells whether the control may count as focused.
+/// The property that marks a control's widget and says whether the control may count as focused.
 constexpr const char* MayHaveFocus = "songliftMayHaveFocus";
 
 /// Shows the tool tips of the widgets that it watches.
@@ -25,7 +25,7 @@ protected:
         }
         auto* widget = qobject_cast<QWidget*>(watched);
         if (widget == nullptr || qobject_cast<QTabBar*>(widget) != nullptr) {
-            return false; // each tab has its own
+            return false; // each tab has its own tool tip
         }
         const QPoint position = static_cast<QHelpEvent*>(event)->globalPos();
         QToolTip::showText(position, ShownText::ToolTip(widget->toolTip()), widget);

@@ -11,13 +11,13 @@
 namespace {
 
 constexpr int MostRows = 8;
-/// More than anybody reads; in a folder of many thousands the rest is not worth the wait.
+/// More than anybody reads. In a folder with many thousands, the rest is not worth the wait.
 constexpr int MostNames = 5000;
 
-/// The names of the folders in a folder, in order; none for what is no absolute path.
+/// The names of the folders in `folder`, in order; empty where that is not an absolute path.
 QStringList FoldersIn(const QString& folder) {
     QStringList names;
-    // What begins with ":" would be one of the program's own resources.
+    // A path that begins with ":" would name one of the program's own resources.
     if (folder.startsWith(QLatin1Char(':')) || !QDir::isAbsolutePath(folder)) {
         return names;
     }
@@ -45,14 +45,14 @@ void FolderOffers::Offer() {
     m_typed = m_box->text();
     const QStringList names = Matching(m_typed);
     if (names.isEmpty() || !m_box->hasFocus()) {
-        Hide(); // the names stay known, so that the keys of a new name do not read the folder again
+        Hide(); // keeps the names, so that typing on does not read the folder again at each key
     } else {
         Open(names);
     }
 }
 
-/// The folders that the path may go on with: none where it is complete, and hidden ones only when
-/// asked for.
+/// The folders that may follow in the path. Hidden ones count only once their dot is typed, and a
+/// name that is complete and the only one is not offered.
 QStringList FolderOffers::Matching(const QString& text) {
     const qsizetype end = text.lastIndexOf(QDir::separator()) + 1;
     const QString folder = text.left(end);
@@ -97,7 +97,7 @@ void FolderOffers::Open(const QStringList& names) {
     m_list->raise();
 }
 
-/// Above or below the box, where there is more room.
+/// Places the list above or below the box, where there is more room.
 void FolderOffers::Place() {
     const QWidget* window = m_box->window();
     const QPoint corner = m_box->mapTo(window, QPoint(0, 0));
@@ -110,7 +110,7 @@ void FolderOffers::Place() {
 }
 
 void FolderOffers::Close() {
-    // What is known may be out of date when the user types again.
+    // By the time the user types again, the names may be out of date.
     m_folder.clear();
     m_names.clear();
     Hide();
@@ -133,7 +133,7 @@ bool FolderOffers::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-/// Whether the user turns away from the list, or the window below it changes.
+/// Whether the user turns away from the list, or the window under it changes its size.
 bool FolderOffers::ReachesElsewhere(const QObject* watched, const QEvent& event) const {
     switch (event.type()) {
     case QEvent::FocusOut:
@@ -149,7 +149,7 @@ bool FolderOffers::ReachesElsewhere(const QObject* watched, const QEvent& event)
     }
 }
 
-/// Whether a key in the box was meant for the open list.
+/// Handles a key in the box while the list is open. False when the box is to have the key.
 bool FolderOffers::TakesKey(int key) {
     const bool isChosen = m_list->currentRow() != -1;
     switch (key) {
@@ -172,7 +172,7 @@ bool FolderOffers::TakesKey(int key) {
     }
 }
 
-/// To the next row, and over the ends by way of what was typed.
+/// Moves by one row. Between the last row and the first one comes the text as it was typed.
 void FolderOffers::Step(int by) {
     const int stops = m_list->count() + 1;
     const int row = (m_list->currentRow() + 1 + by + stops) % stops - 1;

@@ -4,10 +4,10 @@
 #include <QListWidget>
 #include <QPointer>
 
-/// Offers, while the user types a path into a box, the folders that it may go on with. The list is
-/// a part of the window and takes neither the focus nor the mouse: keys stay with the box, a click
-/// elsewhere arrives there, and what stands in the box is what counts. QCompleter's list is a
-/// window that grabs both, and its QFileSystemModel fills it late. Goes with the box.
+/// Offers, while the user types a path into a box, the folders that may come next. The list is a
+/// part of the window and takes neither the focus nor the mouse: keys go to the box, a click
+/// elsewhere has its usual effect, and only what is in the box counts. QCompleter's list is a
+/// window that grabs both, and its QFileSystemModel fills it late. Deleted together with the box.
 class FolderOffers : public QObject {
 public:
     explicit FolderOffers(QLineEdit* box);
@@ -18,11 +18,11 @@ protected:
 
 private:
     QLineEdit* m_box;
-    /// Made when the first folder is offered.
+    /// Created when the first folder is offered.
     QPointer<QListWidget> m_list;
     /// What the user has typed, which Escape brings back.
     QString m_typed;
-    /// The folder whose folders are known, up to its last separator, and their names.
+    /// The folder whose subfolders are known, up to its last separator, and their names.
     QString m_folder;
     QStringList m_names;
 

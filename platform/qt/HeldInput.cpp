@@ -13,7 +13,8 @@ namespace {
 bool now = false;
 QPointer<QWidget> closing;
 
-/// Keys and buttons that go up pass: what was pressed before must not seem to stay so.
+/// Releases of keys and buttons pass, so that what was pressed before does not seem to be still
+/// held.
 bool IsInput(QEvent::Type type) {
     switch (type) {
     case QEvent::MouseButtonPress:
@@ -57,7 +58,7 @@ bool ProcessEvents() {
     if (closing == nullptr) {
         return true;
     }
-    // Not at once: the work that waits here ends first.
+    // Queued, so that the work in which this was called ends first.
     QMetaObject::invokeMethod(
         closing, [window = closing.data()] { window->close(); }, Qt::QueuedConnection);
     closing.clear();

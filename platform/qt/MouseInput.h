@@ -4,17 +4,17 @@
 
 #include <QMouseEvent>
 
-/// What the mouse did, as a control's listeners hear it. `position` is in pixels from the control's
+/// Mouse events as the controls' events pass them on. `position` is in pixels from the control's
 /// top left corner.
 namespace MouseInput {
 
-/// A press or release: the button that caused it.
+/// A press or release, with the button that caused it.
 MouseState OfButton(const QMouseEvent& event, QPointF position);
 
-/// A move: the buttons that are down.
+/// A move, with the buttons that are down.
 MouseState OfMove(const QMouseEvent& event, QPointF position);
 
-/// The right button, for the keys that stand for it.
+/// A press of the right button, for the keys that mean the same.
 MouseState OfMenuKey(QPointF position);
 
 } // namespace MouseInput

@@ -11,7 +11,8 @@ public:
     bool IsPrimary = false;
 
 protected:
-    /// A primary button is painted here: the styles would pale the colour under its caption.
+    /// A primary button is painted here, because the styles would make the colour under its caption
+    /// paler.
     void paintEvent(QPaintEvent* event) override {
         if (!IsPrimary || !isEnabled()) {
             QPushButton::paintEvent(event);
@@ -36,7 +37,7 @@ protected:
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        // Enter presses the button that has the focus, whichever is the default one.
+        // Enter presses the button that has the focus, even when another one is the default button.
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
             event->accept();
             if (!event->isAutoRepeat()) {
@@ -48,7 +49,7 @@ protected:
     }
 
 private:
-    /// Under the mouse it moves away from its caption's shade, and further when it is pressed.
+    /// Under the mouse, the colour moves away from that of the caption; while pressed, further.
     static QColor PrimaryGround(const QStyleOptionButton& option) {
         const QColor ground = option.palette.color(QPalette::Highlight);
         const bool isDark =

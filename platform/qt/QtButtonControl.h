@@ -12,11 +12,12 @@ public:
     QString Caption() const override { return Widget()->text(); }
     void SetCaption(const QString& caption) override { Widget()->setText(caption); }
     bool Default() const override { return Widget()->isDefault(); }
-    /// There is one default button in a window: the last one set.
+    /// Makes it the window's default button, which replaces the one before, or no default button
+    /// any more.
     void SetDefault(bool isDefault) override;
 
-    /// Makes it look like the one button of its window that matters. Unlike the default button, it
-    /// is pressed by nothing else than before.
+    /// Makes it look like the most important button of its window. Unlike SetDefault, this does not
+    /// change what presses it.
     void MakePrimary();
 
 private:

@@ -18,7 +18,7 @@ public:
     }
 
 protected:
-    /// The styles would cut off what does not fit, in the middle of a letter.
+    /// The styles would cut off a text that does not fit, in the middle of a letter.
     void paintEvent(QPaintEvent*) override {
         QStyleOptionComboBox option;
         initStyleOption(&option);
@@ -36,7 +36,7 @@ protected:
     }
 
     void wheelEvent(QWheelEvent* event) override {
-        // A turn of the wheel on its way elsewhere must not choose another entry.
+        // Turning the wheel while the pointer passes over the box must not choose another entry.
         event->ignore();
     }
 };
@@ -60,7 +60,7 @@ QString QtComboControl::List(int index) const {
 void QtComboControl::AddItem(const QString& text) {
     const int chosen = Widget()->currentIndex();
     Widget()->addItem(text);
-    // The widget chooses the first entry of an empty list by itself.
+    // On its own, the widget would choose the first entry that is added to an empty list.
     Widget()->setCurrentIndex(chosen);
 }
 

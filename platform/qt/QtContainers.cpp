@@ -9,7 +9,8 @@ constexpr int RoomAboveCaption = 6;
 constexpr int RoomBelowCaption = 12;
 constexpr int RoomBesideCaption = 8;
 
-/// Frames begin where the control above them ends, and their captions would touch it.
+/// Adds room above the caption: frames begin where the control above them ends, and their captions
+/// would touch it.
 class SpacedFrame : public QGroupBox {
 public:
     using QGroupBox::QGroupBox;

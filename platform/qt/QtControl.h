@@ -7,12 +7,12 @@
 
 #include <QPointer>
 
-/// A control that is shown by a widget: what all controls have in common. The control and the
-/// widget's parent both may go first; whoever does takes the widget along.
+/// The common part of all controls that are shown by a widget. The control and the widget's parent
+/// may be deleted in either order; the first one deletes the widget.
 template <class Interface, class WidgetType>
 class QtControl : public Interface {
 public:
-    /// Takes over `widget`, with the size that suits it.
+    /// Takes over `widget`, at the size that suits it.
     QtControl(WidgetType* widget, const QString& name) : m_widget(widget) {
         ControlWidget::Adopt(*widget, name);
         const QSize size = widget->sizeHint().expandedTo(QSize(0, 0));
@@ -24,7 +24,7 @@ public:
     QtControl(const QtControl&) = delete;
     QtControl& operator=(const QtControl&) = delete;
 
-    /// For what the window's builder sets once: accessible names, tab order, parents of others.
+    /// For settings that the window's builder makes once: accessible names, tab order, parents.
     WidgetType* Widget() const { return m_widget; }
 
     bool Enabled() const override { return m_enabled; }

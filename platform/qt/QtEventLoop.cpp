@@ -21,7 +21,8 @@ bool QtEventLoop::YieldHoldingInput() {
 }
 
 bool QtEventLoop::IsDue() const {
-    // Asking costs more than a small file does, and nobody acts a hundred times a second.
+    // Handling events costs more than copying a small file, and nobody acts a hundred times a
+    // second.
     constexpr qint64 pauseMilliseconds = 10;
     return !m_sinceYield.isValid() || m_sinceYield.elapsed() >= pauseMilliseconds;
 }

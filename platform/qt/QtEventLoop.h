@@ -8,7 +8,7 @@
 class QtEventLoop : public EventLoop {
 public:
     void BeginWork() override { m_sinceYield.start(); }
-    /// Asks the system about every 10 ms; calls in between do nothing.
+    /// Handles events about every 10 ms; calls in between do nothing.
     void Yield() override;
     bool YieldHoldingInput() override;
 

@@ -8,28 +8,29 @@
 #include <exception>
 #include <functional>
 
-/// Keeps exceptions out of Qt's frames, which may not be left in this way: what handlers throw ends
-/// where the control raises its event, before the frames of Qt that have led there.
+/// Keeps exceptions from passing through Qt's stack frames, which Qt does not allow: an exception
+/// of a handler is caught where the control raises its event, before it reaches the frames of Qt
+/// below.
 namespace QtFrames {
 
-/// Tells what a handler has failed with. While nobody does, failures pass on.
+/// Sets who reports the failures of handlers. Without anybody, failures pass on.
 void SetTeller(std::function<void(const std::exception&)> teller);
 
 namespace Internal {
 
-/// Keeps a failure for the call of the program that is under way; null when there is none.
+/// Where to keep a failure for the Call that is under way; null when there is none.
 inline std::exception_ptr* KeptForCaller = nullptr;
 
 void Tell(const std::exception& failure);
 
 } // namespace Internal
 
-/// Does what Qt has called for, which raises events, at any time: for what the desktop asks of a
-/// window. What fails there is told; during a Call it is the caller's.
+/// Runs code that Qt has called and that raises events, even while input is held: for what the
+/// desktop asks of a window. A failure is reported or, during a Call, passed on to its caller.
 template <class Work>
 void HandleAlways(const Work& work) {
     std::exception_ptr* const kept = Internal::KeptForCaller;
-    // The work may let other events in, which have nothing to do with that call.
+    // The work may let other events in, which have nothing to do with the Call under way.
     const QScopedValueRollback<std::exception_ptr*> apart(Internal::KeptForCaller, nullptr);
     try {
         work();
@@ -42,7 +43,7 @@ void HandleAlways(const Work& work) {
     }
 }
 
-/// Does the same, but not while input is held.
+/// The same, but does nothing while input is held.
 template <class Work>
 void Handle(const Work& work) {
     if (!HeldInput::IsNow()) {
@@ -50,7 +51,7 @@ void Handle(const Work& work) {
     }
 }
 
-/// Raises an event that Qt has called for.
+/// Raises an event from code that Qt has called.
 inline void Raise(const Event& event) {
     Handle([&event] { ::Raise(event); });
 }
@@ -61,8 +62,8 @@ inline void Raise(const MouseEvent& event, const MouseState& mouse) {
     }
 }
 
-/// Lets Qt do, for the program, what may raise events on the way. The first failure of their
-/// handlers is thrown here, once Qt is done.
+/// Runs `work`, which calls Qt for the program and may raise events on the way. The first failure
+/// of their handlers is thrown here, once Qt has returned.
 template <class Work>
 void Call(const Work& work) {
     std::exception_ptr failure;

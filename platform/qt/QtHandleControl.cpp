@@ -21,7 +21,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override {
         event->accept();
         if (m_held && event->buttons() == Qt::NoButton) {
-            Release(*event); // a message opened over the drag, and the release went there
+            Release(*event); // a message opened during the drag, and got the release
         }
         Moved(MouseInput::OfMove(*event, event->position()));
     }
@@ -41,7 +41,7 @@ private:
 
 namespace {
 
-/// Passes the mouse on to whoever listens by then.
+/// Passes the mouse on to the listener that is set when an event occurs.
 MouseEvent PassOn(const MouseEvent& listener) {
     return [&listener](const MouseState& mouse) { QtFrames::Raise(listener, mouse); };
 }

@@ -2,7 +2,7 @@
 
 #include "platform/qt/QtControl.h"
 
-/// A splitter bar. It keeps the mouse from a press to the release, wherever the pointer goes.
+/// A splitter bar. It has the mouse from a press until the release, wherever the pointer moves.
 class QtHandleControl : public QtControl<HandleControl, QWidget> {
 public:
     QtHandleControl(QWidget* parent, const QString& name);

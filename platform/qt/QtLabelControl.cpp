@@ -29,7 +29,7 @@ QtLabelControl::QtLabelControl(ClickLabel* label, const QString& name, const QSt
     : QtControl(label, name) {
     label->Clicked = [this] { QtFrames::Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
-    // An empty label may ask for less height than any text.
+    // An empty label may need less height than one with a text.
     Widget()->setText(QStringLiteral("X"));
     SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
     Widget()->clear();
@@ -42,7 +42,7 @@ void QtLabelControl::SetCaption(const QString& caption) {
         return;
     }
     m_caption = caption;
-    // No label here leads to a neighbour, so there is no access key to show.
+    // None of these labels moves the focus to a neighbour, so no access key is shown.
     QString text = ShownText::WithoutAccessKeys(caption);
     QString line;
     if (m_longest > 0) {
@@ -54,7 +54,7 @@ void QtLabelControl::SetCaption(const QString& caption) {
     }
     const QString shown = ShownText::InReadingOrder(line);
     Widget()->setText(shown);
-    // Marks of order, and what is left out, are for the eye alone.
+    // Marks of reading order and omissions are only for the eye; screen readers get the full text.
     Widget()->setAccessibleName(shown != text ? text : QString());
 }
 

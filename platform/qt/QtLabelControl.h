@@ -13,8 +13,8 @@ public:
     void SetCaption(const QString& caption) override;
     void SizeToCaption() override;
 
-    /// Captions that are wider from now on are painted without the middle of the path that they
-    /// quote; the tool tip and screen readers have them whole.
+    /// From now on, wider captions are painted without the middle of the path that they quote; the
+    /// tool tip and screen readers have all of it.
     void LimitWidth(double width) { m_longest = width; }
 
 private:
@@ -22,7 +22,7 @@ private:
 
     QtLabelControl(ClickLabel* label, const QString& name, const QString& caption);
 
-    /// In twips, 0 without a limit.
+    /// In twips; 0 for no limit.
     double m_longest = 0;
     QString m_caption;
 };

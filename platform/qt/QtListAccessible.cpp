@@ -4,7 +4,7 @@
 
 namespace {
 
-/// One row. It is not valid any more once the list has been filled anew.
+/// One row. It becomes invalid once the list is filled again.
 class RowAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     RowAccessible(QtListView* view, int row)

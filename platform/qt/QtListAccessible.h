@@ -7,8 +7,8 @@
 
 #include <unordered_map>
 
-/// A list as screen readers see it: its rows are check boxes, since those are spoken with their
-/// state, while the desktop's bridge tells of no list item that it can be checked.
+/// A list as screen readers see it. Its rows are check boxes, whose state is spoken, while the
+/// desktop's bridge does not report that a list item can be checked.
 class QtListAccessible : public QAccessibleWidget {
 public:
     explicit QtListAccessible(QtListView* view);
@@ -16,7 +16,7 @@ public:
     QtListAccessible(const QtListAccessible&) = delete;
     QtListAccessible& operator=(const QtListAccessible&) = delete;
 
-    /// Lets every QtListView be seen in this way.
+    /// Makes screen readers see every QtListView in this way.
     static void Install();
 
     int childCount() const override;
@@ -27,7 +27,7 @@ public:
 
 private:
     QPointer<QtListView> m_view;
-    /// The rows that were asked for, as long as they stand in the list.
+    /// The rows that were asked for, until the list is filled again.
     mutable std::unordered_map<int, QAccessible::Id> m_rows;
     mutable int m_fillings = 0;
 

@@ -9,7 +9,8 @@ QtListControl::QtListControl(QWidget* parent, const QString& name)
 }
 
 QtListControl::~QtListControl() {
-    // The view goes before the model does, or finds itself without rows and says so.
+    // The view is deleted before the model. Otherwise it would lose its rows first, and report
+    // that.
     delete Widget();
 }
 
@@ -101,7 +102,7 @@ void QtListControl::Fill(std::vector<ListRow> rows) {
 void QtListControl::UserPressed(int row, bool onCheckBox) {
     const bool moves = row != ListIndex();
     m_view->MakeCurrent(row, false);
-    // On the check box of the current row, Click follows the tick.
+    // On the check box of the current row, Click comes later, after the tick.
     if (moves || !onCheckBox) {
         Raise(Click);
     }
@@ -118,7 +119,7 @@ void QtListControl::UserWantsMenu(int row, const MouseState& mouse) {
 }
 
 void QtListControl::UserToggles(int row) {
-    // Who hears Click may fill the list anew.
+    // A Click handler may fill the list again, with other rows.
     const int fillings = m_view->Fillings();
     if (row != ListIndex()) {
         m_view->MakeCurrent(row, false);

@@ -5,7 +5,7 @@
 #include "platform/qt/QtListView.h"
 
 /// A list of check boxes. While it is not Visible it stays on the screen and keeps the focus, but
-/// paints nothing: it is hidden for bulk changes only.
+/// does not paint: the program hides it only for bulk changes.
 class QtListControl : public QtControl<ListControl, QtListView> {
 public:
     QtListControl(QWidget* parent, const QString& name);
@@ -28,9 +28,9 @@ private:
     QtListModel m_model;
     QtListView* m_view;
     bool m_visible = true;
-    /// Checks were changed while nothing was painted.
+    /// Checks have changed while the list did not paint.
     bool m_ticksChanged = false;
-    /// The checks that a screen reader last heard of, from row m_firstHeard on.
+    /// The checks that a screen reader knows of, from row m_firstHeard on.
     std::vector<bool> m_heardTicks;
     int m_firstHeard = 0;
 

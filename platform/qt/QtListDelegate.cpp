@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Keys act on the list whose current row is bright; the rows of the others are only tinted.
+/// Keys act on the list whose current row is bright; in the other lists it is only tinted.
 QPalette WithTintedRows(QPalette palette, bool isEnabled) {
     const float share = isEnabled ? 0.35F : 0.15F;
     const QColor bright = palette.color(QPalette::Highlight);
@@ -70,7 +70,7 @@ void QtListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
                            const QModelIndex& index) const {
     QStyleOptionViewItem row(option);
     initStyleOption(&row, index);
-    // The style's focus rectangle would lie over the text like a veil.
+    // The style's focus rectangle would cover the text with a tint.
     row.state.setFlag(QStyle::State_HasFocus, false);
     row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
     const QStyle::State reached = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
@@ -84,15 +84,15 @@ QString QtListDelegate::displayText(const QVariant& value, const QLocale& locale
     Q_UNUSED(locale)
     constexpr char16_t rightToLeftIsolate = 0x2067;
     const QString text = ShownText::OneLine(value.toString());
-    // A name that reads from right to left takes that order for its punctuation and its "..." too,
-    // while it stands at the left like all others.
+    // The punctuation and the "..." of a name that is read from right to left follow that direction
+    // too, while the name stays left-aligned like all others.
     return text.isRightToLeft() ? QChar(rightToLeftIsolate) + text : text;
 }
 
 QSize QtListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     Q_UNUSED(index)
-    // Rows are as wide as the list and of one height, whatever stands in them and whichever script
-    // it is in. An even height falls on whole pixels of the screen at a scale of 1.5, too.
+    // Rows are as wide as the list and all of one height, whatever their text or its script. An
+    // even height takes whole pixels of the screen at a scale of 1.5, too.
     const int box =
         option.widget->style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, option.widget);
     const double height = std::max(1.2 * option.fontMetrics.height(), box + 6.0);

@@ -8,10 +8,10 @@ class QtListDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// Where a click on a row ticks it: the check box and what stands between it and the row's
-    /// edges, so that nobody has to aim.
+    /// Where a click ticks the row: the check box and the space between it and the row's edges, so
+    /// that the user need not aim.
     QRect CheckArea(const QListView& view, const QModelIndex& index) const;
-    /// Whether the row's text is longer than the row is wide.
+    /// Whether the row's text is too long for the row.
     bool IsElided(const QListView& view, const QModelIndex& index) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

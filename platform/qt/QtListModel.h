@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// The rows of a list, as they were handed over.
+/// The rows of a list, as the program passed them.
 class QtListModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
@@ -17,9 +17,9 @@ public:
     int TickedCount() const { return m_tickedCount; }
 
     void Fill(std::vector<ListRow> rows);
-    /// Sets the check of a row and tells no view.
+    /// Sets the check of a row without notifying any view.
     void SetTicked(int row, bool ticked);
-    /// Tells the views that the check of a row has changed.
+    /// Notifies the views that the check of a row has changed.
     void TickChanged(int row);
 
     int rowCount(const QModelIndex& parent = {}) const override;

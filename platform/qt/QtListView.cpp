@@ -48,7 +48,8 @@ QtListView::QtListView(QWidget* parent)
 
 void QtListView::ListenToScrollBar() {
     QScrollBar* bar = verticalScrollBar();
-    // Only the user triggers actions; setValue from code does not. The value follows the action.
+    // Only the user triggers actions; setValue in code does not. An action is signalled before the
+    // value changes.
     connect(bar, &QScrollBar::actionTriggered, this,
             [this, bar] { m_userScrolls = bar->sliderPosition() != bar->value(); });
     connect(bar, &QScrollBar::valueChanged, this, [this] {
@@ -62,7 +63,7 @@ void QtListView::ListenToScrollBar() {
 void QtListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                              const QList<int>& roles) {
     Q_UNUSED(roles)
-    // The list view would lay all rows out anew and paint them all.
+    // QListView would lay out all rows again and paint them all.
     viewport()->update(visualRect(topLeft).united(visualRect(bottomRight)));
 }
 
@@ -122,7 +123,7 @@ void QtListView::mousePressEvent(QMouseEvent* event) {
 }
 
 void QtListView::mouseDoubleClickEvent(QMouseEvent* event) {
-    // Two quick ticks are two ticks.
+    // Two quick clicks on a check box tick it twice.
     mousePressEvent(event);
 }
 
@@ -152,7 +153,7 @@ void QtListView::keyPressEvent(QKeyEvent* event) {
         }
         return;
     }
-    // Few keyboards of today have a menu key, and on X11 nobody makes one of this.
+    // Few keyboards still have a menu key, and on X11 nothing turns Shift+F10 into one.
     if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
         event->accept();
         PressMenuKey();
@@ -181,11 +182,11 @@ void QtListView::PressMenuKey() {
 }
 
 void QtListView::focusInEvent(QFocusEvent* event) {
-    // The item view would make the first row current where none is.
+    // QListView would make the first row current when none is.
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
     if (IsHeard()) {
-        // Behind the news that the list itself has the focus.
+        // Later, so that it follows the news that the list itself has the focus.
         QTimer::singleShot(0, this, [this] {
             if (hasFocus() && CurrentRow() >= 0) {
                 AnnounceFocus(CurrentRow());
@@ -217,6 +218,6 @@ bool QtListView::viewportEvent(QEvent* event) {
 QItemSelectionModel::SelectionFlags QtListView::selectionCommand(const QModelIndex& index,
                                                                  const QEvent* event) const {
     Q_UNUSED(event)
-    // What is current is what is selected, whatever keys are held.
+    // The current row is always the selected one, whatever keys are held.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }

@@ -8,28 +8,28 @@
 #include <functional>
 #include <utility>
 
-/// The list's widget: turns mouse and keys into what they mean for the rows. Whoever is told may
-/// change the rows at once. A list whose updates are disabled counts as hidden: the user cannot act
-/// on it.
+/// The list's widget: translates mouse and keys into what the user does to the rows. The listeners
+/// may change the rows at once. A list whose updates are disabled counts as hidden: the user cannot
+/// act on it.
 class QtListView : public QListView {
 public:
     explicit QtListView(QWidget* parent);
 
-    /// The user pressed the mouse on a row: on its check box, or beside it.
+    /// The user pressed the mouse on a row: on its check box, or elsewhere in the row.
     std::function<void(int row, bool onCheckBox)> RowPressed;
     /// The user ticked or unticked a row.
     std::function<void(int row)> RowToggled;
     /// The user moved to another row with the keys.
     std::function<void()> CurrentRowMoved;
-    /// The right button, or a key that stands for it, was pressed; `row` is -1 beside the rows.
+    /// The right button, or a key that means the same, was pressed; `row` is -1 outside the rows.
     std::function<void(int row, const MouseState& mouse)> MenuPressed;
     MouseEvent OtherButtonPressed;
     MouseEvent MouseMoved;
-    /// The user scrolled; programs that scroll are not heard.
+    /// The user scrolled. Not called when the program scrolls.
     std::function<void()> Scrolled;
 
-    /// Whether a screen reader listens. This and the next two stand for the desktop, and tests
-    /// stand for it in turn.
+    /// Whether a screen reader is listening. This function and the next two connect the list to the
+    /// desktop; tests replace them.
     std::function<bool()> IsHeard;
     /// Tells screen readers that a row's check has changed.
     std::function<void(int row)> AnnounceTick;
@@ -43,12 +43,12 @@ public:
     int CurrentRow() const { return currentIndex().row(); }
     /// Makes a row current, -1 for none.
     void MakeCurrent(int row, bool scrollToIt);
-    /// A press that waits for its release is void: the rows are others now.
+    /// Forgets a press that waits for its release, because the rows have changed.
     void ForgetPress() { m_pressedCheckBox = -1; }
-    /// The rows that are in view, first and last; {0, -1} for none.
+    /// The first and the last row in view; {0, -1} when there are none.
     std::pair<int, int> RowsInView() const;
 
-    /// Lays the rows out at once rather than when the event loop runs.
+    /// Lays out the rows now instead of when the event loop runs.
     void LayOutNow() { executeDelayedItemsLayout(); }
 
     void reset() override;
@@ -69,7 +69,7 @@ protected:
 
 private:
     QtListDelegate m_delegate;
-    /// The row whose check box the left button went down on, -1 for none.
+    /// The row on whose check box the left button was pressed; -1 for none.
     int m_pressedCheckBox = -1;
     bool m_userScrolls = false;
     int m_fillings = 0;

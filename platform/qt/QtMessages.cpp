@@ -28,8 +28,8 @@ constexpr Button Abort = {MessageAnswer::Abort, QMessageBox::Abort, "&Abort"};
 constexpr Button Retry = {MessageAnswer::Retry, QMessageBox::Retry, "&Retry"};
 constexpr Button Ignore = {MessageAnswer::Ignore, QMessageBox::Ignore, "&Ignore"};
 
-/// The buttons of a set: first the one that Enter presses, last the one that closing the box
-/// stands for, which is the most careful one.
+/// The buttons of a set. Enter presses the first one; closing the box stands for the last one,
+/// which is the most careful answer.
 std::vector<Button> ButtonsOf(MessageButtons set) {
     switch (set) {
     case MessageButtons::OKCancel:
@@ -60,8 +60,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::Critical;
 }
 
-/// Gives a long text the width to be read, and screen readers the text without the places where a
-/// line may be broken.
+/// Gives a long text enough width to be read, and gives screen readers the text without the
+/// characters at which a line may be broken.
 void FitText(QMessageBox& box, QString text) {
     constexpr qsizetype longText = 500;
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));

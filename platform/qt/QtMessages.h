@@ -5,12 +5,12 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Message boxes, shown by Qt and not by the desktop, so that their texts are what was asked for.
-/// At a session's end none is shown, since it would wait for ever and the session with it: the most
-/// careful answer stands.
+/// Message boxes, shown by Qt and not by the desktop, so that their texts stay as they are. At the
+/// end of a session none is shown, since the box and with it the session would wait for ever: the
+/// most careful answer is taken.
 class QtMessages : public Messages {
 public:
-    /// The boxes stand over `owner`.
+    /// The boxes are shown over `owner`.
     explicit QtMessages(QWidget* owner) : m_owner(owner) {}
 
     MessageAnswer Show(const QString& text, const QString& title, MessageButtons buttons,

@@ -13,7 +13,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         if (Shown) {
             if (m_icon.isNull()) {
-                m_icon = QIcon(QStringLiteral(":/player.png")); // once: it is decoded each time
+                m_icon = QIcon(QStringLiteral(":/player.png")); // only once, since it is decoded
             }
             QPainter painter(this);
             m_icon.paint(&painter, rect());

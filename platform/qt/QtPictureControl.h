@@ -4,7 +4,8 @@
 
 #include <QLabel>
 
-/// A small picture of a music player. As a label it can name its neighbour to screen readers.
+/// A small picture of a music player. As a label, it can be the name of its neighbour for screen
+/// readers.
 class QtPictureControl : public QtControl<PictureControl, QLabel> {
 public:
     QtPictureControl(QWidget* parent, const QString& name);

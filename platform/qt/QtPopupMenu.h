@@ -16,9 +16,9 @@ public:
 
     MenuEntry Entry;
 
-    /// What the entry shows under the mouse.
+    /// The tool tip of the entry.
     void SetEntryToolTip(const QString& text);
-    /// The choice comes as the entry's Click.
+    /// The choice is reported by the entry's Click.
     void PopUp(const Control& control, double x, double y) override;
 
 private:

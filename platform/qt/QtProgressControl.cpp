@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-/// Paints itself: the styles' bars are animated and striped, which costs more than a whole load.
+/// Paints itself: the bars of the styles are animated and striped, which costs more than loading a
+/// whole library.
 class QtProgressControl::PixelBar : public QProgressBar {
 public:
     using QProgressBar::QProgressBar;
@@ -14,14 +15,14 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override {
         QProgressBar::resizeEvent(event);
-        // A range of nothing would look as if the work's end were unknown.
+        // A range of 0 would look as if the end of the work were unknown.
         setRange(0, std::max(1, width()));
         Raise(Resized);
     }
 
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        // Areas only: at a scale like 1.5 a line would not end where they do.
+        // Filled areas only: at a scale like 1.5 the end of a line would differ from theirs.
         const QRect inside = rect().adjusted(1, 1, -1, -1);
         painter.fillRect(rect(), palette().color(QPalette::Mid));
         painter.fillRect(inside, palette().color(QPalette::Base));
@@ -54,7 +55,7 @@ void QtProgressControl::SetValue(float value) {
 void QtProgressControl::ShowValue() {
     const int filled = FilledPixels();
     if (filled != Widget()->value()) {
-        // The widget would paint at once for each pixel; this way it waits for the next frame.
+        // Otherwise the widget would paint at once for each pixel; now it waits for the next frame.
         Widget()->setUpdatesEnabled(false);
         Widget()->setValue(filled);
         Widget()->setUpdatesEnabled(true);

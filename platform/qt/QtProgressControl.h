@@ -4,7 +4,7 @@
 
 #include <QProgressBar>
 
-/// The widget counts pixels, so that it changes when there is something to see and not before.
+/// A progress bar. Its widget counts in pixels, so it changes only when there is something to see.
 class QtProgressControl : public QtControl<ProgressControl, QProgressBar> {
 public:
     QtProgressControl(QWidget* parent, const QString& name);

@@ -15,7 +15,7 @@ QString QtSettingsStore::Read(const QString& key, const QString& defaultValue) {
         return defaultValue;
     }
     const QVariant value = m_settings.value(key);
-    // A text with commas that somebody wrote without quotes.
+    // The text holds commas, and somebody wrote it into the file without quotes.
     if (value.typeId() == QMetaType::QStringList) {
         return value.toStringList().join(QStringLiteral(", "));
     }

@@ -4,8 +4,7 @@
 
 #include <QSettings>
 
-/// The section "Settings" of the user's file Songlift/Songlift.conf, where the desktop keeps such
-/// files.
+/// The section "Settings" of the file Songlift/Songlift.conf, in the user's configuration folder.
 class QtSettingsStore : public SettingsStore {
 public:
     QtSettingsStore();

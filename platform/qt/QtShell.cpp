@@ -15,7 +15,7 @@ QString QtShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setSupportedSchemes({QStringLiteral("file")});
-    // An empty path would be the folder that the program happens to run in.
+    // An empty path would be the program's working directory.
     const bool starts = !startFolder.isEmpty() && QDir(startFolder).exists();
     dialog.setDirectory(starts ? startFolder : QDir::homePath());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty()) {

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A turn of the wheel over the tabs is meant for a list near by, not for a search.
+/// A turn of the wheel over the tabs is probably for a list below, and should not start a search.
 class Tabs : public QTabBar {
 public:
     using QTabBar::QTabBar;

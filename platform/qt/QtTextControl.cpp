@@ -11,8 +11,8 @@
 
 namespace {
 
-/// The click that brings the focus leaves selected what GotFocus has selected; it would place the
-/// caret. Whoever drags has what is dragged over.
+/// A click that gives the box the focus would also place the caret. Here it keeps the selection
+/// that GotFocus has made, unless the user drags to select something else.
 class TextBox : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
@@ -37,9 +37,9 @@ protected:
     }
 
 private:
-    /// The press that is about to come has brought the focus.
+    /// The mouse press that follows has given the box the focus.
     bool m_bringsFocus = false;
-    /// What the press found selected; -1 for nothing that it should leave.
+    /// The selection to keep, from before the press; -1 for none.
     int m_start = -1;
     int m_length = 0;
 };
@@ -87,5 +87,5 @@ void QtTextControl::FocusMovedTo(const QWidget* widget) {
 }
 
 void QtTextControl::CompletePaths() {
-    new FolderOffers(Widget()); // which goes with it
+    new FolderOffers(Widget()); // deleted by the widget
 }

@@ -4,8 +4,8 @@
 
 #include <QLineEdit>
 
-/// A box for one line of text. It has the focus, as far as its events are concerned, until another
-/// control of its window gets it; a menu or another window only borrows it.
+/// A box for one line of text. For GotFocus and LostFocus, it has the focus until another control
+/// of its window gets it; a menu or another window only borrows it.
 class QtTextControl : public QtControl<TextControl, QLineEdit> {
 public:
     QtTextControl(QWidget* parent, const QString& name);
@@ -18,7 +18,7 @@ public:
 private:
     bool m_hasFocus = false;
     bool m_setting = false;
-    /// Ends what this control listens to before the rest of it goes.
+    /// The last member, so that it ends all connections before the other members go.
     QObject m_listener;
 
     void FocusMovedTo(const QWidget* widget);

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// What was set where it still holds, else what the pixels say.
+/// The value that was set while its pixels are still the same; otherwise the pixels' value.
 double Exact(double set, int setPixels, int pixels, double perPixel) {
     return setPixels == pixels ? set : pixels * perPixel;
 }
@@ -40,12 +40,12 @@ void QtWindow::Listen() {
     m_widget->Resized = [this] { QtFrames::HandleAlways([this] { RaiseResize(); }); };
     m_widget->StateChanged = [this] { QtFrames::HandleAlways([this] { StateChanged(); }); };
     m_widget->MayClose = [this] {
-        // A window that stands beside another one goes at once.
+        // Only the main window waits; a window that belongs to another one closes at once.
         if (HeldInput::IsNow() && m_widget->parentWidget() == nullptr) {
             HeldInput::CloseLater(*m_widget);
             return false;
         }
-        bool mayClose = true; // a handler that always fails must not keep the window for ever
+        bool mayClose = true; // even if the handler fails, or the window might never close
         QtFrames::HandleAlways([&] { mayClose = MayClose(); });
         return mayClose;
     };
@@ -60,7 +60,7 @@ void QtWindow::SetCaption(const QString& caption) {
         return;
     }
     m_caption = caption;
-    // "[*]" would stand for a document's unsaved changes.
+    // In a window title, "[*]" stands for a document's unsaved changes.
     QString title = ShownText::OneLine(caption);
     m_widget->setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
@@ -146,7 +146,7 @@ void QtWindow::TakeSetSize() {
             KeepOnScreen();
         }
     });
-    // A window that is not on the screen yet would raise it only once it is.
+    // While the window is not on the screen yet, Qt would raise it only later.
     if (m_resizes == resizes) {
         RaiseResize();
     }
@@ -156,7 +156,7 @@ QSize QtWindow::SetPixels() const {
     return Twips::ToPixels(0, 0, m_width, m_height).size();
 }
 
-/// Before the window has been on the screen, its frame is taken for one like its owner's.
+/// Before the window has been on the screen, its frame is assumed to be like its owner's.
 QSize QtWindow::PixelsWithFrame() const {
     const auto frame = [](const QWidget& widget) {
         return widget.frameGeometry().size() - widget.size();
@@ -165,7 +165,7 @@ QSize QtWindow::PixelsWithFrame() const {
     return m_widget->size() + (own.isNull() ? frame(*m_widget->parentWidget()) : own);
 }
 
-/// Where a window that was never placed appears, so that it is seen.
+/// Centres a window that was never placed over its owner, on the owner's screen.
 void QtWindow::PlaceOverOwner() {
     m_placed = true;
     const QWidget* owner = m_widget->parentWidget();
@@ -175,7 +175,8 @@ void QtWindow::PlaceOverOwner() {
     m_widget->move(place.topLeft());
 }
 
-/// Of a window that is larger than the screen the beginning is seen.
+/// Moves a window with an owner onto its screen. One that is larger than the screen shows its
+/// beginning.
 void QtWindow::KeepOnScreen() {
     if (m_widget->parentWidget() == nullptr || State() != WindowState::Normal) {
         return;
@@ -235,7 +236,7 @@ bool QtWindow::MayClose() {
     if (QueryUnload) {
         QueryUnload(cancel, m_unloading ? UnloadMode::Program : UnloadMode::User);
     }
-    // What its handler has hidden is as good as closed: a refusal would keep the program from
+    // A window that its handler has hidden counts as closed: refusing would keep the program from
     // quitting, and the session from ending.
     return !cancel || !m_widget->isVisible();
 }
@@ -251,8 +252,9 @@ void QtWindow::Refresh() {
     m_sinceRefresh.start();
 }
 
-/// A window that has just been shown appears when the system says so, which the event loop would
-/// hear; long work that begins before the loop does waits here for it, once and not for long.
+/// The system decides when a window that has just been shown appears, and the event loop would
+/// learn of it. Long work that begins before the loop runs waits for it here, once and not for
+/// long.
 void QtWindow::WaitForScreen() {
     constexpr int patienceMilliseconds = 500;
     const QWindow* window = m_widget->windowHandle();

@@ -9,9 +9,9 @@
 /// A top-level window, hidden at first.
 class QtWindow : public Window {
 public:
-    /// A window with an owner stays above it and goes with it (under X11 only if it is a dialog),
-    /// and lies on its screen with all that fits there whenever it is shown or the program sizes
-    /// it.
+    /// A window with an owner stays above it and is minimised with it (under X11 only if it is a
+    /// dialog). Whenever it is shown, or sized by the program, it is moved onto its screen, as far
+    /// as it fits.
     QtWindow(QWidget* owner, const QString& name, Qt::WindowFlags flags = Qt::Window);
     ~QtWindow() override;
     QtWindow(const QtWindow&) = delete;
@@ -32,7 +32,7 @@ public:
     double Width() const override;
     double Height() const override;
     void MoveTo(double left, double top) override;
-    /// A window that is not normal takes the size when it is normal again.
+    /// A window that is minimised or maximised takes the size once it is normal again.
     void SetSize(double width, double height) override;
     void SetMinimumSize(double width, double height) override;
 
@@ -41,7 +41,8 @@ public:
     void Hide() override;
     void Unload() override;
 
-    /// At most about 60 times a second, which is all that can be seen: more calls do nothing.
+    /// Paints at most about 60 times a second, which is all that can be seen; other calls do
+    /// nothing.
     void Refresh() override;
     void SetMousePointer(MousePointer pointer) override;
     double TextWidth(const QString& text) override;
@@ -49,11 +50,12 @@ public:
 private:
     QPointer<TopLevel> m_widget;
     QString m_caption;
-    /// What was set, in twips, valid as long as the window has the pixels that belong to it.
+    /// The values that were set, in twips. They hold while the window has the pixels that they
+    /// stand for.
     double m_left = 0, m_top = 0, m_width = 0, m_height = 0;
-    /// The size waits for the window to become normal.
+    /// A size was set that the window will take once it is normal.
     bool m_sizeWaits = false;
-    /// The window was given a place, by MoveTo or when it was first shown.
+    /// The window has a place, from MoveTo or since it was first shown.
     bool m_placed = false;
     int m_resizes = 0;
     bool m_unloading = false;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// An area that the primary screen tells; nothing where there is no screen.
+/// An area that the primary screen reports; empty where there is no screen.
 ScreenArea InTwips(QRect (QScreen::*area)() const) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     const QRect pixels = screen != nullptr ? (screen->*area)() : QRect();

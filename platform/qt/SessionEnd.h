@@ -2,10 +2,10 @@
 
 /// The desktop ends the session, or the system asks the program to quit: its windows are closed one
 /// after the other, and nobody is there to answer a question. QGuiApplication::isSavingSession
-/// tells only of desktops that save their sessions, and not of the closing itself.
+/// reports only desktops that save their sessions, and not the closing itself.
 namespace SessionEnd {
 
-/// Whether that happens now.
+/// Whether this is happening now.
 bool IsNow();
 void SetNow(bool isNow);
 

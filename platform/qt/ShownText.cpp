@@ -14,7 +14,7 @@ constexpr qsizetype LongestMessage = 2000;
 constexpr qsizetype LongestRun = 16;
 constexpr char16_t ZeroWidthSpace = 0x200B;
 constexpr char16_t Ellipsis = 0x2026;
-/// The longest path of the system fits into a tool tip, with words around it.
+/// Room for the longest path of the system with some words around it.
 constexpr qsizetype LongestToolTip = 5000;
 
 bool IsControl(QChar character) {
@@ -31,8 +31,7 @@ QString WithoutBreaks(QString text) {
     return text;
 }
 
-/// The first `length` code units, not counting half a character at the end, and "..." if that cuts
-/// something off.
+/// The first `length` code units, but never half a character, and "..." if something is cut off.
 QString Cut(const QString& text, qsizetype length) {
     if (text.size() <= length) {
         return text;
@@ -41,8 +40,8 @@ QString Cut(const QString& text, qsizetype length) {
     return text.left(splits ? length - 1 : length) + QStringLiteral("...");
 }
 
-/// The text with places where a line may end inside runs that hold no blank: paths are such runs,
-/// and a box would cut them off at its edge.
+/// The text with places where a line may end in the middle of long runs without a blank. Paths are
+/// such runs, and a box would cut them off at its edge.
 QString Breakable(const QString& text) {
     QString breakable;
     breakable.reserve(text.size() + text.size() / LongestRun);
@@ -64,8 +63,8 @@ bool IsRightToLeft(QChar character) {
     return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
 }
 
-/// Whether a character stands between names: between those of a quoted path, else as in
-/// "artist / album".
+/// Whether a character separates names: the folders of a quoted path, or names like "artist /
+/// album".
 bool IsSeparator(const QString& text, qsizetype i, bool quoted) {
     if (quoted) {
         return text[i] == QLatin1Char('/') || text[i] == QLatin1Char('\\');

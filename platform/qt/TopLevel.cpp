@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Screen readers shall hear of a window or a dialog, and not of an area like any other.
+/// Makes screen readers announce a window or a dialog, and not just some area.
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
     auto* window = dynamic_cast<TopLevel*>(object);
     if (window == nullptr) {

@@ -4,14 +4,14 @@
 
 #include <QWidget>
 
-/// The widget of a window. Enter presses its default button, Escape closes it while it is modal.
+/// The widget of a window. Enter presses its default button; Escape closes it while it is modal.
 class TopLevel : public QWidget {
 public:
     TopLevel(QWidget* owner, Qt::WindowFlags flags);
 
     Event Resized;
     Event StateChanged;
-    /// The window is gone from the screen, and not because it was minimised.
+    /// The window was hidden or closed, not minimised.
     Event Hidden;
     /// Whether the window may close.
     std::function<bool()> MayClose;

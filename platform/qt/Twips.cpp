@@ -19,7 +19,7 @@ double PerPixel(qreal (QScreen::*dotsPerInch)() const) {
     return PerInch / (dots > 0 ? dots : 96);
 }
 
-/// The pixel that an edge falls on. What no widget can have, NaN included, becomes something near.
+/// The pixel that an edge falls on. A value that no widget can have, or NaN, becomes one in range.
 int Edge(double twips, double perPixel) {
     constexpr double limit = QWIDGETSIZE_MAX;
     const double pixel = std::round(twips / perPixel);
