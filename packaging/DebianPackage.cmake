@@ -5,12 +5,13 @@ set(CPACK_PACKAGE_VENDOR "Songlift developers")
 set(CPACK_PACKAGE_CONTACT "Songlift developers <songlift@songlift.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "copy music and video off an iPod into folders")
 set(CPACK_PACKAGE_DESCRIPTION
-  "Songlift gets the music and video off an iPod and into ordinary, well-named
-folders. It finds the iPod, shows its library at once, lets you tick what you
-want by artist, album or song, and copies every byte under the right name, or
-says plainly why not. Search, preview and a media filter help to choose.
+  "Songlift copies the music and video on an iPod into ordinary, well-named
+folders. It finds the iPod, shows its library at once, and lets you tick what
+you want by artist, album or song. It copies every byte under the right name,
+or says plainly why it cannot. Search, preview and a media filter help to
+choose.
 
-It only ever reads from the iPod.")
+It never writes to the iPod.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
   GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

@@ -1,4 +1,4 @@
-// Draws the pictures of the documentation: the program on its real windows, offscreen, with the
+// Makes the pictures of the documentation: the program's real windows, drawn offscreen, with the
 // sample iPod attached, in a light and a dark palette.
 //   make-screenshots <sample iPod> <folder for the pictures>
 
