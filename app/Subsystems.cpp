@@ -3,13 +3,20 @@
 #include "app/ControlGroups.h"
 #include "platform/IgnoringErrors.h"
 
+namespace {
+
+LoadServices LoadServicesOf(const Services& services) {
+    return {.Files = services.Files,
+            .Background = services.Background,
+            .Events = services.Events,
+            .MessageBoxes = services.MessageBoxes};
+}
+
+} // namespace
+
 Subsystems::Subsystems(const Services& services, Form1Controls& controls)
-    : Loading({.Files = services.Files,
-               .Background = services.Background,
-               .Events = services.Events,
-               .MessageBoxes = services.MessageBoxes},
-              LoadControlsOf(controls)),
-      Devices(Loading, services.Drives, services.Files, services.MessageBoxes, services.Windows,
+    : Loading(LoadServicesOf(services), LoadControlsOf(controls)),
+      Devices(Loading, services.Drives, LoadServicesOf(services), services.Windows,
               DeviceControlsOf(controls)),
       Fitting(services.Windows, FittingControlsOf(controls)),
       Lists(Loading.Library, Fitting, ListControlsOf(controls)), Result(Loading.Library, Lists),

@@ -12,11 +12,12 @@ QString DriveOfEntry(const QString& entry) {
 
 } // namespace
 
-DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives, FileSystem& files,
-                                 Messages& messages, WindowManager& windowManager,
+DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives,
+                                 const LoadServices& services, WindowManager& windowManager,
                                  const DeviceControls& controls)
-    : m_loadMusic(loadMusic), m_drives(drives), m_files(files), m_messages(messages),
-      m_windowManager(windowManager), m_controls(controls) {
+    : m_loadMusic(loadMusic), m_drives(drives),
+      m_look(services.Files, services.Background, services.Events),
+      m_messages(services.MessageBoxes), m_windowManager(windowManager), m_controls(controls) {
 }
 
 void DeviceSelection::Combo1_DropDown() {
@@ -67,7 +68,11 @@ void DeviceSelection::Combo1_Click() {
     SelectedDevice = LoadedDevice = device;
     MakeReady();
     // The binary database is required even where the SQLite library is used.
-    if (!HasDatabase(driveRoot)) {
+    std::optional<bool> hasLibrary;
+    if (HasDatabase(driveRoot)) {
+        hasLibrary = m_look.FileExists(DevicePaths::LibraryDatabase(driveRoot));
+    }
+    if (!hasLibrary) {
         // Nothing of this device is loaded: should it come back, choosing it again loads it.
         LoadedDevice.clear();
         m_loadMusic.Library.TrackCount = 0;
@@ -78,7 +83,7 @@ void DeviceSelection::Combo1_Click() {
     }
     ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
-    if (m_files.FileExists(DevicePaths::LibraryDatabase(driveRoot))) {
+    if (*hasLibrary) {
         m_loadMusic.LoadSQLiteLibrary(driveRoot);
     } else {
         m_loadMusic.LoadITunesDB(driveRoot);
@@ -152,11 +157,15 @@ void DeviceSelection::ReportLoad() {
 }
 
 void DeviceSelection::ReportLostDevice() {
+    if (m_look.WindowWasClosed()) {
+        return; // nobody is there to be told
+    }
     FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
     m_messages.Show(QStringLiteral("Error loading iPod."), QStringLiteral("Error"),
                     MessageButtons::OK, MessageIcon::Critical);
 }
 
-bool DeviceSelection::HasDatabase(const QString& driveRoot) const {
-    return m_files.FileExists(DevicePaths::ITunesDB(driveRoot));
+/// A drive that does not answer counts as one without.
+bool DeviceSelection::HasDatabase(const QString& driveRoot) {
+    return m_look.FileExists(DevicePaths::ITunesDB(driveRoot)).value_or(false);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/DeviceLook.h"
 #include "library/LoadMusic.h"
 #include "platform/Drives.h"
 #include "platform/WindowManager.h"
@@ -19,9 +20,8 @@ struct DeviceControls {
 /// a library belongs to others, who hear of it through the events.
 class DeviceSelection {
 public:
-    DeviceSelection(LoadMusic& loadMusic, DriveService& drives, FileSystem& files,
-                    Messages& messages, WindowManager& windowManager,
-                    const DeviceControls& controls);
+    DeviceSelection(LoadMusic& loadMusic, DriveService& drives, const LoadServices& services,
+                    WindowManager& windowManager, const DeviceControls& controls);
 
     /// Raised when the shown library is about to go (another device is chosen, or none is left):
     /// whoever keeps rows, results or sizes of it forgets them. Raised before any list changes.
@@ -58,11 +58,11 @@ private:
     void MakeReady();
     void ReportLoad();
     void ReportLostDevice();
-    bool HasDatabase(const QString& driveRoot) const;
+    bool HasDatabase(const QString& driveRoot);
 
     LoadMusic& m_loadMusic;
     DriveService& m_drives;
-    FileSystem& m_files;
+    DeviceLook m_look;
     Messages& m_messages;
     WindowManager& m_windowManager;
     DeviceControls m_controls;

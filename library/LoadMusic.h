@@ -6,7 +6,7 @@
 #include "platform/Messages.h"
 #include "platform/PatientFileSystem.h"
 
-/// The services of the platform that a load uses.
+/// The services of the platform that a load, and the look for what can be loaded, use.
 struct LoadServices {
     FileSystem& Files;
     /// Waits for the device.

@@ -45,7 +45,7 @@ TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
     struct NoDrives : FakeDriveService {
         std::vector<Drive> Drives() override { throw RuntimeError(ErrorNumber::DeviceUnavailable); }
     } drives;
-    DeviceSelection devices(Music, drives, Files, Boxes, Window.WindowManager,
+    DeviceSelection devices(Music, drives, {Files, Background, Events, Boxes}, Window.WindowManager,
                             DeviceControlsOf(Window.Controls));
     devices.Combo1_DropDown();
     EXPECT_EQ(Window.lblMessage.Caption(), u"No compatible iPod detected."_s);

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/EventLoop.h"
+#include "platform/PatientFileSystem.h"
+
+#include <QElapsedTimer>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+/// Looks for files on drives, any of which may not answer: the window is looked after meanwhile,
+/// and a drive that takes too long is given up. It is asked again once it has answered that
+/// question, so that no more than one of its questions hangs.
+class DeviceLook {
+public:
+    DeviceLook(FileSystem& files, Worker& background, EventLoop& events);
+
+    /// Whether a file of a drive (`path` is in drive form) exists. None where the drive does not
+    /// answer, or where the user closes the window meanwhile.
+    std::optional<bool> FileExists(const QString& path);
+    /// Whether the last look ended because the user closed the window.
+    bool WindowWasClosed() const { return m_windowWasClosed; }
+
+private:
+    struct Question;
+
+    bool MayGoOn();
+
+    PatientFileSystem m_files;
+    EventLoop& m_events;
+    QElapsedTimer m_clock;
+    bool m_windowWasClosed = false;
+    /// The last question to each drive, by the drive's text.
+    std::map<QString, std::shared_ptr<Question>> m_questions;
+};
