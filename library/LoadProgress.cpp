@@ -5,6 +5,8 @@
 #include "platform/RuntimeError.h"
 #include "platform/ScopeGuard.h"
 
+#include <algorithm>
+
 LoadProgress::LoadProgress(MusicLibrary& library, EventLoop& events, const LoadControls& controls)
     : m_library(library), m_events(events), m_controls(controls) {
 }
@@ -19,13 +21,23 @@ void LoadProgress::Start() {
     m_library.TotalSize = 0;
 }
 
+void LoadProgress::ShowPartRead(float part) {
+    m_partRead = std::clamp(part, m_partRead, 1.0F);
+    m_controls.prgCopy.SetMax(1);
+    m_controls.prgCopy.SetValue(m_partRead);
+}
+
 void LoadProgress::SetTotal(qint64 total) {
     m_total = static_cast<double>(total);
     m_controls.prgCopy.SetMax(static_cast<float>(total));
+    if (m_partRead > 0) {
+        m_controls.prgCopy.SetValue(m_partRead * m_controls.prgCopy.Max());
+    }
 }
 
 void LoadProgress::TrackLoaded() {
-    m_controls.prgCopy.SetValue(m_library.TrackCount);
+    m_controls.prgCopy.SetValue(
+        std::max<float>(m_library.TrackCount, m_partRead * m_controls.prgCopy.Max()));
     if (!m_total) {
         throw RuntimeError(ErrorNumber::TypeMismatch);
     }

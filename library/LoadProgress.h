@@ -22,6 +22,9 @@ public:
 
     /// Marks the library as loading and empty; its records stay until the reader replaces them.
     void Start();
+    /// Shows on the bar alone how much has been read before the first track, as a share of 1. The
+    /// tracks then move the bar on from there.
+    void ShowPartRead(float part);
     /// Sets the number of tracks to be loaded, which is 100%.
     void SetTotal(qint64 total);
     /// Shows that TrackCount has grown by one, and at each new percentage lets the window paint and
@@ -38,6 +41,8 @@ private:
     MusicLibrary& m_library;
     EventLoop& m_events;
     LoadControls m_controls;
+    /// The share of the bar that was filled before the tracks came.
+    float m_partRead = 0;
     std::optional<double> m_total;
     /// The percentage in the message; -1 while it shows none.
     qint16 m_shownPercent = -1;

@@ -9,6 +9,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace {
 
 // Limits that a device's own library never comes near and that a hostile one cannot pass. Time
@@ -26,8 +28,9 @@ constexpr int MaxEngineValueBytes = 1 << 20;
 /// would be larger than the screen.
 constexpr qsizetype MaxDescriptionLength = 300;
 
-/// How many steps SQLite's virtual machine takes between two checks of the time.
-constexpr int StepsBetweenChecks = 4000;
+/// How many steps SQLite's virtual machine takes between two checks of the time. A track takes more
+/// than ten; on an old device these take as long as reading a page or two.
+constexpr int StepsBetweenChecks = 1000;
 
 /// The URI that opens a file without locks, journals or any other trace on the device.
 QByteArray ReadOnlyUri(const QString& nativePath) {
@@ -203,6 +206,8 @@ void SqliteDatabase::Restrict() {
 /// with SQLite's own small cache most pages would be read from the device many times.
 void SqliteDatabase::CachePages(const QByteArray& schema) {
     Execute("Pragma " + schema + ".cache_size = -32000"); // KiB
+    const QByteArray pageCount = "Pragma " + schema + ".page_count";
+    m_pages += static_cast<float>(Query(pageCount.constData()).Long(0, 0));
 }
 
 void SqliteDatabase::Execute(const QByteArray& sql) {
@@ -216,7 +221,7 @@ SqliteDatabase::Statement SqliteDatabase::Prepare(const char* sql) {
     const int result = sqlite3_prepare_v2(m_database.get(), sql, -1, &statement, nullptr);
     Statement owned(statement);
     Check(result);
-    if (StopWhenLate(this)) { // nested views can take long before the first step
+    if (IsLate()) { // nested views can take long before the first step
         Check(SQLITE_INTERRUPT);
     }
     return owned;
@@ -247,10 +252,25 @@ void SqliteDatabase::Check(int result) {
     throw SqliteError(result, description);
 }
 
+bool SqliteDatabase::IsLate() const {
+    return ThreadProcessorSeconds() - m_processorStart > MaxProcessorSeconds ||
+           std::chrono::steady_clock::now() - m_start > MaxDuration;
+}
+
+/// A page that was read is in the cache then; few are read twice.
+void SqliteDatabase::TellPartRead() {
+    int read = 0;
+    int unused = 0;
+    sqlite3_db_status(m_database.get(), SQLITE_DBSTATUS_CACHE_MISS, &read, &unused, 0);
+    PartRead(static_cast<float>(read) / std::max(1.0F, m_pages));
+}
+
 int SqliteDatabase::StopWhenLate(void* self) {
-    const auto* database = static_cast<const SqliteDatabase*>(self);
-    return ThreadProcessorSeconds() - database->m_processorStart > MaxProcessorSeconds ||
-           std::chrono::steady_clock::now() - database->m_start > MaxDuration;
+    auto* database = static_cast<SqliteDatabase*>(self);
+    if (database->PartRead) {
+        database->TellPartRead();
+    }
+    return database->IsLate();
 }
 
 /// The queries call no function. One that a view calls (LIKE included) could work on two long texts

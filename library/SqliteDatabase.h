@@ -9,6 +9,7 @@
 #include <QtGlobal>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -64,6 +65,9 @@ public:
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
 
+    /// Called now and then while a query runs, with the share of the files that has been read.
+    std::function<void(float)> PartRead;
+
     /// Attaches a second file under the name `schema`.
     void Attach(const QString& nativePath, const QString& schema);
     /// Runs a query and fetches its whole result.
@@ -84,11 +88,15 @@ private:
     Statement Prepare(const char* sql);
     bool Step(sqlite3_stmt* statement);
     void Check(int result);
+    bool IsLate() const;
+    void TellPartRead();
     static int StopWhenLate(void* self);
     static int AllowNoFunction(void* self, int action, const char* first, const char* second,
                                const char* schema, const char* view);
 
     std::unique_ptr<sqlite3, Close> m_database;
+    /// Pages of all files.
+    float m_pages = 0;
     double m_processorStart;
     std::chrono::steady_clock::time_point m_start;
 };

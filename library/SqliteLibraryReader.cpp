@@ -2,9 +2,11 @@
 
 #include "library/LoadMusic.h"
 #include "library/SqliteDatabase.h"
+#include "platform/ScopeGuard.h"
 
 #include <QStringBuilder>
 
+#include <atomic>
 #include <exception>
 #include <limits>
 #include <memory>
@@ -62,8 +64,8 @@ struct DeviceRows {
 };
 
 /// The databases are closed again by the end, so that what SQLite keeps of them is gone before the
-/// library is built.
-DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot) {
+/// library is built. `partRead` tells meanwhile how much of them has been read.
+DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot, std::atomic<float>& partRead) {
     SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
     database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)),
                     QStringLiteral("main2"));
@@ -76,6 +78,7 @@ DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot) {
         "Select item.title, item.artist, item.album, item.track_number, location.file_size, "
         "location.location, location.kind_id From location Inner Join item On location.item_pid = "
         "item.pid Order By item.artist, item.album";
+    database.PartRead = [&partRead](float part) { partRead = part; };
     try {
         database.Query(tracks, device.Tracks);
     } catch (...) {
@@ -182,12 +185,28 @@ bool RowGrouping::BeginsAlbum(qsizetype row) const {
            m_library.Artists.back().Albums.back().Name.toLower() != NameAt(row, Album).toLower();
 }
 
+/// Reads the device, and shows meanwhile how far that is.
+std::shared_ptr<const DeviceRows> WaitForDevice(PatientFileSystem& files, const QString& driveRoot,
+                                                LoadProgress& progress) {
+    const auto read = std::make_shared<DeviceRows>();
+    const auto partRead = std::make_shared<std::atomic<float>>(0.0F);
+    const auto mayGoOn = files.MayGoOn;
+    const ScopeGuard waited([&] { files.MayGoOn = mayGoOn; });
+    files.MayGoOn = [&] {
+        progress.ShowPartRead(*partRead);
+        return mayGoOn();
+    };
+    files.Do([read, driveRoot, partRead](FileSystem& device) {
+        *read = ReadDevice(device, driveRoot, *partRead);
+    });
+    return read;
+}
+
 } // namespace
 
 void ReadSQLiteLibrary(PatientFileSystem& files, const QString& driveRoot, MusicLibrary& library,
                        LoadProgress& progress) {
-    const auto read = std::make_shared<DeviceRows>();
-    files.Do([read, driveRoot](FileSystem& device) { *read = ReadDevice(device, driveRoot); });
+    const auto read = WaitForDevice(files, driveRoot, progress);
     const DeviceRows& device = *read;
     progress.SetTotal(device.Tracks.RowCount());
 

@@ -32,6 +32,27 @@ TEST_F(SQLiteLibrary, TheFirstBaseLocationCounts) {
     ExpectLoaded({OneLine});
 }
 
+TEST_F(SQLiteLibrary, TheBarShowsWhatIsReadBeforeTheFirstTrackAndNeverRunsBack) {
+    /// Looks after the window once the device has been read.
+    struct LookingWorker : InlineWorker {
+        bool Do(std::function<void()> work, const std::function<bool()>& mayGoOn) override {
+            work();
+            return mayGoOn();
+        }
+    } worker;
+    LoadMusic music{{Files, worker, Events, Boxes}, LoadControlsOf(Window.Controls)};
+    Write(std::vector<SampleTrack>(1000, One[0]));
+    music.LoadSQLiteLibrary(u"E:"_s);
+    std::vector<float>& values = Window.prgCopy.Values;
+    EXPECT_GT(values.at(0), 0.5F);
+    EXPECT_LE(values.at(0), 1);
+    EXPECT_EQ(values.at(1), values.at(0) * 1000);
+    EXPECT_EQ(values.back(), 0);
+    values.pop_back();
+    EXPECT_EQ(values.back(), 1000);
+    EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+}
+
 // ---- kinds
 
 TEST_F(SQLiteLibrary, TheTableOfKindsMayLieInEitherFile) {
