@@ -86,11 +86,11 @@ bool Destination::IsValidPath(const QString& Path) {
 
 void Destination::CreatePath(const QString& Path) {
     const QChar separator = Paths::Separator(Path);
-    QStringList pieces = Path.split(separator);
+    QString current = Paths::DrivePart(Path);
+    QStringList pieces = Path.mid(current.size()).split(separator);
     if (pieces.last().isEmpty()) {
         pieces.removeLast(); // what stands behind a separator at the end names no folder
     }
-    QString current;
     bool creating = false;
     for (const QString& piece : pieces) {
         current += piece + separator;

@@ -1,11 +1,11 @@
 #include "copy/FittingName.h"
 
 #include "library/MusicLibrary.h"
+#include "platform/NameRules.h"
 
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace {
@@ -39,30 +39,6 @@ QString WithoutUnholdable(const QString& text, const NameLimits& limits) {
         }
     }
     return result;
-}
-
-bool EndsInDotOrBlank(const QString& text) {
-    return text.endsWith(QLatin1Char('.')) || text.endsWith(QLatin1Char(' '));
-}
-
-QString WithoutDotsAndBlanksAtEnd(QString text) {
-    while (EndsInDotOrBlank(text)) {
-        text.chop(1);
-    }
-    return text;
-}
-
-/// Windows goes by what stands before the first dot, in any case.
-bool IsDeviceName(const QString& name) {
-    const QString base = WithoutDotsAndBlanksAtEnd(name.section(QLatin1Char('.'), 0, 0)).toUpper();
-    static const std::array<QString, 4> devices = {QStringLiteral("CON"), QStringLiteral("PRN"),
-                                                   QStringLiteral("AUX"), QStringLiteral("NUL")};
-    if (std::find(devices.begin(), devices.end(), base) != devices.end()) {
-        return true;
-    }
-    const bool isNumbered =
-        base.startsWith(QLatin1String("COM")) || base.startsWith(QLatin1String("LPT"));
-    return isNumbered && base.size() == 4 && base[3] >= u'1' && base[3] <= u'9';
 }
 
 /// The "_" follows the part of the name that Windows takes for a device.

@@ -4,10 +4,26 @@ namespace Paths {
 
 namespace {
 
+/// The share that a path begins with, as in `\\server\share\Music`; empty for other texts, and for
+/// those that name a device ("\\?\", "\\.\").
+QString ShareOf(const QString& path) {
+    if (!path.startsWith(QLatin1String("\\\\"))) {
+        return {};
+    }
+    const QString server = path.section(QLatin1Char('\\'), 2, 2);
+    const QString share = path.section(QLatin1Char('\\'), 3, 3);
+    const bool isDevice = server == QLatin1String("?") || server == QLatin1String(".");
+    const bool isShare = !server.isEmpty() && !isDevice && !share.isEmpty();
+    return isShare ? path.left(2 + server.size() + 1 + share.size()) : QString();
+}
+
 bool IsRoot(const QString& path) {
-    return path == QLatin1String("/") ||
-           (IsDriveForm(path) && QStringView(path).mid(2).compare(QLatin1String("\\")) == 0) ||
-           (IsDriveForm(path) && path.size() == 2);
+    const QString drive = DrivePart(path);
+    if (path.size() <= drive.size()) {
+        return !drive.isEmpty();
+    }
+    const QChar separator = Separator(path);
+    return !drive.isEmpty() && !drive.endsWith(separator) && path == drive + separator;
 }
 
 } // namespace
@@ -21,7 +37,8 @@ bool IsDriveForm(const QString& path) {
 }
 
 QChar Separator(const QString& path) {
-    return IsDriveForm(path) ? QLatin1Char('\\') : QLatin1Char('/');
+    const bool isWindows = IsDriveForm(path) || path.startsWith(QLatin1String("\\\\"));
+    return isWindows ? QLatin1Char('\\') : QLatin1Char('/');
 }
 
 QString WithSeparator(const QString& folder) {
@@ -64,7 +81,7 @@ QString DrivePart(const QString& path) {
     if (IsDriveForm(path)) {
         return path.left(2);
     }
-    return path.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString();
+    return path.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : ShareOf(path);
 }
 
 } // namespace Paths

@@ -2,14 +2,15 @@
 
 #include <QString>
 
-/// A path text is in drive form (`E:\Music\Song.mp3`) or in native form (`/home/ana/Music`). These
-/// helpers join, cut and compare either form without looking at the disk.
+/// A path text is in drive form (`E:\Music\Song.mp3`), on a share of the network
+/// (`\\server\share\Music`), which only Windows reaches, or in native form (`/home/ana/Music`),
+/// which only Linux has. These helpers join, cut and compare any form without looking at the disk.
 namespace Paths {
 
 /// Whether `path` begins with a drive letter and a colon.
 bool IsDriveForm(const QString& path);
 
-/// What separates the folders of `path`: "\" in drive form, "/" in native form.
+/// What separates the folders of `path`: "/" in native form, "\\" in the others.
 QChar Separator(const QString& path);
 
 /// `folder` with one separator added, unless it ends in one already.
@@ -28,7 +29,8 @@ QString FileName(const QString& path);
 /// The text after the last dot of the path's file name; empty where there is no dot.
 QString Extension(const QString& path);
 
-/// The drive part: `C:` in drive form, "/" in native form, empty where the text is neither.
+/// The drive part: `C:` in drive form, `\\server\share` on a share, "/" in native form, empty where
+/// the text is none of these.
 QString DrivePart(const QString& path);
 
 } // namespace Paths

@@ -244,19 +244,8 @@ bool CopyUnderPartName(const SourceFile& source, int folder, const QByteArray& n
     return true;
 }
 
-void RequireNoPartName(const QByteArray& name) {
-    // The drives people carry away drop these at the end.
-    qsizetype length = name.size();
-    while (length > 0 && (name[length - 1] == '.' || name[length - 1] == ' ')) {
-        --length;
-    }
-    if (name.left(length).compare(PartName, Qt::CaseInsensitive) == 0) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-}
-
 void CheckTarget(int folder, const QByteArray& name, Existing existing) {
-    RequireNoPartName(name);
+    RequireNoPartName(QString::fromUtf8(name));
     struct stat info {};
     if (fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno == ENOENT) {

@@ -1,21 +1,13 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/NameRules.h"
 
 #include <QByteArray>
 
 #include <sys/stat.h>
 
 /// Copying one file whole, so that its target is seen only when all bytes are there.
-
-/// The name, beside the target, of a copy that is not whole yet or about to take an earlier file's
-/// place. It is short and fixed, so that the longest target name works and the next copy into the
-/// folder removes what a killed one has left.
-inline constexpr char PartName[] = ".songlift.part";
-
-/// Throws PermissionDenied for a name that is PartName on some disk. Nothing may be given it: the
-/// next copy into the folder would take it for its own leftover.
-void RequireNoPartName(const QByteArray& name);
 
 /// A regular file that is open for reading, and what the system told about it.
 struct SourceFile {

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxFileSystem.h"
 
+#include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 #include "platform/linux/BeneathOpen.h"
@@ -35,25 +36,9 @@ constexpr off_t ReadAtOnce = off_t{256} << 10;
 constexpr off_t ReadAheadSize = off_t{512} << 10;
 constexpr std::chrono::seconds LongestOpening(2);
 
-QString WithoutEndingSeparators(const QString& path) {
-    QString trimmed = path;
-    while (trimmed.endsWith(Paths::Separator(path))) {
-        trimmed.chop(1);
-    }
-    return trimmed;
-}
-
-/// Names that the drives people carry away cannot hold are refused on every drive.
 void CheckFolderName(const QString& path) {
-    const QString trimmed = WithoutEndingSeparators(path);
-    const bool isDrive = Paths::IsDriveForm(trimmed) && trimmed.size() == 2;
-    const QString name = isDrive ? QString() : Paths::FileName(trimmed);
-    const bool isRefused = std::any_of(
-        name.begin(), name.end(), [](QChar c) { return QStringView(u":*?\"<>|").contains(c); });
-    if (isRefused) {
-        throw RuntimeError(ErrorNumber::BadFileName);
-    }
-    if (!EncodeName(name)) {
+    RequireFolderName(path);
+    if (!EncodeName(path)) {
         // As for a file: one odd name must not end a whole job.
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
@@ -99,7 +84,7 @@ bool LinuxFileSystem::FolderExists(const QString& path) {
 void LinuxFileSystem::CreateFolder(const QString& path) {
     CheckFolderName(path);
     const FolderEntry entry = EntryToChange(path);
-    RequireNoPartName(entry.Name);
+    RequireNoPartName(QString::fromUtf8(entry.Name));
     int error = entry.Folder.Error();
     if (error == 0 && mkdirat(entry.Folder.Get(), entry.Name.constData(), NewFolderMode) != 0) {
         error = errno;

@@ -104,6 +104,18 @@ TEST(Extension, OfANameWithoutADotIsEmpty) {
     EXPECT_EQ(Paths::Extension(Text("/music/song.")), QString());
 }
 
+TEST(PathOnAShare, BeginsWithServerAndShareAsOthersDoWithTheDrive) {
+    const QString path = Text("\\\\server\\share\\Music");
+    EXPECT_EQ(Paths::DrivePart(path), Text("\\\\server\\share"));
+    EXPECT_EQ(Paths::Join(path, Text("New")), Text("\\\\server\\share\\Music\\New"));
+    EXPECT_EQ(Paths::ParentFolder(path), Text("\\\\server\\share\\"));
+    EXPECT_EQ(Paths::ParentFolder(Text("\\\\server\\share\\")), QString());
+    for (const char* none :
+         {"\\\\server", "\\\\server\\", "\\\\\\share", "\\\\?\\C:\\Music", "\\\\.\\C:"}) {
+        EXPECT_EQ(Paths::DrivePart(Text(none)), QString()) << none;
+    }
+}
+
 TEST(DrivePart, IsLetterAndColonOrTheRoot) {
     EXPECT_EQ(Paths::DrivePart(Text("C:\\x")), Text("C:"));
     EXPECT_EQ(Paths::DrivePart(Text("/home/ana")), Text("/"));
