@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Preview.h"
-#include "platform/mpv/MpvPlayer.h"
+#include "platform/player/MediaPlayer.h"
 #include "platform/qt/QtWindow.h"
 
 /// The real preview window, which holds nothing but the player.
@@ -17,6 +17,6 @@ public:
 
 private:
     QtWindow m_window;
-    MpvPlayer m_player;
+    MediaPlayer m_player;
     PreviewControls m_controls;
 };

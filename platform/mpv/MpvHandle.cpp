@@ -2,8 +2,8 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/ThreadWorker.h"
-#include "platform/mpv/CopyProtection.h"
 #include "platform/mpv/MpvOptions.h"
+#include "platform/player/CopyProtection.h"
 
 #include <QDeadlineTimer>
 
@@ -71,6 +71,10 @@ QByteArray SafeSuffix(const QString& suffix) {
 }
 
 } // namespace
+
+std::unique_ptr<PlayerEngine> PlayerEngine::Make() {
+    return std::make_unique<MpvHandle>();
+}
 
 MpvHandle::MpvHandle() {
     // The player reads and writes numbers with a point, and refuses to run in other locales.

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/mpv/MediaFile.h"
 #include "platform/mpv/MpvRenderer.h"
-#include "platform/mpv/Playback.h"
+#include "platform/player/PlayerEngine.h"
 
 #include <mpv/client.h>
 #include <mpv/stream_cb.h>
@@ -15,41 +14,29 @@
 #include <memory>
 #include <mutex>
 
-/// The player behind the window. It reads the one file it is given through us and opens nothing
-/// else, whatever that file refers to. Nothing here waits for the player, except where it says so.
-class MpvHandle {
+/// Plays with mpv.
+class MpvHandle : public PlayerEngine {
 public:
-    /// Raised when State has changed, in the thread that creates the player.
-    std::function<void()> Changed;
-    /// Raised when another picture can be drawn.
-    std::function<void()> FrameReady;
-
     /// Throws RuntimeError when there is no player.
     MpvHandle();
     /// A player that hangs in a device's read is left to a thread of its own.
-    ~MpvHandle();
+    ~MpvHandle() override;
     MpvHandle(const MpvHandle&) = delete;
     MpvHandle& operator=(const MpvHandle&) = delete;
 
-    const Playback& State() const { return m_state; }
-    MpvRenderer& Renderer() { return *m_renderer; }
+    const Playback& State() const override { return m_state; }
 
-    /// Plays an open file from its beginning, in place of any other. `suffix`, the ending of its
-    /// name without the dot, helps to recognise what it holds.
-    void Load(std::shared_ptr<MediaFile> file, const QString& suffix);
-    /// Stops and closes the file. False when the device hangs: this player is of no use then.
-    bool Stop();
-    /// Waits until the file has failed or is known with the size of its film, but no longer than
-    /// that. Returns whether it is known. Changed is not raised.
-    bool WaitUntilKnown(int milliseconds);
-    /// Whether there is nothing left to wait for.
-    bool Known() const;
+    void Load(std::shared_ptr<MediaFile> file, const QString& suffix) override;
+    bool Stop() override;
+    bool WaitUntilKnown(int milliseconds) override;
+    bool Known() const override;
 
-    void SetPaused(bool paused);
-    /// Goes to a position in seconds.
-    void SeekTo(double position);
-    /// 0 to 100.
-    void SetVolume(int percent);
+    void SetPaused(bool paused) override;
+    void SeekTo(double position) override;
+    void SetVolume(int percent) override;
+
+    void Render(QImage& image) override { m_renderer->Render(image); }
+    void Skip() override { m_renderer->Skip(); }
 
 private:
     void SendSeek(double position);

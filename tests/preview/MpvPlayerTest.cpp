@@ -304,7 +304,7 @@ TEST(PlayerEnd, ThePlayerGoesBeforeOrAfterItsWindowWhileItPlaysOrStillOpensTheFi
         for (const int milliseconds : {0, 0, 0, 0, 0, 1, 50, 300}) {
             auto window = std::make_unique<QWidget>();
             window->show();
-            auto player = std::make_unique<MpvPlayer>(window.get(), u"QTControl"_s, files);
+            auto player = std::make_unique<MediaPlayer>(window.get(), u"QTControl"_s, files);
             player->Widget()->Patience = milliseconds == 0 ? 0 : 20'000;
             player->SetSource(path);
             QTest::qWait(milliseconds);

@@ -1,6 +1,6 @@
 #include "tests/preview/PlayerTest.h"
 
-#include "platform/mpv/PlayerBar.h"
+#include "platform/player/PlayerBar.h"
 
 using namespace Qt::StringLiterals;
 using MediaSamples::Film;

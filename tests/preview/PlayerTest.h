@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/mpv/MpvPlayer.h"
-#include "platform/mpv/VideoArea.h"
+#include "platform/player/MediaPlayer.h"
+#include "platform/player/VideoArea.h"
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/PrintText.h"
 #include "tests/preview/MediaSamples.h"
@@ -23,7 +23,7 @@ class PlayerTest : public testing::Test {
 protected:
     FakeFileSystem files;
     QWidget window;
-    MpvPlayer player{&window, QStringLiteral("QTControl"), files};
+    MediaPlayer player{&window, QStringLiteral("QTControl"), files};
 
     static constexpr double twipsPerPixel = 15; // the tests' screen has 96 dots per inch
     const QString FilmSize = QStringLiteral("160x120");

@@ -1,9 +1,9 @@
-#include "platform/mpv/PlayerWidget.h"
+#include "platform/player/PlayerWidget.h"
 
 #include "platform/RuntimeError.h"
-#include "platform/mpv/MpvHandle.h"
-#include "platform/mpv/PlayerBar.h"
-#include "platform/mpv/VideoArea.h"
+#include "platform/player/PlayerBar.h"
+#include "platform/player/PlayerEngine.h"
+#include "platform/player/VideoArea.h"
 
 #include <QEvent>
 #include <QFileInfo>
@@ -66,11 +66,11 @@ void PlayerWidget::NeedPlayer() {
     if (m_player != nullptr) {
         return;
     }
-    m_player = std::make_unique<MpvHandle>();
+    m_player = PlayerEngine::Make();
     m_player->Changed = [this] { HearChange(); };
     m_player->FrameReady = [this] { m_area->FrameReady(); };
     m_player->SetVolume(m_bar->Volume());
-    m_area->SetRenderer(&m_player->Renderer());
+    m_area->SetEngine(m_player.get());
 }
 
 void PlayerWidget::Open(const QString& nativePath) {
@@ -101,7 +101,7 @@ void PlayerWidget::Stop() {
     m_without = {};
     ShowState();
     if (hangs) {
-        m_area->SetRenderer(nullptr);
+        m_area->SetEngine(nullptr);
         m_player.reset(); // the next file gets another one
     }
 }

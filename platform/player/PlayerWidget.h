@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/mpv/Playback.h"
+#include "platform/player/Playback.h"
 
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 
-class MpvHandle;
+class PlayerEngine;
 class PlayerBar;
 class VideoArea;
 
@@ -40,7 +40,7 @@ protected:
 private:
     VideoArea* m_area;
     PlayerBar* m_bar;
-    std::unique_ptr<MpvHandle> m_player;
+    std::unique_ptr<PlayerEngine> m_player;
     /// What is shown while there is no player, or no file for it.
     Playback m_without;
     bool m_hasFile = false;

@@ -1,6 +1,6 @@
-#include "platform/mpv/PlayerBar.h"
+#include "platform/player/PlayerBar.h"
 
-#include "platform/mpv/JumpSlider.h"
+#include "platform/player/JumpSlider.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -96,7 +96,6 @@ void PlayerBar::MakeControls() {
     connect(m_volume, &QSlider::valueChanged, this, [this](int value) { VolumeChosen(value); });
 
     m_message->setObjectName(QStringLiteral("MessageLabel"));
-    m_message->setText(QStringLiteral("This file cannot be played."));
     m_message->setAlignment(Qt::AlignCenter);
 }
 
@@ -116,6 +115,8 @@ void PlayerBar::LayOut() {
 void PlayerBar::Show(const Playback& playback) {
     const bool open = playback.At == Playback::Stage::Open;
     m_failed = playback.At == Playback::Stage::Failed;
+    m_message->setText(playback.Why.isEmpty() ? QStringLiteral("This file cannot be played.")
+                                              : playback.Why);
     m_play->setEnabled(open);
     m_position->setEnabled(open && playback.Duration > 0);
     ShowPlaying(open && !playback.Paused);

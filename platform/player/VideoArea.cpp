@@ -1,6 +1,6 @@
-#include "platform/mpv/VideoArea.h"
+#include "platform/player/VideoArea.h"
 
-#include "platform/mpv/MpvRenderer.h"
+#include "platform/player/PlayerEngine.h"
 
 #include <QPainter>
 
@@ -23,7 +23,7 @@ void VideoArea::SetContent(const Playback& playback) {
 void VideoArea::FrameReady() {
     m_stale = true;
     if (visibleRegion().isEmpty() || window()->isMinimized()) {
-        m_renderer->Skip(); // nobody will ask for it, and the player would wait
+        m_engine->Skip(); // nobody will ask for it, and the player would wait
     } else {
         update();
     }
@@ -49,7 +49,7 @@ void VideoArea::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), isFilm ? QBrush(Qt::black) : palette().window());
     const QRect picture = PictureRect();
-    if (m_renderer == nullptr || picture.isEmpty()) {
+    if (m_engine == nullptr || picture.isEmpty()) {
         return;
     }
     const QSize drawn = m_rotation % 180 == 0 ? picture.size() : picture.size().transposed();
@@ -68,6 +68,6 @@ void VideoArea::RenderPicture(const QSize& size) {
     if (size != m_image.size()) {
         m_image = QImage(size, QImage::Format_RGB32);
     }
-    m_renderer->Render(m_image);
+    m_engine->Render(m_image);
     m_stale = false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSize>
+#include <QString>
 
 /// What the player is doing. Times are in seconds.
 struct Playback {
@@ -13,6 +14,9 @@ struct Playback {
     enum class Picture { None, Film, Cover };
 
     Stage At = Stage::Empty;
+    /// What the user can do about it where the file cannot be played; empty where that is not
+    /// known.
+    QString Why;
     Picture Shows = Picture::None;
     /// The natural size in pixels, as the picture is to be seen; empty until its first frame has
     /// been decoded.

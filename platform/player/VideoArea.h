@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/mpv/Playback.h"
+#include "platform/player/Playback.h"
 
 #include <QImage>
 #include <QWidget>
 
-class MpvRenderer;
+class PlayerEngine;
 
 /// Where the picture is shown: as large as there is room for, in its own shape, in the middle.
 class VideoArea : public QWidget {
@@ -16,7 +16,7 @@ public:
     explicit VideoArea(QWidget* parent);
 
     /// Where the pictures come from; null for nowhere.
-    void SetRenderer(MpvRenderer* renderer) { m_renderer = renderer; }
+    void SetEngine(PlayerEngine* engine) { m_engine = engine; }
     /// What is shown of what plays.
     void SetContent(const Playback& playback);
     /// Another picture can be drawn.
@@ -30,7 +30,7 @@ protected:
 private:
     void RenderPicture(const QSize& size);
 
-    MpvRenderer* m_renderer = nullptr;
+    PlayerEngine* m_engine = nullptr;
     Playback::Picture m_shows = Playback::Picture::None;
     QSize m_pictureSize;
     int m_rotation = 0;

@@ -1,14 +1,14 @@
-#include "platform/mpv/MpvPlayer.h"
+#include "platform/player/MediaPlayer.h"
 
 #include "platform/RuntimeError.h"
 
-MpvPlayer::MpvPlayer(QWidget* parent, const QString& name, FileSystem& files)
+MediaPlayer::MediaPlayer(QWidget* parent, const QString& name, FileSystem& files)
     : QtControl(new PlayerWidget(parent), name), m_files(files) {
     Widget()->ParentResized = [this] { FillParent(); };
     Widget()->KnownLate = [this] { QtFrames::HandleAlways([this] { TakeLateSize(); }); };
 }
 
-void MpvPlayer::SetSource(const QString& path) {
+void MediaPlayer::SetSource(const QString& path) {
     m_source = path;
     if (path.isEmpty()) {
         Widget()->Stop();
@@ -21,7 +21,7 @@ void MpvPlayer::SetSource(const QString& path) {
         Widget(), [this] { FillParent(); }, Qt::QueuedConnection);
 }
 
-QString MpvPlayer::NativePathOf(const QString& path) const {
+QString MediaPlayer::NativePathOf(const QString& path) const {
     try {
         return m_files.NativePath(path);
     } catch (const RuntimeError&) {
@@ -29,19 +29,19 @@ QString MpvPlayer::NativePathOf(const QString& path) const {
     }
 }
 
-void MpvPlayer::TakeNaturalSize() {
+void MediaPlayer::TakeNaturalSize() {
     const QSize size = Widget()->NaturalSize();
     Move(Left(), Top(), size.width() * Twips::PerPixelX(), size.height() * Twips::PerPixelY());
 }
 
-void MpvPlayer::FillParent() {
+void MediaPlayer::FillParent() {
     const QWidget& parent = *Widget()->parentWidget();
     if (parent.isVisible()) {
         Move(0, 0, parent.width() * Twips::PerPixelX(), parent.height() * Twips::PerPixelY());
     }
 }
 
-void MpvPlayer::TakeLateSize() {
+void MediaPlayer::TakeLateSize() {
     TakeNaturalSize();
     Raise(SizeChanged);
     FillParent();

@@ -1,4 +1,4 @@
-#include "platform/mpv/MediaFile.h"
+#include "platform/player/MediaFile.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "platform/mpv/CopyProtection.h"
+#include "platform/player/CopyProtection.h"
 
 #include <QByteArray>
 #include <QtEndian>

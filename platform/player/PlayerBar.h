@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/mpv/Playback.h"
+#include "platform/player/Playback.h"
 
 #include <QWidget>
 

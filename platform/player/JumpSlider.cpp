@@ -1,4 +1,4 @@
-#include "platform/mpv/JumpSlider.h"
+#include "platform/player/JumpSlider.h"
 
 #include <QMouseEvent>
 #include <QStyleOptionSlider>
