@@ -1,5 +1,7 @@
 #include "app/NoDevicePanel.h"
 
+#include "platform/ConnectingHelp.h"
+
 #include <QFontDatabase>
 #include <QIcon>
 #include <QPainter>
@@ -26,11 +28,6 @@ Text TextFor(NoDeviceReason reason) {
     }
     return {QStringLiteral("Connect your iPod"),
             QStringLiteral("Plug it in, and its library appears here by itself.")};
-}
-
-QString MountingHelp() {
-    return QStringLiteral("Songlift needs it mounted as a drive, and most desktops see to that.\n"
-                          "On one that does not, open a terminal and type:");
 }
 
 /// A picture of the missing player, paler than that of a connected one.
@@ -62,14 +59,14 @@ QLabel* NewTitle(QWidget* parent, const QString& text) {
     return title;
 }
 
-QLineEdit* NewCommand(QWidget* parent, const QString& text) {
-    auto* command = new QLineEdit(text, parent);
+QLineEdit* NewCommand(QWidget* parent, const ConnectingHelp& help) {
+    auto* command = new QLineEdit(help.Command, parent);
     command->setReadOnly(true);
     command->setAlignment(Qt::AlignHCenter);
     command->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    command->setFixedWidth(command->fontMetrics().horizontalAdvance(text) + 60);
+    command->setFixedWidth(command->fontMetrics().horizontalAdvance(help.Command) + 60);
     command->setAccessibleName(QStringLiteral("Command"));
-    command->setAccessibleDescription(MountingHelp());
+    command->setAccessibleDescription(help.Before);
     return command;
 }
 
@@ -106,10 +103,9 @@ NoDevicePanel::NoDevicePanel(TextWithPicture* text, const QString& name)
     m_text->Picture = picture;
     m_title = NewTitle(content, {});
     m_whatToDo = NewText(content, {});
-    m_command = NewCommand(content, QStringLiteral("udisksctl mount -b /dev/sdX2"));
-    m_mounting = {NewText(content, MountingHelp()), m_command,
-                  NewText(content, QStringLiteral("Put the iPod's data partition in the place "
-                                                  "of sdX2: \"lsblk\" lists them all."))};
+    const ConnectingHelp help = ConnectingHelp::OfThisSystem();
+    m_command = NewCommand(content, help);
+    m_connecting = {NewText(content, help.Before), NewText(content, help.After)};
 
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(16, 16, 16, 16);
@@ -121,11 +117,11 @@ NoDevicePanel::NoDevicePanel(TextWithPicture* text, const QString& name)
     column->addSpacing(8);
     column->addWidget(m_whatToDo);
     column->addSpacing(18);
-    column->addWidget(m_mounting[0]);
+    column->addWidget(m_connecting[0]);
     column->addSpacing(8);
     column->addWidget(m_command, 0, Qt::AlignHCenter);
     column->addSpacing(8);
-    column->addWidget(m_mounting[2]);
+    column->addWidget(m_connecting[1]);
     column->addStretch(3);
 
     Widget()->setWidget(content);
@@ -141,8 +137,10 @@ void NoDevicePanel::Tell(NoDeviceReason reason) {
     const Text text = TextFor(reason);
     m_title->setText(text.Title);
     m_whatToDo->setText(text.WhatToDo);
-    for (QWidget* widget : m_mounting) {
-        widget->setHidden(reason != NoDeviceReason::NoneConnected);
+    const bool isConnected = reason != NoDeviceReason::NoneConnected;
+    m_command->setHidden(isConnected || m_command->text().isEmpty());
+    for (QWidget* widget : m_connecting) {
+        widget->setHidden(isConnected);
     }
     Widget()->setAccessibleName(text.Title);
     m_text->ShowPictureIfItFits();

@@ -13,7 +13,8 @@ public:
 
     void Tell(NoDeviceReason reason) override;
 
-    /// The command that mounts an iPod, for the user to select and copy.
+    /// The command that mounts an iPod, for the user to select and copy; hidden where there is
+    /// none.
     QLineEdit* Command() const { return m_command; }
 
 private:
@@ -22,8 +23,8 @@ private:
     QLabel* m_title;
     QLabel* m_whatToDo;
     QLineEdit* m_command;
-    /// The part for iPods that the desktop does not mount: the command and the texts around it.
-    QList<QWidget*> m_mounting;
+    /// The texts before and behind the command, for iPods that do not appear by themselves.
+    QList<QWidget*> m_connecting;
 
     NoDevicePanel(TextWithPicture* text, const QString& name);
 };

@@ -4,9 +4,6 @@
 #include "app/OverwriteWindow.h"
 #include "app/PreviewWindow.h"
 #include "platform/ThreadWorker.h"
-#include "platform/linux/LinuxDrives.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/QuitSignals.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtSettingsStore.h"
@@ -19,7 +16,32 @@
 
 #include <memory>
 
+#ifdef Q_OS_WIN
+#include "platform/windows/QuitRequests.h"
+#include "platform/windows/WindowsDrives.h"
+#include "platform/windows/WindowsFileSystem.h"
+#else
+#include "platform/linux/LinuxDrives.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/QuitSignals.h"
+#endif
+
 namespace {
+
+#ifdef Q_OS_WIN
+using SystemDrives = WindowsDrives;
+
+std::shared_ptr<FileSystem> NewFileSystem(WindowsDrives&) {
+    return std::make_shared<WindowsFileSystem>();
+}
+#else
+using SystemDrives = LinuxDrives;
+using QuitRequests = QuitSignals;
+
+std::shared_ptr<FileSystem> NewFileSystem(LinuxDrives& drives) {
+    return std::make_shared<LinuxFileSystem>(drives);
+}
+#endif
 
 /// The installed icon, in the user's theme; else the one built into the program.
 QIcon ProgramIcon() {
@@ -41,10 +63,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(ProgramIcon());
 
     // Shared, since a thread that hangs in them may outlive everything else.
-    const auto sharedDrives = std::make_shared<LinuxDrives>();
-    const auto sharedFiles = std::make_shared<LinuxFileSystem>(*sharedDrives);
-    LinuxDrives& drives = *sharedDrives;
-    LinuxFileSystem& files = *sharedFiles;
+    const auto drives = std::make_shared<SystemDrives>();
+    const std::shared_ptr<FileSystem> files = NewFileSystem(*drives);
     ThreadWorker background;
     ThreadWorker ahead;
     QtSettingsStore store;
@@ -55,9 +75,9 @@ int main(int argc, char** argv) {
     Form1Window window(windowManager);
     QtMessages messages(window.Window().Widget());
     application.MessageBoxes = &messages;
-    PreviewWindow preview(window.Window().Widget(), files);
-    const Services services{files,    drives, store,      shell, windowManager,
-                            messages, events, background, ahead};
+    PreviewWindow preview(window.Window().Widget(), *files);
+    const Services services{*files,   *drives, store,      shell, windowManager,
+                            messages, events,  background, ahead};
     Form1 form(services, window.Controls(), preview.Controls(), [&](OverwritePrompt& prompt) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });
@@ -67,8 +87,8 @@ int main(int argc, char** argv) {
     if (!isLoaded && !window.Window().Widget()->isVisible()) {
         return 1;
     }
-    const QuitSignals signals([&form] {
-        SessionEnd::SetNow(true); // and never false again: a signal cannot be refused
+    const QuitRequests requests([&form] {
+        SessionEnd::SetNow(true); // and never false again: this cannot be refused
         form.QuitUnasked();
         QApplication::quit();
     });

@@ -2,6 +2,8 @@
 
 #include "platform/RuntimeError.h"
 
+#include <QLocale>
+
 #include <unicode/ucol.h>
 
 #include <algorithm>
@@ -16,8 +18,9 @@ struct CloseCollator {
 };
 using Collator = std::unique_ptr<UCollator, CloseCollator>;
 
-/// The locale that the environment names for sorting; the root locale ("") where it names none,
-/// since people do not expect plain code-point order ("C").
+/// The locale that the environment names for sorting, else the user's, which Windows knows without
+/// it; the root locale ("") where there is none, since people do not expect plain code-point
+/// order ("C").
 QByteArray SortingLocale() {
     for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"}) {
         const QByteArray value = qgetenv(variable);
@@ -27,7 +30,8 @@ QByteArray SortingLocale() {
             return name == "C" || name == "POSIX" ? QByteArray() : name;
         }
     }
-    return {};
+    const QLocale user = QLocale::system().collation();
+    return user == QLocale::c() ? QByteArray() : user.bcp47Name().toLatin1();
 }
 
 void ThrowIfOutOfMemory(UErrorCode status) {

@@ -17,8 +17,10 @@ constexpr int MostNames = 5000;
 /// The names of the folders in `folder`, in order; empty where that is not an absolute path.
 QStringList FoldersIn(const QString& folder) {
     QStringList names;
-    // A path that begins with ":" would name one of the program's own resources.
-    if (folder.startsWith(QLatin1Char(':')) || !QDir::isAbsolutePath(folder)) {
+    // A path that begins with ":" would name one of the program's own resources, and looking for
+    // another computer takes longer than a key press may.
+    if (folder.startsWith(QLatin1Char(':')) || folder.startsWith(QLatin1String("\\\\")) ||
+        !QDir::isAbsolutePath(folder)) {
         return names;
     }
     QDirIterator entries(folder, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);

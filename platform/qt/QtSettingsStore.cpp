@@ -3,10 +3,26 @@
 #include <QStandardPaths>
 #include <QStringList>
 
-QtSettingsStore::QtSettingsStore()
-    : m_settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                     QStringLiteral("/Songlift/Songlift.conf"),
-                 QSettings::IniFormat) {
+namespace {
+
+#ifdef Q_OS_WIN
+constexpr QSettings::Format Format = QSettings::NativeFormat;
+
+QString Place() {
+    return QStringLiteral("HKEY_CURRENT_USER\\Software\\Songlift");
+}
+#else
+constexpr QSettings::Format Format = QSettings::IniFormat;
+
+QString Place() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Songlift/Songlift.conf");
+}
+#endif
+
+} // namespace
+
+QtSettingsStore::QtSettingsStore() : m_settings(Place(), Format) {
     m_settings.beginGroup(QStringLiteral("Settings"));
 }
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/mediafoundation/MediaSource.h"
+#include "platform/mediafoundation/SoundOutput.h"
+#include "platform/player/Playback.h"
+
+#include <QObject>
+#include <QString>
+
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+/// Plays one file, on a thread of its own, which shares it and may outlive its user where a device
+/// keeps it waiting.
+class MediaSession {
+public:
+    /// `changed` and `frameReady` are called in the thread that makes this, until Stop.
+    MediaSession(std::shared_ptr<MediaFile> file, const QString& suffix, int volume,
+                 std::function<void()> changed, std::function<void()> frameReady);
+
+    static void Start(const std::shared_ptr<MediaSession>& session);
+    /// Closes the file; the thread ends as soon as it can.
+    void Stop();
+
+    Playback State() const;
+    bool WaitUntilKnown(int milliseconds);
+    QImage Picture() const;
+
+    void SetPaused(bool paused);
+    void SeekTo(double position);
+    void SetVolume(int percent);
+
+private:
+    void Run();
+    void Play(MediaSource& source);
+    bool TakeWishes(MediaSource& source, SoundOutput* sound);
+    void QueueSound(MediaSource& source, SoundOutput& sound);
+    void ShowFilm(MediaSource& source);
+    double Clock(const SoundOutput* sound) const;
+    void Tell(const std::function<void()>& event);
+    void SetStage(Playback::Stage stage);
+
+    const std::shared_ptr<MediaFile> m_file;
+    const QString m_suffix;
+    const std::function<void()> m_changed, m_frameReady;
+
+    /// Guards what both threads use, down to the gap.
+    mutable std::mutex m_mutex;
+    std::condition_variable m_woken;
+    /// Brings events to the user's thread; null after Stop.
+    std::unique_ptr<QObject> m_receiver;
+    Playback m_state;
+    QImage m_picture;
+    bool m_isPaused = false;
+    bool m_isStopped = false;
+    int m_volume;
+    bool m_volumeIsNew = true;
+    std::optional<double> m_wishedPosition;
+
+    // The thread's own: what was read but is not to be heard or seen yet, and what there is no more
+    // of.
+    std::optional<MediaSource::Frame> m_nextFrame;
+    bool m_soundEnded = false, m_filmEnded = false;
+    /// Up to where sound was queued; and, without sound, the position at a moment.
+    double m_queuedTo = 0;
+    double m_position = 0;
+    qint64 m_positionAt = 0;
+    bool m_wasPaused = false;
+};

@@ -1,0 +1,47 @@
+#include "platform/windows/FileInfo.h"
+
+#include "platform/windows/WindowsErrors.h"
+
+namespace {
+
+/// Files that are fetched from the network when they are first read are marked as links are.
+bool IsLink(HANDLE file) {
+    FILE_ATTRIBUTE_TAG_INFO info{};
+    return !GetFileInformationByHandleEx(file, FileAttributeTagInfo, &info, sizeof info) ||
+           IsReparseTagNameSurrogate(info.ReparseTag);
+}
+
+bool Fill(HANDLE file, FileInfo& info) {
+    if (!GetFileInformationByHandle(file, &info.Facts)) {
+        return false;
+    }
+    info.IsLink = (info.Facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsLink(file);
+    return true;
+}
+
+} // namespace
+
+WindowsHandle OpenToLook(const std::wstring& path, Links links) {
+    const DWORD flags =
+        FILE_FLAG_BACKUP_SEMANTICS | (links == Links::Keep ? FILE_FLAG_OPEN_REPARSE_POINT : 0);
+    return WindowsHandle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                     nullptr, OPEN_EXISTING, flags, nullptr));
+}
+
+FileInfo InfoOf(HANDLE file) {
+    FileInfo info;
+    if (!Fill(file, info)) {
+        ThrowError(GetLastError());
+    }
+    return info;
+}
+
+std::optional<FileInfo> Look(const std::wstring& path, Links links) {
+    const WindowsHandle file = OpenToLook(path, links);
+    FileInfo info;
+    if (!file.IsOpen() || !Fill(file.Get(), info)) {
+        return std::nullopt;
+    }
+    return info;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/windows/WindowsHandle.h"
+
+#include <QtGlobal>
+
+#include <optional>
+#include <string>
+
+/// What the system tells about an open file or folder.
+struct FileInfo {
+    BY_HANDLE_FILE_INFORMATION Facts{};
+    /// A symbolic link or a junction, or a folder at which another volume is mounted.
+    bool IsLink = false;
+
+    bool IsFolder() const { return (Facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+    bool IsReadOnly() const { return (Facts.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0; }
+    qint64 Length() const { return qint64{Facts.nFileSizeHigh} << 32 | Facts.nFileSizeLow; }
+    bool IsSameAs(const FileInfo& other) const {
+        return Facts.dwVolumeSerialNumber == other.Facts.dwVolumeSerialNumber &&
+               Facts.nFileIndexHigh == other.Facts.nFileIndexHigh &&
+               Facts.nFileIndexLow == other.Facts.nFileIndexLow;
+    }
+};
+
+enum class Links { Follow, Keep };
+
+/// Opens what stands at `path` to be asked about, but neither read nor written.
+WindowsHandle OpenToLook(const std::wstring& path, Links links);
+
+/// Throws RuntimeError where the system does not tell.
+FileInfo InfoOf(HANDLE file);
+
+/// What stands at `path`; nothing where nothing does, or where the system does not tell.
+std::optional<FileInfo> Look(const std::wstring& path, Links links = Links::Follow);

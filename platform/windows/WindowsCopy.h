@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/windows/FileInfo.h"
+
+#include <string>
+
+/// Copying one file whole, so that its target is seen only when all bytes are there.
+
+/// Where something is to be made or replaced.
+struct TargetPlace {
+    /// The folder that holds it, as the system takes it.
+    std::wstring Folder;
+    QString Name;
+
+    std::wstring Path() const;
+};
+
+/// A regular file that is open for reading, and what the system told about it.
+struct OpenSource {
+    HANDLE File;
+    const FileInfo& Info;
+};
+
+/// Copies the whole of `source` to `target`, with its modification time. Throws RuntimeError:
+/// PermissionDenied where an earlier target may not be replaced, is no regular file or is the
+/// source itself, FileAlreadyExists where it is to be kept. False when `control` has stopped it.
+bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing existing,
+               const CopyControl& control);
+
+/// Copies `size` bytes from one open file to another. Throws DeviceIOError where the source ends
+/// earlier. False when `control` has stopped it.
+bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& control);
+
+/// Looks at `target`. Throws PermissionDenied where a file cannot be made there: for a folder, for
+/// a file that this user may not replace or another program holds, and for PartName.
+/// FileAlreadyExists for a file, or a link to one or to nothing, that is to be kept.
+void CheckTarget(const TargetPlace& target, Existing existing);
+
+/// Removes what a killed copy has left in `folder`. Throws PermissionDenied where another copy is
+/// at work there.
+void RemoveLeftover(const std::wstring& folder);
+
+/// Renames an open file; ERROR_SUCCESS, or why it was not. SetFileInformationByHandle does the
+/// same, but wine cannot.
+DWORD Rename(HANDLE file, const std::wstring& target, Existing existing);
+
+/// Whether an open file goes when it is closed, be it because its program was killed.
+bool SetGoesWhenClosed(HANDLE file, bool goes);

@@ -1,0 +1,81 @@
+#include "platform/windows/WindowsDrives.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/windows/Volumes.h"
+#include "platform/windows/WindowsApi.h"
+
+#include <array>
+#include <chrono>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What a drive may take to answer; its motor may have to start first, but the window waits.
+constexpr auto Patience = 300ms;
+
+std::wstring RootOf(QChar letter) {
+    return {static_cast<wchar_t>(letter.unicode()), L':', L'\\'};
+}
+
+} // namespace
+
+WindowsDrives::WindowsDrives() {
+    // A drive without a medium shall be an error and no box over the window.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
+std::vector<Drive> WindowsDrives::Drives() {
+    std::vector<Drive> drives;
+    const DWORD letters = GetLogicalDrives();
+    for (ushort i = 0; i < 26; ++i) {
+        const QChar letter(u'A' + i);
+        if ((letters & (1u << i)) == 0) {
+            continue;
+        }
+        // Floppy drives are left alone: each look would start their motor.
+        const bool isAsked = letter > QLatin1Char('B') && IsRemovableVolume(RootOf(letter));
+        if (!isAsked || Ask(letter) != nullptr) {
+            drives.push_back({letter, letter + QStringLiteral(":")});
+        }
+    }
+    return drives;
+}
+
+bool WindowsDrives::IsRemovable(const Drive& drive) {
+    const std::wstring root = RootOf(drive.Letter);
+    if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    return IsRemovableVolume(root);
+}
+
+QString WindowsDrives::VolumeName(const Drive& drive) {
+    const std::shared_ptr<const Answer> answer = Ask(drive.Letter);
+    if (answer == nullptr || !answer->IsReady) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    return answer->Label;
+}
+
+/// What a drive answers; null where it does not in time. Then the answer counts when it comes, and
+/// the drive is not asked again before.
+std::shared_ptr<const WindowsDrives::Answer> WindowsDrives::Ask(QChar letter) {
+    if (const auto open = m_open.value(letter)) {
+        return open->IsThere ? m_open.take(letter) : nullptr;
+    }
+    const auto answer = std::make_shared<Answer>();
+    const auto ask = [answer, root = RootOf(letter)] {
+        std::array<wchar_t, MAX_PATH + 1> label{};
+        answer->IsReady = GetVolumeInformationW(root.c_str(), label.data(), label.size(), nullptr,
+                                                nullptr, nullptr, nullptr, 0);
+        answer->Label = QString::fromWCharArray(label.data());
+        answer->IsThere = true;
+    };
+    const auto until = std::chrono::steady_clock::now() + Patience;
+    if (!m_worker.Do(ask, [until] { return std::chrono::steady_clock::now() < until; })) {
+        m_open.insert(letter, answer);
+        return nullptr;
+    }
+    return answer;
+}
