@@ -46,7 +46,7 @@ class Stage:
         self.work = work
         self.destination = work / "copied"
         self._bus = Bus(desktop)
-        self._program = Path(program).resolve()
+        self.program = Path(program).resolve()
         self._sample_maker = Path(sample_maker).resolve()
 
     def small_ipod(self, *options, folder=None):
@@ -63,7 +63,7 @@ class Stage:
 
     def start(self, *drives, program=None, under=()):
         """Starts the program, or another build of it, with folders attached as drives."""
-        return Songlift(self.desktop, self._bus, program or self._program, drives, under)
+        return Songlift(self.desktop, self._bus, program or self.program, drives, under)
 
     def start_with_small_ipod(self):
         """The program with the small sample loaded, its destination an empty folder; and the sample."""

@@ -1,13 +1,17 @@
-// What both the real file system and the fake one answer; the tests of the copy engine rest on it.
+// What the real file system of each system and the fake one answer; the tests of the copy engine
+// rest on it.
 
+#include "platform/Paths.h"
 #include "tests/fakes/FakeFileSystem.h"
-#include "tests/platform/LinuxFixture.h"
+#include "tests/platform/RealDisk.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 
 enum class Kind { Real, Fake };
 
-class FileSystemContract : public LinuxFixture, public testing::WithParamInterface<Kind> {
+class FileSystemContract : public testing::TestWithParam<Kind> {
 protected:
     FileSystemContract() {
         MakeFolder(Folder);
@@ -18,9 +22,7 @@ protected:
         }
     }
 
-    FileSystem& Files() {
-        return GetParam() == Kind::Real ? static_cast<FileSystem&>(m_files) : m_fake;
-    }
+    FileSystem& Files() { return GetParam() == Kind::Real ? m_disk.Files() : m_fake; }
     int CopyError(const QString& source, const QString& target, Existing existing) {
         return NumberOf([&] { Files().CopyFile(source, target, existing, {}); });
     }
@@ -35,13 +37,17 @@ protected:
         return GetParam() == Kind::Real ? ReadFile(path) : m_fake.Bytes(path);
     }
 
+    QString Native(const QString& name) const { return m_disk.Native(name); }
+
+private:
+    RealDisk m_disk;
+    FakeFileSystem m_fake;
+
+protected:
     const QString Folder = Native(QStringLiteral("folder"));
     const QString Song = Native(QStringLiteral("Song.mp3"));
     const QString Other = Native(QStringLiteral("Other.mp3"));
     const QString Missing = Native(QStringLiteral("Missing.mp3"));
-
-private:
-    FakeFileSystem m_fake;
 };
 
 } // namespace
@@ -85,7 +91,9 @@ TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
 }
 
 TEST_P(FileSystemContract, ATargetNeedsItsFolderAndANameThatTheDiskCanHold) {
-    EXPECT_EQ(TargetError(Native(QStringLiteral("nix/x")), Existing::Replace), 76);
+    EXPECT_EQ(TargetError(Paths::Join(Native(QStringLiteral("nix")), QStringLiteral("x")),
+                          Existing::Replace),
+              76);
     EXPECT_EQ(TargetError(Native(QString(256, QLatin1Char('a'))), Existing::Replace), 70);
 }
 
@@ -102,13 +110,15 @@ TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
     }
 }
 
+// Windows lets nobody take the name of a file that is open for writing; elsewhere it may go.
 TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted) {
     const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
-    Files().MoveFile(*Files().OpenForReadingAndWriting(Other), Song, Existing::Replace, {});
-    EXPECT_EQ(NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep, {}); }), 70);
+    const bool isTaken = MoveError(Other, Song, Existing::Replace) == 0;
+    const int error = NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep, {}); });
     Files().DeleteFile(*file);
-    EXPECT_EQ(Bytes(Song), Other.toUtf8());
-    EXPECT_FALSE(Files().FileExists(Missing));
+    EXPECT_EQ(error, isTaken ? 70 : 0);
+    EXPECT_EQ(Bytes(isTaken ? Song : Missing), (isTaken ? Other : Song).toUtf8());
+    EXPECT_EQ(Files().FileExists(Missing), !isTaken);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract, testing::Values(Kind::Real, Kind::Fake),

@@ -124,41 +124,12 @@ void TestMount::Unmount() {
     }
 }
 
-void WriteFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
-    ASSERT_EQ(file.write(content), content.size());
-}
-
-QByteArray ReadFile(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
-
-QByteArray Pattern(qsizetype size) {
-    QByteArray bytes(size, '\0');
-    for (qsizetype i = 0; i < size; ++i) {
-        bytes[i] = static_cast<char>((i * 31 + i / 251) % 251);
-    }
-    return bytes;
-}
-
-void MakeFolder(const QString& path) {
-    ASSERT_TRUE(QDir().mkpath(path)) << qPrintable(path);
-}
-
 void MakeLink(const QString& target, const QString& path) {
     ASSERT_EQ(symlink(target.toUtf8().constData(), path.toUtf8().constData()), 0);
 }
 
 bool MakePipe(const QString& path) {
     return mkfifo(path.toUtf8().constData(), 0600) == 0;
-}
-
-QStringList NamesIn(const QString& folder) {
-    return QDir(folder).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 void SetMode(const QString& path, unsigned int mode) {
@@ -168,15 +139,6 @@ void SetMode(const QString& path, unsigned int mode) {
 bool IsThere(const QString& path) {
     struct stat info {};
     return lstat(path.toUtf8().constData(), &info) == 0;
-}
-
-int NumberOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const RuntimeError& error) {
-        return int(error.Number);
-    }
-    return 0;
 }
 
 int NumberOfNobody(const std::function<void()>& step) {

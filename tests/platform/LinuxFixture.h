@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/LinuxFileSystem.h"
+#include "tests/fakes/RealFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -50,21 +51,11 @@ private:
     bool m_isMounted = false;
 };
 
-void WriteFile(const QString& path, const QByteArray& content);
-QByteArray ReadFile(const QString& path);
-/// `size` bytes that repeat at no power of two.
-QByteArray Pattern(qsizetype size);
-void MakeFolder(const QString& path);
 void MakeLink(const QString& target, const QString& path);
 bool MakePipe(const QString& path);
-/// All names in a folder, hidden ones too, in byte order.
-QStringList NamesIn(const QString& folder);
 void SetMode(const QString& path, unsigned int mode);
 /// Whether there is anything at `path`, be it a link to nothing.
 bool IsThere(const QString& path);
-
-/// The number of the error that a step raises, 0 where it raises none.
-int NumberOf(const std::function<void()>& step);
 
 /// The same for a step of a user without rights; -1 where this process cannot become one. The step
 /// runs in a process of its own, so that what it changes in memory is lost.

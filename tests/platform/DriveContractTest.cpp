@@ -1,0 +1,28 @@
+// What every system's drives answer.
+
+#include "tests/platform/RealDisk.h"
+
+#include <gtest/gtest.h>
+
+TEST(DriveContract, DrivesStandInTheOrderOfTheirLettersAndTellWhetherTheyAreRemovable) {
+    RealDisk disk;
+    const std::vector<Drive> drives = disk.Drives().Drives();
+    ASSERT_FALSE(drives.empty());
+    QChar last;
+    for (const Drive& drive : drives) {
+        EXPECT_GT(drive.Letter, last);
+        EXPECT_EQ(drive.Path, drive.Letter + QStringLiteral(":"));
+        EXPECT_NO_THROW(disk.Drives().IsRemovable(drive));
+        last = drive.Letter;
+    }
+}
+
+TEST(DriveContract, ADriveThatIsGoneIsUnavailable) {
+    RealDisk disk;
+    const Drive gone{QLatin1Char('R'), QStringLiteral("R:")};
+    EXPECT_EQ(NumberOf([&] { disk.Drives().IsRemovable(gone); }), 68);
+    EXPECT_EQ(NumberOf([&] { disk.Drives().VolumeName(gone); }), 68);
+    EXPECT_FALSE(disk.Files().FolderExists(gone.Path));
+    EXPECT_EQ(NumberOf([&] { disk.Files().FreeBytes(gone.Path); }), 68);
+    EXPECT_EQ(NumberOf([&] { disk.Files().OpenForReading(QStringLiteral("R:\\a\\b.mp3")); }), 76);
+}
