@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Q(const char* text) {
@@ -31,10 +33,10 @@ public:
     }
 
     void StartWithTwoDevices() {
-        PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
-        PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+        PlugIn(u'E', u"ONE"_s, SmallLibrary());
+        PlugIn(u'F', u"TWO"_s, SmallLibrary());
         Start();
-        form.txtDestination.SetText(Q("D:\\Music"));
+        form.txtDestination.SetText(u"D:\\Music"_s);
     }
 
     /// Nothing is hidden, nothing is busy, and no file is half copied.
@@ -43,16 +45,16 @@ public:
             EXPECT_TRUE(list->Visible());
         }
         EXPECT_EQ(form.Form1.Pointer(), MousePointer::Default);
-        EXPECT_NE(form.cmdCopy.Caption(), Q("&Cancel"));
+        EXPECT_NE(form.cmdCopy.Caption(), u"&Cancel"_s);
         for (const FakeControl* control : {&form.Picture2, &form.frmDP, &form.frmTN}) {
             EXPECT_TRUE(control->Enabled());
         }
         EXPECT_TRUE(form.tbsFilter.Enabled());
         EXPECT_TRUE(form.Combo1.Enabled());
         EXPECT_TRUE(form.txtDestination.Enabled());
-        EXPECT_EQ(files.ChangesBelow(Q("E:")), QStringList());
+        EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
         EXPECT_EQ(files.OpenFiles, 0);
-        for (const QString& file : files.FilesBelow(Q("D:\\Music"))) {
+        for (const QString& file : files.FilesBelow(u"D:\\Music"_s)) {
             EXPECT_TRUE(IsWhole(file)) << file.toStdString();
         }
     }
@@ -68,25 +70,25 @@ public:
         }
         form.Combo1.UserChoose(form.Combo1.ListCount() - 1);
         EXPECT_EQ(form.lstArtists.Texts(),
-                  QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
+                  QStringList({u"All (2 Artists)"_s, u"Blue River"_s, u"The Lamps"_s}));
     }
 
     /// Ticks all and copies all, through a search and back.
     void ExpectNextRequestsWork() {
-        form.txtSearch.UserReplace(Q("dusk"));
-        EXPECT_EQ(form.lstSongs.Texts().last(), Q("Dusk"));
+        form.txtSearch.UserReplace(u"dusk"_s);
+        EXPECT_EQ(form.lstSongs.Texts().last(), u"Dusk"_s);
         form.txtSearch.UserReplace(QString());
         form.tbsFilter.UserSelectTab(2);
-        EXPECT_EQ(form.lstSongs.Texts().last(), Q("Film"));
+        EXPECT_EQ(form.lstSongs.Texts().last(), u"Film"_s);
         form.tbsFilter.UserSelectTab(0);
         ASSERT_EQ(form.lstArtists.ListCount(), 3);
         if (!form.lstArtists.Selected(0)) {
             form.lstArtists.UserTick(0, true);
         }
-        EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 3.5 MB of 3.5 MB"));
+        EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.5 MB of 3.5 MB"_s);
         messages.Shown.clear();
         form.cmdCopy.UserPress();
-        EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
+        EXPECT_EQ(messages.Texts(), QStringList({u"Copy completed!"_s}));
         for (const auto& [target, source] : Targets) {
             EXPECT_TRUE(files.HasFile(Q(target))) << target;
         }
@@ -132,15 +134,27 @@ const Act StartAndTick = [](FailingProgram& program) {
 };
 const Act StartAndSearch = [](FailingProgram& program) {
     StartAndTick(program);
-    program.form.txtSearch.UserReplace(Q("river"));
+    program.form.txtSearch.UserReplace(u"river"_s);
 };
 const Act StartEmpty = [](FailingProgram& program) {
     program.Start();
-    program.form.txtDestination.SetText(Q("D:\\Music"));
-    program.PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
-    program.PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+    program.form.txtDestination.SetText(u"D:\\Music"_s);
+    program.PlugIn(u'E', u"ONE"_s, SmallLibrary());
+    program.PlugIn(u'F', u"TWO"_s, SmallLibrary());
 };
 const Act Copy = [](FailingProgram& program) { program.form.cmdCopy.UserPress(); };
+/// Copies, with the user acting in the third yield.
+Act CopyAnd(const std::function<void(FailingProgram&)>& act) {
+    return [act](FailingProgram& program) {
+        program.events.OnYield = [&program, act](int yield) {
+            if (yield == 3) {
+                RunHandler([&] { act(program); });
+            }
+        };
+        Copy(program);
+    };
+}
+
 const Act ChooseAgain = [](FailingProgram& program) { program.ChooseDevice(); };
 
 const Scenario Scenarios[] = {
@@ -153,7 +167,7 @@ const Scenario Scenarios[] = {
     {"choose a device that is gone",
      [](FailingProgram& program) {
          Start(program);
-         program.Unplug(QLatin1Char('F'));
+         program.Unplug(u'F');
      },
      [](FailingProgram& program) { program.form.Combo1.UserChoose(1); }, ChooseAgain},
     {"poll for devices", StartEmpty, [](FailingProgram& program) { program.form.timScan.Elapse(); },
@@ -168,29 +182,12 @@ const Scenario Scenarios[] = {
     {"copy while a result is shown", StartAndSearch, Copy,
      [](FailingProgram& program) {
          EXPECT_EQ(program.form.lstArtists.Texts(),
-                   QStringList({Q("All (1 Artist)"), Q("Blue River")}));
+                   QStringList({u"All (1 Artist)"_s, u"Blue River"_s}));
          program.form.cmdClear.UserPress();
      }},
-    {"cancel a copy", StartAndTick,
-     [](FailingProgram& program) {
-         program.events.OnYield = [&program](int yield) {
-             if (yield == 3) {
-                 RunHandler([&program] { program.form.cmdCopy.UserPress(); });
-             }
-         };
-         Copy(program);
-     },
-     Nothing},
+    {"cancel a copy", StartAndTick, CopyAnd(Copy), Nothing},
     {"quit a copy, on second thoughts not", StartAndTick,
-     [](FailingProgram& program) {
-         program.events.OnYield = [&program](int yield) {
-             if (yield == 3) {
-                 RunHandler([&program] { program.form.Form1.UserClose(); });
-             }
-         };
-         Copy(program);
-     },
-     Nothing},
+     CopyAnd([](FailingProgram& program) { program.form.Form1.UserClose(); }), Nothing},
     {"preview", Start,
      [](FailingProgram& program) {
          program.form.lstSongs.UserClick(1);
@@ -200,7 +197,7 @@ const Scenario Scenarios[] = {
          program.form.lstArtists.UserClick(0);
          program.form.lstSongs.UserClick(1);
          program.form.mnuPreview.Click();
-         EXPECT_EQ(program.player.Source(), Q("E:\\iPod_Control\\Music\\F00\\AAAB.mp3"));
+         EXPECT_EQ(program.player.Source(), u"E:\\iPod_Control\\Music\\F00\\AAAB.mp3"_s);
          EXPECT_TRUE(program.frmPreview.Visible);
      }},
     {"close the preview",

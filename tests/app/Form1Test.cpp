@@ -2,34 +2,34 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Form1Test : public testing::Test, protected ProgramFixture {
 protected:
-    static QString Q(const char* text) { return QString::fromUtf8(text); }
-
     void StartWithSmallLibrary() {
-        PlugIn(QLatin1Char('E'), Q("MY IPOD"), SmallLibrary());
+        PlugIn(u'E', u"MY IPOD"_s, SmallLibrary());
         Start();
-        form.txtDestination.SetText(Q("D:\\Music"));
+        form.txtDestination.SetText(u"D:\\Music"_s);
     }
 };
 
 } // namespace
 
 TEST_F(Form1Test, TheFirstIpodIsLoadedAtTheStartWithItsFirstArtistCurrent) {
-    PlugIn(QLatin1Char('E'), Q("MY IPOD"), SmallLibrary());
-    PlugIn(QLatin1Char('F'), Q("OTHER"), {});
+    PlugIn(u'E', u"MY IPOD"_s, SmallLibrary());
+    PlugIn(u'F', u"OTHER"_s, {});
     Start();
-    EXPECT_EQ(form.Combo1.Text(), Q("(E:) MY IPOD"));
+    EXPECT_EQ(form.Combo1.Text(), u"(E:) MY IPOD"_s);
     EXPECT_EQ(form.lstArtists.Texts(),
-              QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
+              QStringList({u"All (2 Artists)"_s, u"Blue River"_s, u"The Lamps"_s}));
     EXPECT_EQ(form.lstArtists.ListIndex(), 1);
-    EXPECT_EQ(form.lstAlbums.Texts(), QStringList({Q("All (2 Albums)"), Q("Deep"), Q("Wide")}));
+    EXPECT_EQ(form.lstAlbums.Texts(), QStringList({u"All (2 Albums)"_s, u"Deep"_s, u"Wide"_s}));
     EXPECT_EQ(form.lstSongs.Texts(),
-              QStringList({Q("All (3 Items)"), Q("Delta"), Q("Estuary"), Q("Source")}));
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 0 KB of 3.5 MB"));
-    EXPECT_EQ(form.lblFullName.Caption(), Q("Blue River"));
+              QStringList({u"All (3 Items)"_s, u"Delta"_s, u"Estuary"_s, u"Source"_s}));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 0 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblFullName.Caption(), u"Blue River"_s);
     EXPECT_TRUE(form.lstArtists.HasFocus());
     EXPECT_TRUE(form.Picture1.ShowsDevice);
     EXPECT_FALSE(form.cmdCopy.Enabled());
@@ -39,11 +39,11 @@ TEST_F(Form1Test, TheFirstIpodIsLoadedAtTheStartWithItsFirstArtistCurrent) {
 
 TEST_F(Form1Test, WithoutAnIpodThePollFindsTheOneThatIsPluggedIn) {
     Start();
-    EXPECT_EQ(form.lblMessage.Caption(), Q("No compatible iPod detected."));
+    EXPECT_EQ(form.lblMessage.Caption(), u"No compatible iPod detected."_s);
     EXPECT_FALSE(form.lstArtists.Enabled());
     form.timScan.Elapse();
-    EXPECT_EQ(form.lblMessage.Caption(), Q("No compatible iPod detected."));
-    PlugIn(QLatin1Char('E'), Q("MY IPOD"), SmallLibrary());
+    EXPECT_EQ(form.lblMessage.Caption(), u"No compatible iPod detected."_s);
+    PlugIn(u'E', u"MY IPOD"_s, SmallLibrary());
     form.timScan.Elapse();
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
     EXPECT_FALSE(form.timScan.Enabled());
@@ -53,57 +53,57 @@ TEST_F(Form1Test, WithoutAnIpodThePollFindsTheOneThatIsPluggedIn) {
 TEST_F(Form1Test, ATypicalRequestCopiesTheTickedAlbumAndSong) {
     StartWithSmallLibrary();
     form.lstAlbums.UserTick(1, true); // Deep
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 3.0 MB of 3.5 MB"));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.0 MB of 3.5 MB"_s);
     form.lstArtists.UserClick(2);
     form.lstSongs.UserTick(2, true); // Night Bus
     form.cmdCopy.UserPress();
 
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!")}));
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")),
-              QStringList({Q("D:\\Music\\Blue River\\Deep\\01 Source.mp3"),
-                           Q("D:\\Music\\Blue River\\Deep\\02 Delta.mp3"),
-                           Q("D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3")}));
-    EXPECT_TRUE(files.SameContent(Q("D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3"),
-                                  Q("E:\\iPod_Control\\Music\\F01\\AAAE.mp3")));
-    EXPECT_EQ(files.ChangesBelow(Q("E:")), QStringList());
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 3.0 MB of 3.5 MB"));
-    EXPECT_EQ(form.cmdCopy.Caption(), Q("&Copy to destination"));
+    EXPECT_EQ(messages.Texts(), QStringList({u"Copy completed!"_s}));
+    EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s),
+              QStringList({u"D:\\Music\\Blue River\\Deep\\01 Source.mp3"_s,
+                           u"D:\\Music\\Blue River\\Deep\\02 Delta.mp3"_s,
+                           u"D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3"_s}));
+    EXPECT_TRUE(files.SameContent(u"D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3"_s,
+                                  u"E:\\iPod_Control\\Music\\F01\\AAAE.mp3"_s));
+    EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.0 MB of 3.5 MB"_s);
+    EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);
 }
 
 TEST_F(Form1Test, ACopyDuringASearchTakesTheHiddenMarksTooAndKeepsTheResult) {
     StartWithSmallLibrary();
     form.lstAlbums.UserTick(2, true); // Wide, with Estuary
-    form.txtSearch.UserReplace(Q("lamps"));
-    ASSERT_EQ(form.lstArtists.Texts(), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
+    form.txtSearch.UserReplace(u"lamps"_s);
+    ASSERT_EQ(form.lstArtists.Texts(), QStringList({u"All (1 Artist)"_s, u"The Lamps"_s}));
     form.lstSongs.UserTick(3, true); // Dusk
     form.cmdCopy.UserPress();
 
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")),
-              QStringList({Q("D:\\Music\\Blue River\\Wide\\01 Estuary.mp3"),
-                           Q("D:\\Music\\The Lamps\\Evening\\02 Dusk.mp3")}));
-    EXPECT_EQ(form.lstArtists.Texts(), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 513 KB of 3.5 MB"));
+    EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s),
+              QStringList({u"D:\\Music\\Blue River\\Wide\\01 Estuary.mp3"_s,
+                           u"D:\\Music\\The Lamps\\Evening\\02 Dusk.mp3"_s}));
+    EXPECT_EQ(form.lstArtists.Texts(), QStringList({u"All (1 Artist)"_s, u"The Lamps"_s}));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 513 KB of 3.5 MB"_s);
     EXPECT_TRUE(form.cmdClear.Enabled());
     form.cmdClear.UserPress();
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 513 KB of 3.5 MB"));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 513 KB of 3.5 MB"_s);
 }
 
 TEST_F(Form1Test, ASearchThatFindsNothingAndACopyLeaveTheSummaryRight) {
     StartWithSmallLibrary();
     form.lstAlbums.UserTick(2, true);
-    form.txtSearch.UserReplace(Q("estuary"));
-    form.txtSearch.UserReplace(Q("estuary of no land"));
+    form.txtSearch.UserReplace(u"estuary"_s);
+    form.txtSearch.UserReplace(u"estuary of no land"_s);
     ASSERT_EQ(form.lstArtists.ListCount(), 0);
     EXPECT_TRUE(form.cmdCopy.Enabled());
     form.cmdCopy.UserPress();
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")),
-              QStringList({Q("D:\\Music\\Blue River\\Wide\\01 Estuary.mp3")}));
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 512 KB of 3.5 MB"));
+    EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s),
+              QStringList({u"D:\\Music\\Blue River\\Wide\\01 Estuary.mp3"_s}));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
     form.txtSearch.UserReplace(QString());
     EXPECT_EQ(form.lstArtists.Texts(),
-              QStringList({Q("All (2 Artists)"), Q("Blue River"), Q("The Lamps")}));
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 512 KB of 3.5 MB"));
+              QStringList({u"All (2 Artists)"_s, u"Blue River"_s, u"The Lamps"_s}));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
 }
 
 TEST_F(Form1Test, CopyAndClearPressedInASearchsYieldDoNothing) {
@@ -115,19 +115,19 @@ TEST_F(Form1Test, CopyAndClearPressedInASearchsYieldDoNothing) {
         form.cmdSearch.UserPress();
         form.lstArtists.UserTick(0, true);
     };
-    form.txtSearch.UserReplace(Q("e"));
+    form.txtSearch.UserReplace(u"e"_s);
     events.OnYield = {};
     EXPECT_TRUE(messages.Shown.empty());
     EXPECT_EQ(files.CountOf(FileCall::CopyFile), 0);
-    EXPECT_EQ(form.lblMessage.Caption(), Q("Selected: 512 KB of 3.5 MB"));
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
 }
 
 TEST_F(Form1Test, UnpluggingDuringASearchEmptiesTheWindowForGood) {
     StartWithSmallLibrary();
-    form.txtSearch.UserReplace(Q("lamps"));
-    Unplug(QLatin1Char('E'));
+    form.txtSearch.UserReplace(u"lamps"_s);
+    Unplug(u'E');
     form.Combo1.UserDropDown();
-    EXPECT_EQ(form.lblMessage.Caption(), Q("No compatible iPod detected."));
+    EXPECT_EQ(form.lblMessage.Caption(), u"No compatible iPod detected."_s);
     EXPECT_EQ(form.lstArtists.ListCount(), 0);
     EXPECT_EQ(form.txtSearch.Text(), QString());
     EXPECT_FALSE(form.txtSearch.Enabled());
@@ -137,19 +137,19 @@ TEST_F(Form1Test, UnpluggingDuringASearchEmptiesTheWindowForGood) {
     EXPECT_EQ(form.lblFullName.Caption(), QString());
     EXPECT_EQ(form.lblFullName.ToolTip(), QString());
 
-    PlugIn(QLatin1Char('E'), Q("MY IPOD"), SmallLibrary());
+    PlugIn(u'E', u"MY IPOD"_s, SmallLibrary());
     form.timScan.Elapse();
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
     EXPECT_EQ(form.lstArtists.ListIndex(), 1);
 }
 
 TEST_F(Form1Test, ADeviceThatWasGoneForAnInstantLoadsWhenItIsChosenAgain) {
-    PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
-    PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+    PlugIn(u'E', u"ONE"_s, SmallLibrary());
+    PlugIn(u'F', u"TWO"_s, SmallLibrary());
     Start();
     files.FailNthCall(FileCall::FileExists, 1, ErrorNumber::DeviceUnavailable);
     form.Combo1.UserChoose(1);
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Error loading iPod.")}));
+    EXPECT_EQ(messages.Texts(), QStringList({u"Error loading iPod."_s}));
     EXPECT_EQ(form.lstArtists.ListCount(), 0);
     form.tbsFilter.UserSelectTab(1); // must not show what the first device left
     EXPECT_EQ(form.lstArtists.ListCount(), 0);
@@ -158,16 +158,16 @@ TEST_F(Form1Test, ADeviceThatWasGoneForAnInstantLoadsWhenItIsChosenAgain) {
 }
 
 TEST_F(Form1Test, AFilterTabWorksAgainAfterAnotherDeviceWasChosen) {
-    PlugIn(QLatin1Char('E'), Q("ONE"), SmallLibrary());
-    PlugIn(QLatin1Char('F'), Q("TWO"), SmallLibrary());
+    PlugIn(u'E', u"ONE"_s, SmallLibrary());
+    PlugIn(u'F', u"TWO"_s, SmallLibrary());
     Start();
     form.tbsFilter.UserSelectTab(2);
     EXPECT_EQ(form.lstArtists.ListCount(), 2);
     form.Combo1.UserChoose(1);
-    EXPECT_EQ(form.tbsFilter.SelectedCaption(), Q("All Files"));
+    EXPECT_EQ(form.tbsFilter.SelectedCaption(), u"All Files"_s);
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
     form.tbsFilter.UserSelectTab(2);
-    EXPECT_EQ(form.lstArtists.Texts(), QStringList({Q("All (1 Artist)"), Q("The Lamps")}));
+    EXPECT_EQ(form.lstArtists.Texts(), QStringList({u"All (1 Artist)"_s, u"The Lamps"_s}));
 }
 
 TEST_F(Form1Test, ClosingTheWindowClosesThePreviewAndThenSavesTheSettings) {
@@ -181,8 +181,8 @@ TEST_F(Form1Test, ClosingTheWindowClosesThePreviewAndThenSavesTheSettings) {
     form.Form1.UserClose();
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_TRUE(frmPreview.Closed);
-    EXPECT_EQ(store.Values.value(Q("TrackNames")), Q("5"));
-    EXPECT_EQ(store.Values.value(Q("DestPath")), Q("D:\\Music"));
+    EXPECT_EQ(store.Values.value(u"TrackNames"_s), u"5"_s);
+    EXPECT_EQ(store.Values.value(u"DestPath"_s), u"D:\\Music"_s);
 }
 
 TEST_F(Form1Test, SettingsThatCannotBeSavedAreToldOnceAndTheWindowCloses) {
@@ -191,9 +191,9 @@ TEST_F(Form1Test, SettingsThatCannotBeSavedAreToldOnceAndTheWindowCloses) {
     form.Form1.UserClose();
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_EQ(messages.Shown, std::vector<ShownMessage>(
-                                  {{Q("Your settings could not be saved in \"/home/ana/settings\". "
-                                      "The next start will have the earlier ones."),
-                                    Q("Error"), MessageButtons::OK, MessageIcon::Exclamation}}));
+                                  {{u"Your settings could not be saved in \"/home/ana/settings\". "
+                                    "The next start will have the earlier ones."_s,
+                                    u"Error"_s, MessageButtons::OK, MessageIcon::Exclamation}}));
 }
 
 TEST_F(Form1Test, AFilmThatTellsItsSizeLateSizesThePreview) {
@@ -204,37 +204,23 @@ TEST_F(Form1Test, AFilmThatTellsItsSizeLateSizesThePreview) {
     EXPECT_EQ(frmPreview.Height(), 3600);
 }
 
-TEST_F(Form1Test, AWindowClosedDuringAJobAsksAndStaysOnNo) {
+TEST_F(Form1Test, AWindowClosedDuringAJobStaysOnNoAndSavesTheSettingsOnYes) {
     StartWithSmallLibrary();
     form.lstArtists.UserTick(0, true);
     events.OnYield = [this](int yield) {
-        if (yield == 2) {
-            form.Form1.UserClose();
-        }
-    };
-    messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
-    form.cmdCopy.UserPress();
-    EXPECT_FALSE(form.Form1.Closed);
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Q("Are you sure you want to quit?"), Q("Copy completed!")}));
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 6);
-}
-
-TEST_F(Form1Test, AWindowClosedDuringAJobSavesTheSettingsOnYes) {
-    StartWithSmallLibrary();
-    form.lstArtists.UserTick(0, true);
-    events.OnYield = [this](int yield) {
-        if (yield == 2) {
+        if (yield == 2 || yield == 6) {
             form.Form1.UserClose();
             EXPECT_FALSE(form.Form1.Closed);
             EXPECT_TRUE(store.Writes.isEmpty());
         }
     };
-    messages.Answers = {MessageAnswer::Yes};
+    const QString quit = u"Are you sure you want to quit?"_s;
+    messages.Answers = {MessageAnswer::No, MessageAnswer::Yes};
     form.cmdCopy.UserPress();
+    EXPECT_EQ(messages.Texts(), QStringList({quit, quit}));
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_EQ(store.Values.size(), 10);
-    EXPECT_EQ(files.FilesBelow(Q("D:\\Music")).size(), 1);
+    EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s).size(), 5);
 }
 
 TEST_F(Form1Test, AnEarlierFileIsSkippedForAllWhenThePromptSaysSo) {
@@ -248,14 +234,14 @@ TEST_F(Form1Test, AnEarlierFileIsSkippedForAllWhenThePromptSaysSo) {
         prompt.OverwriteAll = true;
     };
     form.cmdCopy.UserPress();
-    EXPECT_EQ(asked, QStringList({Q("D:\\Music\\Blue River\\Deep\\01 Source.mp3")}));
+    EXPECT_EQ(asked, QStringList({u"D:\\Music\\Blue River\\Deep\\01 Source.mp3"_s}));
     EXPECT_EQ(files.CountOf(FileCall::CopyFile), 3);
-    EXPECT_EQ(messages.Texts(), QStringList({Q("Copy completed!"), Q("Copy completed!")}));
+    EXPECT_EQ(messages.Texts(), QStringList({u"Copy completed!"_s, u"Copy completed!"_s}));
 }
 
 TEST_F(Form1Test, AHandEditedSettingStopsTheStartAndLeavesTheStoreAsItIs) {
-    store.Values[Q("WindowState")] = Q("1");
-    store.Values[Q("Handle2")] = Q("right");
+    store.Values[u"WindowState"_s] = u"1"_s;
+    store.Values[u"Handle2"_s] = u"right"_s;
     EXPECT_THROW(Start(), RuntimeError);
     EXPECT_EQ(form.Form1.ShowCount, 0);
     EXPECT_TRUE(store.Writes.isEmpty());

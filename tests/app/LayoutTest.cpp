@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The window: 12,000 by 9,000 twips; a pixel is 15 twips. Lists at 120 (3,000 wide), 3,165 (3,000
@@ -60,63 +62,36 @@ TEST_F(LayoutTest, AHandleIsDarkWhileItIsDragged) {
     EXPECT_EQ(form.Handle1.BackColor(), SystemColor::ButtonFace);
 }
 
-TEST_F(LayoutTest, DraggingTheFirstHandleIntoTheArtists) {
-    Drag(0, 2000);
-    ExpectLists(1880, 2045, 4120, 6210, 5430); // 6210-2000-90
-    EXPECT_DOUBLE_EQ(form.Handle0.Left(), 2000);
-}
-
-TEST_F(LayoutTest, DraggingTheFirstHandleToTheFarLeftStopsWithTheArtists21PixelsWide) {
-    Drag(0, 420); // exactly 20 pixels right of the list's left edge: not far enough
-    ExpectLists(315, 480, 5685, 6210, 5430); // 6210-120-315-90
-    EXPECT_DOUBLE_EQ(form.Handle0.Left(), 435);
-}
-
-TEST_F(LayoutTest, DraggingTheFirstHandleIntoTheAlbums) {
-    Drag(0, 4000);
-    ExpectLists(3835, 4000, 2165, 6210, 5430); // 4000-120-45, 6210-4000-45
-    EXPECT_DOUBLE_EQ(form.Handle0.Left(), 3955);
-}
-
-TEST_F(LayoutTest, DraggingTheFirstHandlePastTheAlbumsStopsWithThese21PixelsWide) {
-    Drag(0, 5865);                            // exactly 20 pixels left of the albums' right edge
-    ExpectLists(5685, 5850, 315, 6210, 5430); // 6210-120-405, 6210-360
-    EXPECT_DOUBLE_EQ(form.Handle0.Left(), 5805);
-}
-
-TEST_F(LayoutTest, InTheGapBetweenTheListsNothingIsResized) {
-    Drag(0, 3140);
-    ExpectLists(3000, 3165, 3000, 6210, 5430);
-    EXPECT_DOUBLE_EQ(form.Handle0.Left(), 3120);
-}
-
-TEST_F(LayoutTest, DraggingTheSecondHandleIntoTheAlbums) {
-    Drag(1, 5000);
-    ExpectLists(3000, 3165, 1835, 5045, 6595); // 11640-5000-45
-    EXPECT_DOUBLE_EQ(form.Handle1.Left(), 5000);
-}
-
-TEST_F(LayoutTest, DraggingTheSecondHandleToTheFarLeftStopsWithTheAlbums21PixelsWide) {
-    Drag(1, 3465);
-    ExpectLists(3000, 3165, 315, 3525, 8115); // 11640-3165-315-45
-    EXPECT_DOUBLE_EQ(form.Handle1.Left(), 3480);
-}
-
-TEST_F(LayoutTest, DraggingTheSecondHandleIntoTheSongs) {
-    Drag(1, 8000);
-    ExpectLists(3000, 3165, 4790, 8000, 3640); // 8000-3165-45
-    EXPECT_DOUBLE_EQ(form.Handle1.Left(), 7955);
-}
-
-TEST_F(LayoutTest, TheSecondHandleStops22PixelsFromTheSongsRightEdge) {
-    Drag(1, 11311);                            // not yet: 22 pixels are 330 twips, 11640-330=11310
-    ExpectLists(3000, 3165, 8115, 11325, 315); // 11640-3120-405
-    EXPECT_DOUBLE_EQ(form.Handle1.Left(), 11280);
-}
-
-TEST_F(LayoutTest, JustBeforeThe22PixelsTheSongsAreNarrowerThanTheFloorForOnePosition) {
-    Drag(1, 11309);
-    ExpectLists(3000, 3165, 8099, 11309, 331);
+TEST_F(LayoutTest, ADraggedHandleResizesTheListsAtItsSidesDownTo21Pixels) {
+    const struct {
+        const char* Rule;
+        int Handle;
+        double To, Stands;
+        double Artists, AlbumsLeft, Albums, SongsLeft, Songs;
+    } drags[] = {
+        {"into the artists", 0, 2000, 2000, 1880, 2045, 4120, 6210, 5430},
+        {"to 20 pixels of the artists", 0, 420, 435, 315, 480, 5685, 6210, 5430},
+        {"into the albums", 0, 4000, 3955, 3835, 4000, 2165, 6210, 5430},
+        {"to 20 pixels of the albums", 0, 5865, 5805, 5685, 5850, 315, 6210, 5430},
+        {"into the gap between the lists", 0, 3140, 3120, 3000, 3165, 3000, 6210, 5430},
+        {"back into the albums", 1, 5000, 5000, 3000, 3165, 1835, 5045, 6595},
+        {"back to 20 pixels of the albums", 1, 3465, 3480, 3000, 3165, 315, 3525, 8115},
+        {"into the songs", 1, 8000, 7955, 3000, 3165, 4790, 8000, 3640},
+        // 22 pixels from the songs' right edge are at 11640 - 330 = 11310
+        {"beyond 22 pixels of the songs", 1, 11311, 11280, 3000, 3165, 8115, 11325, 315},
+        {"just before them", 1, 11309, 11264, 3000, 3165, 8099, 11309, 331},
+    };
+    for (const auto& drag : drags) {
+        SCOPED_TRACE(drag.Rule);
+        form.lstArtists.Move(120, 1200, 3000, 3600);
+        form.lstAlbums.Move(3165, 1200, 3000, 3600);
+        form.lstSongs.Move(6210, 1200, 5430, 3600);
+        form.Handle0.SetLeft(3120);
+        form.Handle1.SetLeft(6165);
+        Drag(drag.Handle, drag.To);
+        ExpectLists(drag.Artists, drag.AlbumsLeft, drag.Albums, drag.SongsLeft, drag.Songs);
+        EXPECT_DOUBLE_EQ((drag.Handle == 0 ? form.Handle0 : form.Handle1).Left(), drag.Stands);
+    }
 }
 
 TEST_F(LayoutTest, AResizeSharesTheWidthInTheRatioOfTheLists) {
@@ -128,26 +103,6 @@ TEST_F(LayoutTest, AResizeSharesTheWidthInTheRatioOfTheLists) {
     EXPECT_FLOAT_EQ(float(form.lstSongs.Width()), 10860);
     EXPECT_FLOAT_EQ(float(form.Handle0.Left()), 6120);
     EXPECT_FLOAT_EQ(float(form.Handle1.Left()), 12165);
-}
-
-TEST_F(LayoutTest, TheTabStripRunsToTheEdgeOfTheWindow) {
-    form.Form1.UserResize(15000, 9000);
-    EXPECT_DOUBLE_EQ(form.tbsFilter.Width(), 15000 - 120);
-}
-
-TEST_F(LayoutTest, TheRightHandControlsKeepTheirDistanceFromTheRightEdge) {
-    form.Form1.UserResize(14000, 9000); // 2,000 wider
-    EXPECT_DOUBLE_EQ(form.txtSearch.Left(), 8000);
-    EXPECT_DOUBLE_EQ(form.lblSearch.Left(), 7400);
-    EXPECT_DOUBLE_EQ(form.cmdSearch.Left(), 11120);
-    EXPECT_DOUBLE_EQ(form.cmdClear.Left(), 12440);
-    EXPECT_DOUBLE_EQ(form.cmdCopy.Left(), 11000);
-    EXPECT_DOUBLE_EQ(form.frmDestination.Width(), 8180);
-    EXPECT_DOUBLE_EQ(form.pctDestination.Width(), 7940);
-    EXPECT_DOUBLE_EQ(form.cmdBrowse.Left(), 6740);
-    EXPECT_DOUBLE_EQ(form.txtDestination.Width(), 6680);
-    EXPECT_DOUBLE_EQ(form.prgCopy.Width(), 13520);
-    EXPECT_DOUBLE_EQ(form.lblFullName.Width(), 8720);
 }
 
 TEST_F(LayoutTest, InANarrowWindowTheDeviceBoxAndTheSearchBoxGiveWayInTheirProportion) {
@@ -164,41 +119,44 @@ TEST_F(LayoutTest, InANarrowWindowTheDeviceBoxAndTheSearchBoxGiveWayInTheirPropo
     EXPECT_DOUBLE_EQ(form.txtSearch.Width(), 3000);
 }
 
-TEST_F(LayoutTest, TheDestinationBoxIsToldOfItsNewWidth) {
+TEST_F(LayoutTest, AWiderWindowKeepsTheDistancesFromItsRightEdge) {
+    const std::pair<const Control*, double> moved[] = {
+        {&form.txtSearch, 8000}, {&form.lblSearch, 7400}, {&form.cmdSearch, 11120},
+        {&form.cmdClear, 12440}, {&form.cmdCopy, 11000},  {&form.cmdBrowse, 6740},
+        {&form.Divider, 4815},   {&form.pctNoDevice, 120}}; // 7 pixels left of the full name
+    const std::pair<const Control*, double> widened[] = {
+        {&form.tbsFilter, 13880},     {&form.frmDestination, 8180}, {&form.pctDestination, 7940},
+        {&form.txtDestination, 6680}, {&form.prgCopy, 13520},       {&form.lblFullName, 8720},
+        {&form.pctNoDevice, 13520}};
     int told = 0;
     layout.DestinationResized = [&] { ++told; };
-    form.Form1.UserResize(14000, 9000);
-    EXPECT_EQ(told, 1);
+    form.Form1.UserResize(14000, 9000); // 2,000 wider
+    for (const auto& [control, left] : moved) {
+        EXPECT_DOUBLE_EQ(control->Left(), left);
+    }
+    for (const auto& [control, width] : widened) {
+        EXPECT_DOUBLE_EQ(control->Width(), width);
+    }
+    EXPECT_EQ(told, 1); // the destination box, of its new width
 }
 
 TEST_F(LayoutTest, TheListsAndHandlesTakeTheHeightThatTheBottomMarginLeaves) {
     form.Form1.UserResize(12000, 10000); // 1,000 higher
-    EXPECT_DOUBLE_EQ(form.lstArtists.Height(), 4600);
-    EXPECT_DOUBLE_EQ(form.lstAlbums.Height(), 4600);
-    EXPECT_DOUBLE_EQ(form.lstSongs.Height(), 4600);
-    EXPECT_DOUBLE_EQ(form.Handle0.Height(), 4600);
-    EXPECT_DOUBLE_EQ(form.Handle1.Height(), 4600);
-    EXPECT_DOUBLE_EQ(form.frmDP.Top(), 5800);
-    EXPECT_DOUBLE_EQ(form.frmTN.Top(), 5800);
-    EXPECT_DOUBLE_EQ(form.frmDestination.Top(), 5800);
+    for (const Control* control :
+         std::initializer_list<const Control*>{&form.lstArtists, &form.lstAlbums, &form.lstSongs,
+                                               &form.Handle0, &form.Handle1, &form.pctNoDevice}) {
+        EXPECT_DOUBLE_EQ(control->Top(), 1200);
+        EXPECT_DOUBLE_EQ(control->Height(), 4600);
+    }
+    for (const Control* frame : {&form.frmDP, &form.frmTN, &form.frmDestination}) {
+        EXPECT_DOUBLE_EQ(frame->Top(), 5800);
+    }
     EXPECT_DOUBLE_EQ(form.cmdCopy.Top(), 6580);
     EXPECT_DOUBLE_EQ(form.prgCopy.Top(), 7420);
-    EXPECT_DOUBLE_EQ(form.lblMessage.Top(), 7840);
-    EXPECT_DOUBLE_EQ(form.lblFullName.Top(), 7840);
-}
-
-TEST_F(LayoutTest, WhatToDoWithoutADeviceLiesOverTheThreeLists) {
-    form.Form1.UserResize(14000, 10000); // 2,000 wider and 1,000 higher
-    EXPECT_DOUBLE_EQ(form.pctNoDevice.Left(), 120);
-    EXPECT_DOUBLE_EQ(form.pctNoDevice.Top(), 1200);
-    EXPECT_DOUBLE_EQ(form.pctNoDevice.Width(), 13520);
-    EXPECT_DOUBLE_EQ(form.pctNoDevice.Height(), 4600);
-}
-
-TEST_F(LayoutTest, TheDividerStands7PixelsLeftOfTheFullName) {
-    form.Form1.UserResize(14000, 9500);
-    EXPECT_DOUBLE_EQ(form.Divider.Left(), 4920 - 105);
-    EXPECT_DOUBLE_EQ(form.Divider.Top(), form.lblMessage.Top());
+    for (const Control* control : std::initializer_list<const Control*>{
+             &form.lblMessage, &form.lblFullName, &form.Divider}) {
+        EXPECT_DOUBLE_EQ(control->Top(), 7840);
+    }
 }
 
 TEST_F(LayoutTest, AListNeverGetsLowerThan19Pixels) {
@@ -217,26 +175,19 @@ TEST_F(LayoutTest, AWindowNarrowerThanItsMinimumIsWidened) {
     EXPECT_GT(form.txtDestination.Width(), 0);
 }
 
-TEST_F(LayoutTest, MinimisingWhileIdleLeavesTheCaption) {
-    form.lblMessage.SetCaption(QStringLiteral("Selected: 0 KB of 1.4 GB"));
-    form.Form1.SetState(WindowState::Minimized);
-    EXPECT_EQ(form.Form1.Caption(), QStringLiteral("Songlift"));
-}
-
-TEST_F(LayoutTest, MinimisingDuringALoadShowsTheMessageInTheTaskBar) {
-    library.LoadingMusic = true;
-    form.lblMessage.SetCaption(QStringLiteral("Loading music... 42%"));
-    form.Form1.SetState(WindowState::Minimized);
-    EXPECT_EQ(form.Form1.Caption(), QStringLiteral("Loading music... 42%"));
-    form.Form1.SetState(WindowState::Normal);
-    EXPECT_EQ(form.Form1.Caption(), QStringLiteral("Songlift"));
-}
-
-TEST_F(LayoutTest, MinimisingDuringACopyShowsTheMessageInTheTaskBar) {
-    copying = true;
-    form.lblMessage.SetCaption(QStringLiteral("Copying files... 3 of 120"));
-    form.Form1.SetState(WindowState::Minimized);
-    EXPECT_EQ(form.Form1.Caption(), QStringLiteral("Copying files... 3 of 120"));
+TEST_F(LayoutTest, MinimisingDuringALoadOrACopyShowsTheMessageInTheTaskBar) {
+    form.lblMessage.SetCaption(u"Loading music... 42%"_s);
+    for (const bool loads : {false, true}) {
+        for (const bool copies : {false, true}) {
+            library.LoadingMusic = loads;
+            copying = copies;
+            form.Form1.SetState(WindowState::Minimized);
+            EXPECT_EQ(form.Form1.Caption(),
+                      loads || copies ? u"Loading music... 42%"_s : u"Songlift"_s);
+            form.Form1.SetState(WindowState::Normal);
+            EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
+        }
+    }
 }
 
 TEST_F(LayoutTest, AWindowMinimisedFromMaximisedWasMaximised) {

@@ -7,11 +7,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
+namespace {
 
 /// Tells what is done to it as it happens.
 class ObservedPlayer : public FakeMediaPlayerControl {
@@ -37,9 +35,9 @@ public:
 /// A song list of two albums: a video and two songs, none of them current yet.
 class PreviewTest : public testing::Test {
 protected:
-    const QString film = Text("E:\\iPod_Control\\Music\\F00\\FILM.m4v");
-    const QString money = Text("E:\\iPod_Control\\Music\\F01\\MONE.mp3");
-    const QString tiger = Text("E:\\iPod_Control\\Music\\F01\\TIGE.m4a");
+    const QString film = u"E:\\iPod_Control\\Music\\F00\\FILM.m4v"_s;
+    const QString money = u"E:\\iPod_Control\\Music\\F01\\MONE.mp3"_s;
+    const QString tiger = u"E:\\iPod_Control\\Music\\F01\\TIGE.m4a"_s;
 
     FakeForm1 form;
     FakeFileSystem files;
@@ -54,21 +52,20 @@ protected:
 
     PreviewTest() {
         AlbumRecord clips;
-        clips.Name = Text("Clips");
-        clips.Tracks = {{.Location = film, .Title = Text("Waterloo")}};
+        clips.Name = u"Clips"_s;
+        clips.Tracks = {{.Location = film, .Title = u"Waterloo"_s}};
         AlbumRecord arrival;
-        arrival.Name = Text("Arrival");
-        arrival.Tracks = {{.Location = tiger, .Title = Text("Tiger")},
-                          {.Location = money, .Title = Text("Money")}};
-        library.Artists = {{.Name = Text("Abba"), .Albums = {arrival, clips}}};
+        arrival.Name = u"Arrival"_s;
+        arrival.Tracks = {{.Location = tiger, .Title = u"Tiger"_s},
+                          {.Location = money, .Title = u"Money"_s}};
+        library.Artists = {{.Name = u"Abba"_s, .Albums = {arrival, clips}}};
         library.TrackCount = 3;
         // The rows stand in another order than the records.
         RowTables rows;
         rows.Albums = {.AlbumRowArtist = {0, 0, 0}, .AlbumRowAlbum = {0, 0, 1}};
         rows.Songs = {.SongRowTrack = {0, 1, 0, 0}, .SongRowAlbumRow = {0, 1, 1, 2}};
         lists.PutRowsBack(rows);
-        form.lstSongs.Fill(
-            {{Text("All (3 Songs)")}, {Text("Money")}, {Text("Tiger")}, {Text("Waterloo")}});
+        form.lstSongs.Fill({{u"All (3 Songs)"_s}, {u"Money"_s}, {u"Tiger"_s}, {u"Waterloo"_s}});
         for (const QString& path : {film, money, tiger}) {
             files.AddFile(path, "media");
         }
@@ -84,29 +81,36 @@ protected:
     }
 };
 
-TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRow) {
-    PreviewRow(1);
-    EXPECT_EQ(player.Sources, QStringList{money});
-    PreviewRow(2);
-    EXPECT_EQ(player.Source(), tiger);
-    PreviewRow(3);
-    EXPECT_EQ(player.Source(), film);
+TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRowInAWindowOfItsSizeAndName) {
+    const struct {
+        int Row;
+        QString File, Caption;
+        double Height;
+    } songs[] = {{3, film, u"Waterloo"_s, 3600},
+                 {1, money, u"Money"_s, 600},
+                 {2, tiger, u"Tiger"_s, 600},
+                 {3, film, u"Waterloo"_s, 3600}};
+    for (const bool closes : {false, true}) { // the window is used again, closed or not
+        for (const auto& song : songs) {
+            bool wasReady = false;
+            frmPreview.OnShow = [&] {
+                wasReady = player.Source() == song.File && frmPreview.Width() == 4800 &&
+                           frmPreview.Height() == song.Height &&
+                           frmPreview.Caption() == song.Caption;
+            };
+            files.Calls.clear();
+            PreviewRow(song.Row);
+            EXPECT_TRUE(wasReady) << song.Row;
+            EXPECT_TRUE(frmPreview.Visible);
+            EXPECT_EQ(files.CallTexts(), QStringList{u"FileExists "_s + song.File});
+            if (closes) {
+                frmPreview.UserClose();
+            }
+        }
+    }
+    EXPECT_EQ(frmPreview.ShowModalCount, 0);
+    EXPECT_EQ(frmPreview.HideCount, 4);
     EXPECT_TRUE(messages.Shown.empty());
-}
-
-TEST_F(PreviewTest, TheWindowsInsideEqualsTheFilm) {
-    PreviewRow(3);
-    EXPECT_EQ(frmPreview.Width(), 4800);
-    EXPECT_EQ(frmPreview.Height(), 3600);
-}
-
-TEST_F(PreviewTest, AVideoAndThenAnAudioTrackEachSizeTheWindow) {
-    PreviewRow(3);
-    PreviewRow(1);
-    EXPECT_EQ(frmPreview.Width(), 4800);
-    EXPECT_EQ(frmPreview.Height(), 600);
-    PreviewRow(3);
-    EXPECT_EQ(frmPreview.Height(), 3600);
 }
 
 TEST_F(PreviewTest, AWindowThatTheUserHasResizedTakesThePlayersSizeAgain) {
@@ -118,26 +122,9 @@ TEST_F(PreviewTest, AWindowThatTheUserHasResizedTakesThePlayersSizeAgain) {
 }
 
 TEST_F(PreviewTest, TheCaptionIsTheSongsListText) {
-    form.lstSongs.Fill({{Text("All (1 Song)")}, {Text("Money & Co (live) - 3:05")}});
+    form.lstSongs.Fill({{u"All (1 Song)"_s}, {u"Money & Co (live) - 3:05"_s}});
     PreviewRow(1);
-    EXPECT_EQ(frmPreview.Caption(), Text("Money & Co (live) - 3:05"));
-}
-
-TEST_F(PreviewTest, TheWindowIsShownModeless) {
-    PreviewRow(1);
-    EXPECT_TRUE(frmPreview.Visible);
-    EXPECT_EQ(frmPreview.ShowCount, 1);
-    EXPECT_EQ(frmPreview.ShowModalCount, 0);
-}
-
-TEST_F(PreviewTest, TheWindowHasSizeAndCaptionBeforeItIsShown) {
-    bool wasReady = false;
-    frmPreview.OnShow = [&] {
-        wasReady = frmPreview.Width() == 4800 && frmPreview.Height() == 3600 &&
-                   frmPreview.Caption() == Text("Waterloo") && player.Source() == film;
-    };
-    PreviewRow(3);
-    EXPECT_TRUE(wasReady);
+    EXPECT_EQ(frmPreview.Caption(), u"Money & Co (live) - 3:05"_s);
 }
 
 TEST_F(PreviewTest, TheHourglassStandsWhileTheFileIsOpened) {
@@ -155,9 +142,8 @@ TEST_F(PreviewTest, OfATrackWhoseDeviceFileIsGoneGivesTheMessageAndNoWindow) {
     files.Remove(money);
     PreviewRow(1);
     ASSERT_EQ(messages.Shown.size(), 1u);
-    const ShownMessage expected = {
-        Text("File not found: \"E:\\iPod_Control\\Music\\F01\\MONE.mp3\""), Text("Error"),
-        MessageButtons::OK, MessageIcon::Exclamation};
+    const ShownMessage expected = {u"File not found: \"E:\\iPod_Control\\Music\\F01\\MONE.mp3\""_s,
+                                   u"Error"_s, MessageButtons::OK, MessageIcon::Exclamation};
     EXPECT_EQ(messages.Shown[0], expected) << messages.Shown[0].Text.toStdString();
     EXPECT_FALSE(frmPreview.Visible);
     EXPECT_EQ(frmPreview.ShowCount, 0);
@@ -173,31 +159,9 @@ TEST_F(PreviewTest, OfAFileThatIsGoneLeavesAnEarlierPreviewPlaying) {
     PreviewRow(1);
     EXPECT_EQ(messages.Shown.size(), 1u);
     EXPECT_EQ(player.Source(), film);
-    EXPECT_EQ(frmPreview.Caption(), Text("Waterloo"));
+    EXPECT_EQ(frmPreview.Caption(), u"Waterloo"_s);
     EXPECT_EQ(frmPreview.Width(), width);
     EXPECT_TRUE(frmPreview.Visible);
-}
-
-TEST_F(PreviewTest, OfADeviceThatWasPulledGivesTheMessage) {
-    files.RemoveDrive(Text("E:"));
-    PreviewRow(2);
-    EXPECT_EQ(messages.Texts(),
-              QStringList{Text("File not found: \"E:\\iPod_Control\\Music\\F01\\TIGE.m4a\"")});
-    EXPECT_EQ(frmPreview.ShowCount, 0);
-}
-
-TEST_F(PreviewTest, OfAFolderInTheFilesPlaceGivesTheMessage) {
-    files.Remove(money);
-    files.AddFolder(money);
-    PreviewRow(1);
-    EXPECT_EQ(messages.Shown.size(), 1u);
-    EXPECT_TRUE(player.Sources.isEmpty());
-}
-
-TEST_F(PreviewTest, ReadsAndChangesNothingOnTheDeviceItself) {
-    PreviewRow(1);
-    EXPECT_EQ(files.CallTexts(),
-              QStringList{Text("FileExists E:\\iPod_Control\\Music\\F01\\MONE.mp3")});
 }
 
 TEST_F(PreviewTest, OfTheAllRowOrOfNoRowDoesNothing) {
@@ -226,45 +190,13 @@ TEST_F(PreviewTest, ClosingWhileItPlaysStopsAndReleasesTheFileAndHidesTheWindow)
     EXPECT_FALSE(frmPreview.Closed) << "the window stays loaded for the next preview";
 }
 
-TEST_F(PreviewTest, TheNextPreviewUsesTheClosedWindowAgain) {
-    PreviewRow(3);
-    frmPreview.UserClose();
-    PreviewRow(1);
-    EXPECT_TRUE(frmPreview.Visible);
-    EXPECT_EQ(frmPreview.Caption(), Text("Money"));
-    EXPECT_EQ(player.Source(), money);
-    EXPECT_EQ(frmPreview.Height(), 600);
-}
-
-TEST_F(PreviewTest, ASecondPreviewReplacesTheMediaInTheOpenWindow) {
-    PreviewRow(3);
-    PreviewRow(1);
-    EXPECT_EQ(player.Sources, (QStringList{film, money}));
-    EXPECT_EQ(frmPreview.Captions, (QStringList{Text("Waterloo"), Text("Money")}));
-    EXPECT_TRUE(frmPreview.Visible);
-    EXPECT_EQ(frmPreview.HideCount, 0);
-}
-
 TEST_F(PreviewTest, TheProgramMayUnloadTheWindowWhileItPlays) {
     PreviewRow(3);
     frmPreview.Unload();
     EXPECT_TRUE(frmPreview.Closed);
     EXPECT_FALSE(frmPreview.Visible);
-    EXPECT_EQ(frmPreview.HideCount, 0);
+    EXPECT_EQ(frmPreview.HideCount, 0); // only the user's close is refused
     EXPECT_EQ(player.Source(), QString()) << "nothing plays on without its window";
-}
-
-TEST_F(PreviewTest, TheProgramMayUnloadAWindowThatWasNeverShown) {
-    frmPreview.Unload();
-    EXPECT_TRUE(frmPreview.Closed);
-}
-
-TEST_F(PreviewTest, OnlyTheUsersCloseIsRefused) {
-    bool cancel = false;
-    preview.Form_QueryUnload(cancel, UnloadMode::Program);
-    EXPECT_FALSE(cancel);
-    preview.Form_QueryUnload(cancel, UnloadMode::User);
-    EXPECT_TRUE(cancel);
 }
 
 } // namespace

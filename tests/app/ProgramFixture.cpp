@@ -2,6 +2,8 @@
 
 #include "tests/support/ITunesDBWriter.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Name(const char* text) {
@@ -16,27 +18,27 @@ SampleTrack Song(const char* artist, const char* album, const char* title, int n
 } // namespace
 
 ProgramFixture::ProgramFixture() {
-    shell.Documents = QStringLiteral("D:\\Documents");
-    files.AddDrive(QStringLiteral("D:"));
-    files.AddFolder(QStringLiteral("D:\\Music"));
+    shell.Documents = u"D:\\Documents"_s;
+    files.AddDrive(u"D:"_s);
+    files.AddFolder(u"D:\\Music"_s);
 }
 
 void ProgramFixture::PlugIn(QChar letter, const QString& volumeName,
                             const std::vector<SampleTrack>& tracks) {
-    const QString root = letter + QStringLiteral(":");
+    const QString root = letter + u":"_s;
     files.AddDrive(root);
-    files.AddFile(root + QStringLiteral("\\iPod_Control\\iTunes\\iTunesDB"), WriteITunesDB(tracks));
+    files.AddFile(root + u"\\iPod_Control\\iTunes\\iTunesDB"_s, WriteITunesDB(tracks));
     for (const SampleTrack& track : tracks) {
         QString location = track.Location;
-        location.replace(QLatin1Char('/'), QLatin1Char('\\'));
-        files.AddLargeFile(root + QStringLiteral("\\iPod_Control\\Music\\") + location,
-                           track.FileSize, qHash(track.Location));
+        location.replace(u'/', u'\\');
+        files.AddLargeFile(root + u"\\iPod_Control\\Music\\"_s + location, track.FileSize,
+                           qHash(track.Location));
     }
     drives.Mounted.push_back({letter, volumeName});
 }
 
 void ProgramFixture::Unplug(QChar letter) {
-    files.RemoveDrive(letter + QStringLiteral(":"));
+    files.RemoveDrive(letter + u":"_s);
     std::erase_if(drives.Mounted,
                   [letter](const FakeDrive& drive) { return drive.Letter == letter; });
 }
@@ -50,6 +52,6 @@ std::vector<SampleTrack> SmallLibrary() {
         Song("The Lamps", "Evening", "Night Bus", 1, 2048, "F01/AAAE.mp3"),
         Song("The Lamps", "Evening", "Film", 0, 4096, "F01/AAAF.m4v"),
     };
-    tracks.back().TypeText = QStringLiteral("MPEG-4 video file");
+    tracks.back().TypeText = u"MPEG-4 video file"_s;
     return tracks;
 }

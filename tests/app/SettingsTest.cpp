@@ -6,14 +6,17 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-class SettingsTest : public testing::Test {
-protected:
-    SettingsTest() {
+/// The settings of a window and what they were saved in.
+class SettingsScene {
+public:
+    SettingsScene() {
         layout.KeepDesign();
         form.Form1.Resize = [this] { layout.Form_Resize(); };
-        shell.Documents = QStringLiteral("/home/ana/Documents");
+        shell.Documents = u"/home/ana/Documents"_s;
     }
 
     void Restore() {
@@ -24,13 +27,18 @@ protected:
     void Put(const char* key, const char* value) {
         store.Values[QString::fromLatin1(key)] = QString::fromLatin1(value);
     }
+    void PutUnlessNull(const char* key, const char* value) {
+        if (value != nullptr) {
+            Put(key, value);
+        }
+    }
     /// What the settings are refused with; empty when they are not.
     QString Refusal() {
         try {
             settings.Check();
             return {};
         } catch (const RuntimeError& error) {
-            return QStringLiteral("%1: %2").arg(int(error.Number)).arg(error.Description);
+            return u"%1: %2"_s.arg(int(error.Number)).arg(error.Description);
         }
     }
     QString Saved(const char* key) const { return store.Values.value(QString::fromLatin1(key)); }
@@ -44,144 +52,132 @@ protected:
     Settings settings{store, shell, form.WindowManager, layout, SettingsControlsOf(form.Controls)};
 };
 
+class SettingsTest : public SettingsScene, public testing::Test {};
+
 } // namespace
 
-TEST_F(SettingsTest, AFirstStartTicksArtistAlbumAndTrackNumber) {
-    Restore();
-    EXPECT_TRUE(form.chkArtist.Value());
-    EXPECT_TRUE(form.chkAlbum.Value());
-    EXPECT_FALSE(form.chkArtistName.Value());
-    EXPECT_FALSE(form.chkAlbumName.Value());
-    EXPECT_TRUE(form.chkTrackNum.Value());
+TEST_F(SettingsTest, TheBitsOfTheFoldersAndNamesAreReadOneByOne) {
+    const struct {
+        const char *Folders, *Names;
+        bool Artist, Album, ArtistName, AlbumName, TrackNum;
+    } cases[] = {{nullptr, nullptr, true, true, false, false, true}, // the first start
+                 {"2", "3", false, true, true, true, false},
+                 {"1", "4", true, false, false, false, true}};
+    for (const auto& saved : cases) {
+        SettingsScene fresh;
+        fresh.PutUnlessNull("DestFolders", saved.Folders);
+        fresh.PutUnlessNull("TrackNames", saved.Names);
+        fresh.Restore();
+        EXPECT_EQ(fresh.form.chkArtist.Value(), saved.Artist);
+        EXPECT_EQ(fresh.form.chkAlbum.Value(), saved.Album);
+        EXPECT_EQ(fresh.form.chkArtistName.Value(), saved.ArtistName);
+        EXPECT_EQ(fresh.form.chkAlbumName.Value(), saved.AlbumName);
+        EXPECT_EQ(fresh.form.chkTrackNum.Value(), saved.TrackNum);
+    }
 }
 
-TEST_F(SettingsTest, AFirstStartPointsToMyMusicInTheDocumentsFolder) {
+TEST_F(SettingsTest, AFirstStartPointsToMyMusicInTheDocumentsFolderIfThereIsOne) {
     Restore();
-    EXPECT_EQ(form.txtDestination.Text(), QStringLiteral("/home/ana/Documents/My Music"));
+    EXPECT_EQ(form.txtDestination.Text(), u"/home/ana/Documents/My Music"_s);
     EXPECT_TRUE(form.txtDestination.CompletesPaths);
-}
-
-TEST_F(SettingsTest, WithoutADocumentsFolderTheDestinationStaysEmpty) {
+    form.txtDestination.SetText({});
     shell.Documents.clear();
     Restore();
     EXPECT_EQ(form.txtDestination.Text(), QString());
 }
 
-TEST_F(SettingsTest, AFirstStartCentresTheWindowAtItsDesignSize) {
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 12000);
-    EXPECT_DOUBLE_EQ(form.Form1.Height(), 9000);
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400); // (28800 - 12000) / 2
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);  // (16200 - 9000) / 2
-    EXPECT_EQ(form.Form1.State(), WindowState::Normal);
-}
-
-TEST_F(SettingsTest, TheWindowIsCentredOnWhatTheDesktopLeavesOfTheScreen) {
-    form.WindowManager.Work = {1200, 600, 27600, 15600};
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 9000); // 1200 + (27600 - 12000) / 2
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3900);  // 600 + (15600 - 9000) / 2
-}
-
-TEST_F(SettingsTest, TheBitsOfTheFoldersAndNamesAreReadOneByOne) {
-    Put("DestFolders", "2");
-    Put("TrackNames", "3");
-    Restore();
-    EXPECT_FALSE(form.chkArtist.Value());
-    EXPECT_TRUE(form.chkAlbum.Value());
-    EXPECT_TRUE(form.chkArtistName.Value());
-    EXPECT_TRUE(form.chkAlbumName.Value());
-    EXPECT_FALSE(form.chkTrackNum.Value());
-}
-
-TEST_F(SettingsTest, ASavedLeftBeyondTheScreenCentresHorizontallyAndKeepsTheTop) {
-    Put("Left", "28801");
-    Put("Top", "1500");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 1500);
-}
-
-TEST_F(SettingsTest, ASavedTopBeyondTheScreenCentresVerticallyAndKeepsTheLeft) {
-    Put("Left", "1500");
-    Put("Top", "16201");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 1500);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);
-}
-
-TEST_F(SettingsTest, AWindowLeftOnAnotherScreenComesBackThere) {
-    form.WindowManager.Screens = {0, -16200, 57600, 32400}; // one at the right, one above
-    Put("Left", "57600");
-    Put("Top", "-15000");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 57600);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), -15000);
-}
-
-TEST_F(SettingsTest, AWindowThatTheScreensCannotShowWithItsFrameIsCutAndCentred) {
-    form.WindowManager.Work = {600, 300, 28000, 15900};
-    form.WindowManager.Screens = {0, 0, 57600, 16200};
-    Put("Width", "57571");  // one more than 57600 - 2 pixels
-    Put("Height", "15901"); // one more than 16200 - 20 pixels
-    Put("Left", "15");
-    Put("Top", "30");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 26600);  // 0.95 * 28000
-    EXPECT_DOUBLE_EQ(form.Form1.Height(), 14310); // 0.9 * 15900
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 1300);    // 600 + (28000 - 26600) / 2
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 1095);     // 300 + (15900 - 14310) / 2
-}
-
-TEST_F(SettingsTest, AWindowOverTwoScreensStaysAsItWas) {
-    form.WindowManager.Screens = {0, 0, 57600, 16200};
-    Put("Width", "57570");
-    Put("Height", "15900");
-    Put("Left", "15");
-    Put("Top", "30");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 57570);
-    EXPECT_DOUBLE_EQ(form.Form1.Height(), 15900);
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 15);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 30);
-}
-
-TEST_F(SettingsTest, ACentredWindowThatIsLargerThanTheScreenBeginsThere) {
-    form.WindowManager.Work = {600, 300, 9000, 7500};
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 600);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 300);
-}
-
-TEST_F(SettingsTest, AWindowWhollyLeftOfAllScreensOrAboveThemIsCentred) {
-    form.WindowManager.Screens = {-600, -300, 29400, 16500};
-    Put("Left", "-12600"); // its right edge, at -600, is where the screens begin
-    Put("Top", "-9300");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 8400);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 3600);
-    Put("Left", "-12599");
-    Put("Top", "-9299");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), -12599);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), -9299);
-}
-
-TEST_F(SettingsTest, AWindowPartlyOffTheRightEdgeIsKept) {
-    Put("Left", "28800");
-    Put("Top", "16200");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 28800);
-    EXPECT_DOUBLE_EQ(form.Form1.Top(), 16200);
-}
-
-TEST_F(SettingsTest, ASavedSizeIsCentredByItself) {
-    Put("Width", "14400");
-    Put("Height", "9600.5");
-    Restore();
-    EXPECT_DOUBLE_EQ(form.Form1.Width(), 14400);
-    EXPECT_DOUBLE_EQ(form.Form1.Height(), 9600.5);
-    EXPECT_DOUBLE_EQ(form.Form1.Left(), 7200);
+TEST_F(SettingsTest, TheWindowComesBackWhereTheScreensShowItAndIsCentredElsewhere) {
+    const ScreenArea one = {0, 0, 28800, 16200};
+    const ScreenArea two = {0, 0, 57600, 16200};
+    const ScreenArea moved = {-600, -300, 29400, 16500};
+    const struct {
+        const char* Rule;
+        ScreenArea Work, Screens;
+        const char *Left, *Top, *Width, *Height;     // saved; null if not
+        double NewLeft, NewTop, NewWidth, NewHeight; // restored
+    } cases[] = {
+        {"a first start", one, one, {}, {}, {}, {}, 8400, 3600, 12000, 9000},
+        {"beside the desktop's bars",
+         {1200, 600, 27600, 15600},
+         one,
+         {},
+         {},
+         {},
+         {},
+         9000,
+         3900,
+         12000,
+         9000},
+        {"larger than the screen",
+         {600, 300, 9000, 7500},
+         one,
+         {},
+         {},
+         {},
+         {},
+         600,
+         300,
+         12000,
+         9000},
+        {"right of the screen", one, one, "28801", "1500", {}, {}, 8400, 1500, 12000, 9000},
+        {"below the screen", one, one, "1500", "16201", {}, {}, 1500, 3600, 12000, 9000},
+        {"just on the screen", one, one, "28800", "16200", {}, {}, 28800, 16200, 12000, 9000},
+        // Its right and its lower edge are where the screens begin.
+        {"left of all screens, and above",
+         one,
+         moved,
+         "-12600",
+         "-9300",
+         {},
+         {},
+         8400,
+         3600,
+         12000,
+         9000},
+        {"just right of there", one, moved, "-12599", "-9299", {}, {}, -12599, -9299, 12000, 9000},
+        {"on screens at the right and above",
+         one,
+         {0, -16200, 57600, 32400},
+         "57600",
+         "-15000",
+         {},
+         {},
+         57600,
+         -15000,
+         12000,
+         9000},
+        {"another size", one, one, {}, {}, "14400", "9600.5", 7200, 3299.75, 14400, 9600.5},
+        {"over two screens but 2 and 20 pixels", one, two, "15", "30", "57570", "15900", 15, 30,
+         57570, 15900},
+        // 95 and 90 percent of the work area
+        {"one twip more",
+         {600, 300, 28000, 15900},
+         two,
+         "15",
+         "30",
+         "57571",
+         "15901",
+         1300,
+         1095,
+         26600,
+         14310},
+    };
+    for (const auto& start : cases) {
+        SCOPED_TRACE(start.Rule);
+        SettingsScene fresh;
+        fresh.form.WindowManager.Work = start.Work;
+        fresh.form.WindowManager.Screens = start.Screens;
+        fresh.PutUnlessNull("Left", start.Left);
+        fresh.PutUnlessNull("Top", start.Top);
+        fresh.PutUnlessNull("Width", start.Width);
+        fresh.PutUnlessNull("Height", start.Height);
+        fresh.Restore();
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Left(), start.NewLeft);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Top(), start.NewTop);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Width(), start.NewWidth);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Height(), start.NewHeight);
+        EXPECT_EQ(fresh.form.Form1.State(), WindowState::Normal);
+    }
 }
 
 TEST_F(SettingsTest, AWindowClosedMaximisedComesBackMaximised) {
@@ -207,42 +203,37 @@ TEST_F(SettingsTest, ATextWhereANumberIsExpectedIsRefusedNamingTheKeyAndTheFile)
         store.Values.clear();
         Put(key, "wide");
         EXPECT_EQ(Refusal(),
-                  QStringLiteral(
-                      "13: Type mismatch (setting \"%1\": \"wide\", in \"/home/ana/settings\")")
-                      .arg(QLatin1String(key)));
+                  u"13: Type mismatch (setting \"%1\": \"wide\", in \"/home/ana/settings\")"_s.arg(
+                      QLatin1String(key)));
     }
 }
 
 TEST_F(SettingsTest, ANumberOutOfRangeIsRefusedNamingTheKey) {
     Put("DestFolders", "99999");
     EXPECT_EQ(Refusal(),
-              QStringLiteral(
-                  "6: Overflow (setting \"DestFolders\": \"99999\", in \"/home/ana/settings\")"));
+              u"6: Overflow (setting \"DestFolders\": \"99999\", in \"/home/ana/settings\")"_s);
     store.Values.clear();
     Put("Left", "1e39");
-    EXPECT_EQ(
-        Refusal(),
-        QStringLiteral("6: Overflow (setting \"Left\": \"1e39\", in \"/home/ana/settings\")"));
+    EXPECT_EQ(Refusal(), u"6: Overflow (setting \"Left\": \"1e39\", in \"/home/ana/settings\")"_s);
 }
 
 TEST_F(SettingsTest, EverythingSavedIsText) {
     form.chkAlbum.SetValue(true);
     form.chkAlbumName.SetValue(true);
     form.chkTrackNum.SetValue(true);
-    form.txtDestination.SetText(QStringLiteral("/no/such; folder, really"));
+    form.txtDestination.SetText(u"/no/such; folder, really"_s);
     form.Form1.MoveTo(300, 450.5);
     settings.Save();
-    EXPECT_EQ(Saved("DestFolders"), QStringLiteral("2"));
-    EXPECT_EQ(Saved("TrackNames"), QStringLiteral("6"));
-    EXPECT_EQ(Saved("DestPath"), QStringLiteral("/no/such; folder, really"));
-    EXPECT_EQ(Saved("Handle1"), QStringLiteral("3120"));
-    EXPECT_EQ(Saved("Handle2"), QStringLiteral("6165"));
-    EXPECT_EQ(Saved("WindowState"), QStringLiteral("0"));
-    EXPECT_EQ(Saved("Left"), QStringLiteral("300"));
-    EXPECT_EQ(Saved("Top"), QStringLiteral("450.5"));
-    EXPECT_EQ(Saved("Width"), QStringLiteral("12000"));
-    EXPECT_EQ(Saved("Height"), QStringLiteral("9000"));
-    EXPECT_EQ(store.Values.size(), 10);
+    EXPECT_EQ(store.Values, (QMap<QString, QString>{{u"DestFolders"_s, u"2"_s},
+                                                    {u"TrackNames"_s, u"6"_s},
+                                                    {u"DestPath"_s, u"/no/such; folder, really"_s},
+                                                    {u"Handle1"_s, u"3120"_s},
+                                                    {u"Handle2"_s, u"6165"_s},
+                                                    {u"WindowState"_s, u"0"_s},
+                                                    {u"Left"_s, u"300"_s},
+                                                    {u"Top"_s, u"450.5"_s},
+                                                    {u"Width"_s, u"12000"_s},
+                                                    {u"Height"_s, u"9000"_s}}));
     EXPECT_EQ(store.Flushes, 1);
 }
 
@@ -254,16 +245,16 @@ TEST_F(SettingsTest, ClosingWhileMinimisedFromMaximisedKeepsTheNormalSizeOfAnEar
     form.Form1.SetState(WindowState::Maximized);
     form.Form1.SetState(WindowState::Minimized);
     settings.Save();
-    EXPECT_EQ(Saved("WindowState"), QStringLiteral("1"));
-    EXPECT_EQ(Saved("Left"), QStringLiteral("111"));
-    EXPECT_EQ(Saved("Top"), QStringLiteral("222"));
-    EXPECT_EQ(Saved("Width"), QStringLiteral("13000"));
-    EXPECT_EQ(Saved("Height"), QStringLiteral("9999"));
+    EXPECT_EQ(Saved("WindowState"), u"1"_s);
+    EXPECT_EQ(Saved("Left"), u"111"_s);
+    EXPECT_EQ(Saved("Top"), u"222"_s);
+    EXPECT_EQ(Saved("Width"), u"13000"_s);
+    EXPECT_EQ(Saved("Height"), u"9999"_s);
 }
 
 TEST_F(SettingsTest, ClosingWhileMinimisedFromNormalSavesTheNormalWindow) {
     form.Form1.SetState(WindowState::Minimized);
     settings.Save();
-    EXPECT_EQ(Saved("WindowState"), QStringLiteral("0"));
-    EXPECT_EQ(Saved("Width"), QStringLiteral("12000"));
+    EXPECT_EQ(Saved("WindowState"), u"0"_s);
+    EXPECT_EQ(Saved("Width"), u"12000"_s);
 }

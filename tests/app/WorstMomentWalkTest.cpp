@@ -12,6 +12,8 @@
 #include <random>
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Q(const char* text) {
@@ -28,7 +30,7 @@ struct Song {
 };
 
 bool HoldsEveryWord(const QString& text, const QString& words) {
-    for (const QString& word : words.split(QLatin1Char(' '))) {
+    for (const QString& word : words.split(u' ')) {
         if (!text.toLower().contains(word)) {
             return false;
         }
@@ -48,7 +50,7 @@ public:
         messages.WhileShown = [this](const ShownMessage& message) { AtMessage(message); };
         AtPrompt = [this](OverwritePrompt& prompt) { Answer(prompt); };
         Start();
-        form.txtDestination.SetText(Q("D:\\Music"));
+        form.txtDestination.SetText(u"D:\\Music"_s);
         form.chkTrackNum.SetValue(false);
     }
 
@@ -89,11 +91,9 @@ private:
         for (unsigned a = 0, artists = 1 + Below(4); a < artists; ++a) {
             for (unsigned b = 0, albums = 1 + Below(3); b < albums; ++b) {
                 for (unsigned s = 0, count = 1 + Below(4); s < count; ++s) {
-                    songs.push_back({QStringLiteral("Artist a%1").arg(a),
-                                     QStringLiteral("Album a%1b%2").arg(a).arg(b),
-                                     QStringLiteral("Song a%1b%2s%3").arg(a).arg(b).arg(s),
-                                     Below(3000000), Below(3) == 0, false,
-                                     QStringLiteral("%1.mp3").arg(songs.size())});
+                    songs.push_back({u"Artist a%1"_s.arg(a), u"Album a%1b%2"_s.arg(a).arg(b),
+                                     u"Song a%1b%2s%3"_s.arg(a).arg(b).arg(s), Below(3000000),
+                                     Below(3) == 0, false, u"%1.mp3"_s.arg(songs.size())});
                 }
             }
         }
@@ -107,8 +107,8 @@ private:
         std::vector<SampleTrack> tracks;
         for (const Song& song : m_libraries[letter]) {
             tracks.push_back({song.Artist, song.Album, song.Title, 0, song.Size,
-                              QLatin1Char(letter) + Q("00/") + song.File,
-                              song.IsVideo ? Q("MPEG-4 video file") : Q("MPEG audio file")});
+                              QLatin1Char(letter) + u"00/"_s + song.File,
+                              song.IsVideo ? u"MPEG-4 video file"_s : u"MPEG audio file"_s});
         }
         PlugIn(QLatin1Char(letter), Q(letter == 'E' ? "ONE" : "TWO"), tracks);
     }
@@ -121,13 +121,13 @@ private:
 
     // ---- the model
 
-    bool IsCopying() const { return form.cmdCopy.Caption() == Q("&Cancel"); }
+    bool IsCopying() const { return form.cmdCopy.Caption() == u"&Cancel"_s; }
 
     std::vector<Song>& Loaded() { return m_libraries[m_loaded]; }
 
     bool IsShown(const Song& song) {
         const QString tab = form.tbsFilter.SelectedCaption();
-        return (tab == Q("All Files") || song.IsVideo == (tab == Q("Video"))) &&
+        return (tab == u"All Files"_s || song.IsVideo == (tab == u"Video"_s)) &&
                (HoldsEveryWord(song.Artist, m_inForce) || HoldsEveryWord(song.Album, m_inForce) ||
                 HoldsEveryWord(song.Title, m_inForce));
     }
@@ -140,7 +140,7 @@ private:
 
     /// A database that is opened is loaded, and the old ticks are gone.
     void Hear(const FakeFileSystem::RecordedCall& call) {
-        if (call.Call == FileCall::OpenForReading && call.Path.endsWith(Q("iTunesDB"))) {
+        if (call.Call == FileCall::OpenForReading && call.Path.endsWith(u"iTunesDB"_s)) {
             m_loaded = call.Path[0].toLatin1();
             m_inForce.clear();
             for (Song& song : Loaded()) {
@@ -157,9 +157,9 @@ private:
     }
 
     void Act(unsigned choice) {
-        static const QStringList texts = {Q("a1"), Q("artist a0"), Q("b1 album"),
-                                          Q("s0"), Q("song"),      Q("none"),
-                                          Q("  "), QString(),      Q("b")};
+        static const QStringList texts = {u"a1"_s, u"artist a0"_s, u"b1 album"_s,
+                                          u"s0"_s, u"song"_s,      u"none"_s,
+                                          u"  "_s, QString(),      u"b"_s};
         FakeListControl& list = AnyList();
         const int rows = list.ListCount();
         const int row = rows > 0 ? static_cast<int>(Below(static_cast<unsigned>(rows))) : 0;
@@ -247,11 +247,11 @@ private:
         form.cmdCopy.UserPress();
         Copies += starts ? 1 : 0;
         const QStringList texts = messages.Texts();
-        const auto asked = texts.count(Q("Are you sure you want to quit?"));
+        const auto asked = texts.count(u"Are you sure you want to quit?"_s);
         EXPECT_EQ(asked > 0, m_asked > 0);
         Questions += static_cast<int>(asked);
-        EXPECT_LE(texts.count(Q("Copy completed!")), 1);
-        if (texts.contains(Q("Copy completed!")) && m_undisturbed) {
+        EXPECT_LE(texts.count(u"Copy completed!"_s), 1);
+        if (texts.contains(u"Copy completed!"_s) && m_undisturbed) {
             for (const Song& song : songs) {
                 EXPECT_TRUE(!song.Ticked || files.HasFile(TargetOf(song)))
                     << TargetOf(song).toStdString();
@@ -260,8 +260,8 @@ private:
     }
 
     QString TargetOf(const Song& song) const {
-        return Q("D:\\Music\\") + (form.chkArtist.Value() ? song.Artist + Q("\\") : QString()) +
-               (form.chkAlbum.Value() ? song.Album + Q("\\") : QString()) + song.Title + Q(".mp3");
+        return u"D:\\Music\\"_s + (form.chkArtist.Value() ? song.Artist + u"\\"_s : QString()) +
+               (form.chkAlbum.Value() ? song.Album + u"\\"_s : QString()) + song.Title + u".mp3"_s;
     }
 
     void ChooseDevice() {
@@ -392,8 +392,8 @@ private:
     /// No search and no job is left over.
     void CheckRest() {
         EXPECT_EQ(form.Form1.Pointer(), MousePointer::Default);
-        EXPECT_NE(form.cmdCopy.Caption(), Q("&Cancel"));
-        EXPECT_EQ(form.Form1.Caption(), Q("Songlift"));
+        EXPECT_NE(form.cmdCopy.Caption(), u"&Cancel"_s);
+        EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
         for (const FakeControl* frame : {&form.Picture2, &form.frmDP, &form.frmDestination}) {
             EXPECT_TRUE(frame->Enabled());
         }
@@ -460,7 +460,7 @@ private:
             ticked += song.Ticked ? static_cast<double>(song.Size) : 0;
         }
         EXPECT_EQ(form.lblMessage.Caption(),
-                  Q("Selected: ") + GetSizeInText(ticked) + Q(" of ") + GetSizeInText(total));
+                  u"Selected: "_s + GetSizeInText(ticked) + u" of "_s + GetSizeInText(total));
         const bool any = std::any_of(Loaded().begin(), Loaded().end(),
                                      [](const Song& song) { return song.Ticked; });
         EXPECT_EQ(form.cmdCopy.Enabled(), any);
@@ -474,11 +474,11 @@ private:
         for (const char* device : {"E:", "F:"}) {
             EXPECT_EQ(files.ChangesBelow(Q(device)), QStringList());
         }
-        for (const QString& file : files.FilesBelow(Q("D:\\Music"))) {
+        for (const QString& file : files.FilesBelow(u"D:\\Music"_s)) {
             bool whole = false;
             for (const auto& [letter, songs] : m_libraries) {
                 for (const Song& song : songs) {
-                    whole = whole || (file.endsWith(song.Title + Q(".mp3")) &&
+                    whole = whole || (file.endsWith(song.Title + u".mp3"_s) &&
                                       files.Length(file) == song.Size);
                 }
             }

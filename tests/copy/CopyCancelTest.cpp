@@ -1,21 +1,26 @@
 #include "tests/copy/CopyFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const ShownMessage QuitQuestion{Text("Are you sure you want to quit?"), Text("Songlift"),
+const ShownMessage QuitQuestion{u"Are you sure you want to quit?"_s, u"Songlift"_s,
                                 MessageButtons::YesNo, MessageIcon::Question};
+const QString Film = u"D:\\Music\\Film.mp3"_s;
+const QString Tmp = u"D:\\Music\\tmp"_s;
 
 class CopyCancelTest : public CopyFixture, public testing::Test {
 protected:
-    CopyCancelTest() {
-        AddTrack("Abba", "Arrival", "One", "one");
-        AddTrack("Abba", "Arrival", "Two", "two");
-        AddTrack("Abba", "Arrival", "Three", "three");
-    }
+    CopyCancelTest() { AddTracks({"One", "Two", "Three"}); }
+
+    /// The fourth track, two chunks and a rest long: the fifth yield is that of its first chunk.
+    QString AddFilm() { return AddLargeTrack("Abba", "Arrival", "Film", 120000000).Location; }
+
+    /// The progress texts of the job.
+    QStringList Progress() const { return form.lblMessage.Captions.filter(u"Copying files"_s); }
 
     void ExpectAllCopied() const {
-        EXPECT_EQ(Copied(), QStringList({Text("D:\\Music\\One.mp3"), Text("D:\\Music\\Three.mp3"),
-                                         Text("D:\\Music\\Two.mp3")}));
+        EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s, u"Two.mp3"_s}));
     }
 };
 
@@ -23,75 +28,61 @@ protected:
 
 // ---- the button
 
-TEST_F(CopyCancelTest, CancelStopsAtTheNextFileWithoutAMessage) {
-    CancelAtYield(2);
-    Press();
-    EXPECT_EQ(Copied(), QStringList{Text("D:\\Music\\One.mp3")});
-    EXPECT_TRUE(messages.Shown.empty());
-    ExpectIdle();
-}
-
-TEST_F(CopyCancelTest, ThePressItselfOnlyRaisesTheFlag) {
-    events.OnYield = [this](int number) {
-        if (number == 2) {
-            Press();
-            EXPECT_TRUE(job.CancelCopy);
-            EXPECT_TRUE(job.Copying);
-            EXPECT_EQ(form.cmdCopy.Caption(), Text("&Cancel"));
-            EXPECT_FALSE(form.lstArtists.Enabled());
-        }
-    };
+TEST_F(CopyCancelTest, CancelStopsAtTheNextFileWithoutAMessageAndTheNextJobRuns) {
+    AtYield(2, [this] {
+        Press();
+        // The press itself only raises the flag.
+        EXPECT_TRUE(job.CancelCopy);
+        EXPECT_TRUE(job.Copying);
+        EXPECT_EQ(form.cmdCopy.Caption(), u"&Cancel"_s);
+        EXPECT_FALSE(form.lstArtists.Enabled());
+    });
     Press();
     EXPECT_EQ(events.Yields, 2);
-}
-
-TEST_F(CopyCancelTest, TheNextJobRunsAfterACancelledOne) {
-    CancelAtYield(1);
-    Press();
-    EXPECT_TRUE(Copied().isEmpty());
-    events.OnYield = nullptr;
+    EXPECT_EQ(Names(), QStringList{u"One.mp3"_s});
+    EXPECT_TRUE(messages.Shown.empty());
+    ExpectIdle();
+    promptUses = {PromptUse::Skip};
     Press();
     ExpectAllCopied();
 }
 
 TEST_F(CopyCancelTest, CancelDuringALargeFileStopsWithinOneChunkAndRemovesWhatWasWritten) {
-    AddLargeTrack("Abba", "Arrival", "Film", 120000000);
-    CancelAtYield(5); // the fourth file's own yield and its first chunk's
+    AddFilm();
+    CancelAtYield(5);
     Press();
     EXPECT_EQ(files.CountOf(FileCall::Write), 1);
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Film.mp3")));
+    EXPECT_FALSE(files.HasFolder(Tmp));
     EXPECT_TRUE(messages.Shown.empty());
-    ExpectAllCopied();
+    ExpectAllCopied(); // and nothing of the film
     ExpectIdle();
 }
 
 TEST_F(CopyCancelTest, CancelDuringALargeFileLeavesTheEarlierFileAlone) {
-    AddLargeTrack("Abba", "Arrival", "Film", 120000000);
-    files.AddFile(Text("D:\\Music\\Film.mp3"), "old film");
+    AddFilm();
+    files.AddFile(Film, "old film");
     promptUses = {PromptUse::Replace};
     CancelAtYield(6);
     Press();
     EXPECT_EQ(files.CountOf(FileCall::Write), 2);
-    EXPECT_EQ(Bytes("D:\\Music\\Film.mp3"), QByteArray("old film"));
+    EXPECT_EQ(files.Bytes(Film), QByteArray("old film"));
 }
 
 TEST_F(CopyCancelTest, ACancelAfterTheLastCheckIsForgottenWithTheJob) {
-    AddTrack("Abba", "Arrival", "Four", "four");
     files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
-        if (call.Target.endsWith(Text("Four.mp3"))) {
+        if (call.Target.endsWith(u"Three.mp3"_s)) {
             Press();
         }
     };
     Press();
-    EXPECT_EQ(Copied().size(), 4);
-    EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
+    ExpectAllCopied();
+    EXPECT_EQ(messages.Shown, std::vector{Completed});
     ExpectIdle();
 }
 
 // ---- the closed window
 
-TEST_F(CopyCancelTest, ClosingTheWindowKeepsItAndAsksToQuitAtTheNextCheck) {
+TEST_F(CopyCancelTest, ClosingTheWindowAsksToQuitAndNoGoesOnWithTheTrackAtHand) {
     CloseAtYield(2);
     messages.WhileShown = [this](const ShownMessage& message) {
         if (message == QuitQuestion) {
@@ -102,46 +93,27 @@ TEST_F(CopyCancelTest, ClosingTheWindowKeepsItAndAsksToQuitAtTheNextCheck) {
     };
     messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Shown.front(), QuitQuestion);
-}
-
-TEST_F(CopyCancelTest, YesDuringALargeFileLeavesNoHalfOfItBehind) {
-    AddLargeTrack("Abba", "Arrival", "Film", 120000000);
-    CloseAtYield(5); // the large file's first chunk
-    messages.Answers = {MessageAnswer::Yes};
-    Press();
-    EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
-    EXPECT_TRUE(form.Form1.Closed);
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Film.mp3")));
+    EXPECT_EQ(messages.Shown, (std::vector{QuitQuestion, Completed}));
+    ExpectAllCopied();
+    EXPECT_EQ(closed, 0);
+    EXPECT_EQ(Progress(), QStringList({u"Copying files... 1 of 3"_s, u"Copying files... 2 of 3"_s,
+                                       u"Copying files... 3 of 3"_s}));
+    ExpectIdle();
 }
 
 TEST_F(CopyCancelTest, YesLeavesTheJobAtOnceWithoutCleanupAndEndsTheProgram) {
     CloseAtYield(2);
-    files.AddFolder(Text("D:\\Music\\tmp"));
+    files.AddFolder(Tmp);
     messages.Answers = {MessageAnswer::Yes};
     Press();
     EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
     EXPECT_EQ(closed, 1);
     EXPECT_TRUE(form.Form1.Closed);
     EXPECT_FALSE(job.Copying);
-    EXPECT_EQ(Copied(), QStringList{Text("D:\\Music\\One.mp3")});
-    EXPECT_TRUE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_EQ(Names(), QStringList{u"One.mp3"_s});
+    EXPECT_TRUE(files.HasFolder(Tmp));
     EXPECT_FALSE(form.lstArtists.Enabled());
-    EXPECT_EQ(form.cmdCopy.Caption(), Text("&Cancel"));
-}
-
-TEST_F(CopyCancelTest, NoGoesOnWithTheTrackAtHandAndCountsItOnce) {
-    CloseAtYield(2);
-    messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
-    form.lblMessage.Captions.clear();
-    Press();
-    ExpectAllCopied();
-    EXPECT_EQ(closed, 0);
-    EXPECT_EQ(form.lblMessage.Captions.mid(1, 3),
-              QStringList({Text("Copying files... 1 of 3"), Text("Copying files... 2 of 3"),
-                           Text("Copying files... 3 of 3")}));
-    ExpectIdle();
+    EXPECT_EQ(form.cmdCopy.Caption(), u"&Cancel"_s);
 }
 
 TEST_F(CopyCancelTest, AfterNoTheWindowCountsAsClosedForTheRestOfTheJob) {
@@ -154,8 +126,7 @@ TEST_F(CopyCancelTest, AfterNoTheWindowCountsAsClosedForTheRestOfTheJob) {
     };
     messages.Answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({QuitQuestion.Text, QuitQuestion.Text, Text("Copy completed!")}));
+    EXPECT_EQ(messages.Shown, (std::vector{QuitQuestion, QuitQuestion, Completed}));
     ExpectAllCopied();
 }
 
@@ -172,7 +143,7 @@ TEST_F(CopyCancelTest, AStopOfTheNextJobAsksNoQuitQuestion) {
 }
 
 TEST_F(CopyCancelTest, AClosedWindowTurnsTheCancelOfThePromptIntoTheQuitQuestion) {
-    files.AddFile(Text("D:\\Music\\Two.mp3"), "old");
+    files.AddFile(u"D:\\Music\\Two.mp3"_s, "old");
     CloseAtYield(2);
     promptUses = {PromptUse::Cancel};
     messages.Answers = {MessageAnswer::No, MessageAnswer::Yes};
@@ -182,42 +153,41 @@ TEST_F(CopyCancelTest, AClosedWindowTurnsTheCancelOfThePromptIntoTheQuitQuestion
 }
 
 TEST_F(CopyCancelTest, NoAfterTheCancelOfThePromptCountsTheTrackAgainAndAsksAboutItAgain) {
-    files.AddFile(Text("D:\\Music\\Two.mp3"), "old");
+    files.AddFile(u"D:\\Music\\Two.mp3"_s, "old");
     CloseAtYield(2);
     promptUses = {PromptUse::Cancel, PromptUse::Replace};
     messages.Answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::OK};
-    form.lblMessage.Captions.clear();
     Press();
-    EXPECT_EQ(prompted, QStringList({Text("D:\\Music\\Two.mp3"), Text("D:\\Music\\Two.mp3")}));
-    EXPECT_EQ(form.lblMessage.Captions.mid(1, 4),
-              QStringList({Text("Copying files... 1 of 3"), Text("Copying files... 2 of 3"),
-                           Text("Copying files... 3 of 3"), Text("Copying files... 4 of 3")}));
-    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("two"));
+    EXPECT_EQ(prompted, QStringList({u"D:\\Music\\Two.mp3"_s, u"D:\\Music\\Two.mp3"_s}));
+    EXPECT_EQ(Progress(),
+              QStringList({u"Copying files... 1 of 3"_s, u"Copying files... 2 of 3"_s,
+                           u"Copying files... 3 of 3"_s, u"Copying files... 4 of 3"_s}));
+    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("Two"));
     ExpectAllCopied();
 }
 
-TEST_F(CopyCancelTest, ClosingDuringALargeFileAsksToQuitAndYesEndsTheProgram) {
-    AddLargeTrack("Abba", "Arrival", "Film", 120000000);
+TEST_F(CopyCancelTest, ClosingDuringALargeFileAsksToQuitAndYesLeavesNoHalfOfItBehind) {
+    AddFilm();
     CloseAtYield(5);
     messages.Answers = {MessageAnswer::Yes};
     Press();
     EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
     EXPECT_EQ(closed, 1);
+    EXPECT_TRUE(form.Form1.Closed);
     ExpectAllCopied(); // and nothing of the film
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_FALSE(files.HasFolder(Tmp));
     EXPECT_EQ(files.OpenFiles, 0);
 }
 
 TEST_F(CopyCancelTest, ClosingDuringALargeFileAndNoGoesOnWhereItWas) {
-    const QString location = AddLargeTrack("Abba", "Arrival", "Film", 120000000).Location;
+    const QString location = AddFilm();
     CloseAtYield(5);
     messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(files.CountOf(FileCall::Write), 3); // two chunks and the rest
-    EXPECT_EQ(form.lblMessage.Captions.filter(Text("Copying files...")).last(),
-              Text("Copying files... 4 of 4"));
-    EXPECT_TRUE(files.SameContent(location, Text("D:\\Music\\Film.mp3")));
+    EXPECT_EQ(files.CountOf(FileCall::Write), 3);
+    EXPECT_EQ(Progress().last(), u"Copying files... 4 of 4"_s);
+    EXPECT_TRUE(files.SameContent(location, Film));
     EXPECT_EQ(Copied().size(), 4);
-    EXPECT_EQ(messages.Texts(), QStringList({QuitQuestion.Text, Text("Copy completed!")}));
+    EXPECT_EQ(messages.Shown, (std::vector{QuitQuestion, Completed}));
     ExpectIdle();
 }

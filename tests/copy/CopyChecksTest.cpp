@@ -2,13 +2,14 @@
 
 #include "platform/RuntimeError.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const ShownMessage CreateQuestion{Text("Destination folder does not exist. Create?"),
-                                  Text("Songlift"), MessageButtons::OKCancel,
-                                  MessageIcon::Question};
-const ShownMessage InvalidPath{Text("Invalid destination path."), Text("Songlift"),
-                               MessageButtons::OK, MessageIcon::Exclamation};
+const ShownMessage CreateQuestion{u"Destination folder does not exist. Create?"_s, u"Songlift"_s,
+                                  MessageButtons::OKCancel, MessageIcon::Question};
+const ShownMessage InvalidPath{u"Invalid destination path."_s, u"Songlift"_s, MessageButtons::OK,
+                               MessageIcon::Exclamation};
 
 class CopyChecksTest : public CopyFixture, public testing::Test {
 protected:
@@ -31,38 +32,39 @@ protected:
 TEST_F(CopyChecksTest, AnEmptyDestinationGivesItsMessageAndNothingElse) {
     SetDestination("");
     Press();
-    EXPECT_EQ(messages.Shown, (std::vector<ShownMessage>{
-                                  {Text("Please specify a destination path."), Text("Songlift"),
-                                   MessageButtons::OK, MessageIcon::Exclamation}}));
+    EXPECT_EQ(messages.Shown,
+              (std::vector<ShownMessage>{{u"Please specify a destination path."_s, u"Songlift"_s,
+                                          MessageButtons::OK, MessageIcon::Exclamation}}));
     EXPECT_TRUE(form.txtDestination.HasFocus());
     EXPECT_TRUE(files.Calls.empty());
     ExpectNothingStarted();
 }
 
 TEST_F(CopyChecksTest, AnInvalidDestinationIsSelectedForTheUserToMend) {
-    SetDestination("Q:\\Music");
-    int selectedAtFocus = -1;
-    form.txtDestination.GotFocus = [&] { selectedAtFocus = form.txtDestination.SelectionLength; };
-    Press();
-    EXPECT_EQ(messages.Shown, std::vector{InvalidPath});
-    EXPECT_TRUE(form.txtDestination.HasFocus());
-    EXPECT_EQ(selectedAtFocus, 0); // a box that gets the focus may change what is selected
-    EXPECT_EQ(form.txtDestination.SelectionStart, 0);
-    EXPECT_EQ(form.txtDestination.SelectionLength, 8);
-    ExpectNothingStarted();
-}
-
-TEST_F(CopyChecksTest, ADestinationOnTheIpodIsInvalidWhetherItExistsOrNot) {
-    files.IpodRoot = Text("E:");
-    for (const char* path : {"E:\\", "e:\\iPod_Control", "E:\\New\\Sub"}) {
+    files.IpodRoot = u"E:"_s;
+    files.AddFile(u"D:\\Mine\\mine.txt"_s, "mine");
+    destination.ProbeFolder = u"D:\\Mine"_s; // of a click that failed before it could delete it
+    for (const char* path :
+         {"Q:\\Music", "D:\\New\\Wh?t", "E:\\", "e:\\iPod_Control", "E:\\New\\Sub"}) {
+        SCOPED_TRACE(path);
         messages.Shown.clear();
+        files.Calls.clear();
+        form.txtSearch.SetFocus();
         SetDestination(path);
+        int selectedAtFocus = -1;
+        form.txtDestination.GotFocus = [&] {
+            selectedAtFocus = form.txtDestination.SelectionLength;
+        };
         Press();
-        EXPECT_EQ(messages.Shown, std::vector{InvalidPath}) << path;
+        EXPECT_EQ(messages.Shown, std::vector{InvalidPath});
         EXPECT_TRUE(form.txtDestination.HasFocus());
+        EXPECT_EQ(selectedAtFocus, 0); // a box that gets the focus may change what is selected
+        EXPECT_EQ(form.txtDestination.SelectionStart, 0);
         EXPECT_EQ(form.txtDestination.SelectionLength, Text(path).size());
-        EXPECT_TRUE(files.Calls.empty());
         EXPECT_FALSE(destination.CreateFailed);
+        EXPECT_FALSE(files.HasFolder(u"D:\\New"_s)); // made to try the path
+        EXPECT_TRUE(files.HasFile(u"D:\\Mine\\mine.txt"_s));
+        EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
         ExpectNothingStarted();
     }
 }
@@ -72,26 +74,17 @@ TEST_F(CopyChecksTest, TheTestFolderIsRemovedAtOnceThenTheQuestionIsAskedAndOKCr
     messages.Answers = {MessageAnswer::OK, MessageAnswer::OK};
     messages.WhileShown = [this](const ShownMessage& message) {
         if (message == CreateQuestion) {
-            EXPECT_FALSE(files.HasFolder(Text("D:\\New")));
+            EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
             EXPECT_EQ(files.CallsOf(FileCall::CreateFolder),
-                      QStringList({Text("D:\\New"), Text("D:\\New\\Sub")}));
-            EXPECT_EQ(files.CallsOf(FileCall::DeleteFolder), QStringList{Text("D:\\New")});
+                      QStringList({u"D:\\New"_s, u"D:\\New\\Sub"_s}));
+            EXPECT_EQ(files.CallsOf(FileCall::DeleteFolder), QStringList{u"D:\\New"_s});
         }
     };
     Press();
     EXPECT_EQ(messages.Shown.at(0), CreateQuestion);
-    EXPECT_EQ(files.CallsOf(FileCall::CreateFolderChain), QStringList{Text("D:\\New\\Sub")});
+    EXPECT_EQ(files.CallsOf(FileCall::CreateFolderChain), QStringList{u"D:\\New\\Sub"_s});
     EXPECT_EQ(destination.ProbeFolder, QString());
     EXPECT_EQ(Bytes("D:\\New\\Sub\\Tiger.mp3"), QByteArray("tiger"));
-}
-
-TEST_F(CopyChecksTest, CancellingTheCreationLeavesNothingBehind) {
-    SetDestination("D:\\New\\Sub");
-    messages.Answers = {MessageAnswer::Cancel};
-    Press();
-    EXPECT_EQ(messages.Shown, std::vector{CreateQuestion});
-    EXPECT_FALSE(files.HasFolder(Text("D:\\New")));
-    ExpectNothingStarted();
 }
 
 TEST_F(CopyChecksTest, AFailedCreationIsInvalidAtOnceAndToldOnTheNextConfirmedAttempt) {
@@ -102,14 +95,22 @@ TEST_F(CopyChecksTest, AFailedCreationIsInvalidAtOnceAndToldOnTheNextConfirmedAt
     EXPECT_TRUE(destination.CreateFailed);
 
     messages.Shown.clear();
+    messages.Answers = {MessageAnswer::Cancel};
+    Press();
+    EXPECT_EQ(messages.Shown, std::vector{CreateQuestion});
+    EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
+    EXPECT_TRUE(destination.CreateFailed); // the attempt was not confirmed
+    ExpectNothingStarted();
+
+    messages.Shown.clear();
     messages.Answers = {MessageAnswer::OK, MessageAnswer::OK};
     Press();
     EXPECT_EQ(messages.Shown,
               (std::vector<ShownMessage>{CreateQuestion,
-                                         {Text("Unable to create folder."), Text("Error"),
+                                         {u"Unable to create folder."_s, u"Error"_s,
                                           MessageButtons::OK, MessageIcon::Critical}}));
     EXPECT_FALSE(destination.CreateFailed);
-    EXPECT_FALSE(files.HasFolder(Text("D:\\New")));
+    EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
     ExpectNothingStarted();
 
     messages.Answers = {MessageAnswer::OK, MessageAnswer::OK};
@@ -117,29 +118,13 @@ TEST_F(CopyChecksTest, AFailedCreationIsInvalidAtOnceAndToldOnTheNextConfirmedAt
     EXPECT_EQ(Bytes("D:\\New\\Tiger.mp3"), QByteArray("tiger"));
 }
 
-TEST_F(CopyChecksTest, CreateFailedOutlivesAnAttemptThatIsNotConfirmed) {
-    SetDestination("D:\\New");
-    destination.CreateFailed = true;
-    messages.Answers = {MessageAnswer::Cancel};
-    Press();
-    EXPECT_EQ(messages.Shown, std::vector{CreateQuestion});
-    EXPECT_TRUE(destination.CreateFailed);
-}
-
-TEST_F(CopyChecksTest, WhatWasCreatedBeforeAFailureLowerDownIsRemovedToo) {
-    SetDestination("D:\\New\\Wh?t");
-    Press();
-    EXPECT_EQ(messages.Shown, std::vector{InvalidPath});
-    EXPECT_FALSE(files.HasFolder(Text("D:\\New")));
-}
-
 TEST_F(CopyChecksTest, AProbeFolderThatCouldNotBeDeletedIsNeverDeletedLater) {
     SetDestination("D:\\New");
     files.FailNthCall(FileCall::DeleteFolder, 1, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Abort};
     Press();
-    ASSERT_EQ(messages.Texts(), QStringList{Text("Unable to create file: \"D:\\New\"")});
-    ASSERT_TRUE(files.HasFolder(Text("D:\\New")));
+    ASSERT_EQ(messages.Texts(), QStringList{u"Unable to create file: \"D:\\New\""_s});
+    ASSERT_TRUE(files.HasFolder(u"D:\\New"_s));
     // The folder is there now: a job fills it. Then another destination turns out invalid.
     Press();
     ASSERT_EQ(Bytes("D:\\New\\Tiger.mp3"), QByteArray("tiger"));
@@ -149,22 +134,13 @@ TEST_F(CopyChecksTest, AProbeFolderThatCouldNotBeDeletedIsNeverDeletedLater) {
     EXPECT_EQ(Bytes("D:\\New\\Tiger.mp3"), QByteArray("tiger"));
 }
 
-TEST_F(CopyChecksTest, AProbeFolderOfAnEarlierClickIsNotDeleted) {
-    files.AddFile(Text("D:\\New\\mine.txt"), "mine");
-    destination.ProbeFolder = Text("D:\\New"); // that click failed before it could delete it
-    SetDestination("Q:\\Music");
-    Press();
-    EXPECT_EQ(messages.Shown.back(), InvalidPath);
-    EXPECT_EQ(Bytes("D:\\New\\mine.txt"), QByteArray("mine"));
-}
-
 TEST_F(CopyChecksTest, RetryDeletesTheProbeFolderAndTheChecksGoOn) {
     SetDestination("D:\\New");
     files.FailNthCall(FileCall::DeleteFolder, 1, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::Cancel};
     Press();
     EXPECT_EQ(messages.Shown.back(), CreateQuestion);
-    EXPECT_FALSE(files.HasFolder(Text("D:\\New")));
+    EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
     ExpectNothingStarted();
 }
 
@@ -174,87 +150,71 @@ TEST_F(CopyChecksTest, AFailedFolderChainIsReportedByTheFirstStepThatNeedsTheFol
     messages.Answers = {MessageAnswer::OK, MessageAnswer::Abort};
     Press();
     EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Destination folder does not exist. Create?"),
-                           Text("Path not found: \"E:\\iPod_Control\\Music\\F00\"")}));
+              QStringList({u"Destination folder does not exist. Create?"_s,
+                           u"Path not found: \"E:\\iPod_Control\\Music\\F00\""_s}));
     ExpectIdle();
 }
 
 TEST_F(CopyChecksTest, ADriveWithLessSpaceThanSelectedIsAskedAboutAndCancelCopiesNothing) {
-    files.SetFreeBytes(Text("D:"), 4);
-    messages.Answers = {MessageAnswer::Cancel};
+    files.AddDrive(u"/media/stick"_s, 4);
+    files.AddFolder(u"/media/stick/Music"_s);
+    files.SetFreeBytes(u"D:"_s, 4);
+    for (const auto& [path, drive] :
+         {std::pair("D:\\Music", u"D:"_s), std::pair("/media/stick/Music", u"/media/stick"_s)}) {
+        messages.Shown.clear();
+        messages.Answers = {MessageAnswer::Cancel};
+        SetDestination(path);
+        Press();
+        EXPECT_EQ(messages.Shown,
+                  (std::vector<ShownMessage>{
+                      {u"There is not enough space on drive "_s + drive +
+                           u" to copy all\rof the selected files. Copy as much as possible?"_s,
+                       u"Songlift"_s, MessageButtons::OKCancel, MessageIcon::Exclamation}}));
+        ExpectNothingStarted();
+    }
+    files.SetFreeBytes(u"/media/stick"_s, 5);
+    messages.Shown.clear();
     Press();
-    EXPECT_EQ(messages.Shown,
-              (std::vector<ShownMessage>{{Text("There is not enough space on drive D: to copy all"
-                                               "\rof the selected files. Copy as much as "
-                                               "possible?"),
-                                          Text("Songlift"), MessageButtons::OKCancel,
-                                          MessageIcon::Exclamation}}));
-    ExpectNothingStarted();
+    EXPECT_EQ(messages.Shown, std::vector{Completed}); // room for exactly the selected bytes
 }
 
 TEST_F(CopyChecksTest, WithTooLittleSpaceOKCopiesUntilTheDiskFullMessage) {
     AddTrack("Abba", "Arrival", "Fernando", "fernando");
-    files.SetFreeBytes(Text("D:"), 9);
+    files.SetFreeBytes(u"D:"_s, 9);
     messages.Answers = {MessageAnswer::OK, MessageAnswer::Cancel};
     Press();
-    EXPECT_EQ(messages.Texts().mid(1), QStringList{Text("This drive is full.")});
-    EXPECT_EQ(Copied(), QStringList{Text("D:\\Music\\Tiger.mp3")});
+    EXPECT_EQ(messages.Texts().mid(1), QStringList{u"This drive is full."_s});
+    EXPECT_EQ(Copied(), QStringList{u"D:\\Music\\Tiger.mp3"_s});
     EXPECT_EQ(Bytes("D:\\Music\\Tiger.mp3"), QByteArray("tiger"));
     ExpectIdle();
 }
 
-TEST_F(CopyChecksTest, SpaceForExactlyTheSelectedBytesIsEnough) {
-    files.SetFreeBytes(Text("D:"), 5);
-    Press();
-    EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
-}
-
-TEST_F(CopyChecksTest, TheFreeSpaceOfANativePathIsThatOfItsMountPoint) {
-    files.AddDrive(Text("/media/stick"), 4);
-    files.AddFolder(Text("/media/stick/Music"));
-    SetDestination("/media/stick/Music");
-    messages.Answers = {MessageAnswer::Cancel};
-    Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList{Text("There is not enough space on drive /media/stick to copy all\rof "
-                               "the selected files. Copy as much as possible?")});
-}
-
 TEST_F(CopyChecksTest, ADriveThatVanishesDuringTheChecksEndsTheClickWithoutCleanup) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
+    Press();
+    messages.Shown.clear();
+    form.cmdCopy.Captions.clear();
+    form.lstArtists.EnabledChanges = events.Yields = 0;
+    files.Calls.clear();
+    files.AddFolder(u"D:\\Music\\tmp"_s); // not that of the earlier job
     files.FailNthCall(FileCall::FreeBytes, 1, ErrorNumber::DeviceUnavailable);
     Press();
     EXPECT_EQ(messages.Shown,
-              (std::vector<ShownMessage>{{Text("Error 68: Device unavailable"), Text("Error"),
+              (std::vector<ShownMessage>{{u"Error 68: Device unavailable"_s, u"Error"_s,
                                           MessageButtons::OK, MessageIcon::Critical}}));
-    EXPECT_TRUE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_TRUE(files.HasFolder(u"D:\\Music\\tmp"_s));
     ExpectNothingStarted();
 }
 
-TEST_F(CopyChecksTest, AnEndedCheckDeletesNoTemporaryFolderOfAnEarlierJob) {
-    Press();
-    files.AddFile(Text("D:\\Music\\tmp\\mine.txt"), "mine");
-    files.FailNthCall(FileCall::FreeBytes, 1, ErrorNumber::DeviceUnavailable);
-    Press();
-    EXPECT_EQ(Bytes("D:\\Music\\tmp\\mine.txt"), QByteArray("mine"));
-}
-
-TEST_F(CopyChecksTest, AFailedFreeSpaceTestThatIsIgnoredLetsTheJobStart) {
-    files.FailNthCall(FileCall::FreeBytes, 1, ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
-    Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Path not found: \"\""), Text("Copy completed!")}));
+TEST_F(CopyChecksTest, AFailedFreeSpaceTestNamesNoTrackAndMayBeIgnored) {
+    for (const bool ignores : {true, false}) { // the second time after a job
+        messages.Shown.clear();
+        files.FailNthCall(FileCall::FreeBytes, 1, ErrorNumber::PathNotFound);
+        messages.Answers = {ignores ? MessageAnswer::Ignore : MessageAnswer::Abort};
+        Press();
+        EXPECT_EQ(messages.Texts().first(), u"Path not found: \"\""_s);
+        EXPECT_EQ(messages.Texts().contains(Completed.Text), ignores);
+    }
     EXPECT_EQ(Bytes("D:\\Music\\Tiger.mp3"), QByteArray("tiger"));
-}
-
-TEST_F(CopyChecksTest, AFailedCheckNamesNoTrackOfAnEarlierJob) {
-    Press();
-    messages.Shown.clear();
-    files.FailNthCall(FileCall::FreeBytes, 1, ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Abort};
-    Press();
-    EXPECT_EQ(messages.Texts(), QStringList{Text("Path not found: \"\"")});
 }
 
 TEST_F(CopyChecksTest, ThePressInASearchThatIsStillRunningDoesNothing) {
@@ -266,7 +226,7 @@ TEST_F(CopyChecksTest, ThePressInASearchThatIsStillRunningDoesNothing) {
             EXPECT_TRUE(form.cmdCopy.Captions.isEmpty());
         }
     };
-    form.txtSearch.SetText(Text("tiger"));
+    form.txtSearch.SetText(u"tiger"_s);
     EXPECT_GE(events.Yields, 1);
     EXPECT_EQ(library.Artists.size(), 1U);
 }

@@ -2,34 +2,32 @@
 
 #include "platform/RuntimeError.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-ShownMessage ErrorBox(const char* text, MessageButtons buttons, MessageIcon icon) {
-    return {Text(text), Text("Error"), buttons, icon};
+ShownMessage ErrorBox(const QString& text, MessageButtons buttons, MessageIcon icon) {
+    return {text, u"Error"_s, buttons, icon};
 }
 
 const ShownMessage FileNotFound =
-    ErrorBox("File not found: \"E:\\iPod_Control\\Music\\F00\\2.mp3\"",
+    ErrorBox(u"File not found: \"E:\\iPod_Control\\Music\\F00\\2.mp3\""_s,
              MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation);
 const ShownMessage PathNotFound =
-    ErrorBox("Path not found: \"E:\\iPod_Control\\Music\\F00\"", MessageButtons::AbortRetryIgnore,
-             MessageIcon::Exclamation);
+    ErrorBox(u"Path not found: \"E:\\iPod_Control\\Music\\F00\""_s,
+             MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation);
 const ShownMessage DiskFull =
-    ErrorBox("This drive is full.", MessageButtons::RetryCancel, MessageIcon::Exclamation);
+    ErrorBox(u"This drive is full."_s, MessageButtons::RetryCancel, MessageIcon::Exclamation);
 const ShownMessage PermissionDenied =
-    ErrorBox("Unable to create file: \"D:\\Music\\Two.mp3\"", MessageButtons::AbortRetryIgnore,
+    ErrorBox(u"Unable to create file: \"D:\\Music\\Two.mp3\""_s, MessageButtons::AbortRetryIgnore,
              MessageIcon::Critical);
-const ShownMessage Completed{Text("Copy completed!"), Text("Songlift"), MessageButtons::OK,
-                             MessageIcon::Information};
+const QString Quit = u"Are you sure you want to quit?"_s;
+const QString Tmp = u"D:\\Music\\tmp"_s;
 
 /// Three tracks, of which the second one fails.
 class CopyErrorsTest : public CopyFixture, public testing::Test {
 protected:
-    CopyErrorsTest() {
-        AddTrack("Abba", "Arrival", "One", "one");
-        AddTrack("Abba", "Arrival", "Two", "two");
-        AddTrack("Abba", "Arrival", "Three", "three");
-    }
+    CopyErrorsTest() { AddTracks({"One", "Two", "Three"}); }
 
     /// The second copy fails `times` times.
     void FailCopy(ErrorNumber number, int times = 1) {
@@ -38,91 +36,83 @@ protected:
         }
     }
 
-    QStringList Names() const {
-        QStringList names;
-        for (const QString& path : Copied()) {
-            names += path.mid(9);
-        }
-        return names;
+    /// The user has closed the window by the first call of this kind.
+    void CloseBefore(FileCall kind) {
+        files.BeforeCall = [this, kind](const FakeFileSystem::RecordedCall& call) {
+            job.CUnload = job.CUnload || call.Call == kind;
+        };
     }
 
     void ExpectAllCopied() const {
-        EXPECT_EQ(Names(), QStringList({Text("One.mp3"), Text("Three.mp3"), Text("Two.mp3")}));
+        EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s, u"Two.mp3"_s}));
         EXPECT_EQ(messages.Shown.back(), Completed);
         ExpectIdle();
     }
 
     void ExpectStoppedAfterTheFirst(const ShownMessage& message) const {
-        EXPECT_EQ(Names(), QStringList{Text("One.mp3")});
+        EXPECT_EQ(Names(), QStringList{u"One.mp3"_s});
         EXPECT_EQ(messages.Shown, std::vector{message});
-        ExpectIdle();
-    }
-
-    void ExpectTheSecondLeftOut(const ShownMessage& message) const {
-        EXPECT_EQ(Names(), QStringList({Text("One.mp3"), Text("Three.mp3")}));
-        EXPECT_EQ(messages.Shown, (std::vector{message, Completed}));
-        EXPECT_EQ(job.CopiedBytes, 3 + 3 + 5);
         ExpectIdle();
     }
 };
 
+struct AskedError {
+    ErrorNumber Number;
+    ShownMessage Message;
+};
+
+void PrintTo(const AskedError& error, std::ostream* out) {
+    *out << int(error.Number);
+}
+
+class AskedErrors : public CopyErrorsTest, public testing::WithParamInterface<AskedError> {};
+
 } // namespace
 
-// ---- 53
+// ---- the failures that the user is asked about
 
-TEST_F(CopyErrorsTest, FileNotFoundNamesTheSourceAndRetryCopiesIt) {
-    FailCopy(ErrorNumber::FileNotFound, 2);
+TEST_P(AskedErrors, AreAskedAboutUntilARetryCopiesTheFile) {
+    FailCopy(GetParam().Number, 2);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::Retry, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Shown, (std::vector{FileNotFound, FileNotFound, Completed}));
+    EXPECT_EQ(messages.Shown, (std::vector{GetParam().Message, GetParam().Message, Completed}));
     ExpectAllCopied();
 }
 
-TEST_F(CopyErrorsTest, FileNotFoundIgnoredLeavesThatFileOut) {
-    FailCopy(ErrorNumber::FileNotFound);
+TEST_P(AskedErrors, LeaveThatFileOutWhenTheyAreIgnored) {
+    if (GetParam().Message.Buttons != MessageButtons::AbortRetryIgnore) {
+        return; // a full drive stays full
+    }
+    FailCopy(GetParam().Number);
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
     Press();
-    ExpectTheSecondLeftOut(FileNotFound);
+    EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s}));
+    EXPECT_EQ(messages.Shown, (std::vector{GetParam().Message, Completed}));
+    EXPECT_EQ(job.CopiedBytes, 3 + 3 + 5);
+    ExpectIdle();
 }
 
-TEST_F(CopyErrorsTest, FileNotFoundAbortedStopsTheJob) {
-    FailCopy(ErrorNumber::FileNotFound);
-    messages.Answers = {MessageAnswer::Abort};
+TEST_P(AskedErrors, StopTheJobByTheirFirstOrLastButton) {
+    FailCopy(GetParam().Number);
+    messages.Answers = {GetParam().Message.Buttons == MessageButtons::AbortRetryIgnore
+                            ? MessageAnswer::Abort
+                            : MessageAnswer::Cancel};
     Press();
-    ExpectStoppedAfterTheFirst(FileNotFound);
+    ExpectStoppedAfterTheFirst(GetParam().Message);
 }
 
-// ---- 76
-
-TEST_F(CopyErrorsTest, PathNotFoundNamesTheSourcesFolderAndRetryCopiesIt) {
-    FailCopy(ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
-    Press();
-    EXPECT_EQ(messages.Shown, (std::vector{PathNotFound, Completed}));
-    ExpectAllCopied();
-}
-
-TEST_F(CopyErrorsTest, PathNotFoundIgnoredLeavesThatFileOut) {
-    FailCopy(ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
-    Press();
-    ExpectTheSecondLeftOut(PathNotFound);
-}
-
-TEST_F(CopyErrorsTest, PathNotFoundAbortedStopsTheJob) {
-    FailCopy(ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Abort};
-    Press();
-    ExpectStoppedAfterTheFirst(PathNotFound);
-}
-
-// ---- 61
+INSTANTIATE_TEST_SUITE_P(Numbers, AskedErrors,
+                         testing::Values(AskedError{ErrorNumber::FileNotFound, FileNotFound},
+                                         AskedError{ErrorNumber::PathNotFound, PathNotFound},
+                                         AskedError{ErrorNumber::DiskFull, DiskFull},
+                                         AskedError{ErrorNumber::PermissionDenied,
+                                                    PermissionDenied}));
 
 TEST_F(CopyErrorsTest, DiskFullRetriedAfterRoomWasMadeCopiesTheFile) {
     files.DiskFullAfter(5);
     messages.WhileShown = [this](const ShownMessage& message) {
         if (message == DiskFull) {
-            EXPECT_EQ(Names(), QStringList{Text("One.mp3")});
+            EXPECT_EQ(Names(), QStringList{u"One.mp3"_s});
             files.ClearFailures();
         }
     };
@@ -132,74 +122,25 @@ TEST_F(CopyErrorsTest, DiskFullRetriedAfterRoomWasMadeCopiesTheFile) {
     ExpectAllCopied();
 }
 
-TEST_F(CopyErrorsTest, DiskFullCancelledStopsTheJob) {
-    FailCopy(ErrorNumber::DiskFull);
-    messages.Answers = {MessageAnswer::Cancel};
-    Press();
-    ExpectStoppedAfterTheFirst(DiskFull);
-}
-
-// ---- 70
-
-TEST_F(CopyErrorsTest, PermissionDeniedNamesTheCopyAndRetryCopiesIt) {
-    FailCopy(ErrorNumber::PermissionDenied);
-    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
-    Press();
-    EXPECT_EQ(messages.Shown, (std::vector{PermissionDenied, Completed}));
-    ExpectAllCopied();
-}
-
-TEST_F(CopyErrorsTest, PermissionDeniedIgnoredLeavesThatFileOut) {
-    FailCopy(ErrorNumber::PermissionDenied);
-    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
-    Press();
-    ExpectTheSecondLeftOut(PermissionDenied);
-}
-
-TEST_F(CopyErrorsTest, PermissionDeniedAbortedStopsTheJob) {
-    FailCopy(ErrorNumber::PermissionDenied);
-    messages.Answers = {MessageAnswer::Abort};
-    Press();
-    ExpectStoppedAfterTheFirst(PermissionDenied);
-}
-
 TEST_F(CopyErrorsTest, AFileNameThatTheDriveRefusesCanBeLeftOut) {
     // It holds less than it has told.
     events.OnYield = [this](int yield) { files.Limits.Longest = yield == 2 ? 6 : 255; };
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(Names(), QStringList({Text("One.mp3"), Text("Three.mp3")}));
-    EXPECT_EQ(messages.Texts(), QStringList({Text("Unable to create file: \"D:\\Music\\Two.mp3\""),
-                                             Text("Copy completed!")}));
+    EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s}));
+    EXPECT_EQ(messages.Shown, (std::vector{PermissionDenied, Completed}));
 }
 
-// ---- any other
-
-TEST_F(CopyErrorsTest, AnyOtherErrorIsToldWithItsNumberAndEndsTheJobWithoutCompletion) {
-    FailCopy(ErrorNumber::DeviceIOError);
-    Press();
-    ExpectStoppedAfterTheFirst(
-        ErrorBox("Error 57: Device I/O error", MessageButtons::OK, MessageIcon::Critical));
-}
-
-TEST_F(CopyErrorsTest, AnyOtherErrorAsksNoQuitQuestionEvenWhenTheWindowWasClosed) {
+TEST_F(CopyErrorsTest, AnyOtherErrorEndsTheJobWithNoQuestionEvenWhenTheWindowWasClosed) {
     FailCopy(ErrorNumber::DeviceUnavailable);
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
-        if (call.Call == FileCall::CopyFile) {
-            job.CUnload = true;
-        }
-    };
+    CloseBefore(FileCall::CopyFile);
     Press();
     ExpectStoppedAfterTheFirst(
-        ErrorBox("Error 68: Device unavailable", MessageButtons::OK, MessageIcon::Critical));
+        ErrorBox(u"Error 68: Device unavailable"_s, MessageButtons::OK, MessageIcon::Critical));
 }
 
 TEST_F(CopyErrorsTest, ADevicePulledOutIsReportedAndTheJobCanBeStopped) {
-    events.OnYield = [this](int number) {
-        if (number == 2) {
-            files.RemoveDrive(Text("E:"));
-        }
-    };
+    AtYield(2, [this] { files.RemoveDrive(u"E:"_s); });
     messages.Answers = {MessageAnswer::Abort};
     Press();
     ExpectStoppedAfterTheFirst(PathNotFound);
@@ -209,21 +150,17 @@ TEST_F(CopyErrorsTest, ADevicePulledOutIsReportedAndTheJobCanBeStopped) {
 
 TEST_F(CopyErrorsTest, AbortWithAClosedWindowAsksToQuitAndNoStartsTheSameTrackAgain) {
     FailCopy(ErrorNumber::FileNotFound, 2);
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
-        job.CUnload = job.CUnload || call.Call == FileCall::CopyFile;
-    };
+    CloseBefore(FileCall::CopyFile);
     messages.Answers = {MessageAnswer::Abort, MessageAnswer::No, MessageAnswer::Abort,
                         MessageAnswer::No, MessageAnswer::OK};
     form.lblMessage.Captions.clear();
     Press();
-    EXPECT_EQ(
-        messages.Texts(),
-        QStringList({FileNotFound.Text, Text("Are you sure you want to quit?"), FileNotFound.Text,
-                     Text("Are you sure you want to quit?"), Text("Copy completed!")}));
+    EXPECT_EQ(messages.Texts(),
+              QStringList({FileNotFound.Text, Quit, FileNotFound.Text, Quit, Completed.Text}));
     EXPECT_EQ(form.lblMessage.Captions.mid(1, 5),
-              QStringList({Text("Copying files... 1 of 3"), Text("Copying files... 2 of 3"),
-                           Text("Copying files... 3 of 3"), Text("Copying files... 4 of 3"),
-                           Text("Copying files... 5 of 3")}));
+              QStringList({u"Copying files... 1 of 3"_s, u"Copying files... 2 of 3"_s,
+                           u"Copying files... 3 of 3"_s, u"Copying files... 4 of 3"_s,
+                           u"Copying files... 5 of 3"_s}));
     ExpectAllCopied();
 }
 
@@ -234,21 +171,20 @@ TEST_F(CopyErrorsTest, AFailedFolderRetriedIsMadeAndTheJobGoesOn) {
     files.FailNthCall(FileCall::CreateFolder, 2, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Unable to create file: \"D:\\Music\\Abba\\Arrival\""),
-                           Text("Copy completed!")}));
+    EXPECT_EQ(
+        messages.Texts(),
+        QStringList({u"Unable to create file: \"D:\\Music\\Abba\\Arrival\""_s, Completed.Text}));
     EXPECT_EQ(Copied().size(), 3);
 }
 
-TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolder) {
+TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolderUntilAbortStopsTheJob) {
     SetOptions("A");
-    files.FailPath(FileCall::CreateFolder, Text("D:\\Music\\Abba"), ErrorNumber::PermissionDenied);
+    files.FailPath(FileCall::CreateFolder, u"D:\\Music\\Abba"_s, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::Ignore, MessageAnswer::Abort};
     Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Unable to create file: \"D:\\Music\\Abba\""),
-                           Text("Path not found: \"E:\\iPod_Control\\Music\\F00\""),
-                           Text("Unable to create file: \"D:\\Music\\Abba\"")}));
+    EXPECT_EQ(messages.Texts(), QStringList({u"Unable to create file: \"D:\\Music\\Abba\""_s,
+                                             u"Path not found: \"E:\\iPod_Control\\Music\\F00\""_s,
+                                             u"Unable to create file: \"D:\\Music\\Abba\""_s}));
     EXPECT_TRUE(Copied().isEmpty());
     ExpectIdle();
 }
@@ -256,37 +192,29 @@ TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolder) {
 TEST_F(CopyErrorsTest, AFailedFolderThatIsBackByTheTimeOfTheRetryIsUsed) {
     SetOptions("A");
     files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PathNotFound);
-    messages.WhileShown = [this](const ShownMessage&) { files.AddFolder(Text("D:\\Music\\Abba")); };
+    messages.WhileShown = [this](const ShownMessage&) { files.AddFolder(u"D:\\Music\\Abba"_s); };
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
-    EXPECT_TRUE(messages.Texts()[0].startsWith(Text("Path not found: ")));
-    EXPECT_EQ(messages.Texts().mid(1), QStringList(Text("Copy completed!")));
+    EXPECT_TRUE(messages.Texts()[0].startsWith(u"Path not found: "_s));
+    EXPECT_EQ(messages.Texts().mid(1), QStringList{Completed.Text});
     EXPECT_EQ(Copied().size(), 3);
-}
-
-TEST_F(CopyErrorsTest, AFailedFolderAbortedStopsTheJob) {
-    SetOptions("A");
-    files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PathNotFound);
-    messages.Answers = {MessageAnswer::Abort};
-    Press();
-    EXPECT_TRUE(Copied().isEmpty());
-    ExpectIdle();
 }
 
 TEST_F(CopyErrorsTest, AFileInTheWayOfAFolderStaysAndCanBePutAside) {
     SetOptions("A");
-    files.AddFile(Text("D:\\Music\\Abba"), "mine");
-    messages.WhileShown = [this](const ShownMessage& message) {
-        if (message.Title == Text("Error")) {
-            EXPECT_EQ(Bytes("D:\\Music\\Abba"), QByteArray("mine"));
-            files.Remove(Text("D:\\Music\\Abba"));
+    const QString inTheWay = u"D:\\Music\\Abba"_s;
+    files.AddFile(inTheWay, "mine");
+    messages.WhileShown = [&](const ShownMessage& message) {
+        if (message != Completed) {
+            EXPECT_EQ(files.Bytes(inTheWay), QByteArray("mine"));
+            files.Remove(inTheWay);
         }
     };
     messages.Answers = {MessageAnswer::Retry};
     Press();
-    EXPECT_EQ(messages.Texts(), QStringList({Text("Unable to create file: \"D:\\Music\\Abba\""),
-                                             Text("Copy completed!")}));
-    EXPECT_TRUE(files.HasFolder(Text("D:\\Music\\Abba")));
+    EXPECT_EQ(messages.Texts(),
+              QStringList({u"Unable to create file: \"D:\\Music\\Abba\""_s, Completed.Text}));
+    EXPECT_TRUE(files.HasFolder(inTheWay));
     ExpectIdle();
 }
 
@@ -299,13 +227,13 @@ TEST_F(CopyErrorsTest, AnErrorInsideALargeFileIsRetriedFromTheFilesBeginning) {
     Press();
     EXPECT_EQ(messages.Shown, (std::vector{DiskFull, Completed}));
     EXPECT_EQ(files.CountOf(FileCall::OpenForReading), 2);
-    EXPECT_TRUE(files.SameContent(location, Text("D:\\Music\\Film.mp3")));
+    EXPECT_TRUE(files.SameContent(location, u"D:\\Music\\Film.mp3"_s));
 }
 
 TEST_F(CopyErrorsTest, AnErrorInsideALargeFileIgnoredLeavesTheEarlierFileAndGoesOn) {
     AddLargeTrack("Abba", "Arrival", "Film", 50000001);
     AddTrack("Abba", "Arrival", "Last", "last");
-    files.AddFile(Text("D:\\Music\\Film.mp3"), "old film");
+    files.AddFile(u"D:\\Music\\Film.mp3"_s, "old film");
     files.FailNthCall(FileCall::Read, 1, ErrorNumber::FileNotFound);
     promptUses = {PromptUse::Replace};
     messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
@@ -313,7 +241,7 @@ TEST_F(CopyErrorsTest, AnErrorInsideALargeFileIgnoredLeavesTheEarlierFileAndGoes
     EXPECT_EQ(Bytes("D:\\Music\\Film.mp3"), QByteArray("old film"));
     EXPECT_EQ(Bytes("D:\\Music\\Last.mp3"), QByteArray("last"));
     EXPECT_EQ(job.CopiedBytes, 3 + 3 + 5 + 50000001 + 4);
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_FALSE(files.HasFolder(Tmp));
 }
 
 TEST_F(CopyErrorsTest, AnErrorInsideALargeFileAbortedRemovesTheTmpFolder) {
@@ -321,39 +249,62 @@ TEST_F(CopyErrorsTest, AnErrorInsideALargeFileAbortedRemovesTheTmpFolder) {
     files.FailNthCall(FileCall::MoveFile, 1, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Abort};
     Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList{Text("Unable to create file: \"D:\\Music\\Film.mp3\"")});
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Film.mp3")));
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_EQ(messages.Texts(), QStringList{u"Unable to create file: \"D:\\Music\\Film.mp3\""_s});
+    EXPECT_FALSE(files.HasFile(u"D:\\Music\\Film.mp3"_s));
+    EXPECT_FALSE(files.HasFolder(Tmp));
     ExpectIdle();
 }
 
 // ---- the end of the job
 
 TEST_F(CopyErrorsTest, TheTmpFolderThatCannotBeDeletedIsRetried) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
+    files.AddFolder(Tmp);
     files.FailNthCall(FileCall::DeleteFolder, 1, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     Press();
-    EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+    EXPECT_FALSE(files.HasFolder(Tmp));
     ExpectAllCopied();
 }
 
 TEST_F(CopyErrorsTest, TheTmpFolderThatCannotBeDeletedIsReportedTwiceAndTheJobEnds) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
-    files.FailPath(FileCall::DeleteFolder, Text("D:\\Music\\tmp"), ErrorNumber::PermissionDenied);
-    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK, MessageAnswer::Ignore};
-    Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Unable to create file: \"D:\\Music\\Three.mp3\""),
-                           Text("Copy completed!"),
-                           Text("Unable to create file: \"D:\\Music\\Three.mp3\"")}));
-    ExpectIdle();
+    using enum MessageAnswer;
+    const QString refused = u"Unable to create file: \"D:\\Music\\Three.mp3\""_s;
+    const QString failed = u"Error 57: Device I/O error"_s;
+    struct Case {
+        ErrorNumber Number;
+        std::deque<MessageAnswer> Answers;
+        QStringList Texts;
+    };
+    files.AddFolder(Tmp);
+    CloseBefore(FileCall::DeleteFolder); // nothing asks whether to quit in the cleanup
+    for (const Case& end : {
+             Case{ErrorNumber::PermissionDenied,
+                  {Ignore, OK, Ignore},
+                  {refused, Completed.Text, refused}},
+             Case{ErrorNumber::PermissionDenied,
+                  {Ignore, OK, Abort},
+                  {refused, Completed.Text, refused}},
+             Case{ErrorNumber::PermissionDenied,
+                  {Abort, No, OK, Abort},
+                  {refused, Quit, Completed.Text, refused}},
+             Case{ErrorNumber::DeviceIOError, {}, {failed, failed}},
+         }) {
+        files.ClearFailures();
+        files.FailPath(FileCall::DeleteFolder, Tmp, end.Number);
+        messages.Shown.clear();
+        messages.Answers = end.Answers;
+        promptUses = {PromptUse::SkipAll};
+        Press();
+        EXPECT_EQ(messages.Texts(), end.Texts);
+        EXPECT_EQ(Copied().size(), 3);
+        EXPECT_EQ(closed, 0);
+        ExpectIdle();
+    }
 }
 
 TEST_F(CopyErrorsTest, AnAbortedDeletionAtTheEndGoesToTheCleanupWhichNeverLoops) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
-    files.FailPath(FileCall::DeleteFolder, Text("D:\\Music\\tmp"), ErrorNumber::PermissionDenied);
+    files.AddFolder(Tmp);
+    files.FailPath(FileCall::DeleteFolder, Tmp, ErrorNumber::PermissionDenied);
     messages.Answers = {MessageAnswer::Abort, MessageAnswer::Abort};
     Press();
     EXPECT_EQ(messages.Shown.size(), 2U);
@@ -361,46 +312,22 @@ TEST_F(CopyErrorsTest, AnAbortedDeletionAtTheEndGoesToTheCleanupWhichNeverLoops)
     ExpectIdle();
 }
 
-TEST_F(CopyErrorsTest, AnyOtherErrorInTheCleanupIsToldAndTheCleanupGoesOn) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
-    files.FailPath(FileCall::DeleteFolder, Text("D:\\Music\\tmp"), ErrorNumber::DeviceIOError);
-    Press();
-    EXPECT_EQ(messages.Texts(), QStringList({Text("Error 57: Device I/O error"),
-                                             Text("Error 57: Device I/O error")}));
-    ExpectIdle();
-}
-
-TEST_F(CopyErrorsTest, AnAbortInTheCleanupAsksNoQuitQuestion) {
-    files.AddFolder(Text("D:\\Music\\tmp"));
-    files.FailPath(FileCall::DeleteFolder, Text("D:\\Music\\tmp"), ErrorNumber::PermissionDenied);
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
-        job.CUnload = job.CUnload || call.Call == FileCall::DeleteFolder;
-    };
-    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK, MessageAnswer::Abort};
-    Press();
-    EXPECT_FALSE(messages.Texts().contains(Text("Are you sure you want to quit?")));
-    EXPECT_EQ(closed, 0);
-    ExpectIdle();
-}
-
 TEST_F(CopyErrorsTest, AnOverflowOfTheFileCountIsAnErrorLikeAnyOther) {
     for (int i = 3; i < 32767; ++i) {
         TrackRecord track;
         track.Checked = true;
-        track.Title = Text("x");
+        track.Title = u"x"_s;
         track.Location = library.Artists[0].Albums[0].Tracks[0].Location;
         library.Artists[0].Albums[0].Tracks.push_back(track);
     }
     files.BeforeCall = [this](const FakeFileSystem::RecordedCall&) { files.Calls.clear(); };
     // Closing the window at the last track and going on counts that track once more.
     CloseAtYield(32767);
-    files.AddFile(Text("D:\\Music\\x (32764).mp3"), "old");
+    files.AddFile(u"D:\\Music\\x (32764).mp3"_s, "old");
     promptUses = {PromptUse::Cancel};
     messages.Answers = {MessageAnswer::No, MessageAnswer::No, MessageAnswer::OK};
     Press();
-    EXPECT_EQ(messages.Texts(),
-              QStringList({Text("Are you sure you want to quit?"),
-                           Text("Are you sure you want to quit?"), Text("Error 6: Overflow")}));
+    EXPECT_EQ(messages.Texts(), QStringList({Quit, Quit, u"Error 6: Overflow"_s}));
     EXPECT_EQ(Bytes("D:\\Music\\x (32764).mp3"), QByteArray("old"));
     ExpectIdle();
 }

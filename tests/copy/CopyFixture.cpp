@@ -2,10 +2,12 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 CopyFixture::CopyFixture() {
-    files.AddDrive(Text("E:"));
-    files.AddFolder(Text("D:\\Music"));
-    form.txtDestination.SetText(Text("D:\\Music"));
+    files.AddDrive(u"E:"_s);
+    files.AddFolder(u"D:\\Music"_s);
+    form.txtDestination.SetText(u"D:\\Music"_s);
     form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) { OnQueryUnload(cancel); };
     form.cmdClear.SetEnabled(false);
     job.ShowOverwrite = [this] { ShowPrompt(); };
@@ -37,7 +39,7 @@ TrackRecord& CopyFixture::AddRecord(const char* artist, const char* album, const
     track.SourceIndex = static_cast<qint32>(tracks.size());
     ++library.TrackCount;
     track.Location =
-        Text("E:\\iPod_Control\\Music\\F00\\") + QString::number(library.TrackCount) + Text(".mp3");
+        u"E:\\iPod_Control\\Music\\F00\\"_s + QString::number(library.TrackCount) + u".mp3"_s;
     tracks.push_back(track);
     return tracks.back();
 }
@@ -63,6 +65,12 @@ TrackRecord& CopyFixture::AddLargeTrack(const char* artist, const char* album, c
     return track;
 }
 
+void CopyFixture::AddTracks(std::initializer_list<const char*> titles) {
+    for (const char* title : titles) {
+        AddTrack("Abba", "Arrival", title, title);
+    }
+}
+
 void CopyFixture::SetOptions(const char* options) {
     const auto isSet = [options](char letter) {
         return std::strchr(options, letter) != nullptr ? 1 : 0;
@@ -83,20 +91,28 @@ void CopyFixture::Press() {
     form.cmdCopy.UserPress();
 }
 
-void CopyFixture::CancelAtYield(int yield) {
-    events.OnYield = [this, yield](int number) {
+void CopyFixture::AtYield(int yield, Event action) {
+    events.OnYield = [yield, action = std::move(action)](int number) {
         if (number == yield) {
-            form.cmdCopy.UserPress();
+            action();
         }
     };
 }
 
+void CopyFixture::CancelAtYield(int yield) {
+    AtYield(yield, [this] { form.cmdCopy.UserPress(); });
+}
+
 void CopyFixture::CloseAtYield(int yield) {
-    events.OnYield = [this, yield](int number) {
-        if (number == yield) {
-            form.Form1.UserClose();
-        }
-    };
+    AtYield(yield, [this] { form.Form1.UserClose(); });
+}
+
+QStringList CopyFixture::Names() const {
+    QStringList names;
+    for (const QString& path : Copied()) {
+        names += path.mid(Text("D:\\Music\\").size());
+    }
+    return names;
 }
 
 void CopyFixture::ShowPrompt() {
@@ -125,8 +141,8 @@ void CopyFixture::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
     EXPECT_FALSE(job.CancelCopy);
     EXPECT_FALSE(prompt.OverwriteAll);
-    EXPECT_EQ(form.Form1.Caption(), Text("Songlift"));
-    EXPECT_EQ(form.cmdCopy.Caption(), Text("&Copy to destination"));
+    EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
+    EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);
     for (const Control* control : std::initializer_list<const Control*>{
              &form.Combo1, &form.tbsFilter, &form.lstArtists, &form.lstAlbums, &form.lstSongs,
              &form.chkAlbumName, &form.chkArtistName, &form.chkTrackNum, &form.txtDestination,

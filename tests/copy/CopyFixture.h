@@ -4,6 +4,7 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/PrintText.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,10 @@
 inline QString Text(const char* text) {
     return QString::fromUtf8(text);
 }
+
+/// What a job says that has come to its end.
+inline const ShownMessage Completed{QStringLiteral("Copy completed!"), QStringLiteral("Songlift"),
+                                    MessageButtons::OK, MessageIcon::Information};
 
 /// What the user does at one prompt for an existing file.
 enum class PromptUse { Replace, Skip, Cancel, ReplaceAll, SkipAll, CancelAll, CloseBox };
@@ -29,6 +34,8 @@ public:
     /// The same with a file of `size` pattern bytes.
     TrackRecord& AddLargeTrack(const char* artist, const char* album, const char* title,
                                qint32 size);
+    /// Adds a track of one album for each title; its file holds the title.
+    void AddTracks(std::initializer_list<const char*> titles);
     /// Ticks the options by the letters in `options`: A artist folder, B album folder, a artist
     /// name, b album name, n track number.
     void SetOptions(const char* options);
@@ -37,12 +44,16 @@ public:
     void ShowFirstArtistOnly();
     /// Presses the copy button.
     void Press();
+    /// Does something when the job yields for the `yield`th time.
+    void AtYield(int yield, Event action);
     /// Presses the copy button when the job yields for the `yield`th time.
     void CancelAtYield(int yield);
     /// Closes the window when the job yields for the `yield`th time.
     void CloseAtYield(int yield);
 
     QStringList Copied() const { return files.FilesBelow(Text("D:\\Music")); }
+    /// The paths of Copied below the destination.
+    QStringList Names() const;
     QByteArray Bytes(const char* path) const { return files.Bytes(Text(path)); }
     /// The window is as it is when no job runs.
     void ExpectIdle() const;

@@ -2,6 +2,8 @@
 
 #include "tests/copy/CopyFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class CopyLeftovers : public CopyFixture, public testing::Test {
@@ -26,24 +28,23 @@ TEST_F(CopyLeftovers, EachFolderIsClearedOnceBeforeItsFirstFile) {
     };
     Press();
     EXPECT_EQ(files.ClearedFolders,
-              QStringList({Text("D:\\Music\\Abba\\Arrival\\"), Text("D:\\Music\\Abba\\Live\\"),
-                           Text("D:\\Music\\Beck\\Guero\\")}));
+              QStringList({u"D:\\Music\\Abba\\Arrival\\"_s, u"D:\\Music\\Abba\\Live\\"_s,
+                           u"D:\\Music\\Beck\\Guero\\"_s}));
 }
 
 TEST_F(CopyLeftovers, WithoutFoldersTheRootIsClearedOnceAJob) {
     Press();
-    EXPECT_EQ(files.ClearedFolders, QStringList(Text("D:\\Music\\")));
+    EXPECT_EQ(files.ClearedFolders, QStringList(u"D:\\Music\\"_s));
     promptUses = {PromptUse::SkipAll};
     Press();
-    EXPECT_EQ(files.ClearedFolders, QStringList({Text("D:\\Music\\"), Text("D:\\Music\\")}));
+    EXPECT_EQ(files.ClearedFolders, QStringList({u"D:\\Music\\"_s, u"D:\\Music\\"_s}));
 }
 
 TEST_F(CopyLeftovers, AFolderOfWhichEveryFileIsSkippedIsClearedToo) {
     SetOptions("A");
-    files.AddFile(Text("D:\\Music\\Beck\\Girl.mp3"), "old");
+    files.AddFile(u"D:\\Music\\Beck\\Girl.mp3"_s, "old");
     promptUses = {PromptUse::Skip};
     Press();
     EXPECT_EQ(Bytes("D:\\Music\\Beck\\Girl.mp3"), QByteArray("old"));
-    EXPECT_EQ(files.ClearedFolders,
-              QStringList({Text("D:\\Music\\Abba\\"), Text("D:\\Music\\Beck\\")}));
+    EXPECT_EQ(files.ClearedFolders, QStringList({u"D:\\Music\\Abba\\"_s, u"D:\\Music\\Beck\\"_s}));
 }

@@ -1,5 +1,7 @@
 #include "tests/copy/CopyFixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Three tracks of which two exist in the destination already.
@@ -9,80 +11,57 @@ protected:
         AddTrack("Abba", "Arrival", "One", "new one");
         AddTrack("Abba", "Arrival", "Two", "new two");
         AddTrack("Abba", "Arrival", "Three", "new three");
-        files.AddFile(Text("D:\\Music\\One.mp3"), "old one");
-        files.AddFile(Text("D:\\Music\\Three.mp3"), "old three");
+        files.AddFile(u"D:\\Music\\One.mp3"_s, "old one");
+        files.AddFile(u"D:\\Music\\Three.mp3"_s, "old three");
     }
 
-    const QString one = Text("D:\\Music\\One.mp3");
-    const QString three = Text("D:\\Music\\Three.mp3");
+    const QString one = u"D:\\Music\\One.mp3"_s;
+    const QString two = u"D:\\Music\\Two.mp3"_s;
+    const QString three = u"D:\\Music\\Three.mp3"_s;
 };
 
 } // namespace
 
-TEST_F(CopyPromptTest, ReplaceCopiesOverTheExistingFile) {
-    promptUses = {PromptUse::Replace, PromptUse::Replace};
-    Press();
-    EXPECT_EQ(prompted, QStringList({one, three}));
-    EXPECT_EQ(files.Bytes(one), QByteArray("new one"));
-    EXPECT_EQ(files.Bytes(three), QByteArray("new three"));
+TEST_F(CopyPromptTest, EachExistingFileIsReplacedOrSkippedAsTheUserSays) {
+    struct Case {
+        std::deque<PromptUse> Uses;
+        QByteArray One, Three;
+        QStringList Prompted;
+    };
+    using enum PromptUse;
+    for (const Case& answered : {Case{{Replace, Replace}, "new one", "new three", {one, three}},
+                                 Case{{Replace, Skip}, "new one", "old three", {one, three}},
+                                 Case{{Skip, Replace}, "old one", "new three", {one, three}},
+                                 Case{{ReplaceAll}, "new one", "new three", {one}},
+                                 Case{{SkipAll}, "old one", "old three", {one}}}) {
+        files.Remove(two);
+        files.AddFile(one, "old one");
+        files.AddFile(three, "old three");
+        prompted.clear();
+        messages.Shown.clear();
+        promptUses = answered.Uses;
+        Press();
+        EXPECT_EQ(prompted, answered.Prompted);
+        EXPECT_EQ(files.Bytes(one), answered.One);
+        EXPECT_EQ(files.Bytes(two), QByteArray("new two"));
+        EXPECT_EQ(files.Bytes(three), answered.Three);
+        EXPECT_EQ(job.CopiedBytes, 7 + 7 + 9); // a skipped file's size counts, too
+        EXPECT_EQ(messages.Shown, std::vector{Completed});
+        EXPECT_FALSE(prompt.OverwriteAll); // the next job asks again
+    }
 }
 
-TEST_F(CopyPromptTest, SkipLeavesTheFileAndItsSizeStillCounts) {
-    promptUses = {PromptUse::Skip, PromptUse::Skip};
-    Press();
-    EXPECT_EQ(files.Bytes(one), QByteArray("old one"));
-    EXPECT_EQ(files.Bytes(three), QByteArray("old three"));
-    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("new two"));
-    EXPECT_EQ(job.CopiedBytes, 7 + 7 + 9);
-    EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
-}
-
-TEST_F(CopyPromptTest, CancelStopsTheJobWithoutAMessage) {
-    promptUses = {PromptUse::Cancel};
-    Press();
-    EXPECT_EQ(prompted, QStringList{one});
-    EXPECT_EQ(files.Bytes(one), QByteArray("old one"));
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Two.mp3")));
-    EXPECT_TRUE(messages.Shown.empty());
-    ExpectIdle();
-}
-
-TEST_F(CopyPromptTest, ThePromptsCloseBoxStopsTheJob) {
-    promptUses = {PromptUse::CloseBox};
-    Press();
-    EXPECT_EQ(prompted, QStringList{one});
-    EXPECT_FALSE(files.HasFile(Text("D:\\Music\\Two.mp3")));
-    ExpectIdle();
-}
-
-TEST_F(CopyPromptTest, SkipForAllFilesSkipsEveryLaterExistingFileAndTheNextJobAsksAgain) {
-    promptUses = {PromptUse::SkipAll};
-    Press();
-    EXPECT_EQ(prompted, QStringList{one});
-    EXPECT_EQ(files.Bytes(three), QByteArray("old three"));
-    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("new two"));
-    EXPECT_FALSE(prompt.OverwriteAll);
-
-    prompted.clear();
-    promptUses = {PromptUse::SkipAll};
-    Press();
-    EXPECT_EQ(prompted, QStringList{one});
-}
-
-TEST_F(CopyPromptTest, ReplaceForAllFilesReplacesEveryLaterExistingFile) {
-    promptUses = {PromptUse::ReplaceAll};
-    Press();
-    EXPECT_EQ(prompted, QStringList{one});
-    EXPECT_EQ(files.Bytes(one), QByteArray("new one"));
-    EXPECT_EQ(files.Bytes(three), QByteArray("new three"));
-}
-
-TEST_F(CopyPromptTest, CancelForAllFilesStopsTheJobAndIsNotKept) {
-    promptUses = {PromptUse::CancelAll};
-    Press();
-    EXPECT_FALSE(prompt.OverwriteAll);
-    EXPECT_EQ(files.Bytes(three), QByteArray("old three"));
-    ExpectIdle();
+TEST_F(CopyPromptTest, CancelAndTheCloseBoxStopTheJobWithoutAMessage) {
+    for (const PromptUse use : {PromptUse::Cancel, PromptUse::CancelAll, PromptUse::CloseBox}) {
+        prompted.clear();
+        promptUses = {use};
+        Press();
+        EXPECT_EQ(prompted, QStringList{one});
+        EXPECT_EQ(files.Bytes(one), QByteArray("old one"));
+        EXPECT_FALSE(files.HasFile(two));
+        EXPECT_TRUE(messages.Shown.empty());
+        ExpectIdle();
+    }
 }
 
 TEST_F(CopyPromptTest, AnAnswerForAllFilesIsForgottenWhenTheJobIsStopped) {
@@ -93,49 +72,37 @@ TEST_F(CopyPromptTest, AnAnswerForAllFilesIsForgottenWhenTheJobIsStopped) {
 }
 
 TEST_F(CopyPromptTest, AWindowThatIsNotTheActiveOneIsFlashedBeforeThePrompt) {
+    promptUses = {PromptUse::Cancel, PromptUse::Cancel};
+    Press();
+    EXPECT_TRUE(form.WindowManager.Flashed.empty());
     form.WindowManager.ActiveWindow = 0;
     const Event show = job.ShowOverwrite;
     job.ShowOverwrite = [&] {
         EXPECT_EQ(form.WindowManager.Flashed, std::vector{form.Form1.Handle()});
         show();
     };
-    promptUses = {PromptUse::Cancel};
     Press();
-    EXPECT_EQ(prompted.size(), 1);
+    EXPECT_EQ(prompted.size(), 2);
 }
 
-TEST_F(CopyPromptTest, TheActiveWindowIsNotFlashed) {
-    promptUses = {PromptUse::Cancel};
-    Press();
-    EXPECT_TRUE(form.WindowManager.Flashed.empty());
-}
-
-TEST_F(CopyPromptTest, AFileThatDiffersOnlyInLetterCaseIsAskedAbout) {
-    library.Artists[0].Albums[0].Tracks[1].Title = Text("ONE");
-    promptUses = {PromptUse::Replace, PromptUse::Skip, PromptUse::Skip};
-    Press();
-    EXPECT_EQ(prompted, QStringList({one, Text("D:\\Music\\ONE.mp3"), three}));
-    EXPECT_EQ(files.Bytes(one), QByteArray("new one"));
-}
-
-TEST_F(CopyPromptTest, AFileWhoseAccentsAreComposedOtherwiseIsAskedAbout) {
-    library.Artists[0].Albums[0].Tracks[0].Title = Text("Bj\u00F6rk");
-    library.Artists[0].Albums[0].Tracks[1].Title = Text("BJO\u0308RK");
+TEST_F(CopyPromptTest, AFileThatDiffersOnlyInLetterCaseOrInComposedAccentsIsAskedAbout) {
+    library.Artists[0].Albums[0].Tracks[0].Title = u"Bj\u00F6rk"_s;
+    library.Artists[0].Albums[0].Tracks[1].Title = u"BJO\u0308RK"_s;
     promptUses = {PromptUse::Skip, PromptUse::Skip};
     Press();
-    EXPECT_EQ(prompted, QStringList({Text("D:\\Music\\BJO\u0308RK.mp3"), three}));
-    EXPECT_EQ(files.Bytes(Text("D:\\Music\\Bj\u00F6rk.mp3")), QByteArray("new one"));
+    EXPECT_EQ(prompted, QStringList({u"D:\\Music\\BJO\u0308RK.mp3"_s, three}));
+    EXPECT_EQ(files.Bytes(u"D:\\Music\\Bj\u00F6rk.mp3"_s), QByteArray("new one"));
 }
 
 TEST_F(CopyPromptTest, ALargeFileReplacesAnExistingOneOnlyWhenAsked) {
     AddLargeTrack("Abba", "Arrival", "Film", 50000001);
-    files.AddFile(Text("D:\\Music\\Film.mp3"), "old film");
+    files.AddFile(u"D:\\Music\\Film.mp3"_s, "old film");
     promptUses = {PromptUse::Skip, PromptUse::Skip, PromptUse::Skip};
     Press();
     EXPECT_EQ(Bytes("D:\\Music\\Film.mp3"), QByteArray("old film"));
     promptUses = {PromptUse::ReplaceAll};
     Press();
-    EXPECT_EQ(files.Length(Text("D:\\Music\\Film.mp3")), 50000001);
+    EXPECT_EQ(files.Length(u"D:\\Music\\Film.mp3"_s), 50000001);
 }
 
 TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyIfTheUserSaysSo) {
@@ -150,10 +117,9 @@ TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyI
         prompted.clear();
         promptUses = {use, use, use, use};
         Press();
-        EXPECT_EQ(messages.Texts().last(), Text("Copy completed!"));
+        EXPECT_EQ(messages.Shown.back(), Completed);
         const bool isReplaced = use == PromptUse::Replace;
-        const QString film = Text("D:\\Music\\Film.mp3");
-        const QString two = Text("D:\\Music\\Two.mp3");
+        const QString film = u"D:\\Music\\Film.mp3"_s;
         EXPECT_EQ(prompted, QStringList({one, two, three, film}));
         EXPECT_EQ(files.Bytes(two), QByteArray(isReplaced ? "new two" : "another's"));
         EXPECT_EQ(files.Length(film), isReplaced ? 50000001 : 9);
@@ -166,13 +132,13 @@ TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyI
 TEST_F(CopyPromptTest, AFileThatAppearsAfterAFailureIsAskedAboutByTheRetry) {
     files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::DiskFull);
     messages.WhileShown = [this](const ShownMessage& message) {
-        if (message.Text == Text("This drive is full.")) {
-            files.AddFile(Text("D:\\Music\\Two.mp3"), "another's");
+        if (message.Text == u"This drive is full."_s) {
+            files.AddFile(two, "another's");
         }
     };
     messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
     promptUses = {PromptUse::Skip, PromptUse::Skip, PromptUse::Skip};
     Press();
-    EXPECT_EQ(prompted, QStringList({one, Text("D:\\Music\\Two.mp3"), three}));
-    EXPECT_EQ(Bytes("D:\\Music\\Two.mp3"), QByteArray("another's"));
+    EXPECT_EQ(prompted, QStringList({one, two, three}));
+    EXPECT_EQ(files.Bytes(two), QByteArray("another's"));
 }

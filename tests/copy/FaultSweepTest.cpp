@@ -5,7 +5,11 @@
 
 #include "platform/RuntimeError.h"
 
+#include <algorithm>
+#include <functional>
 #include <map>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,8 +37,8 @@ public:
         Expect(AddTrack("Beck", "Guero", "Girl", "girl"), "D:\\Music\\Beck\\Guero\\Girl.mp3");
         AddOld("D:\\Music\\Abba\\Arrival\\Two.mp3", "old two");
         AddOld("D:\\Music\\mine.txt", "mine");
-        files.AddFile(Text("D:\\Music\\tmp\\copy.tmp"), "left behind");
-        files.AddFile(Text("D:\\other.txt"), "other");
+        files.AddFile(u"D:\\Music\\tmp\\copy.tmp"_s, "left behind");
+        files.AddFile(u"D:\\other.txt"_s, "other");
         SetOptions("AB");
         promptUses = {PromptUse::ReplaceAll};
         ShowFirstArtistOnly();
@@ -62,11 +66,11 @@ public:
         Run(nth, errorNumber);
     }
 
-    bool IsCompleted() const { return messages.Texts().contains(Text("Copy completed!")); }
+    bool IsCompleted() const { return messages.Texts().contains(u"Copy completed!"_s); }
 
     void ExpectNothingHarmed() const {
         for (const QString& path : Copied()) {
-            if (path == Text("D:\\Music\\tmp\\copy.tmp") && (closed != 0 || job.CopiedBytes == 0)) {
+            if (path == u"D:\\Music\\tmp\\copy.tmp"_s && (closed != 0 || job.CopiedBytes == 0)) {
                 EXPECT_EQ(files.Bytes(path), QByteArray("left behind")); // no job came to its end
                 continue;
             }
@@ -80,7 +84,7 @@ public:
         }
         EXPECT_EQ(Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
         EXPECT_EQ(Bytes("D:\\other.txt"), QByteArray("other"));
-        EXPECT_EQ(files.ChangesBelow(Text("E:")), QStringList());
+        EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
         const bool isOpen = closed == 0; // else the program ends with the window
         EXPECT_EQ(library.Artists.size(), isOpen ? 1U : 2U);
         EXPECT_EQ(parts.Result.SavedArtists().size(), isOpen ? 2U : 1U);
@@ -89,7 +93,7 @@ public:
     /// The job ran and is over.
     void ExpectOver() const {
         ExpectIdle();
-        EXPECT_FALSE(files.HasFolder(Text("D:\\Music\\tmp")));
+        EXPECT_FALSE(files.HasFolder(u"D:\\Music\\tmp"_s));
     }
 
     bool IsCopied(const QString& path) const {
@@ -145,7 +149,7 @@ private:
     std::map<QString, QByteArray> m_old;  // what stands in the destination before the job
 };
 
-const QString Quit = Text("Are you sure you want to quit?");
+const QString Quit = u"Are you sure you want to quit?"_s;
 
 bool IsExistenceTest(FileCall call) {
     return call == FileCall::FileExists || call == FileCall::FolderExists;
@@ -170,7 +174,7 @@ bool IsLeftOut(const QString& target, const FakeFileSystem::RecordedCall& call) 
     case FileCall::CopyFile:
         return target == call.Target;
     case FileCall::CreateFolder:
-        return target.startsWith(call.Path + Text("\\"));
+        return target.startsWith(call.Path + u"\\"_s);
     case FileCall::FileLength:
     case FileCall::OpenForReading:
     case FileCall::RequireTarget:
@@ -186,85 +190,65 @@ bool IsLeftOut(const QString& target, const FakeFileSystem::RecordedCall& call) 
     }
 }
 
-void SweepRetry(Large large, const std::vector<int>& numbers) {
+/// Runs the job with every error at every call.
+void Sweep(Large large, Policy policy, const std::vector<int>& numbers,
+           const std::function<void(SweptJob&, int nth, ErrorNumber)>& check) {
     const int calls = CallsOfJob(large);
     for (const int number : numbers) {
         for (int nth = 1; nth <= calls; ++nth) {
             SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Retry, large);
+            SweptJob job(policy, large);
             job.Run(nth, ErrorNumber(number));
             EXPECT_EQ(job.files.FailuresStruck, 1);
             job.ExpectNothingHarmed();
-            if (!IsExistenceTest(job.Struck(nth).Call)) {
-                EXPECT_TRUE(job.IsCompleted());
-                job.ExpectOver();
-                for (const QString& target : job.Targets()) {
-                    EXPECT_TRUE(job.IsCopied(target)) << target.toStdString();
-                }
-            }
+            check(job, nth, ErrorNumber(number));
         }
     }
 }
 
-void SweepIgnore(Large large, const std::vector<int>& numbers) {
-    const int calls = CallsOfJob(large);
-    for (const int number : numbers) {
-        for (int nth = 1; nth <= calls; ++nth) {
-            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Ignore, large);
-            job.Run(nth, ErrorNumber(number));
-            EXPECT_EQ(job.files.FailuresStruck, 1);
-            job.ExpectNothingHarmed();
-            if (!IsExistenceTest(job.Struck(nth).Call)) {
-                EXPECT_TRUE(job.IsCompleted());
-                job.ExpectOver();
-                for (const QString& target : job.Targets()) {
-                    EXPECT_EQ(job.IsCopied(target), !IsLeftOut(target, job.Struck(nth)))
-                        << target.toStdString();
-                }
-            }
+/// Retry, or Ignore, which leaves out what the failed call was for.
+void SweepGoingOn(Large large, Policy policy, const std::vector<int>& numbers) {
+    Sweep(large, policy, numbers, [policy](const SweptJob& job, int nth, ErrorNumber) {
+        if (IsExistenceTest(job.Struck(nth).Call)) {
+            return;
         }
-    }
+        EXPECT_TRUE(job.IsCompleted());
+        job.ExpectOver();
+        for (const QString& target : job.Targets()) {
+            EXPECT_EQ(job.IsCopied(target),
+                      policy == Policy::Retry || !IsLeftOut(target, job.Struck(nth)))
+                << target.toStdString();
+        }
+    });
 }
 
 /// Abort and Cancel where the failure asks, OK where it only tells.
 void SweepStop(Large large, const std::vector<int>& numbers) {
-    const int calls = CallsOfJob(large);
-    for (const int number : numbers) {
-        for (int nth = 1; nth <= calls; ++nth) {
-            SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
-            SweptJob job(Policy::Stop, large);
-            job.Run(nth, ErrorNumber(number));
-            EXPECT_EQ(job.files.FailuresStruck, 1);
-            job.ExpectNothingHarmed();
-            const FileCall struck = job.Struck(nth).Call;
-            if (IsExistenceTest(struck) || struck == FileCall::TakeModificationTime) {
-                continue; // no failure that the user is told
-            }
-            if (ErrorNumber(number) == ErrorNumber::FileAlreadyExists && job.IsNewCopy(nth)) {
-                EXPECT_TRUE(job.IsCompleted()); // it is asked about, and may be replaced
-                job.ExpectOver();
-                continue;
-            }
-            EXPECT_FALSE(job.IsCompleted());
-            EXPECT_EQ(job.messages.Shown.size(), 1U);
-            if (struck == FileCall::DriveOf || struck == FileCall::FreeBytes) {
-                EXPECT_TRUE(job.form.cmdCopy.Captions.isEmpty());
-                EXPECT_EQ(job.form.lstArtists.EnabledChanges, 0);
-            } else {
-                job.ExpectOver();
-            }
-            for (const QString& target : job.Targets()) {
-                bool wasCopiedBefore = false;
-                for (int i = 0; i < nth - 1; ++i) {
-                    const auto& call = job.files.Calls[static_cast<size_t>(i)];
-                    wasCopiedBefore = wasCopiedBefore || call.Target == target;
-                }
-                // A copy's modification time is set before it is moved to its place.
-                EXPECT_EQ(job.IsCopied(target), wasCopiedBefore) << target.toStdString();
-            }
+    Sweep(large, Policy::Stop, numbers, [](const SweptJob& job, int nth, ErrorNumber number) {
+        const FileCall struck = job.Struck(nth).Call;
+        if (IsExistenceTest(struck) || struck == FileCall::TakeModificationTime) {
+            return; // no failure that the user is told
         }
-    }
+        if (number == ErrorNumber::FileAlreadyExists && job.IsNewCopy(nth)) {
+            EXPECT_TRUE(job.IsCompleted()); // it is asked about, and may be replaced
+            job.ExpectOver();
+            return;
+        }
+        EXPECT_FALSE(job.IsCompleted());
+        EXPECT_EQ(job.messages.Shown.size(), 1U);
+        if (struck == FileCall::DriveOf || struck == FileCall::FreeBytes) {
+            EXPECT_TRUE(job.form.cmdCopy.Captions.isEmpty());
+            EXPECT_EQ(job.form.lstArtists.EnabledChanges, 0);
+        } else {
+            job.ExpectOver();
+        }
+        for (const QString& target : job.Targets()) {
+            const bool wasCopiedBefore =
+                std::any_of(job.files.Calls.begin(), job.files.Calls.begin() + nth - 1,
+                            [&target](const auto& call) { return call.Target == target; });
+            EXPECT_EQ(job.IsCopied(target), wasCopiedBefore) << target.toStdString();
+        }
+    });
 }
 
 /// A failure in a job whose window was closed: the question whether to quit comes with the answer
@@ -301,26 +285,21 @@ void SweepClosed(Large large, const std::vector<int>& numbers, Policy policy) {
 } // namespace
 
 TEST(FaultSweep, RetryAfterTheCauseIsGoneCompletesTheJob) {
-    SweepRetry(Large::None, {53, 61, 70, 76});
+    SweepGoingOn(Large::None, Policy::Retry, {53, 61, 70, 76});
 }
 
 TEST(FaultSweep, IgnoreLeavesOutWhatTheFailedStepWasFor) {
-    SweepIgnore(Large::None, {53, 70, 76});
+    SweepGoingOn(Large::None, Policy::Ignore, {53, 70, 76});
 }
 
-TEST(FaultSweep, AbortAndCancelStopTheJobWhereItIs) {
-    SweepStop(Large::None, {53, 61, 70, 76});
-}
-
-TEST(FaultSweep, AnyOtherErrorEndsTheJobWhereItIs) {
-    SweepStop(Large::None, {5, 57, 58, 68, 75});
+TEST(FaultSweep, AbortCancelAndAnyOtherErrorEndTheJobWhereItIs) {
+    SweepStop(Large::None, {53, 61, 70, 76, 5, 57, 58, 68, 75});
 }
 
 TEST(FaultSweep, EveryAnswerToEveryFailureOfAShortLargeFile) {
-    SweepRetry(Large::Short, {53, 61, 70, 76});
-    SweepIgnore(Large::Short, {53, 70, 76});
-    SweepStop(Large::Short, {53, 61, 70, 76});
-    SweepStop(Large::Short, {5, 57, 58, 68, 75});
+    SweepGoingOn(Large::Short, Policy::Retry, {53, 61, 70, 76});
+    SweepGoingOn(Large::Short, Policy::Ignore, {53, 70, 76});
+    SweepStop(Large::Short, {53, 61, 70, 76, 5, 57, 58, 68, 75});
 }
 
 TEST(FaultSweep, AClosedWindowAndAFailureAtAnyCallQuitOrGoOnAsTheUserSays) {
@@ -331,19 +310,7 @@ TEST(FaultSweep, AClosedWindowAndAFailureAtAnyCallQuitOrGoOnAsTheUserSays) {
 }
 
 TEST(FaultSweep, RetryCompletesALargeFile) {
-    SweepRetry(Large::Whole, {61});
-}
-
-TEST(FaultSweep, IgnoreLeavesOutALargeFile) {
-    SweepIgnore(Large::Whole, {70});
-}
-
-TEST(FaultSweep, AbortStopsALargeFile) {
-    SweepStop(Large::Whole, {70});
-}
-
-TEST(FaultSweep, AnyOtherErrorEndsALargeFile) {
-    SweepStop(Large::Whole, {57});
+    SweepGoingOn(Large::Whole, Policy::Retry, {61});
 }
 
 TEST(FaultSweep, ADiskThatFillsUpAtAnyByteLeavesWholeFilesOnly) {
@@ -367,11 +334,11 @@ TEST(FaultSweep, ADriveThatIsPulledAtAnyCallLeavesTheDeviceAndTheWindowWell) {
         int count = 0;
         job.files.BeforeCall = [&](const FakeFileSystem::RecordedCall&) {
             if (++count == nth) {
-                job.files.RemoveDrive(Text("D:"));
+                job.files.RemoveDrive(u"D:"_s);
             }
         };
         job.Press();
-        EXPECT_EQ(job.files.FilesBelow(Text("E:")).size(), 3);
+        EXPECT_EQ(job.files.FilesBelow(u"E:"_s).size(), 3);
         EXPECT_FALSE(job.job.Copying);
         EXPECT_TRUE(job.form.lstArtists.Enabled());
         EXPECT_EQ(job.library.Artists.size(), 1U);
@@ -384,7 +351,7 @@ TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
             for (const Policy policy : {Policy::Retry, Policy::Ignore, Policy::Stop}) {
                 SCOPED_TRACE(testing::Message() << "call " << nth << ", error " << number);
                 SweptJob job(policy, Large::None);
-                job.form.txtDestination.SetText(Text("D:\\Music\\New\\Sub"));
+                job.form.txtDestination.SetText(u"D:\\Music\\New\\Sub"_s);
                 // The chain that was not made would be missed for ever.
                 int asked = 0;
                 const auto answer = job.messages.WhileShown;
@@ -395,7 +362,7 @@ TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
                     }
                 };
                 job.Run(nth, ErrorNumber(number));
-                EXPECT_EQ(Text("old two"),
+                EXPECT_EQ(u"old two"_s,
                           QString::fromLatin1(job.Bytes("D:\\Music\\Abba\\Arrival\\Two.mp3")));
                 EXPECT_EQ(job.Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
                 EXPECT_EQ(job.Bytes("D:\\Music\\tmp\\copy.tmp"), QByteArray("left behind"));

@@ -1,7 +1,8 @@
 // What becomes of names that the destination cannot hold.
 
 #include "tests/copy/CopyFixture.h"
-#include "tests/fakes/PrintText.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,17 +15,9 @@ protected:
     /// Copies without one question.
     void PressAndComplete() {
         Press();
-        EXPECT_EQ(messages.Texts(), QStringList{Text("Copy completed!")});
+        EXPECT_EQ(messages.Shown, std::vector{Completed});
         EXPECT_EQ(prompted, QStringList());
         messages.Shown.clear();
-    }
-
-    QStringList CopiedNames() const {
-        QStringList names;
-        for (const QString& path : Copied()) {
-            names += path.mid(Text("D:\\Music\\").size());
-        }
-        return names;
     }
 };
 
@@ -35,8 +28,7 @@ TEST_F(FittingJobTest, TitlesThatBecomeEqualWhenTheyAreCutAreNumbered) {
     AddTrack("Abba", "Arrival", title + "one", "first");
     AddTrack("Abba", "Arrival", title + "two", "second");
     PressAndComplete();
-    EXPECT_EQ(CopiedNames(),
-              QStringList({Times(82, "青") + Text(" (2).mp3"), Times(83, "青") + Text(".mp3")}));
+    EXPECT_EQ(Names(), QStringList({Times(82, "青") + u" (2).mp3"_s, Times(83, "青") + u".mp3"_s}));
 }
 
 TEST_F(FittingJobTest, ASecondJobAsksAboutTheNameThatIsReallyUsed) {
@@ -44,7 +36,7 @@ TEST_F(FittingJobTest, ASecondJobAsksAboutTheNameThatIsReallyUsed) {
     PressAndComplete();
     promptUses = {PromptUse::Skip};
     Press();
-    EXPECT_EQ(prompted, QStringList{Text("D:\\Music\\") + Times(83, "青") + Text(".mp3")});
+    EXPECT_EQ(prompted, QStringList{u"D:\\Music\\"_s + Times(83, "青") + u".mp3"_s});
 }
 
 TEST_F(FittingJobTest, ArtistsThatBecomeEqualKeepAFolderEach) {
@@ -54,9 +46,8 @@ TEST_F(FittingJobTest, ArtistsThatBecomeEqualKeepAFolderEach) {
     AddTrack("Abba", "Arrival", "Tiger", "third");
     SetOptions("A");
     PressAndComplete();
-    EXPECT_EQ(CopiedNames(),
-              QStringList({Text("Abba\\Tiger.mp3"), Times(83, "青") + Text(" (2)\\Tiger.mp3"),
-                           Times(85, "青") + Text("\\Tiger.mp3")}));
+    EXPECT_EQ(Names(), QStringList({u"Abba\\Tiger.mp3"_s, Times(83, "青") + u" (2)\\Tiger.mp3"_s,
+                                    Times(85, "青") + u"\\Tiger.mp3"_s}));
 }
 
 TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfItsOwn) {
@@ -65,7 +56,7 @@ TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfI
     AddTrack("con_", "Arrival", "Tiger", "second");
     SetOptions("A");
     PressAndComplete();
-    EXPECT_EQ(CopiedNames(), QStringList({Text("CON_\\Tiger.mp3"), Text("con_ (2)\\Tiger.mp3")}));
+    EXPECT_EQ(Names(), QStringList({u"CON_\\Tiger.mp3"_s, u"con_ (2)\\Tiger.mp3"_s}));
 }
 
 TEST_F(FittingJobTest, AHardLibraryArrivesOnAWindowsDiskWithoutAQuestion) {

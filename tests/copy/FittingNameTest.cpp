@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const NameLimits Ext4;
@@ -23,79 +25,76 @@ TEST(FittingName, ANameThatFitsStaysAsItIs) {
     for (const NameLimits& limits : {Ext4, Fat, HfsPlus}) {
         for (const char* text : {"Tiger", ".hidden", "a..b", "Søn–dag", "青い灯台", "CONCERT",
                                  "COM", "COM0", "COM10", "_NUL"}) {
-            EXPECT_EQ(FittingName(Text(text), Text(".mp3"), limits), Text(text) + Text(".mp3"));
+            EXPECT_EQ(FittingName(Text(text), u".mp3"_s, limits), Text(text) + u".mp3"_s);
         }
     }
-    EXPECT_EQ(FittingName(Times(251, "a"), Text(".mp3"), Ext4), Times(251, "a") + Text(".mp3"));
-    EXPECT_EQ(FittingName(Times(251, "青"), Text(".mp3"), Fat), Times(251, "青") + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(251, "a"), u".mp3"_s, Ext4), Times(251, "a") + u".mp3"_s);
+    EXPECT_EQ(FittingName(Times(251, "青"), u".mp3"_s, Fat), Times(251, "青") + u".mp3"_s);
 }
 
 TEST(FittingName, WhereBytesCountALongNameLosesLettersAtItsEndAndKeepsItsEnding) {
-    EXPECT_EQ(FittingName(Times(252, "a"), Text(".mp3"), Ext4), Times(251, "a") + Text(".mp3"));
-    EXPECT_EQ(FittingName(Times(90, "青"), Text(".mp3"), Ext4), Times(83, "青") + Text(".mp3"));
-    EXPECT_EQ(FittingName(Times(90, "青"), Text(" (2).mp3"), Ext4),
-              Times(82, "青") + Text(" (2).mp3"));
+    EXPECT_EQ(FittingName(Times(252, "a"), u".mp3"_s, Ext4), Times(251, "a") + u".mp3"_s);
+    EXPECT_EQ(FittingName(Times(90, "青"), u".mp3"_s, Ext4), Times(83, "青") + u".mp3"_s);
+    EXPECT_EQ(FittingName(Times(90, "青"), u" (2).mp3"_s, Ext4), Times(82, "青") + u" (2).mp3"_s);
 }
 
 TEST(FittingName, WhereLettersCountALongNameLosesThem) {
-    EXPECT_EQ(FittingName(Times(300, "青"), Text(".mp3"), Fat), Times(251, "青") + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(300, "青"), u".mp3"_s, Fat), Times(251, "青") + u".mp3"_s);
     // A decomposed "é" is two.
-    EXPECT_EQ(FittingName(Times(200, "é"), Text(".mp3"), HfsPlus), Times(125, "é") + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(200, "é"), u".mp3"_s, HfsPlus), Times(125, "é") + u".mp3"_s);
 }
 
 TEST(FittingName, ALetterIsCutWholeWithAllThatBelongsToIt) {
     const char* const family = "👨‍👩‍👧"; // 18 bytes
-    EXPECT_EQ(FittingName(Times(20, family), Text(".mp3"), Ext4), Times(13, family) + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(20, family), u".mp3"_s, Ext4), Times(13, family) + u".mp3"_s);
     const char* const accented = "e\u0301"; // 3 bytes
-    EXPECT_EQ(FittingName(Times(100, accented), Text(".mp3"), Ext4),
-              Times(83, accented) + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(100, accented), u".mp3"_s, Ext4), Times(83, accented) + u".mp3"_s);
     // One letter that is longer than any name keeps some of its accents.
-    EXPECT_EQ(FittingName(Text("e") + Times(300, "\u0301"), Text(".mp3"), Ext4),
-              Text("e") + Times(125, "\u0301") + Text(".mp3"));
+    EXPECT_EQ(FittingName(u"e"_s + Times(300, "\u0301"), u".mp3"_s, Ext4),
+              u"e"_s + Times(125, "\u0301") + u".mp3"_s);
 }
 
 TEST(FittingName, ACutLeavesNoBlankAndNoDotBehind) {
-    EXPECT_EQ(FittingName(Times(249, "a") + Text(". b"), Text(".mp3"), Ext4),
-              Times(249, "a") + Text(".mp3"));
+    EXPECT_EQ(FittingName(Times(249, "a") + u". b"_s, u".mp3"_s, Ext4),
+              Times(249, "a") + u".mp3"_s);
 }
 
 TEST(FittingName, ACutThatLeavesNothingButDotsIsUnknown) {
-    EXPECT_EQ(FittingName(Times(300, ".") + Text("x"), {}, Ext4), Text("UNKNOWN"));
-    EXPECT_EQ(FittingName(Times(300, ".") + Text("x"), Text(".mp3"), Ext4), Text("UNKNOWN.mp3"));
+    EXPECT_EQ(FittingName(Times(300, ".") + u"x"_s, {}, Ext4), u"UNKNOWN"_s);
+    EXPECT_EQ(FittingName(Times(300, ".") + u"x"_s, u".mp3"_s, Ext4), u"UNKNOWN.mp3"_s);
 }
 
 TEST(FittingName, WhatNoNameCanHoldIsLeftOut) {
-    const QString half = Text("half") + QChar(0xD83C);
-    EXPECT_EQ(FittingName(half + Text(" note"), Text(".mp3"), Ext4), Text("half note.mp3"));
-    EXPECT_EQ(FittingName(Text("a") + QChar(u'\0') + Text("b"), {}, Ext4), Text("ab"));
-    EXPECT_EQ(FittingName(QString(QChar(0xDC00)), Text(".mp3"), Ext4), Text("UNKNOWN.mp3"));
+    const QString half = u"half"_s + QChar(0xD83C);
+    EXPECT_EQ(FittingName(half + u" note"_s, u".mp3"_s, Ext4), u"half note.mp3"_s);
+    EXPECT_EQ(FittingName(u"a"_s + QChar(u'\0') + u"b"_s, {}, Ext4), u"ab"_s);
+    EXPECT_EQ(FittingName(QString(QChar(0xDC00)), u".mp3"_s, Ext4), u"UNKNOWN.mp3"_s);
 }
 
 TEST(FittingName, ControlCharactersAreLeftOutForWindowsAlone) {
-    EXPECT_EQ(FittingName(Text("a\nb\x1f"), Text(".mp3"), Ext4), Text("a\nb\x1f.mp3"));
-    EXPECT_EQ(FittingName(Text("a\nb\x1f"), Text(".mp3"), Fat), Text("ab.mp3"));
-    EXPECT_EQ(FittingName(Text("\t\n"), {}, Fat), Text("UNKNOWN"));
+    EXPECT_EQ(FittingName(u"a\nb\x1f"_s, u".mp3"_s, Ext4), u"a\nb\x1f.mp3"_s);
+    EXPECT_EQ(FittingName(u"a\nb\x1f"_s, u".mp3"_s, Fat), u"ab.mp3"_s);
+    EXPECT_EQ(FittingName(u"\t\n"_s, {}, Fat), u"UNKNOWN"_s);
 }
 
 TEST(FittingName, DotsAndBlanksAtTheEndAreLeftOutForWindowsAlone) {
-    EXPECT_EQ(FittingName(Text("Song"), Text("."), Ext4), Text("Song."));
-    EXPECT_EQ(FittingName(Text("Song"), Text("."), Fat), Text("Song"));
-    EXPECT_EQ(FittingName(Text("Song"), Text(".mp3 . "), Fat), Text("Song.mp3"));
-    EXPECT_EQ(FittingName(Text("... \t"), {}, Fat), Text("UNKNOWN"));
+    EXPECT_EQ(FittingName(u"Song"_s, u"."_s, Ext4), u"Song."_s);
+    EXPECT_EQ(FittingName(u"Song"_s, u"."_s, Fat), u"Song"_s);
+    EXPECT_EQ(FittingName(u"Song"_s, u".mp3 . "_s, Fat), u"Song.mp3"_s);
+    EXPECT_EQ(FittingName(u"... \t"_s, {}, Fat), u"UNKNOWN"_s);
 }
 
 TEST(FittingName, ADevicesNameIsMarkedForWindowsAloneWhateverItsCaseAndExtension) {
-    EXPECT_EQ(FittingName(Text("CON"), Text(".mp3"), Ext4), Text("CON.mp3"));
-    EXPECT_EQ(FittingName(Text("CON"), {}, Fat), Text("CON_"));
-    EXPECT_EQ(FittingName(Text("nul"), Text(".mp3"), Fat), Text("nul_.mp3"));
-    EXPECT_EQ(FittingName(Text("Aux.live"), Text(".mp3"), Fat), Text("Aux_.live.mp3"));
-    EXPECT_EQ(FittingName(Text("PRN .x"), Text(".mp3"), Fat), Text("PRN _.x.mp3"));
-    EXPECT_EQ(FittingName(Text("com1"), Text(".mp3"), Fat), Text("com1_.mp3"));
-    EXPECT_EQ(FittingName(Text("LPT9"), Text(".mp3"), Fat), Text("LPT9_.mp3"));
-    EXPECT_EQ(FittingName(Text("CON"), Text(" (2).mp3"), Fat), Text("CON (2).mp3"));
+    EXPECT_EQ(FittingName(u"CON"_s, u".mp3"_s, Ext4), u"CON.mp3"_s);
+    EXPECT_EQ(FittingName(u"CON"_s, {}, Fat), u"CON_"_s);
+    EXPECT_EQ(FittingName(u"nul"_s, u".mp3"_s, Fat), u"nul_.mp3"_s);
+    EXPECT_EQ(FittingName(u"Aux.live"_s, u".mp3"_s, Fat), u"Aux_.live.mp3"_s);
+    EXPECT_EQ(FittingName(u"PRN .x"_s, u".mp3"_s, Fat), u"PRN _.x.mp3"_s);
+    EXPECT_EQ(FittingName(u"com1"_s, u".mp3"_s, Fat), u"com1_.mp3"_s);
+    EXPECT_EQ(FittingName(u"LPT9"_s, u".mp3"_s, Fat), u"LPT9_.mp3"_s);
+    EXPECT_EQ(FittingName(u"CON"_s, u" (2).mp3"_s, Fat), u"CON (2).mp3"_s);
 }
 
 TEST(FittingName, AnEndingThatLeavesLessThanHalfTheNameIsCutLikeTheRest) {
-    EXPECT_EQ(FittingName(Text("Song"), Text(".") + Times(300, "x"), Ext4),
-              Text("Song.") + Times(250, "x"));
+    EXPECT_EQ(FittingName(u"Song"_s, u"."_s + Times(300, "x"), Ext4), u"Song."_s + Times(250, "x"));
 }

@@ -7,6 +7,8 @@
 
 #include <ostream>
 
+using namespace Qt::StringLiterals;
+
 /// How GoogleTest prints an answer that is not the expected one.
 static void PrintTo(OverwritePrompt::Answer answer, std::ostream* out) {
     *out << int(answer);
@@ -14,16 +16,12 @@ static void PrintTo(OverwritePrompt::Answer answer, std::ostream* out) {
 
 namespace {
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 class OverwritePromptTest : public testing::Test {
 protected:
     OverwritePromptTest() {
         window.SetSize(4000, 2000);
         lblMessage.SetWidth(3000);
-        prompt.OverwriteFile = Text("D:\\Music\\Song.mp3");
+        prompt.OverwriteFile = u"D:\\Music\\Song.mp3"_s;
     }
 
     FakeWindow window;
@@ -37,19 +35,14 @@ protected:
 } // namespace
 
 TEST_F(OverwritePromptTest, LoadAsksTheQuestionWithThePathInDoubleQuotes) {
+    prompt.OverwriteFile = u"/m/You & Me.mp3"_s;
     form.Form_Load();
-    EXPECT_EQ(lblMessage.Caption(),
-              Text("File already exists: \"D:\\Music\\Song.mp3\". Replace it?"));
-}
-
-TEST_F(OverwritePromptTest, AnAmpersandInThePathIsShownAndMarksNoAccessKey) {
-    prompt.OverwriteFile = Text("/m/You & Me.mp3");
-    form.Form_Load();
-    EXPECT_EQ(lblMessage.Caption(), Text("File already exists: \"/m/You && Me.mp3\". Replace it?"));
+    // The two are one on the screen, where a single one would mark an access key.
+    EXPECT_EQ(lblMessage.Caption(), u"File already exists: \"/m/You && Me.mp3\". Replace it?"_s);
 }
 
 TEST_F(OverwritePromptTest, AVeryLongPathWidensTheWindowSoThatTheQuestionShowsOnOneLine) {
-    prompt.OverwriteFile = QString(464, QLatin1Char('a'));
+    prompt.OverwriteFile = QString(464, u'a');
     form.Form_Load();
     // 500 letters of 100 twips, and the margin of the design
     EXPECT_EQ(lblMessage.Width(), 50000);
@@ -60,7 +53,7 @@ TEST_F(OverwritePromptTest, AVeryLongPathWidensTheWindowSoThatTheQuestionShowsOn
 TEST_F(OverwritePromptTest, AShortPathNarrowsTheWindowWhichKeepsItsMargin) {
     lblMessage.SetWidth(8000);
     window.SetSize(9000, 2000);
-    prompt.OverwriteFile = Text("/a.mp3");
+    prompt.OverwriteFile = u"/a.mp3"_s;
     form.Form_Load();
     EXPECT_EQ(lblMessage.Width(), 4200); // 42 letters of 100 twips
     EXPECT_EQ(window.Width(), 5200);
@@ -74,36 +67,18 @@ TEST_F(OverwritePromptTest, ClosingThePromptWithItsCloseBoxGivesCancel) {
     EXPECT_FALSE(prompt.OverwriteAll);
 }
 
-TEST_F(OverwritePromptTest, EachButtonGivesItsIndexAndClosesTheWindow) {
-    for (int index = 0; index < 3; ++index) {
-        form.Form_Load();
-        window.ModalScript = [this, index] { buttons[index].UserPress(); };
-        window.ShowModal();
-        EXPECT_TRUE(window.Closed);
-        EXPECT_EQ(prompt.OverwriteAnswer, static_cast<OverwritePrompt::Answer>(index));
-        EXPECT_FALSE(prompt.OverwriteAll);
+TEST_F(OverwritePromptTest, EachButtonGivesItsAnswerAndTheTickIsRememberedUnlessItCancels) {
+    for (const bool ticked : {false, true}) {
+        for (int index = 0; index < 3; ++index) {
+            prompt.OverwriteAll = !ticked;
+            form.Form_Load();
+            chkSame.SetValue(ticked);
+            window.ModalScript = [this, index] { buttons[index].UserPress(); };
+            window.ShowModal();
+            EXPECT_TRUE(window.Closed);
+            EXPECT_EQ(prompt.OverwriteAnswer, static_cast<OverwritePrompt::Answer>(index));
+            EXPECT_EQ(prompt.OverwriteAll,
+                      ticked && prompt.OverwriteAnswer != OverwritePrompt::Cancel);
+        }
     }
-}
-
-TEST_F(OverwritePromptTest, TheTickedBoxIsRememberedForReplaceAndSkip) {
-    chkSame.SetValue(true);
-    form.cmdOverwrite_Click(OverwritePrompt::Replace);
-    EXPECT_TRUE(prompt.OverwriteAll);
-    prompt.OverwriteAll = false;
-    form.cmdOverwrite_Click(OverwritePrompt::Skip);
-    EXPECT_TRUE(prompt.OverwriteAll);
-}
-
-TEST_F(OverwritePromptTest, TheTickedBoxIsNeverRememberedForCancel) {
-    chkSame.SetValue(true);
-    prompt.OverwriteAll = true;
-    form.cmdOverwrite_Click(OverwritePrompt::Cancel);
-    EXPECT_EQ(prompt.OverwriteAnswer, OverwritePrompt::Cancel);
-    EXPECT_FALSE(prompt.OverwriteAll);
-}
-
-TEST_F(OverwritePromptTest, WithoutTheTickTheNextFileIsAskedAboutAgain) {
-    prompt.OverwriteAll = true;
-    form.cmdOverwrite_Click(OverwritePrompt::Skip);
-    EXPECT_FALSE(prompt.OverwriteAll);
 }

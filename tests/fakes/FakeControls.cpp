@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void RequireIndex(qsizetype index, qsizetype count) {
@@ -261,7 +263,7 @@ void FakeLabelControl::SizeToCaption() {
     FakeFaults::Call();
     int characters = 0;
     for (qsizetype i = 0; i < m_caption.size(); ++i) {
-        const bool isMark = m_caption[i] == QLatin1Char('&');
+        const bool isMark = m_caption[i] == u'&';
         i += isMark ? 1 : 0;
         characters += i < m_caption.size() ? 1 : 0;
     }

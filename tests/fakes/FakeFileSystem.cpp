@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool HoldsAny(const QString& text, const char* characters) {
@@ -18,16 +20,15 @@ bool HoldsAny(const QString& text, const char* characters) {
 }
 
 bool IsDevice(const QString& name) {
-    static const QRegularExpression device(
-        QStringLiteral("^(con|prn|aux|nul|(com|lpt)[1-9]) *(\\..*)?$"),
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression device(u"^(con|prn|aux|nul|(com|lpt)[1-9]) *(\\..*)?$"_s,
+                                           QRegularExpression::CaseInsensitiveOption);
     return device.match(name).hasMatch();
 }
 
 /// What Windows refuses, or makes so that nobody can open it.
 bool IsBadForWindows(const QString& name) {
-    return name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' ')) || IsDevice(name) ||
-           std::any_of(name.begin(), name.end(), [](QChar c) { return c < QLatin1Char(' '); });
+    return name.endsWith(u'.') || name.endsWith(u' ') || IsDevice(name) ||
+           std::any_of(name.begin(), name.end(), [](QChar c) { return c < u' '; });
 }
 
 bool IsRefused(const QString& name, const NameLimits& limits) {
@@ -150,13 +151,12 @@ QString FakeFileSystem::Key(const QString& path) {
             .normalized(QString::NormalizationForm_D);
     }
     // A relative path is on no drive; the root's key is empty but not null.
-    return path.startsWith(separator) ? (key.isEmpty() ? QStringLiteral("") : key)
-                                      : QStringLiteral("\u0001nowhere/") + key;
+    return path.startsWith(separator) ? (key.isEmpty() ? u""_s : key) : u"\u0001nowhere/"_s + key;
 }
 
 bool FakeFileSystem::IsBelow(const QString& key, const QString& folderKey) {
     if (folderKey.isEmpty()) {
-        return key.startsWith(QLatin1Char('/'));
+        return key.startsWith(u'/');
     }
     return key.size() > folderKey.size() && key.startsWith(folderKey) &&
            key[folderKey.size()] == Paths::Separator(key);

@@ -10,6 +10,8 @@
 #include <optional>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const char* NameOf(FileCall call) {
@@ -161,7 +163,7 @@ QStringList FakeFileSystem::Below(const QString& folder, bool folders) const {
 // ---- what was called
 
 QString FakeFileSystem::TextOf(const RecordedCall& call) {
-    return call.Target.isNull() ? call.Path : call.Path + QStringLiteral(" > ") + call.Target;
+    return call.Target.isNull() ? call.Path : call.Path + u" > "_s + call.Target;
 }
 
 QStringList FakeFileSystem::CallsOf(FileCall call) const {
@@ -181,7 +183,7 @@ int FakeFileSystem::CountOf(FileCall call) const {
 QStringList FakeFileSystem::CallTexts() const {
     QStringList texts;
     for (const RecordedCall& call : Calls) {
-        texts += QLatin1String(NameOf(call.Call)) + QLatin1Char(' ') + TextOf(call);
+        texts += QLatin1String(NameOf(call.Call)) + u' ' + TextOf(call);
     }
     return texts;
 }
@@ -196,7 +198,7 @@ QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
             return !path.isNull() && (Key(path) == folderKey || IsBelow(Key(path), folderKey));
         };
         if (Changes(call.Call) && ((sourceChanges && isThere(call.Path)) || isThere(call.Target))) {
-            texts += QLatin1String(NameOf(call.Call)) + QLatin1Char(' ') + TextOf(call);
+            texts += QLatin1String(NameOf(call.Call)) + u' ' + TextOf(call);
         }
     }
     return texts;

@@ -1,5 +1,7 @@
 #include "tests/fakes/FakeForm1.h"
 
+using namespace Qt::StringLiterals;
+
 FakeForm1::FakeForm1() {
     PutIntoContainers();
     SetCaptions();
@@ -26,18 +28,18 @@ void FakeForm1::PutIntoContainers() {
 }
 
 void FakeForm1::SetCaptions() {
-    Form1.SetCaption(QStringLiteral("Songlift"));
-    lblSearch.SetCaption(QStringLiteral("Search:"));
-    cmdSearch.SetCaption(QStringLiteral("&Search"));
-    cmdClear.SetCaption(QStringLiteral("Clear"));
-    cmdBrowse.SetCaption(QStringLiteral("Browse..."));
-    cmdCopy.SetCaption(QStringLiteral("&Copy to Destination"));
-    chkArtist.FixedCaption = QStringLiteral("Artist");
-    chkAlbum.FixedCaption = QStringLiteral("Album");
-    chkGenre.FixedCaption = QStringLiteral("Genre");
-    chkArtistName.FixedCaption = QStringLiteral("Artist name");
-    chkAlbumName.FixedCaption = QStringLiteral("Album name");
-    chkTrackNum.FixedCaption = QStringLiteral("Track number");
+    Form1.SetCaption(u"Songlift"_s);
+    lblSearch.SetCaption(u"Search:"_s);
+    cmdSearch.SetCaption(u"&Search"_s);
+    cmdClear.SetCaption(u"Clear"_s);
+    cmdBrowse.SetCaption(u"Browse..."_s);
+    cmdCopy.SetCaption(u"&Copy to Destination"_s);
+    chkArtist.FixedCaption = u"Artist"_s;
+    chkAlbum.FixedCaption = u"Album"_s;
+    chkGenre.FixedCaption = u"Genre"_s;
+    chkArtistName.FixedCaption = u"Artist name"_s;
+    chkAlbumName.FixedCaption = u"Album name"_s;
+    chkTrackNum.FixedCaption = u"Track number"_s;
     // The histories begin with what the program sets.
     Form1.Captions.clear();
     lblSearch.Captions.clear();

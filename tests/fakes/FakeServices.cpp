@@ -101,7 +101,7 @@ std::vector<Drive> FakeDriveService::Drives() {
     ++Listed;
     std::vector<Drive> drives;
     for (const FakeDrive& mounted : Mounted) {
-        drives.push_back({mounted.Letter, QString(mounted.Letter) + QLatin1Char(':')});
+        drives.push_back({mounted.Letter, QString(mounted.Letter) + u':'});
     }
     return drives;
 }
