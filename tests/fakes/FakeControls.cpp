@@ -251,21 +251,14 @@ void FakeTextControl::UserReplace(const QString& text) {
     }
 }
 
-void FakeLabelControl::SetCaption(const QString& caption) {
-    FakeFaults::Call();
-    if (caption != m_caption) {
-        m_caption = caption;
-        Captions.append(caption);
-    }
-}
-
 void FakeLabelControl::SizeToCaption() {
     FakeFaults::Call();
     int characters = 0;
-    for (qsizetype i = 0; i < m_caption.size(); ++i) {
-        const bool isMark = m_caption[i] == u'&';
+    const QString caption = Caption();
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const bool isMark = caption[i] == u'&';
         i += isMark ? 1 : 0;
-        characters += i < m_caption.size() ? 1 : 0;
+        characters += i < caption.size() ? 1 : 0;
     }
     SetWidth(characters * CharacterWidth);
 }
@@ -274,14 +267,6 @@ void FakeLabelControl::UserClick() {
     // A label takes no focus.
     if (Usable()) {
         Raise(Click);
-    }
-}
-
-void FakeButtonControl::SetCaption(const QString& caption) {
-    FakeFaults::Call();
-    if (caption != m_caption) {
-        m_caption = caption;
-        Captions.append(caption);
     }
 }
 

@@ -21,10 +21,9 @@ class FakeControlBase : public Interface {
 public:
     /// The frame or picture box that holds the control; the window itself when null.
     const Control* Container = nullptr;
-    /// How often Enabled, Visible and the position or size were really changed.
+    /// How often Enabled and Visible were really changed.
     int EnabledChanges = 0;
     int VisibleChanges = 0;
-    int MoveChanges = 0;
     int RefreshCount = 0;
 
     explicit FakeControlBase(std::shared_ptr<FakeFocus> focus = std::make_shared<FakeFocus>())
@@ -54,8 +53,6 @@ public:
     double Height() const override { return m_height; }
     void Move(double left, double top, double width, double height) override {
         FakeFaults::Call();
-        const bool same = left == m_left && top == m_top && width == m_width && height == m_height;
-        MoveChanges += same ? 0 : 1;
         m_left = left;
         m_top = top;
         m_width = width;
@@ -235,34 +232,43 @@ private:
     QString m_text;
 };
 
-class FakeLabelControl : public FakeControlBase<LabelControl> {
+template <class Interface>
+class FakeCaptionControl : public FakeControlBase<Interface> {
 public:
-    using FakeControlBase::FakeControlBase;
+    using FakeControlBase<Interface>::FakeControlBase;
 
     /// Every caption that differed from the one before, in order.
     QStringList Captions;
-    /// Width of a character in twips, for SizeToCaption.
-    double CharacterWidth = 100;
 
     QString Caption() const override { return m_caption; }
-    void SetCaption(const QString& caption) override;
-    void SizeToCaption() override;
-
-    void UserClick();
+    void SetCaption(const QString& caption) override {
+        FakeFaults::Call();
+        if (caption != m_caption) {
+            m_caption = caption;
+            Captions.append(caption);
+        }
+    }
 
 private:
     QString m_caption;
 };
 
-class FakeButtonControl : public FakeControlBase<ButtonControl> {
+class FakeLabelControl : public FakeCaptionControl<LabelControl> {
 public:
-    using FakeControlBase::FakeControlBase;
+    using FakeCaptionControl::FakeCaptionControl;
 
-    /// Every caption that differed from the one before, in order.
-    QStringList Captions;
+    /// Width of a character in twips, for SizeToCaption.
+    double CharacterWidth = 100;
 
-    QString Caption() const override { return m_caption; }
-    void SetCaption(const QString& caption) override;
+    void SizeToCaption() override;
+
+    void UserClick();
+};
+
+class FakeButtonControl : public FakeCaptionControl<ButtonControl> {
+public:
+    using FakeCaptionControl::FakeCaptionControl;
+
     bool Default() const override { return m_default; }
     void SetDefault(bool isDefault) override {
         FakeFaults::Call();
@@ -272,7 +278,6 @@ public:
     void UserPress();
 
 private:
-    QString m_caption;
     bool m_default = false;
 };
 

@@ -181,6 +181,7 @@ private:
     static QString Key(const QString& path);
     static bool IsBelow(const QString& key, const QString& folderKey);
     static QString TextOf(const RecordedCall& call);
+    static QString NamedTextOf(const RecordedCall& call);
     const Entry* Find(const QString& path) const;
     const Entry& FileAt(const QString& path) const;
     Drive* DriveFor(const QString& path);

@@ -8,6 +8,7 @@
 #include "tests/fakes/FakeFaults.h"
 
 #include <optional>
+#include <set>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -25,21 +26,11 @@ const char* NameOf(FileCall call) {
 }
 
 bool Changes(FileCall call) {
-    switch (call) {
-    case FileCall::CreateFolder:
-    case FileCall::CreateFolderChain:
-    case FileCall::DeleteFolder:
-    case FileCall::CopyFile:
-    case FileCall::MoveFile:
-    case FileCall::DeleteFile:
-    case FileCall::OpenForReadingAndWriting:
-    case FileCall::Write:
-    case FileCall::Truncate:
-    case FileCall::TakeModificationTime:
-        return true;
-    default:
-        return false;
-    }
+    using enum FileCall;
+    static const std::set<FileCall> changing = {
+        CreateFolder, CreateFolderChain,        DeleteFolder, CopyFile, MoveFile,
+        DeleteFile,   OpenForReadingAndWriting, Write,        Truncate, TakeModificationTime};
+    return changing.contains(call);
 }
 
 } // namespace
@@ -166,6 +157,10 @@ QString FakeFileSystem::TextOf(const RecordedCall& call) {
     return call.Target.isNull() ? call.Path : call.Path + u" > "_s + call.Target;
 }
 
+QString FakeFileSystem::NamedTextOf(const RecordedCall& call) {
+    return QLatin1String(NameOf(call.Call)) + u' ' + TextOf(call);
+}
+
 QStringList FakeFileSystem::CallsOf(FileCall call) const {
     QStringList texts;
     for (const RecordedCall& recorded : Calls) {
@@ -183,7 +178,7 @@ int FakeFileSystem::CountOf(FileCall call) const {
 QStringList FakeFileSystem::CallTexts() const {
     QStringList texts;
     for (const RecordedCall& call : Calls) {
-        texts += QLatin1String(NameOf(call.Call)) + u' ' + TextOf(call);
+        texts += NamedTextOf(call);
     }
     return texts;
 }
@@ -198,7 +193,7 @@ QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
             return !path.isNull() && (Key(path) == folderKey || IsBelow(Key(path), folderKey));
         };
         if (Changes(call.Call) && ((sourceChanges && isThere(call.Path)) || isThere(call.Target))) {
-            texts += QLatin1String(NameOf(call.Call)) + u' ' + TextOf(call);
+            texts += NamedTextOf(call);
         }
     }
     return texts;

@@ -51,7 +51,6 @@ void FakeForm1::SetCaptions() {
 void FakeForm1::LayOut() {
     const auto place = [](auto& control, double left, double top, double width, double height) {
         control.Move(left, top, width, height);
-        control.MoveChanges = 0;
     };
     place(Picture2, 120, 60, 4800, 600);
     place(Picture1, 0, 0, 480, 600);

@@ -89,7 +89,6 @@ bool FakeSettingsStore::Flush() {
 QString FakeShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                    const QString& startFolder) {
     FakeFaults::Call();
-    ++BrowseCount;
     Owner = owner;
     Prompt = prompt;
     StartFolder = startFolder;

@@ -88,8 +88,7 @@ public:
     QString PickedFolder;
     QString Documents;
 
-    /// What the last picker was opened with, and how many were.
-    int BrowseCount = 0;
+    /// What the last picker was opened with.
     WindowHandle Owner = 0;
     QString Prompt;
     QString StartFolder;
