@@ -38,7 +38,7 @@ TEST(ArtistList, ALibraryIsShownWithTheAlbumsOfItsFirstArtist) {
     EXPECT_FALSE(browser.Linked.Building);
 }
 
-TEST(ArtistList, AnEmptyLibraryShowsAllRowsOfNothingChecked) {
+TEST(ArtistList, AnEmptyLibraryShowsOnlyTickedAllRows) {
     BrowserFixture browser("");
     browser.Artists.RebuildLists();
     EXPECT_EQ(browser.Rows(), "All (0 Artists) | All (0 Albums) | All (0 Items)");

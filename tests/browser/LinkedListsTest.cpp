@@ -58,7 +58,7 @@ TEST_F(LinkedListsTest, TheAlbumsAreThoseOfTheArtistAndTheSongsThoseOfTheAlbum) 
     }
 }
 
-TEST_F(LinkedListsTest, OnTheWayFromOrToAnAllRowWhatIsStillListedStaysCurrent) {
+TEST_F(LinkedListsTest, BetweenAnAllRowAndAnotherRowWhatIsStillListedStaysCurrent) {
     const struct {
         const char* Steps;
         const char* CurrentRows;
@@ -120,14 +120,14 @@ TEST_F(LinkedListsTest, AForcedRebuildOnTheSameRowHappensOnceAndKeepsNeitherAlbu
     EXPECT_EQ(browser.CurrentRows(), "Abba | All (1 Album) | All (2 Items)");
 }
 
-TEST_F(LinkedListsTest, TheOnlyAlbumsSongsStandInAlbumOrderEvenOnTheAllRow) {
+TEST_F(LinkedListsTest, TheSongsOfAnOnlyAlbumKeepTheAlbumsOrderEvenOnTheAllRow) {
     BrowserFixture one("Queen\n  Jazz\n    Zebra | 1\n    Apple | 2\n    Berry | 2");
     EXPECT_EQ(Texts(one.lstSongs), "All (3 Items), Zebra, Apple, Berry");
     one.Do("artist All");
     EXPECT_EQ(Texts(one.lstSongs), "All (3 Items), Zebra, Apple, Berry");
 }
 
-TEST_F(LinkedListsTest, TheTablesTieEveryRowToItsRecord) {
+TEST_F(LinkedListsTest, TheTablesLeadFromEveryRowToItsRecord) {
     browser.Do("artist All");
     const RowTables& rows = browser.Linked.Rows();
     EXPECT_EQ(rows.ArtistRows, (RowTable{0, 1, 0}));
@@ -154,7 +154,7 @@ TEST_F(LinkedListsTest, NoCurrentRowCountsAsTheAllRow) {
 
 // ---- the "All" rows and the check marks
 
-TEST_F(LinkedListsTest, AnAllRowTellsHowManyRowsThereAre) {
+TEST_F(LinkedListsTest, AnAllRowShowsTheNumberOfRows) {
     EXPECT_EQ(AllRowText(1234, u" Song"_s), u"All (1234 Songs)"_s);
     EXPECT_EQ(AllRowText(1, u" Song"_s), u"All (1 Song)"_s);
     EXPECT_EQ(AllRowText(3, QString()), u"All (3s)"_s);
@@ -189,7 +189,7 @@ TEST_F(LinkedListsTest, BuildingTheListOfAllSongsIsAnnouncedAndTheEarlierTextPut
               (std::vector{MousePointer::Hourglass, MousePointer::Default}));
 }
 
-TEST_F(LinkedListsTest, TheListOfAllSongsIsBuiltOncePerLibraryAndShowsTheMarksOfToday) {
+TEST_F(LinkedListsTest, TheListOfAllSongsIsBuiltOncePerLibraryAndShowsTheCurrentMarks) {
     browser.Do("artist Queen");
     EXPECT_FALSE(browser.Linked.Rows().AllSongsCached);
     browser.Do("artist All");
@@ -213,7 +213,7 @@ TEST_F(LinkedListsTest, WhileBuildingNoClickDoesAnything) {
     EXPECT_EQ(browser.FullName(), "Abba");
 }
 
-TEST_F(LinkedListsTest, WhileRestoringTheHandlersNeitherRememberNorGoOn) {
+TEST_F(LinkedListsTest, WhileRestoringTheHandlersNeitherRememberRowsNorBuildTheNextList) {
     browser.Do("artist Queen, album Jazz, song Mustapha");
     const int fills = songs.FillCount;
     const NestedFlag::Guard restoring = browser.Linked.Restoring.Set();

@@ -45,7 +45,7 @@ TEST(MediaFilter, EveryTabLetsItsKindsPassAndHasItsNoun) {
     }
 }
 
-TEST(MediaFilter, ATabShowsItsKindOfWhatIsSearchedFor) {
+TEST(MediaFilter, ATabShowsOnlyItsKindOfTheSearchResult) {
     const std::string allFiles =
         "All (3 Artists), Abba, Books, Queen | All (4 Albums), Arrival, Films, Jazz, Texts | "
         "All (6 Items), Headlong, Money, Mustapha, Notes, Poem, Tiger";

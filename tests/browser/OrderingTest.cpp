@@ -59,7 +59,7 @@ protected:
 
 // ---- albums
 
-TEST_F(OrderingTest, AlbumsAreOrderedByNameWithoutRegardToCaseAndElseAsInTheLibrary) {
+TEST_F(OrderingTest, AlbumsAreOrderedByNameWithoutRegardToCaseAndThenAsInTheLibrary) {
     Describe(R"(
 Zappa
   Greatest Hits
@@ -119,7 +119,7 @@ TEST_F(OrderingTest, TracksOfEqualNumberAndTitleKeepTheirPosition) {
     EXPECT_EQ(songs.SongRowTrack, (RowTable{0, 0, 1, 2}));
 }
 
-TEST_F(OrderingTest, SongsOfEveryAlbumRowStandAlbumAfterAlbum) {
+TEST_F(OrderingTest, SongsOfEveryAlbumRowAreListedAlbumByAlbum) {
     Describe(R"(
 Queen
   Jazz

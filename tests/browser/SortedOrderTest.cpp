@@ -69,7 +69,7 @@ TEST(SortedOrder, EqualNamesAreOrderedByTheirNumbersAsText) {
     EXPECT_EQ(Order(names), expected);
 }
 
-TEST(SortedOrder, TheCountOfDigitsTakesPart) {
+TEST(SortedOrder, TheCountOfDigitsIsPartOfTheComparison) {
     // 1 gives Abba11 and 11 gives Abba112: the shorter one is first. 10 gives Abba102.
     const QStringList names(11, u"Abba"_s);
     const std::vector<qint32> expected = {9, 0, 10, 1, 2, 3, 4, 5, 6, 7, 8};
@@ -84,7 +84,7 @@ TEST(SortedOrder, AKeyMuchLongerThanItsTextIsTakenWhole) {
     EXPECT_EQ(Order(names), expected);
 }
 
-TEST(SortedOrder, HalvesOfLettersAndControlCharactersAreNoObstacle) {
+TEST(SortedOrder, HalfCharactersAndControlCharactersAreSortedToo) {
     const QStringList names = {QString(QChar(0xD83D)), u"b"_s, QString(3, QChar(0)), QString(),
                                u"a"_s};
     const std::vector<qint32> order = Order(names);
@@ -145,12 +145,12 @@ protected:
 
 } // namespace
 
-TEST_F(SortedOrderDeathTest, WantOfMemoryIsAnErrorAndNoOtherOrder) {
+TEST_F(SortedOrderDeathTest, RunningOutOfMemoryIsAnErrorAndNotAnotherOrder) {
     EXPECT_EXIT(std::exit(ErrorWithoutMemory(true)), testing::ExitedWithCode(7), "");
     EXPECT_EXIT(std::exit(ErrorWithoutMemory(false)), testing::ExitedWithCode(7), "");
 }
 
-TEST_F(SortedOrderDeathTest, TheOrderIsThatOfTheUsersLocaleAndElseOfTheRoot) {
+TEST_F(SortedOrderDeathTest, TheOrderIsThatOfTheUsersLocaleOrOfTheRootLocale) {
     const std::pair<Environment, int> cases[] = {
         {{{"LC_ALL", "sv_SE.UTF-8"}}, AfterZ},
         {{{"LC_COLLATE", "sv_SE"}}, AfterZ},

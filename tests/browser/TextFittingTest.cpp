@@ -23,7 +23,7 @@ protected:
 
 // ---- the full name
 
-TEST_F(TextFittingTest, ANameThatDoesNotFitIsShortenedAndStandsInTheToolTip) {
+TEST_F(TextFittingTest, ANameThatDoesNotFitIsShortenedAndShownInTheToolTip) {
     const struct {
         double LabelWidth;
         const char* Name;
@@ -75,7 +75,7 @@ TEST_F(TextFittingTest, AWiderLabelShowsTheWholeTextAgain) {
 
 // ---- the focus follows the mouse
 
-TEST_F(TextFittingTest, MovingOverAListTakesTheFocusFromTheOtherListsAndTheTabsAlone) {
+TEST_F(TextFittingTest, MovingOverAListTakesTheFocusOnlyFromTheOtherListsAndTheTabs) {
     form.cmdCopy.SetEnabled(true);
     const std::vector<Control*> neighbours = {&form.lstArtists, &form.lstAlbums, &form.lstSongs,
                                               &form.tbsFilter};
@@ -131,7 +131,7 @@ TEST_F(TextFittingTest, RightClickingASongOpensTheMenuThere) {
     EXPECT_EQ(form.mnuPopup.Y, 450);
 }
 
-TEST_F(TextFittingTest, TheMenuOpensForTheRightButtonOnASongAlone) {
+TEST_F(TextFittingTest, TheMenuOpensOnlyForTheRightButtonOnASong) {
     form.lstSongs.UserRightClick(0);
     form.lstSongs.SetListIndex(-1);
     form.lstSongs.MouseDown({.Button = 2});

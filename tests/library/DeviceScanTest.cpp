@@ -31,7 +31,7 @@ TEST_F(DeviceScan, RemovableDrivesFromCOnWithADatabaseAreListedInTheOrderOfTheSy
                            u"FileExists H"_s, u"FileExists I"_s}));
 }
 
-TEST_F(DeviceScan, ADriveThatCannotTellItsTypeIsPassedOverAndOneWithoutNameIsListed) {
+TEST_F(DeviceScan, ADriveThatDoesNotReportItsTypeIsSkippedAndOneWithoutANameIsListed) {
     AttachIPod('E', u"GOING"_s, {u"1"_s});
     AttachIPod('F', u"GOING"_s, {u"1"_s});
     AttachIPod('G', u"STAYING"_s, {u"1"_s});
@@ -41,7 +41,7 @@ TEST_F(DeviceScan, ADriveThatCannotTellItsTypeIsPassedOverAndOneWithoutNameIsLis
     EXPECT_EQ(Window.Combo1.Entries(), (QStringList{u"(F:) "_s, u"(G:) STAYING"_s}));
 }
 
-TEST_F(DeviceScan, DrivesThatCannotBeListedAreNone) {
+TEST_F(DeviceScan, WhenDrivesCannotBeListedNoDeviceIsFound) {
     struct NoDrives : FakeDriveService {
         std::vector<Drive> Drives() override { throw RuntimeError(ErrorNumber::DeviceUnavailable); }
     } drives;
@@ -63,7 +63,7 @@ TEST_F(DeviceScan, WithoutADeviceTheWindowIsResetAndTheTimerRuns) {
     EXPECT_EQ(Boxes.Texts(), QStringList());
 }
 
-TEST_F(DeviceScan, WithADeviceThatIsNotChosenTheWindowIsResetAndTheTimerStands) {
+TEST_F(DeviceScan, WithADeviceThatIsNotChosenTheWindowIsResetAndTheTimerStops) {
     AttachIPod('E', u"IPOD"_s, {u"1"_s});
     FillWindow();
     Window.timScan.SetEnabled(true);
@@ -87,7 +87,7 @@ TEST_F(DeviceScan, TheChosenDeviceIsChosenAgainWithoutALoad) {
     ExpectFilled();
 }
 
-TEST_F(DeviceScan, ADeviceThatHasLeftOrHasANewNameResetsTheWindow) {
+TEST_F(DeviceScan, ADeviceThatIsGoneOrHasANewNameResetsTheWindow) {
     ShowIPod();
     Detach('E');
     Window.Combo1.UserDropDown();
@@ -108,7 +108,7 @@ TEST_F(DeviceScan, ADeviceThatHasLeftOrHasANewNameResetsTheWindow) {
     EXPECT_EQ(Boxes.Texts(), QStringList());
 }
 
-TEST_F(DeviceScan, WhoeverShowsTheLibraryHearsThatItLeavesBeforeTheListsAndTheSearchAreEmptied) {
+TEST_F(DeviceScan, TheLibraryIsReportedLostBeforeTheListsAndTheSearchAreEmptied) {
     ShowIPod();
     Detach('E');
     Devices.LibraryLeaves = [this] {
@@ -177,7 +177,7 @@ TEST_F(DeviceScan, ThePollLoadsTheFirstDeviceOnceItIsThere) {
     EXPECT_EQ(Devices.LoadedDevice, u"(F:) OTHER"_s);
 }
 
-TEST_F(DeviceScan, ThePollSetsTheEntryOnceMoreWithoutLookingAtTheDevice) {
+TEST_F(DeviceScan, ThePollSetsTheEntryAgainWithoutAccessingTheDevice) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     Devices.LibraryLoaded = [this] { Detach('E'); };
     std::vector<bool> suppressed;

@@ -49,7 +49,7 @@ TEST_F(DeviceChoice, ADeviceThatHasOnlyTheSQLiteLibraryIsNotLoaded) {
     EXPECT_EQ(Files.CountOf(FileCall::NativePath), 0);
 }
 
-TEST_F(DeviceChoice, TheLibraryBeforeLeavesAndTheBrowserIsPreparedBeforeTheLoad) {
+TEST_F(DeviceChoice, TheEarlierLibraryIsForgottenAndTheListsArePreparedBeforeTheLoad) {
     ShowIPod();
     AttachIPod('F', u"OTHER"_s, {u"two"_s});
     Devices.LibraryLeaves = [this, wired = Devices.LibraryLeaves] {
@@ -111,7 +111,7 @@ TEST_F(DeviceChoice, TheListsAreBuiltBeforeTheSearchIsOffered) {
     EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Default);
 }
 
-TEST_F(DeviceChoice, ADeviceWithoutMusicSaysSo) {
+TEST_F(DeviceChoice, ADeviceWithoutMusicIsReported) {
     AttachIPod('E', u"IPOD"_s, {});
     Choose(0);
     EXPECT_EQ(Window.lblMessage.Caption(), u"No music found."_s);
@@ -143,7 +143,7 @@ TEST_F(DeviceChoice, ADeviceWhoseDatabaseFailsShowsWhatWasLoaded) {
     EXPECT_EQ(Window.Form1.Pointer(), MousePointer::Default);
 }
 
-TEST_F(DeviceChoice, ThePointerComesBackWhateverHappens) {
+TEST_F(DeviceChoice, ThePointerIsRestoredWhateverHappens) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     Devices.LibraryLoaded = [] { throw RuntimeError(ErrorNumber::OutOfMemory); };
     Window.Combo1.UserDropDown();
@@ -164,7 +164,7 @@ TEST_F(DeviceChoice, TheLoadedDeviceIsNeitherReloadedNorAreItsListsCleared) {
     EXPECT_TRUE(Window.Form1.MousePointers.empty());
 }
 
-TEST_F(DeviceChoice, TheLoadedDeviceThatIsGoneIsReportedAndTheWindowReset) {
+TEST_F(DeviceChoice, WhenTheLoadedDeviceIsGoneItIsReportedAndTheWindowReset) {
     ShowIPod();
     AttachIPod('F', u"OTHER"_s, {u"two"_s});
     Window.Combo1.UserDropDown();

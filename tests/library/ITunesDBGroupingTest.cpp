@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 class ITunesDBGrouping : public LoadingWindow {};
 
-TEST_F(ITunesDBGrouping, TracksOfEqualNamesInLowerCaseAreAGroupNamedAsTheLastTrackSpellsIt) {
+TEST_F(ITunesDBGrouping, TracksWithEqualNamesInLowerCaseAreOneGroupSpelledAsInItsLastTrack) {
     const struct {
         const char* Rule;
         std::vector<std::pair<QString, QString>> Names; // of artist and album

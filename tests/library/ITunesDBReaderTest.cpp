@@ -60,7 +60,7 @@ TEST_F(ITunesDBReader, TheItemsOfATrackAreTaken) {
     });
 }
 
-TEST_F(ITunesDBReader, WhatATrackLacksIsUnknownOrNone) {
+TEST_F(ITunesDBReader, AMissingNameIsUnknownAndOtherMissingFieldsHaveDefaults) {
     ExpectEach({
         {"missing names",
          TrackList(1, {Track(9, 4, {})}),
@@ -129,7 +129,7 @@ TEST_F(ITunesDBReader, ALoadReplacesTheLibraryBefore) {
     ExpectLoaded({u"E | F | 3 3 | 4 | 1 | E:"_s});
 }
 
-TEST_F(ITunesDBReader, AnEmptyTrackListStopsTheLoadWithoutItsEnding) {
+TEST_F(ITunesDBReader, AfterAnEmptyTrackListTheLoadNeverEnds) {
     Load(WriteITunesDB(TwoTracks()));
     Window.prgCopy.Values.clear();
     Window.Form1.SetState(WindowState::Minimized);
@@ -145,7 +145,7 @@ TEST_F(ITunesDBReader, AnEmptyTrackListStopsTheLoadWithoutItsEnding) {
     EXPECT_EQ(Lines(Library), TwoLines());
 }
 
-TEST_F(ITunesDBReader, TheTrackBehind32767IsAnOverflowAndTheOthersStay) {
+TEST_F(ITunesDBReader, TheTrackAfterNumber32767IsAnOverflowAndTheOthersStay) {
     std::vector<SampleTrack> tracks(32767, {u"A"_s, u"B"_s, u"C"_s, 1, 100'000, {}});
     const ITunesDBLayout layout = {.TrackHeader = 60};
     Load(WriteITunesDB(tracks, layout));

@@ -110,7 +110,7 @@ TEST_F(ITunesDBWalk, TheWalkGoesFromTagToTag) {
     });
 }
 
-TEST_F(ITunesDBWalk, AnItemEndsWhereItSaysAndIsATextBehindItsHeader) {
+TEST_F(ITunesDBWalk, AnItemHasTheLengthThatItStatesAndItsTextFollowsItsHeader) {
     const QByteArray artist = Item(4, u"artist"_s);
     const struct {
         const char* Rule;
@@ -150,7 +150,7 @@ TEST_F(ITunesDBWalk, AnItemEndsWhereItSaysAndIsATextBehindItsHeader) {
     EXPECT_EQ(Library.Artists.at(0).Albums.at(0).Name.size(), artist.size() / 2);
 }
 
-TEST_F(ITunesDBWalk, NumbersOf2To31AndNegativeOnesOverflowAndTheTracksBeforeStay) {
+TEST_F(ITunesDBWalk, NumbersFrom2To31OnOverflowAndTheTracksBeforeStay) {
     const QByteArray one = TitledTrack(u"one"_s);
     ExpectEach({
         {"a file size", TrackList(3, {one, Track(0x80000000LL, 1, {}), one}), 6, {u"one"_s}},
@@ -240,7 +240,7 @@ TEST_F(ITunesDBWalk, AFileThatCannotBeReadIsReportedAndNotLeftOpen) {
     }
 }
 
-TEST_F(ITunesDBWalk, AFileThatIsNotThereOrTooLargeIsReported) {
+TEST_F(ITunesDBWalk, AFileThatIsMissingOrTooLargeIsReported) {
     const auto expect = [this](const QString& error) {
         Boxes.Shown.clear();
         Music.LoadITunesDB(u"E:"_s);

@@ -13,7 +13,7 @@ QByteArray DatabaseOf(int tracks, const ITunesDBLayout& layout = {}) {
 
 class LoadProgressShown : public LoadingWindow {};
 
-TEST_F(LoadProgressShown, TheMessageAsksToWaitThenTellsPercentagesWhereTiesGoToTheEvenNumber) {
+TEST_F(LoadProgressShown, TheMessageAsksToWaitThenShowsPercentagesWithTiesRoundedToEven) {
     const auto messages = [this](int tracks) {
         Window.lblMessage.Captions.clear();
         Load(DatabaseOf(tracks));
@@ -70,7 +70,7 @@ TEST_F(LoadProgressShown, TheLibraryCountsAsLoadingAndEmptyUntilTheEnd) {
     EXPECT_FALSE(Library.LoadingMusic);
 }
 
-TEST_F(LoadProgressShown, TheErrorBoxComesBeforeTheEnding) {
+TEST_F(LoadProgressShown, TheErrorBoxIsShownBeforeTheLoadEnds) {
     bool loading = false;
     float value = 0;
     Boxes.WhileShown = [&](const ShownMessage&) {

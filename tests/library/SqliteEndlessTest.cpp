@@ -68,7 +68,7 @@ TEST_F(HostileSQLiteLibrary, AViewThatNeverEndsIsInterruptedOrTooLong) {
     }
 }
 
-TEST_F(HostileSQLiteLibrary, StatementsThatAreEachSoonDoneEndTogether) {
+TEST_F(HostileSQLiteLibrary, ManyQuickStatementsShareOneTimeLimit) {
     SqliteDatabase database(LibraryFile());
     const double start = ThreadProcessorSeconds();
     int number = 0;

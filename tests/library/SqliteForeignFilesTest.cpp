@@ -107,7 +107,7 @@ TEST_F(ForeignFiles, AWriteAheadLogIsNeitherReadNorTouched) {
     EXPECT_EQ(TitleSeenByOthers(LibraryFile()), u"changed"_s);
 }
 
-TEST_F(ForeignFiles, JournalsThatAreNoneAreLeftAlone) {
+TEST_F(ForeignFiles, FilesAndFoldersThatOnlyLookLikeJournalsAreLeftAlone) {
     for (const QString& file : {LibraryFile(), LocationsFile()}) {
         ASSERT_TRUE(QDir().mkpath(file + u"-journal"_s));
         WriteAll(file + u"-wal"_s, QByteArray(4096, 'x'));
@@ -115,7 +115,7 @@ TEST_F(ForeignFiles, JournalsThatAreNoneAreLeftAlone) {
     EXPECT_EQ(LoadedTitle(), u"first"_s);
 }
 
-TEST_F(ForeignFiles, AFolderNamedLikeAnAddressIsTakenAsItIs) {
+TEST_F(ForeignFiles, AFolderNamedLikeAnAddressIsUsedAsAPath) {
     for (const QString& name :
          {u"100% #1? a&b=c+d 'q' \"r\" ä;%41"_s, u"file:x?mode=rwc&immutable=0&vfs=none#y"_s}) {
         const QString folder = Folder.filePath(name);

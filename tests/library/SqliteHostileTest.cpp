@@ -32,7 +32,7 @@ TEST_F(HostileSQLiteLibrary, AFileThatVanishesBeforeItIsOpenedIsReported) {
     EXPECT_NE(Error(), 0);
 }
 
-TEST_F(HostileSQLiteLibrary, AFileThatIsNoDatabaseIsReported) {
+TEST_F(HostileSQLiteLibrary, AFileThatIsNotADatabaseIsReported) {
     for (const QString& file : {LibraryFile(), LocationsFile()}) {
         Start();
         LoadWith(file, QByteArray(5000, 'x'));
@@ -83,7 +83,7 @@ TEST_F(HostileSQLiteLibrary, TheLongestValuesLoad) {
     EXPECT_EQ(Library.TrackCount, 2);
 }
 
-TEST_F(HostileSQLiteLibrary, LongTextsOnManyTracksAreOutOfMemory) {
+TEST_F(HostileSQLiteLibrary, LongTextsOnManyTracksAreReportedAsOutOfMemory) {
     // 32,000 long texts each from a file of less than a megabyte.
     const struct {
         const char* Rule;
@@ -179,7 +179,7 @@ TEST_F(HostileSQLiteLibrary, AHostileSchemaIsReported) {
     }
 }
 
-TEST_F(HostileSQLiteLibrary, TriggersAndViewsThatDoNoHarmLoad) {
+TEST_F(HostileSQLiteLibrary, ADatabaseWithHarmlessTriggersAndViewsLoads) {
     InLibrary(u"Create Trigger t After Insert On item Begin Select no_such_function(1); End;"
               "Alter Table item Rename To real_item;"
               "Create View item As Select * From real_item"_s);

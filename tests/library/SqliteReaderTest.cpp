@@ -73,7 +73,7 @@ TEST_F(SQLiteLibrary, AKindIsFoundByItsPlaceInTheOrderOfIds) {
     ExpectLoaded({u"A | B | 1 C | 1 | 2 | E:\\iPod_Control\\Music\\x"_s});
 }
 
-TEST_F(SQLiteLibrary, AKindIdOfZeroAndAKindInAnotherLanguageAreNone) {
+TEST_F(SQLiteLibrary, AKindIdOfZeroAndAKindInAnotherLanguageAreOther) {
     const QString line = u"A | B | 1 C | 1 | 0 | E:\\iPod_Control\\Music\\x"_s;
     Write(One);
     InLocations(u"Update location Set kind_id = 0"_s);
@@ -85,7 +85,7 @@ TEST_F(SQLiteLibrary, AKindIdOfZeroAndAKindInAnotherLanguageAreNone) {
 
 // ---- names
 
-TEST_F(SQLiteLibrary, TracksComeSortedAndFollowingOnesOfEqualNamesInLowerCaseAreAGroup) {
+TEST_F(SQLiteLibrary, TracksAreReadInOrderAndNeighboursWithEqualNamesInLowerCaseAreOneGroup) {
     const struct {
         const char* Rule;
         std::vector<std::pair<QString, QString>> Names; // of artist and album
@@ -149,7 +149,7 @@ TEST_F(SQLiteLibrary, NullAndEmptyNamesAreOneGroup) {
 
 // ---- rows
 
-TEST_F(SQLiteLibrary, AnItemWithoutLocationAndALocationWithoutItemAreNoTracks) {
+TEST_F(SQLiteLibrary, AnItemWithoutLocationAndALocationWithoutItemAreNotTracks) {
     Write({{u"A"_s, u"B"_s, u"1"_s, 1, 1, u"1"_s},
            {u"A"_s, u"B"_s, u"2"_s, 2, 1, u"2"_s},
            {u"A"_s, u"B"_s, u"3"_s, 3, 1, u"3"_s}});
@@ -169,7 +169,7 @@ TEST_F(SQLiteLibrary, AnItemWithTwoLocationsIsTwoTracks) {
     EXPECT_EQ(Library.TotalSize, 6);
 }
 
-TEST_F(SQLiteLibrary, TheMessageAndTheBarTellTheProgress) {
+TEST_F(SQLiteLibrary, TheMessageAndTheBarShowTheProgress) {
     Window.Form1.SetState(WindowState::Minimized);
     Window.Form1.Captions.clear();
     Load(NamedTracks({{u"A"_s, u"x"_s}, {u"A"_s, u"x"_s}, {u"B"_s, u"x"_s}}));
@@ -200,7 +200,7 @@ TEST_F(SQLiteLibrary, ALoadReplacesTheLibraryBefore) {
     ExpectLoaded({OneLine});
 }
 
-TEST_F(SQLiteLibrary, TheTrackBehind32767IsAnOverflowAndTheOthersStay) {
+TEST_F(SQLiteLibrary, TheTrackAfterNumber32767IsAnOverflowAndTheOthersStay) {
     std::vector<SampleTrack> tracks(32767, {u"A"_s, u"B"_s, u"C"_s, 1, 100'000, u"x"_s});
     Load(tracks);
     EXPECT_EQ(Boxes.Texts(), QStringList());

@@ -22,7 +22,7 @@ protected:
 
 // ---- numbers and kinds
 
-TEST_F(SQLiteValues, NumbersAreTakenAsTheyAreNothingAsZero) {
+TEST_F(SQLiteValues, NumbersAreTakenAsStoredAndAMissingOneAsZero) {
     const struct {
         QString InLibrary, InLocations;
         qint32 TrackNumber, FileSize;
@@ -60,7 +60,7 @@ TEST_F(SQLiteValues, NumbersAreTakenAsTheyAreNothingAsZero) {
     }
 }
 
-TEST_F(SQLiteValues, AValueThatIsNoneStopsTheLoadAndTheTracksBeforeItStay) {
+TEST_F(SQLiteValues, AnInvalidValueStopsTheLoadAndTheTracksBeforeItStay) {
     const QString second = u" Where location = '2'"_s;
     const struct {
         QString InLibrary, InLocations, Error;
@@ -139,7 +139,7 @@ TEST_F(SQLiteValues, NamesOfAnyTypeAreTakenAsTexts) {
     }
 }
 
-TEST_F(SQLiteValues, AnEmptyNameAndTheOneRightBehindItAreTwoGroups) {
+TEST_F(SQLiteValues, AnEmptyNameAndTheNameThatFollowsAreTwoGroups) {
     // Nothing else is kept of either row, so the name lies where the empty one does.
     LoadChanged(u"Update item Set artist = 'A', title = NULL;"
                 "Update item Set album = '' Where album = 'X'"_s,
@@ -167,7 +167,7 @@ TEST_F(SQLiteValues, TextsStoredInUtf16AreRead) {
 
 // ---- tables
 
-TEST_F(SQLiteValues, WhatATableLacksIsReported) {
+TEST_F(SQLiteValues, MissingRowsAndColumnsAreReported) {
     const QString outOfRange = u"Error 9: Subscript out of range"_s;
     const struct {
         QString InLibrary, InLocations, Error;

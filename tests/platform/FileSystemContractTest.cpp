@@ -52,7 +52,7 @@ protected:
 
 } // namespace
 
-TEST_P(FileSystemContract, AFolderIsNoSource) {
+TEST_P(FileSystemContract, AFolderIsRefusedAsASource) {
     EXPECT_EQ(CopyError(Folder, Missing, Existing::Keep), 53);
     EXPECT_EQ(NumberOf([this] { Files().FileLength(Folder); }), 53);
     EXPECT_EQ(NumberOf([this] { Files().OpenForReading(Folder); }), 53);
@@ -69,7 +69,7 @@ TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
     EXPECT_TRUE(Files().FolderExists(Folder));
 }
 
-TEST_P(FileSystemContract, AFileIsNoCopyOfItself) {
+TEST_P(FileSystemContract, AFileIsNotCopiedOntoItself) {
     EXPECT_EQ(CopyError(Song, Song, Existing::Keep), 58);
     EXPECT_EQ(CopyError(Song, Song, Existing::Replace), 70);
     EXPECT_EQ(MoveError(Song, Song, Existing::Replace), 0);

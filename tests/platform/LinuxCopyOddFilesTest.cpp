@@ -42,7 +42,7 @@ TEST_F(OddFiles, ASocketIsNoFile) {
     EXPECT_EQ(CopyError(QStringLiteral("socket"), QStringLiteral("x")), 53);
 }
 
-TEST_F(OddFiles, NothingIsGivenThePartName) {
+TEST_F(OddFiles, NoFileIsGivenThePartName) {
     WriteFile(Source(QStringLiteral("a")), "new");
     // Blanks and dots at the end are lost on the drives people carry away.
     for (const char* name :

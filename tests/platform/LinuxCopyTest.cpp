@@ -85,7 +85,7 @@ TEST_F(CopyFixture, OnADriveAFileInAnotherCaseIsReplaced) {
     EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "new");
 }
 
-TEST_F(CopyFixture, AMissingSourceIsToldFromAMissingFolder) {
+TEST_F(CopyFixture, AMissingSourceIsDistinguishedFromAMissingFolder) {
     EXPECT_EQ(CopyError(Source(QStringLiteral("nix.mp3")), Target(QStringLiteral("x"))), 53);
     EXPECT_EQ(CopyError(Source(QStringLiteral("nix/nix.mp3")), Target(QStringLiteral("x"))), 76);
     EXPECT_EQ(CopyError(QStringLiteral("Q:\\nix.mp3"), Target(QStringLiteral("x"))), 76);

@@ -61,7 +61,7 @@ TEST_F(DeleteFixture, AFolderOfManyFilesIsDeleted) {
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
-TEST_F(DeleteFixture, NamesThatAreNoTextAreDeleted) {
+TEST_F(DeleteFixture, NamesThatAreNotTextAreDeleted) {
     MakeFolder(Native(QStringLiteral("tmp")));
     const QByteArray folder = Native(QStringLiteral("tmp")).toUtf8();
     ASSERT_EQ(mkdir((folder + "/bad\xFF\n").constData(), 0755), 0);
@@ -91,7 +91,7 @@ TEST_F(DeleteFixture, OfALinkToAFolderOnlyTheLinkIsRemoved) {
     EXPECT_EQ(NamesIn(Native(QStringLiteral("precious"))), QStringList(QStringLiteral("inner")));
 }
 
-TEST_F(DeleteFixture, WhatIsNoFolderIsAMissingFolder) {
+TEST_F(DeleteFixture, AnythingButAFolderCountsAsAMissingFolder) {
     WriteFile(Native(QStringLiteral("file")), "x");
     MakeLink(QStringLiteral("file"), Native(QStringLiteral("link")));
     MakeLink(QStringLiteral("nix"), Native(QStringLiteral("dead")));
@@ -185,7 +185,7 @@ TEST_F(DeleteFixture, DeepNestingTakesFewOpenFilesAndLittleStack) {
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
-TEST_F(DeleteFixture, WhatMayNotBeDeletedDoesNotKeepTheRest) {
+TEST_F(DeleteFixture, AnEntryThatMayNotBeDeletedDoesNotProtectTheRest) {
     MakeFolder(Native(QStringLiteral("tmp")));
     MakeFolder(Native(QStringLiteral("tmp/closed")));
     MakeFolder(Native(QStringLiteral("tmp/open")));
@@ -205,7 +205,7 @@ TEST_F(DeleteFixture, WhatMayNotBeDeletedDoesNotKeepTheRest) {
     SetMode(Native(QStringLiteral("tmp/closed")), 0755);
 }
 
-TEST_F(DeleteFixture, AnEmptyFolderThatNobodyMayLookIntoIsDeleted) {
+TEST_F(DeleteFixture, AnEmptyFolderThatMayNotBeReadIsDeleted) {
     MakeFolder(Native(QStringLiteral("tmp/dark")));
     SetMode(Native(), 0777);
     SetMode(Native(QStringLiteral("tmp")), 0777);

@@ -128,7 +128,7 @@ TEST_F(DrivesFixture, AWholeDeviceWithoutPartitionsCanBeADrive) {
     EXPECT_EQ(Listed(), "E:disc");
 }
 
-TEST_F(DrivesFixture, ADeviceOnUsbIsADriveThoughItDoesNotSayRemovable) {
+TEST_F(DrivesFixture, ADeviceOnUsbIsADriveEvenIfItIsNotMarkedRemovable) {
     AddDisk("8:16", "pci0000:00/0000:00:14.0/usb2/2-1/host6/block/sdb", false);
     AddPartition("8:18", "pci0000:00/0000:00:14.0/usb2/2-1/host6/block/sdb/sdb2");
     Mount("8:18", "/mnt/ipod", "hfsplus", "/dev/sdb2");
@@ -141,13 +141,13 @@ TEST_F(DrivesFixture, ADeviceIsNotOnUsbBecauseANameResemblesIt) {
     EXPECT_EQ(Listed(), "");
 }
 
-TEST_F(DrivesFixture, WhatIsMountedWhereDesktopsMountIsADrive) {
+TEST_F(DrivesFixture, AMountInAFolderWhereDesktopsMountIsADrive) {
     Mount("0:50", "/media/ana/Player", "fuse.ifuse", "ifuse");
     Mount("8:1", "/run/media/ana/Copy", "ext4", "/dev/sda1");
     EXPECT_EQ(Listed(), "E:Player F:Copy");
 }
 
-TEST_F(DrivesFixture, FoldersThatOnlyResembleThosePlacesAreNot) {
+TEST_F(DrivesFixture, AMountInAFolderThatOnlyResemblesThoseIsNotADrive) {
     Mount("0:50", "/media", "fuse.ifuse", "ifuse");
     Mount("0:51", "/mediathek/x", "fuse.ifuse", "ifuse");
     Mount("0:52", "/srv/media/x", "fuse.ifuse", "ifuse");
@@ -298,14 +298,14 @@ TEST_F(DrivesFixture, AttachedFoldersFollowTheMountedVolumes) {
     EXPECT_EQ(Listed(), "E:A F:one G:MY SAMPLE");
 }
 
-TEST_F(DrivesFixture, EmptyPiecesAndRepetitionsOfAttachedFoldersDoNotCount) {
+TEST_F(DrivesFixture, EmptyAndRepeatedAttachedFoldersAreIgnored) {
     MakeFolder(Path(QStringLiteral("one")));
     const QByteArray folder = Path(QStringLiteral("one")).toUtf8();
     qputenv("SONGLIFT_DRIVES", ":" + folder + "//::" + folder + ":");
     EXPECT_EQ(Listed(), "E:one");
 }
 
-TEST_F(DrivesFixture, AnAttachedFolderIsPluggedInByMakingIt) {
+TEST_F(DrivesFixture, AnAttachedFolderAppearsOnceItIsCreated) {
     const QString folder = Path(QStringLiteral("late"));
     qputenv("SONGLIFT_DRIVES", folder.toUtf8());
     EXPECT_EQ(Listed(), "");
@@ -341,7 +341,7 @@ TEST_F(DrivesFixture, ADriveThatIsGoneFailsToAnswer) {
     EXPECT_EQ(NumberOf([this] { m_drives.VolumeName(DriveOfLetter(u'Q')); }), 68);
 }
 
-TEST_F(DrivesFixture, LinesThatMakeNoSenseArePassedOver) {
+TEST_F(DrivesFixture, MalformedLinesAreSkipped) {
     m_lines += "\n36\n36 27 8:1 / /media/x rw\n36 27 0:50 / /media/ana/y rw - fuse.x\n"
                "36 27 0:50 / media/relative rw - fuse.x a rw\n"
                "36 27 0:50 / /media/ana/bad\\04 rw - fuse.x a rw\n";
@@ -356,7 +356,7 @@ TEST_F(DrivesFixture, ALineMayHaveNoTagsOrMany) {
     EXPECT_EQ(Listed(), "E:none F:many");
 }
 
-TEST_F(DrivesFixture, WithoutAMountTableTheAttachedFoldersAreLeft) {
+TEST_F(DrivesFixture, WithoutAMountTableTheAttachedFoldersRemain) {
     MakeFolder(Path(QStringLiteral("one")));
     qputenv("SONGLIFT_DRIVES", Path(QStringLiteral("one")).toUtf8());
     ASSERT_TRUE(QFile::remove(Path(QStringLiteral("mountinfo"))));

@@ -56,7 +56,7 @@ TEST_F(FilesFixture, BlocksAreReadOneAfterTheOther) {
     EXPECT_EQ(QByteArray(bytes, 3), "fgh");
 }
 
-TEST_F(FilesFixture, AFileThatEndsEarlyIsADeviceThatFails) {
+TEST_F(FilesFixture, AFileThatEndsEarlyIsADeviceError) {
     WriteFile(Native(QStringLiteral("song.mp3")), "abc");
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReading(Native(QStringLiteral("song.mp3")));
@@ -80,7 +80,7 @@ TEST_F(FilesFixture, AFileIsWrittenFromAnotherStepByStep) {
     }
 }
 
-TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceThatFails) {
+TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceError) {
     for (const qsizetype size : {qsizetype{10}, qsizetype{3000000}}) {
         WriteFile(Native(QStringLiteral("film.m4v")), QByteArray(size, 'x'));
         const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));

@@ -68,7 +68,7 @@ TEST_F(FoldersFixture, AFolderNameThatOtherDrivesRefuseIsABadName) {
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
-TEST_F(FoldersFixture, OnlyTheNewNameIsLookedAt) {
+TEST_F(FoldersFixture, OnlyTheNewNameIsChecked) {
     const QString odd = Native(QStringLiteral("a:b"));
     ASSERT_TRUE(QDir().mkdir(odd));
     EXPECT_EQ(CreationError(odd + QStringLiteral("/new")), 0);
@@ -76,7 +76,7 @@ TEST_F(FoldersFixture, OnlyTheNewNameIsLookedAt) {
     EXPECT_EQ(NamesIn(odd), QStringList({QStringLiteral("new"), QStringLiteral("x")}));
 }
 
-TEST_F(FoldersFixture, AFolderNameThatCannotBeWrittenDownIsADeniedPermission) {
+TEST_F(FoldersFixture, AFolderNameThatCannotBeEncodedIsADeniedPermission) {
     const QString half = QStringLiteral("a") + QChar(0xD800);
     const QString cut = QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b');
     for (const QString& name : {half, cut}) {
@@ -136,7 +136,7 @@ TEST_F(FoldersFixture, AFolderThatMayNotBeCreatedIsADeniedPermission) {
     EXPECT_EQ(number, 70);
 }
 
-TEST_F(FoldersFixture, AChainMakesEveryMissingFolder) {
+TEST_F(FoldersFixture, AChainCreatesEveryMissingFolder) {
     EXPECT_EQ(ChainError(Native(QStringLiteral("a/b/c"))), 0);
     EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("a/b/c"))));
     EXPECT_EQ(ChainError(QStringLiteral("E:\\A\\B\\x\\y\\")), 0);
@@ -155,7 +155,7 @@ TEST_F(FoldersFixture, AChainMayGoUpAgain) {
     EXPECT_EQ(NamesIn(Native()), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
 }
 
-TEST_F(FoldersFixture, AChainThatCannotBeMadeSaysWhy) {
+TEST_F(FoldersFixture, AChainThatCannotBeCreatedReportsWhy) {
     WriteFile(Native(QStringLiteral("file")), "x");
     EXPECT_EQ(ChainError(Native(QStringLiteral("file/a"))), 70);
     EXPECT_EQ(ChainError(QStringLiteral("Q:\\a\\b")), 76);
@@ -163,7 +163,7 @@ TEST_F(FoldersFixture, AChainThatCannotBeMadeSaysWhy) {
     EXPECT_EQ(ChainError(QString()), 76);
 }
 
-TEST_F(FoldersFixture, NothingIsMadeWhereItsPathWouldBeTooLongToBeFoundAgain) {
+TEST_F(FoldersFixture, NoFolderIsCreatedWhosePathWouldBeTooLongToFindAgain) {
     QString drivePath = QStringLiteral("E:");
     QString nativePath = Native();
     for (int level = 0; level < 16; ++level) {

@@ -89,13 +89,13 @@ TEST_F(IpodFixture, NothingIsChangedOnItThroughASecondMount) {
     ExpectReadOnly(Home(QStringLiteral("/mounted")));
 }
 
-TEST_F(IpodFixture, AFolderThatIsStillMissingLiesOnItToo) {
+TEST_F(IpodFixture, AFolderThatDoesNotExistYetIsOnItToo) {
     EXPECT_TRUE(m_files.IsOnIpod(QStringLiteral("E:\\")));
     EXPECT_TRUE(m_files.IsOnIpod(QStringLiteral("E:\\nix\\nix\\nix")));
     EXPECT_TRUE(m_files.IsOnIpod(Ipod(QStringLiteral("/nix/nix/nix/"))));
 }
 
-TEST_F(IpodFixture, WhatLiesBesideItIsFree) {
+TEST_F(IpodFixture, BesideItChangesAreAllowed) {
     MakeFolder(Native(QStringLiteral("IPOD 2")));
     EXPECT_FALSE(m_files.IsOnIpod(Native()));
     EXPECT_FALSE(m_files.IsOnIpod(Home()));
@@ -106,14 +106,14 @@ TEST_F(IpodFixture, WhatLiesBesideItIsFree) {
     EXPECT_EQ(CreationError(Native(QStringLiteral("IPOD 3"))), 0);
 }
 
-TEST_F(IpodFixture, ADriveThatIsNoIpodIsFree) {
+TEST_F(IpodFixture, OnADriveThatIsNotAnIpodChangesAreAllowed) {
     qputenv("SONGLIFT_DRIVES", Home().toUtf8());
     EXPECT_FALSE(m_files.IsOnIpod(QStringLiteral("E:\\Music")));
     EXPECT_EQ(CreationError(QStringLiteral("E:\\Music")), 0);
     EXPECT_FALSE(m_files.IsOnIpod(Ipod())); // not attached
 }
 
-TEST_F(IpodFixture, ItsFolderIsKnownInAnyCase) {
+TEST_F(IpodFixture, ItsFolderIsRecognisedInAnyCase) {
     MakeFolder(Native(QStringLiteral("SECOND/IPOD_CONTROL")));
     qputenv("SONGLIFT_DRIVES", (Ipod() + u':' + Native(QStringLiteral("SECOND"))).toUtf8());
     EXPECT_TRUE(m_files.IsOnIpod(Native(QStringLiteral("SECOND"))));

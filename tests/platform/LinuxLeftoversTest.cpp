@@ -13,7 +13,7 @@ class LinuxLeftovers : public LinuxFixture {};
 
 } // namespace
 
-TEST_F(LinuxLeftovers, WhatAKilledCopyHasLeftIsRemovedAndNothingElse) {
+TEST_F(LinuxLeftovers, OnlyWhatAKilledCopyHasLeftIsRemoved) {
     WriteFile(Native(Part), "half of a song");
     WriteFile(Native(QStringLiteral("Song.mp3")), "song");
     MakeFolder(Native(QStringLiteral("below")));
@@ -58,7 +58,7 @@ TEST_F(LinuxLeftovers, AFolderOrAPipeInTheWayHoldsNothingUp) {
     EXPECT_EQ(NamesIn(Native(QStringLiteral("pipes"))), QStringList());
 }
 
-TEST_F(LinuxLeftovers, NoFolderAndNoRightsAreNoFailure) {
+TEST_F(LinuxLeftovers, AMissingOrForbiddenFolderIsNotAFailure) {
     m_files.RemoveLeftovers(Native(QStringLiteral("nix")));
     m_files.RemoveLeftovers(QString());
     m_files.RemoveLeftovers(QStringLiteral("Q:\\"));

@@ -24,7 +24,7 @@ void SetModified(const QString& path, const timespec& time) {
 
 } // namespace
 
-TEST_F(MoveFixture, AMovedFileTakesThePlaceOfAnEarlierOne) {
+TEST_F(MoveFixture, AMovedFileReplacesAnEarlierOne) {
     WriteFile(Native(QStringLiteral("copy.tmp")), "new");
     WriteFile(Native(QStringLiteral("Song.mp3")), "old");
     EXPECT_EQ(MoveError(QStringLiteral("E:\\copy.tmp"), QStringLiteral("E:\\Song.mp3")), 0);

@@ -97,7 +97,7 @@ TEST_F(PathsFixture, ComposedAndDecomposedAccentsAreTheSame) {
     EXPECT_EQ(Content("E:\\SIGUR R\u00D3S.MP3"), "decomposed");
 }
 
-TEST_F(PathsFixture, ANameThatIsNoTextIsNoOtherNamesMatch) {
+TEST_F(PathsFixture, ANameThatIsNotTextMatchesNoOtherName) {
     const QByteArray path = Native().toUtf8() + "/bad\xFF.mp3";
     const FileDescriptor file(open(path.constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
     ASSERT_TRUE(file.IsOpen());
@@ -124,7 +124,7 @@ TEST_F(PathsFixture, AnExactNameIsFoundWithoutListingItsFolder) {
     EXPECT_EQ(other, 53);
 }
 
-TEST_F(PathsFixture, DotsLeadNowhereOnADrive) {
+TEST_F(PathsFixture, DotsInADrivePathLeadNowhere) {
     EXPECT_FALSE(IsFolder("E:\\.."));
     EXPECT_FALSE(IsFolder("E:\\."));
     EXPECT_FALSE(IsFolder("E:\\iPod_Control\\..\\iPod_Control"));
@@ -196,7 +196,7 @@ TEST_F(PathsFixture, LinksThatLeaveTheDriveAreNotFound) {
     EXPECT_EQ(ReadingError("E:\\Absolute\\secret.mp3"), 76);
 }
 
-TEST_F(PathsFixture, NothingIsMadeBehindALinkThatLeavesTheDrive) {
+TEST_F(PathsFixture, NothingIsCreatedBehindALinkThatLeavesTheDrive) {
     MakeLink(m_outside.path(), Native(QStringLiteral("Out")));
     EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(QStringLiteral("E:\\Out\\new")); }), 76);
     EXPECT_EQ(NumberOf([this] {
@@ -233,7 +233,7 @@ TEST_F(PathsFixture, NamesThatNoDiskCanHoldAreNotFound) {
     EXPECT_EQ(ReadingError(("E:\\" + QByteArray(5000, 'a') + "\\b").constData()), 76);
 }
 
-TEST_F(PathsFixture, AMissingFileIsToldFromAMissingFolder) {
+TEST_F(PathsFixture, AMissingFileIsDistinguishedFromAMissingFolder) {
     EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F12\\nix.mp3"), 53);
     EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F13\\ABCD.mp3"), 76);
     EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F12\\ABCD.mp3\\x"), 76);
@@ -266,7 +266,7 @@ TEST_F(PathsFixture, TheNativePathOfANativePathIsThePath) {
     EXPECT_EQ(m_files.NativePath(QStringLiteral("/any/where")), QStringLiteral("/any/where"));
 }
 
-TEST_F(PathsFixture, ThereIsNoNativePathOfWhatDoesNotExist) {
+TEST_F(PathsFixture, AMissingEntryHasNoNativePath) {
     EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("E:\\nix")); }), 53);
     EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("E:\\nix\\nix")); }), 76);
     EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("nix")); }), 76);

@@ -84,7 +84,7 @@ TEST(ParentFolder, EveryPathEndsInNoParentAfterAFewSteps) {
     }
 }
 
-TEST(FileName, IsThePieceBehindTheLastSeparatorOfItsForm) {
+TEST(FileName, IsThePartAfterTheLastSeparatorOfItsForm) {
     EXPECT_EQ(Paths::FileName(Text("E:\\Music\\Song.mp3")), Text("Song.mp3"));
     EXPECT_EQ(Paths::FileName(Text("E:\\Music\\a/b.mp3")), Text("a/b.mp3"));
     EXPECT_EQ(Paths::FileName(Text("/home/ana/a\\b.mp3")), Text("a\\b.mp3"));
@@ -92,7 +92,7 @@ TEST(FileName, IsThePieceBehindTheLastSeparatorOfItsForm) {
     EXPECT_EQ(Paths::FileName(Text("E:\\Music\\")), QString());
 }
 
-TEST(Extension, IsWhatStandsBehindTheLastDotOfTheFileName) {
+TEST(Extension, IsTheTextAfterTheLastDotOfTheFileName) {
     EXPECT_EQ(Paths::Extension(Text("E:\\F00\\ABCD.mp3")), Text("mp3"));
     EXPECT_EQ(Paths::Extension(Text("/music/a.b.m4a")), Text("m4a"));
     EXPECT_EQ(Paths::Extension(Text("/music/.hidden")), Text("hidden"));

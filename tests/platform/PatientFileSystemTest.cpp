@@ -100,7 +100,7 @@ TEST_P(WaitingFiles, ACopyThatHangsIsGivenUpAndNothingAppearsWhenItComesBack) {
     EXPECT_EQ(Made(), QStringList());
 }
 
-TEST_P(WaitingFiles, ACopyThatHangsIsInNobodysWay) {
+TEST_P(WaitingFiles, ACopyThatHangsDoesNotBlockOtherOperations) {
     Hanging().Be(Stall());
     Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); });
     if (GetParam() == Slow::Target) {

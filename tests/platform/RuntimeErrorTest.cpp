@@ -41,7 +41,7 @@ TEST(RuntimeErrorText, IsFixedForEveryNumberInUse) {
     EXPECT_EQ(TextOf(76), "Path not found");
 }
 
-TEST(RuntimeErrorText, CanBeAnotherOnesOwn) {
+TEST(RuntimeErrorText, CanBeGivenInItsPlace) {
     const RuntimeError error(ErrorNumber(11), QStringLiteral("database disk image is malformed"));
     EXPECT_EQ(int(error.Number), 11);
     EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));

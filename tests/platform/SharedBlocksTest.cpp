@@ -50,7 +50,7 @@ private:
 
 } // namespace
 
-TEST_F(SharedBlocks, AWholeFileTakesNoRoom) {
+TEST_F(SharedBlocks, ACopiedFileTakesNoRoom) {
     const double before = FreeBytes();
     CopyControl control;
     EXPECT_TRUE(m_files.CopyFile(Disk() + QStringLiteral("/film"), Disk() + QStringLiteral("/copy"),

@@ -61,7 +61,7 @@ TEST(ThreadWorker, TheCallerIsCalledAgainAndAgainWhileWorkLasts) {
     EXPECT_GE(calls, 1);
 }
 
-TEST(ThreadWorker, WorkThatHangsIsGivenUpOnRequestAndHoldsNothingElseUp) {
+TEST(ThreadWorker, WorkThatHangsIsGivenUpOnRequestAndDoesNotBlockOtherWork) {
     const auto hanging = std::make_shared<Hanging>();
     {
         ThreadWorker worker;
@@ -72,7 +72,7 @@ TEST(ThreadWorker, WorkThatHangsIsGivenUpOnRequestAndHoldsNothingElseUp) {
     EXPECT_EQ(hanging->HasEnded.get_future().wait_for(10s), std::future_status::ready);
 }
 
-TEST(ThreadWorker, AFailureOfTheCallerGivesTheWorkUpAndPassesOn) {
+TEST(ThreadWorker, AFailureOfTheCallerGivesUpTheWorkAndPassesOn) {
     ThreadWorker worker;
     const auto hanging = std::make_shared<Hanging>();
     const auto failing = []() -> bool { throw RuntimeError(ErrorNumber::OutOfMemory); };
@@ -83,7 +83,7 @@ TEST(ThreadWorker, AFailureOfTheCallerGivesTheWorkUpAndPassesOn) {
     EXPECT_EQ(hanging->HasEnded.get_future().wait_for(10s), std::future_status::ready);
 }
 
-TEST(ThreadWorker, LaterWorkIsDoneInItsTurnAndTheEndDoesNotWaitForOneThatHangs) {
+TEST(ThreadWorker, LaterWorkIsDoneInTurnAndTheDestructorDoesNotWaitForWorkThatHangs) {
     const auto hanging = std::make_shared<Hanging>();
     {
         ThreadWorker worker;

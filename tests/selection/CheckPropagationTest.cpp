@@ -149,7 +149,7 @@ TEST_F(CheckPropagationTest, ASongsTickReachesItsAlbumAndItsArtist) {
     });
 }
 
-TEST_F(CheckPropagationTest, TheOnlySongOfAllGoesWithEveryAllRow) {
+TEST_F(CheckPropagationTest, TheOnlySongIsTickedTogetherWithEveryAllRow) {
     BrowserFixture one("Abba\n  Arrival\n    Money");
     one.Do("tick song Money");
     EXPECT_EQ(one.TickedRows(),
@@ -159,7 +159,7 @@ TEST_F(CheckPropagationTest, TheOnlySongOfAllGoesWithEveryAllRow) {
     EXPECT_EQ(one.Checked(), "");
 }
 
-TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowThatMissesMoreThanOneRow) {
+TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowWhenMoreThanOneRowIsNotTicked) {
     browser.Do("artist All");
     NestedFlag::Guard building = browser.Linked.Building.Set();
     albums.SetSelected(0, true); // of three albums none is ticked
@@ -168,7 +168,7 @@ TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowThatMissesMoreThanOneRow) {
     EXPECT_EQ(Ticked(albums), "Innuendo");
 }
 
-TEST_F(CheckPropagationTest, AChangeShowsWhatIsBeneathTheRowFirstEvenWithoutAClick) {
+TEST_F(CheckPropagationTest, AChangeFirstShowsTheContentsOfItsRowEvenWithoutAClick) {
     const auto tickWithoutClick = [this](FakeListControl& list, int row) {
         NestedFlag::Guard building = browser.Linked.Building.Set();
         list.SetListIndex(row);
@@ -186,7 +186,7 @@ TEST_F(CheckPropagationTest, AChangeShowsWhatIsBeneathTheRowFirstEvenWithoutACli
 
 // ---- in a result
 
-TEST_F(CheckPropagationTest, InAResultTheAllArtistsRowTicksTheResultAlone) {
+TEST_F(CheckPropagationTest, InAResultTheAllArtistsRowTicksOnlyTheResult) {
     browser.Do("type a, artist All");
     ASSERT_EQ(Texts(songs), "All (5 Items), Bicycle Race, Headlong, Money, Mustapha, Tiger");
     browser.Do("tick artist All, clear");
@@ -254,7 +254,7 @@ TEST_F(CheckPropagationTest, TheListsAreHiddenDuringTheChangeAndShownOnce) {
     }
 }
 
-TEST_F(CheckPropagationTest, TheSummaryIsComputedOnceAChange) {
+TEST_F(CheckPropagationTest, TheSummaryIsComputedOncePerChange) {
     browser.Form.prgCopy.Values.clear();
     browser.Do("tick artist All");
     EXPECT_EQ(browser.Form.prgCopy.Values, std::vector<float>{64512.0F});

@@ -163,7 +163,7 @@ class RandomWalkTest : public testing::TestWithParam<unsigned> {};
 
 } // namespace
 
-TEST_P(RandomWalkTest, EverythingFitsAfterEveryStep) {
+TEST_P(RandomWalkTest, ListsAndRecordsAgreeAfterEveryStep) {
     Walker walker(GetParam());
     walker.Check();
     for (int step = 1; step <= 400; ++step) {

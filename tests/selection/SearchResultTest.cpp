@@ -91,7 +91,7 @@ TEST_F(SearchResultTest, CopyIsEnabledForTicksThatTheResultShowsOrHides) {
     }
 }
 
-TEST_F(SearchResultTest, EverySearchAndEveryWayBackSetsTheCopyButtonAnew) {
+TEST_F(SearchResultTest, EverySearchAndEveryWayBackSetsTheCopyButton) {
     browser.Do("tick song Money");
     for (const char* step : {"type money", "type stone", "type nowhere", "clear"}) {
         form.cmdCopy.SetEnabled(false);
@@ -108,14 +108,14 @@ TEST_F(SearchResultTest, TicksOfSeveralResultsInARowAreAllKept) {
     EXPECT_EQ(browser.Message(), "Selected: 384 KB of 1023 KB");
 }
 
-TEST_F(SearchResultTest, ATickTakenOffAnAlbumStaysOnTheSongsThatTheResultHid) {
+TEST_F(SearchResultTest, UntickingAnAlbumLeavesTheSongsThatTheResultHidTicked) {
     browser.Do("artist Queen, tick album Jazz, type mustapha, untick album Jazz");
     EXPECT_EQ(browser.Checked(), "");
     browser.Do("clear");
     EXPECT_EQ(browser.Checked(), "Queen, Queen/Jazz, Queen/Jazz/Bicycle Race");
 }
 
-TEST_F(SearchResultTest, ThePassOverTheFullLibraryOnlyEverTicks) {
+TEST_F(SearchResultTest, ThePassOverTheFullLibraryNeverUnticks) {
     browser.Library.Artists[1].Albums[0].Checked = true; // no song under it is
     browser.Do("type tiger");
     browser.Result.UpdateOldArtists();
@@ -137,7 +137,7 @@ TEST_F(SearchResultTest, NothingFoundShowsEmptyDisabledLists) {
     EXPECT_FALSE(browser.Linked.Building);
 }
 
-TEST_F(SearchResultTest, FromNothingFoundEveryWayBackKeepsTheTicks) {
+TEST_F(SearchResultTest, AfterNothingWasFoundEveryWayBackKeepsTheTicks) {
     browser.Do("tick song Money");
     for (const char* wayBack : {"clear", "type", "tab Audio, type, tab All Files"}) {
         SCOPED_TRACE(wayBack);
@@ -152,7 +152,7 @@ TEST_F(SearchResultTest, FromNothingFoundEveryWayBackKeepsTheTicks) {
 
 // ---- the list of all songs
 
-TEST_F(SearchResultTest, AResultsListOfAllSongsIsItsOwnAndThatOfTheLibraryIsKept) {
+TEST_F(SearchResultTest, AResultHasItsOwnListOfAllSongsAndThatOfTheLibraryIsKept) {
     browser.Do("artist All");
     const std::string all = Texts(songs);
     browser.Do("type song");

@@ -120,7 +120,7 @@ TEST_F(SearchRunTest, AChangedTextStopsTheScanOfAnArtistsAlbumsBeforeTheirTracks
     EXPECT_EQ(browser.Events.Yields, 6 + 8);
 }
 
-TEST_F(SearchRunTest, ATextThatComesBackToWhatItWasIsSearchedAgainAllTheSame) {
+TEST_F(SearchRunTest, ATextThatIsChangedAndChangedBackIsSearchedAgain) {
     InYield(2, [this] { browser.Do("type moneyx, type money"); });
     browser.Do("type money");
     EXPECT_EQ(Texts(songs), "All (1 Item), Money");
@@ -228,7 +228,7 @@ TEST_F(SearchRunTest, TheSearchButtonPressedWhileAFilterIsAppliedDoesNotMixWithI
     EXPECT_EQ(Texts(artists), "All (2 Artists), Abba, Queen");
 }
 
-TEST_F(SearchRunTest, WhoeverHadTheFocusHasItAfterTheSearch) {
+TEST_F(SearchRunTest, TheControlThatHadTheFocusHasItAfterTheSearch) {
     InYield(1, [this] { EXPECT_FALSE(form.tbsFilter.HasFocus()); });
     browser.Do("tab Audio");
     EXPECT_TRUE(form.tbsFilter.HasFocus());

@@ -38,7 +38,7 @@ TEST(SplitSearch, EveryWordMustOccurInAnyOrderLetterByLetter) {
 
 // ---- what is found
 
-TEST_F(SearchTest, WhatHasAllWordsInOneNameIsFoundAndPassesTheFilter) {
+TEST_F(SearchTest, RecordsWithAllWordsInOneNameAreFoundIfTheyPassTheFilter) {
     const struct {
         const char* Steps;
         const char* Rows;
@@ -127,7 +127,7 @@ TEST_F(SearchTest, EveryKeystrokeSearches) {
     EXPECT_EQ(Texts(artists), "All (1 Artist), Abba");
 }
 
-TEST_F(SearchTest, ATextOfNothingButBlanksIsNone) {
+TEST_F(SearchTest, ATextOfBlanksCountsAsEmpty) {
     const int fills = browser.Fills();
     browser.Do("type    ");
     EXPECT_EQ(browser.Fills(), fills);

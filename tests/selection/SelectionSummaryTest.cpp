@@ -23,7 +23,7 @@ Abba
 
 } // namespace
 
-TEST(SelectionSummary, ASizesTextHasItsUnitAndTheWholeOfTheNextSmallerOne) {
+TEST(SelectionSummary, ASizeIsShownWithItsUnitAndAFractionOfTheNextSmallerOne) {
     const struct {
         double Bytes;
         const char* Text;
@@ -150,7 +150,7 @@ TEST(SelectionSummary, WithoutASearchEveryCallCountsFromScratch) {
     EXPECT_EQ(browser.Summary.SearchBaseSize, 77);
 }
 
-TEST(SelectionSummary, ALibraryThatLeavesTakesItsSizesAlong) {
+TEST(SelectionSummary, TheSizesOfAnEarlierLibraryAreForgotten) {
     BrowserFixture browser(FourSizes);
     browser.Do("tick artist Abba, type film");
     browser.Load({});
