@@ -131,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Palettes, ContrastOfWindow, testing::Bool(), [](const a
     return std::string(dark.param ? "Dark" : "Light");
 });
 
-TEST_P(ContrastOfWindow, TextsStandOutFromTheirGround) {
+TEST_P(ContrastOfWindow, TextsStandOutFromTheirBackground) {
     controls.txtSearch.SetText(QString());
     for (const char* name : {"lblSearch", "lblMessage", "cmdSearch", "cmdBrowse", "cmdCopy",
                              "chkArtist", "chkAlbumName", "txtDestination", "Combo1"}) {
@@ -163,7 +163,7 @@ TEST_P(ContrastOfWindow, RowsStandOutWhetherCurrentOrNotAndWhereverTheFocusIs) {
     }
 }
 
-TEST_P(ContrastOfWindow, TheCopyButtonAloneHasTheBrightColourWhileItCanBePressed) {
+TEST_P(ContrastOfWindow, OnlyTheCopyButtonHasTheBrightColourWhileItCanBePressed) {
     const QRgb bright = Top().palette().color(QPalette::Highlight).rgb();
     const auto ground = [this](const char* name) { return GroundOf(Painted(Widget(name))); };
     for (const QString& caption : {u"&Copy to Destination"_s, u"&Cancel"_s}) {

@@ -43,7 +43,7 @@ private:
 
 } // namespace
 
-TEST_F(FailingWindow, AJobThatFailsIsToldAndTheNextOneCopies) {
+TEST_F(FailingWindow, AJobThatFailsIsReportedAndTheNextOneCopies) {
     Fail(FileCall::FileExists, std::out_of_range("a programming error"));
     EXPECT_EQ(Copy(), QStringList({u"Error 9: Subscript out of range"_s}));
     EXPECT_EQ(controls.cmdCopy.Caption(), u"&Copy to destination"_s);
@@ -84,7 +84,7 @@ TEST_F(FailingWindow, ADeviceThatFailsToLoadIsLoadedWhenItIsChosenAgain) {
     EXPECT_EQ(controls.lstArtists.ListCount(), 3);
 }
 
-TEST_F(FailingWindow, AFailureThatCannotBeShownEndsTheHandlerAllTheSame) {
+TEST_F(FailingWindow, AFailureThatCannotBeShownStillEndsTheHandler) {
     messages.WhileShown = [](const ShownMessage&) { throw std::bad_alloc(); };
     Fail(FileCall::FileExists, std::out_of_range("a programming error"));
     Copy();

@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(NoDevice, WhatToDoCoversTheListsAtEverySizeAndIsWholeInAllButSmallWindows) {
+TEST_F(NoDevice, TheInstructionsCoverTheListsAtEverySizeAndAreCompleteInAllButSmallWindows) {
     StartWithout();
     EXPECT_EQ(Hidden(), 0);
     for (const QSize size : {QSize(980, 660), QSize(980, 480), QSize(1, 1), QSize(2400, 1500)}) {
@@ -94,7 +94,7 @@ TEST_F(NoDevice, AllOfItIsShownAndHeard) {
     EXPECT_TRUE(heard->state().readOnly);
 }
 
-TEST_F(NoDevice, ItIsGoneWhenAnIpodIsThereAndBackWhenNoneIs) {
+TEST_F(NoDevice, ItIsHiddenWhileAnIpodIsThereAndShownWhileNoneIs) {
     StartWithout();
     ASSERT_TRUE(controls.timScan.Enabled());
     Command().setFocus();
@@ -134,7 +134,7 @@ TEST_F(NoDevice, WhenTheChosenIpodIsGoneAndAnotherListedItAsksToChooseOne) {
     EXPECT_EQ(controls.lstArtists.ListCount(), 3);
 }
 
-TEST_F(NoDevice, OfAnIpodWithoutMusicItSaysSo) {
+TEST_F(NoDevice, AnIpodWithoutMusicIsReported) {
     Start({});
     EXPECT_EQ(ShownTexts(),
               QStringList({u"No music on this iPod"_s,

@@ -60,7 +60,7 @@ TEST(TheOverwriteWindow, CancelsWhenItIsClosedAndEnterReplacesNoFileByAccident) 
     }
 }
 
-TEST(TheOverwriteWindow, OfALongPathLeavesOutTheMiddleOfTheFoldersAndTellsItElsewhere) {
+TEST(TheOverwriteWindow, LeavesOutTheMiddleOfALongPathsFoldersAndShowsItInTheToolTip) {
     const QString path =
         u"/home/ana"_s + u"/A Folder"_s.repeated(440) + u"/01 Source & Mouth.mp3"_s;
     Ask(path, [&path](QWidget& window, QLabel& question) {
@@ -75,7 +75,7 @@ TEST(TheOverwriteWindow, OfALongPathLeavesOutTheMiddleOfTheFoldersAndTellsItElse
     });
 }
 
-TEST(TheOverwriteWindow, OfAFileNameWiderThanTheScreenKeepsBothItsEnds) {
+TEST(TheOverwriteWindow, KeepsBothEndsOfAFileNameThatIsWiderThanTheScreen) {
     const QString path = u"/home/ana/01 "_s + u"M"_s.repeated(240) + u" Mouth.mp3"_s;
     Ask(path, [](QWidget&, QLabel& question) {
         EXPECT_TRUE(question.text().startsWith(u"File already exists: \"\u202601 MM"_s));
@@ -83,7 +83,7 @@ TEST(TheOverwriteWindow, OfAFileNameWiderThanTheScreenKeepsBothItsEnds) {
     });
 }
 
-TEST(TheOverwriteWindow, StandsOverItsOwnerOnlyWhileThatIsSeen) {
+TEST(TheOverwriteWindow, StaysAboveItsOwnerOnlyWhileThatIsVisible) {
     QWidget owner;
     const auto expectOver = [&owner](const QWidget* expected) {
         const auto look = [&](QWidget& window, QLabel&) {

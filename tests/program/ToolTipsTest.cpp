@@ -17,7 +17,7 @@ protected:
 
 } // namespace
 
-TEST_F(ToolTips, StandWhereACaptionNeedsAWordAndNowhereElse) {
+TEST_F(ToolTips, AreShownWhereACaptionNeedsAnExplanationAndNowhereElse) {
     for (const char* name : {"Combo1", "cmdClear", "chkArtist", "chkAlbum", "chkArtistName",
                              "chkAlbumName", "chkTrackNum", "cmdCopy"}) {
         const QWidget& widget = Widget(name);
@@ -36,7 +36,7 @@ TEST_F(ToolTips, StandWhereACaptionNeedsAWordAndNowhereElse) {
     EXPECT_FALSE(Widget("chkGenre").isVisible()); // a box that does nothing
 }
 
-TEST_F(ToolTips, TellWhatBecomesOfTmpAndWhereThePreviewPlaysAndWhatDoesNotFit) {
+TEST_F(ToolTips, ExplainTmpAndThePreviewAndShowWhatDoesNotFit) {
     EXPECT_EQ(controls.cmdCopy.ToolTip(),
               u"Starts and stops copying what is ticked. A folder \"tmp\" in the destination is "
               u"used on the way, and deleted at the end."_s);

@@ -24,7 +24,7 @@ protected:
 
 } // namespace
 
-TEST_F(Unplugged, AtAnyFileTheJobGoesOnWithoutItAndTheNextJobFetchesTheRest) {
+TEST_F(Unplugged, AtAnyFileTheJobGoesOnAndTheNextJobCopiesTheRest) {
     Start();
     TickRow("lstArtists", 0);
     AtPrompt = [](OverwritePrompt& prompt) { prompt.OverwriteAnswer = OverwritePrompt::Skip; };

@@ -111,7 +111,7 @@ TEST_P(Fitting, TheMainWindowIsTidyAtEverySizeAndWhileItCopies) {
 }
 
 /// What a screen of 640 by 480 pixels leaves.
-TEST_P(Fitting, TheMainWindowIsTidyAndOfUseOnASmallScreen) {
+TEST_P(Fitting, TheMainWindowIsTidyAndUsableOnASmallScreen) {
     RealWindow window;
     window.Start();
     window.Resize(620, 440);
@@ -189,7 +189,7 @@ TEST_F(WindowLayout, ASplitterFollowsTheMouseUpToTheSmallestListAndIsDarkOnlyWhi
     ExpectTidy(Top());
 }
 
-TEST_F(WindowLayout, ASplitterLetsGoWhenAMessageTakesTheMouseAway) {
+TEST_F(WindowLayout, ASplitterIsReleasedWhenAMessageTakesTheMouse) {
     Start();
     QWidget& handle = Widget("Handle0");
     QtInput::Press(handle, handle.rect().center());
@@ -208,7 +208,7 @@ TEST_F(WindowLayout, ASplitterLetsGoWhenAMessageTakesTheMouseAway) {
     EXPECT_EQ(controls.lstArtists.Width(), width);
 }
 
-TEST_F(WindowLayout, TheSizeAndTheSplittersComeBack) {
+TEST_F(WindowLayout, TheSizeAndTheSplittersAreRestored) {
     Start();
     // With a title bar no larger than the screen, to whose size it would be cut.
     const QSize size =

@@ -262,7 +262,7 @@ private:
 
 } // namespace
 
-TEST(WorstMomentWindow, NothingCrashesHangsOrHarmsAFile) {
+TEST(WorstMomentWindow, NothingCrashesOrHangsOrHarmsAFile) {
     int steps = 0, meanwhiles = 0, boxes = 0, closed = 0;
     for (unsigned seed = 1; seed <= Walks(20); ++seed) {
         HastyUser user(seed);

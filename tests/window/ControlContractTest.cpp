@@ -20,7 +20,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Kits, ControlContract, EveryKit, KitName);
 
-TEST_P(ControlContract, BeginsEnabledAndVisibleAndKeepsEitherByItself) {
+TEST_P(ControlContract, BeginsEnabledAndVisibleAndKeepsEachIndependently) {
     for (Control* control : kit.AllControls()) {
         EXPECT_TRUE(control->Enabled());
         EXPECT_TRUE(control->Visible());
@@ -46,7 +46,7 @@ TEST_P(ControlContract, EnabledAndVisibleAreTheControlsOwnWhateverItsFrameIs) {
     EXPECT_TRUE(kit.ButtonInFrame.Visible());
 }
 
-TEST_P(ControlContract, ADisabledFrameKeepsTheUserFromWhatItHolds) {
+TEST_P(ControlContract, ADisabledFrameDisablesItsContentsForTheUser) {
     int presses = 0;
     kit.ButtonInFrame.Click = [&] { ++presses; };
     kit.Frame.SetEnabled(false);

@@ -67,7 +67,7 @@ protected:
 
 } // namespace
 
-TEST_F(Offers, AreTheFoldersThatThePathMayGoOnWithAndHiddenOnesOnlyWhenAskedFor) {
+TEST_F(Offers, AreTheFoldersThatMayComeNextAndHiddenOnesOnlyAfterTheirDot) {
     TypePath(u"/"_s);
     EXPECT_EQ(Offered(), QStringList({u"Music"_s, u"music videos"_s, u"Pictures"_s}));
     Type(u"mu"_s);
@@ -79,7 +79,7 @@ TEST_F(Offers, AreTheFoldersThatThePathMayGoOnWithAndHiddenOnesOnlyWhenAskedFor)
     EXPECT_EQ(Offered(), QStringList({u".hidden"_s}));
 }
 
-TEST_F(Offers, AreNothingForAPathThatIsCompleteOrNoneOrSetByTheProgram) {
+TEST_F(Offers, AreNotMadeForAPathThatIsCompleteOrInvalidOrSetByTheProgram) {
     TypePath(u"/Pictures"_s);
     EXPECT_FALSE(IsOpen());
     box.SetText(PathTo(u"/Mu"_s));
@@ -91,7 +91,7 @@ TEST_F(Offers, AreNothingForAPathThatIsCompleteOrNoneOrSetByTheProgram) {
     }
 }
 
-TEST_F(Offers, AClickElsewhereArrivesThereAtOnceAndClosesThemWhereverItIs) {
+TEST_F(Offers, AClickAnywhereElseHasItsEffectAndClosesThem) {
     TypePath(u"/Mu"_s);
     EXPECT_TRUE(IsOpen());
     EXPECT_EQ(changes, box.Text().size());
@@ -105,7 +105,7 @@ TEST_F(Offers, AClickElsewhereArrivesThereAtOnceAndClosesThemWhereverItIs) {
     ExpectBox(u"/Mus"_s);
 }
 
-TEST_F(Offers, TabGoesOnWithTheFirstPress) {
+TEST_F(Offers, TabMovesTheFocusAtTheFirstPress) {
     TypePath(u"/Mu"_s);
     Key(Qt::Key_Tab);
     EXPECT_FALSE(HasFocus());
@@ -131,7 +131,7 @@ TEST_F(Offers, TheArrowsPutAFolderIntoTheBoxAndEscapeTakesItBack) {
     ExpectClosed(u"/mu"_s);
 }
 
-TEST_F(Offers, EnterTakesTheChosenFolderAndIsTheWindowsWhileNoneIsChosen) {
+TEST_F(Offers, EnterTakesTheChosenFolderAndGoesToTheWindowWhenNoneIsChosen) {
     int entered = 0;
     QObject::connect(box.Widget(), &QLineEdit::returnPressed, [&entered] { ++entered; });
     TypePath(u"/m"_s);
@@ -154,7 +154,7 @@ TEST_F(Offers, AClickOnOneTakesIt) {
     ExpectClosed(u"/music videos"_s);
 }
 
-TEST_F(Offers, StandInTheWindowBesideTheBoxAboveItOrBelowIt) {
+TEST_F(Offers, AreShownInTheWindowAboveOrBelowTheBox) {
     TypePath(u"/"_s);
     EXPECT_TRUE(window.rect().contains(List()->geometry()));
     EXPECT_EQ(List()->geometry().bottom() + 1, box.Widget()->geometry().top());

@@ -154,7 +154,7 @@ TEST_P(ComboContract, WhatDropDownFillsInCanBeChosen) {
     EXPECT_EQ(log, Log({"Click second"}));
 }
 
-TEST_P(ComboContract, AClickHandlerMayFillTheComboAnew) {
+TEST_P(ComboContract, AClickHandlerMayFillTheComboAgain) {
     combo.Click = [&] {
         combo.Clear();
         combo.AddItem(u"only"_s);

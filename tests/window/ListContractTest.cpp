@@ -213,7 +213,7 @@ TEST_P(ListContract, APressRaisesMouseDownBeforeTheRowIsCurrentAndARightClickAft
     EXPECT_EQ(Texts(), "a+b+c-d+e-");
 }
 
-TEST_P(ListContract, MouseMoveTellsWhereInTwips) {
+TEST_P(ListContract, MouseMoveReportsThePositionInTwips) {
     MouseState last{.Button = -1};
     list.MouseMove = [&](const MouseState& mouse) { last = mouse; };
     kit.HoverAt(list, 12, 7);

@@ -115,7 +115,7 @@ TEST_F(Accessibility, RowsFilledDuringABulkChangeAreNotTakenForTheEarlierOnes) {
     EXPECT_TRUE(Row(1)->state().checked);
 }
 
-TEST_F(Accessibility, AScreenReadersActionsAreAUsersWhileTheListIsOfUse) {
+TEST_F(Accessibility, AScreenReadersActionsCountAsTheUsersWhileTheListIsUsable) {
     list.SetListIndex(0);
     heard.clear();
     for (const auto set : {&Control::SetEnabled, &Control::SetVisible}) {
@@ -148,7 +148,7 @@ TEST_F(Accessibility, ARowIsWhereItIsOnTheScreenAndSaysWhenItIsOutOfView) {
     EXPECT_TRUE(Row(900)->state().offscreen);
 }
 
-TEST_F(Accessibility, RowsThatAreGoneAreNotValidAndHarmNobody) {
+TEST_F(Accessibility, RowsThatAreGoneAreInvalidAndDoNoHarm) {
     QAccessibleInterface* gone = Row(3);
     QAccessibleInterface* replaced = Row(0);
     const QAccessible::Id id = QAccessible::uniqueId(replaced);
@@ -164,7 +164,7 @@ TEST_F(Accessibility, RowsThatAreGoneAreNotValidAndHarmNobody) {
     EXPECT_EQ(Row(-1), nullptr);
 }
 
-TEST_F(Accessibility, AListThatGetsTheFocusTellsItsCurrentRow) {
+TEST_F(Accessibility, AListThatGetsTheFocusAnnouncesItsCurrentRow) {
     std::vector<int> focused;
     view.AnnounceFocus = [&](int row) { focused.push_back(row); };
     view.clearFocus();
@@ -180,7 +180,7 @@ TEST_F(Accessibility, AListThatGetsTheFocusTellsItsCurrentRow) {
     EXPECT_EQ(Interface()->focusChild(), Row(2));
 }
 
-TEST_F(Accessibility, AProgressBarTellsItsShare) {
+TEST_F(Accessibility, AProgressBarReportsItsShare) {
     QtProgressControl progress(&window, u"prgCopy"_s);
     progress.Move(0, 4500, 3000, 150);
     progress.SetMax(32000000000.0F);

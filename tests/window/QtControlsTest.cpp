@@ -66,7 +66,7 @@ TEST_F(QtControls, AShortcutsClickThatComesLateIsLostOnADisabledButtonAndBehindA
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(QtControls, ALateClickOfAScreenReaderTicksNoDisabledBox) {
+TEST_F(QtControls, ALateClickOfAScreenReaderDoesNotTickADisabledBox) {
     QtCheckControl box(&window, u"box"_s, u"Artist"_s);
     box.Click = count;
     Show();
@@ -81,7 +81,7 @@ TEST_F(QtControls, ALateClickOfAScreenReaderTicksNoDisabledBox) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(QtControls, AWidgetBearsItsControlsNameAndALabelShowsADoubledAmpersandAsOneAndMarkupAsItIs) {
+TEST_F(QtControls, AWidgetHasItsControlsNameAndALabelShowsADoubledAmpersandAsOneAndMarkupAsItIs) {
     QtLabelControl label(&window, u"label"_s);
     EXPECT_EQ(window.findChild<QLabel*>(u"label"_s), label.Widget());
     label.SetCaption(u"<b>Simon && Garfunkel</b>"_s);
@@ -179,7 +179,7 @@ protected:
     }
 };
 
-TEST_F(Progress, IsFilledByItsShareFromNothingToTheWhole) {
+TEST_F(Progress, IsFilledInProportionFromEmptyToFull) {
     ExpectFilled(25, 50, 150);
     ExpectFilled(25, 10, 300);
     ExpectFilled(25, 0, 0);

@@ -37,7 +37,7 @@ protected:
     QStringList told;
 };
 
-TEST_F(QtFailures, OfAControlThatTheUserUsesAreTold) {
+TEST_F(QtFailures, OfAControlThatTheUserUsesAreReported) {
     const std::unique_ptr<ControlKit> kit = MakeQtKit();
     ListControl& list = kit->List;
     list.Fill({{u"a"_s}, {u"b"_s}, {u"c"_s}});
@@ -68,14 +68,14 @@ TEST_F(QtFailures, OfAControlThatTheUserUsesAreTold) {
     ExpectTold("timer", [&] { kit->LetTimePass(); });
 }
 
-TEST_F(QtFailures, OfAnEventThatAHandlerLetsInAreToldToo) {
+TEST_F(QtFailures, OfAnEventThatAHandlerLetsInAreReportedToo) {
     const std::unique_ptr<ControlKit> kit = MakeQtKit();
     kit->Text.Change = Fail;
     kit->Text.GotFocus = [&] { kit->TypeText(u"x"_s); };
     ExpectTold("typing", [&] { kit->Text.SetFocus(); });
 }
 
-TEST_F(QtFailures, OfAMenuAndAWindowThatTheUserChangesAreToldAndKeepItOpenNoLonger) {
+TEST_F(QtFailures, OfAMenuAndAWindowThatTheUserChangesAreReportedAndDoNotKeepItOpen) {
     QtWindow window(nullptr, u"window"_s);
     QtPopupMenu menu(window.Widget(), u"menu"_s, u"entry"_s, u"Preview"_s);
     menu.Entry.Click = Fail;

@@ -75,7 +75,7 @@ protected:
 
 // ---- painting
 
-TEST_F(QtList, PaintsNothingWhileItIsHiddenAndTheWholeOnceItIsShown) {
+TEST_F(QtList, PaintsNothingWhileItIsHiddenAndEverythingOnceItIsShown) {
     QSignalSpy changes(view.model(), &QAbstractItemModel::dataChanged);
     list.SetVisible(false);
     list.Fill(Rows(2000));
@@ -144,7 +144,7 @@ TEST_F(QtList, FillsAndTicksThirtyTwoThousandRowsInBoundedTimeHiddenOrShown) {
 
 // ---- rows
 
-TEST_F(QtList, RowsAreOfOneHeightWhateverTheirNamesAndWhicheverScriptTheLastOneIsIn) {
+TEST_F(QtList, RowsHaveOneHeightWhateverTheirNamesAndTheScriptOfTheLastOne) {
     const int height = RowArea(0).height();
     for (const QString& last : {u"\u9752\u3044"_s, u"\u0642\u0645\u0631"_s, u"\u0E17\u0E35\u0E48"_s,
                                 QString(), u"b\nc\nd"_s}) {
@@ -167,7 +167,7 @@ TEST_F(QtList, RowsGrowWithTheLettersAndKeepTheirBoxesApart) {
     }
 }
 
-TEST_F(QtList, ARowThatIsCutOffTellsItsWholeNameAndTheOthersWhatTheListTells) {
+TEST_F(QtList, TheToolTipIsTheWholeNameOnARowThatIsCutOffAndTheListsOnTheOthers) {
     const QString name = u"W"_s.repeated(100);
     list.SetToolTip(u"What is on the iPod"_s);
     list.Fill({{name}, {u"short"_s}});
@@ -182,7 +182,7 @@ TEST_F(QtList, ARowThatIsCutOffTellsItsWholeNameAndTheOthersWhatTheListTells) {
     QToolTip::hideText();
 }
 
-TEST_F(QtList, TheCurrentRowAloneIsMarkedWhicheverKeysAreHeld) {
+TEST_F(QtList, OnlyTheCurrentRowIsMarkedWhicheverKeysAreHeld) {
     list.SetListIndex(7);
     ExpectMarked({7});
     int shift = 0;
@@ -215,7 +215,7 @@ TEST_F(QtList, ACurrentRowSetByTheProgramComesIntoViewAndFillShowsTheFirst) {
     EXPECT_TRUE(IsInView(4000));
 }
 
-TEST_F(QtList, WhatTheProgramScrollsRaisesNoScroll) {
+TEST_F(QtList, ScrollingByTheProgramRaisesNoScroll) {
     list.SetListIndex(99);
     list.SetListIndex(0);
     list.Fill(Rows(3));
@@ -293,7 +293,7 @@ TEST_F(QtList, ATickMakesItsRowCurrentAgainWhenTheProgramMadeAnotherCurrentMeanw
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(QtList, ATickIsDroppedWhenTheRowsAreOthersOnRelease) {
+TEST_F(QtList, ATickIsDroppedWhenTheRowsHaveChangedBeforeTheRelease) {
     QtInput::Press(view, QtInput::CheckBoxOf(view, 2));
     list.Fill(Rows(100));
     QtInput::Release(view, QtInput::CheckBoxOf(view, 2));

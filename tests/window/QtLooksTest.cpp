@@ -27,7 +27,7 @@ TEST(Contrast, IsThatOfTheAccessibilityGuidelines) {
     EXPECT_NEAR(Contrast(QColor(10, 10, 10), Qt::black), 1.061, 0.001);
 }
 
-TEST(SelectionColour, GivesWayUntilItsTextCanBeRead) {
+TEST(SelectionColour, IsAdjustedUntilItsTextCanBeRead) {
     for (const auto& [ground, text] :
          {std::pair(QColor(120, 160, 220), QColor(Qt::white)), {QColor(90, 90, 90), Qt::black}}) {
         QPalette palette;
@@ -85,7 +85,7 @@ TEST_F(QtLooks, ThePictureOfADeviceStandsOutInLightAndDarkAtEveryScale) {
     }
 }
 
-TEST_F(QtLooks, ALongEntryEndsInDotsAndIsWholeInTheOpenList) {
+TEST_F(QtLooks, ALongEntryEndsInDotsAndIsCompleteInTheOpenList) {
     QtComboControl combo(&window, u"Combo1"_s);
     combo.Move(0, 0, 3000, 450);
     Show();
@@ -156,7 +156,7 @@ TEST_F(QtLooks, TheProgressBarKeepsItsOutlineAtEveryScale) {
     }
 }
 
-TEST_F(QtLooks, TheCaptionOfAFrameKeepsOffWhatStandsAboveIt) {
+TEST_F(QtLooks, TheCaptionOfAFrameDoesNotTouchTheControlAboveIt) {
     QtFrameControl frame(&window, u"frmDP"_s, u"Sort by Folders:"_s);
     Show();
     const QImage whole = Picture(*frame.Widget());

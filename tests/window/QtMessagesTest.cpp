@@ -118,7 +118,7 @@ TEST_F(MessageTest, NoPartOfALongPathIsCutOffAndAnAbsurdOneStaysOnTheScreen) {
     });
 }
 
-TEST_F(MessageTest, StandsOverItsWindowOnlyWhileThatIsSeen) {
+TEST_F(MessageTest, IsOwnedByItsWindowOnlyWhileThatIsVisible) {
     const auto expectOver = [this](const QWidget* owner) {
         Ask({}, MessageButtons::OK,
             [owner](QMessageBox& box) { EXPECT_EQ(box.parentWidget(), owner); });

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(QtEventLoop, YieldsHandleWhatIsPendingEveryTenMillisecondsAndElseCostNothing) {
+TEST(QtEventLoop, YieldsHandlePendingEventsEveryTenMillisecondsAndOtherwiseCostNothing) {
     for (const bool afterYield : {false, true}) {
         QtEventLoop events;
         int handled = 0;
@@ -71,7 +71,7 @@ protected:
     }
 };
 
-TEST_F(FolderPicker, BeginsInTheFolderThatWasGivenAndShowsThePromptAndCancelledGivesNothing) {
+TEST_F(FolderPicker, BeginsInTheGivenFolderAndShowsThePromptAndReturnsNothingWhenCancelled) {
     const QString picked = Pick(folder.path(), [&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
         EXPECT_EQ(dialog.windowTitle(), u"Select a destination folder:"_s);
@@ -80,7 +80,7 @@ TEST_F(FolderPicker, BeginsInTheFolderThatWasGivenAndShowsThePromptAndCancelledG
     EXPECT_EQ(picked, QString());
 }
 
-TEST_F(FolderPicker, TheChosenFolderIsGiven) {
+TEST_F(FolderPicker, TheChosenFolderIsReturned) {
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"My Music"_s));
     const QString music = folder.filePath(u"My Music"_s);
     const QString picked = Pick(folder.path(), [&](QFileDialog& dialog) {
@@ -99,7 +99,7 @@ TEST_F(FolderPicker, AFolderThatIsMissingOrEmptyPreselectsNothing) {
     }
 }
 
-TEST(QtPopupMenu, OpensWithItsEntryWhereItIsToldAndTellsTheChoice) {
+TEST(QtPopupMenu, OpensWithItsEntryAtTheGivenPlaceAndReportsTheChoice) {
     QWidget window;
     QtLabelControl label(&window, u"lblSearch"_s);
     label.Move(150, 300, 3000, 3000);
@@ -118,7 +118,7 @@ TEST(QtPopupMenu, OpensWithItsEntryWhereItIsToldAndTellsTheChoice) {
     EXPECT_FALSE(shown->isVisible());
 }
 
-TEST(TheHourglass, IsLiftedWhileTheUserIsAskedAndBackAfterwards) {
+TEST(TheHourglass, IsHiddenWhileTheUserIsAskedAndShownAgainAfterwards) {
     QtWindow window(nullptr, u"Form1"_s);
     QtWindow prompt(window.Widget(), u"frmOverwrite"_s, Qt::Dialog);
     QtMessages messages(window.Widget());
@@ -139,7 +139,7 @@ TEST(TheHourglass, IsLiftedWhileTheUserIsAskedAndBackAfterwards) {
     }
 }
 
-TEST(ShownText, AccessKeysGoAndDoubledAmpersandsBecomeOne) {
+TEST(ShownText, AccessKeysAreRemovedAndDoubledAmpersandsBecomeOne) {
     EXPECT_EQ(ShownText::WithoutAccessKeys(u"&Search"_s), u"Search"_s);
     EXPECT_EQ(ShownText::WithoutAccessKeys(u"Simon && Garfunkel"_s), u"Simon & Garfunkel"_s);
     EXPECT_EQ(ShownText::WithoutAccessKeys(u"a &&&b&"_s), u"a &b"_s);

@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(SettingsFile, WhatWasWrittenIsOnTheDiskOnceItIsKept) {
+TEST_F(SettingsFile, WrittenValuesAreOnTheDiskAfterFlush) {
     QtSettingsStore store;
     EXPECT_EQ(store.Read(u"DestFolders"_s, u"x"_s), u"x"_s);
     store.Write(u"DestFolders"_s, u"2"_s);
@@ -72,7 +72,7 @@ TEST_F(SettingsFile, EveryTextComesBackAsItWas) {
     }
 }
 
-TEST_F(SettingsFile, WhatSomebodyTypedInIsOneTextAndRubbishIsReplaced) {
+TEST_F(SettingsFile, AValueTypedInByHandIsOneTextAndAnUnreadableFileIsReplaced) {
     WriteByHand(path, "[Settings]\nDestPath=/home/ana/Rock, Pop\n");
     EXPECT_EQ(ReadLater(u"DestPath"_s), u"/home/ana/Rock, Pop"_s);
     WriteByHand(path, QByteArray("\0\xff[[[=\n\x01", 8));
@@ -83,7 +83,7 @@ TEST_F(SettingsFile, WhatSomebodyTypedInIsOneTextAndRubbishIsReplaced) {
     EXPECT_EQ(ReadLater(u"DestPath"_s), u"x"_s);
 }
 
-TEST_F(SettingsFile, AFolderThatCannotBeMadeIsToldAndHurtsNobody) {
+TEST_F(SettingsFile, AFolderThatCannotBeMadeIsReportedAndDoesNoHarm) {
     WriteByHand(home.filePath(u"Songlift"_s), "in the way");
     {
         QtSettingsStore store;

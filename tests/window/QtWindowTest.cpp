@@ -28,7 +28,7 @@ protected:
     }
 };
 
-TEST_F(WindowTest, IsHiddenAtFirstAndBearsItsNameAndRole) {
+TEST_F(WindowTest, IsHiddenAtFirstAndHasItsNameAndRole) {
     EXPECT_FALSE(widget.isVisible());
     EXPECT_EQ(widget.objectName(), u"Form1"_s);
     EXPECT_NE(window.Handle(), 0u);
@@ -186,7 +186,7 @@ TEST_F(WindowTest, RefreshHandlesNoInput) {
     EXPECT_EQ(presses, 1);
 }
 
-TEST_F(WindowTest, TheHourglassIsShownOnceAndTakenBackOnceAlsoWithItsWindow) {
+TEST_F(WindowTest, TheHourglassIsShownOnceAndRemovedOnceAlsoWithItsWindow) {
     {
         QtWindow other(nullptr, u"frmPreview"_s);
         other.SetMousePointer(MousePointer::Hourglass);

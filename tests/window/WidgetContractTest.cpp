@@ -108,7 +108,7 @@ TEST_P(WidgetContract, AProgressBarKeepsMaxAndValueWhateverTheyAre) {
     }
 }
 
-TEST_P(WidgetContract, ADraggedHandleTellsWhereInTwipsWhileItIsEnabled) {
+TEST_P(WidgetContract, ADraggedHandleReportsItsPositionInTwipsWhileItIsEnabled) {
     const auto note = [&](const char* name) {
         return [this, name](const MouseState& mouse) {
             EXPECT_EQ(mouse.Button, 1);

@@ -89,7 +89,7 @@ TEST_P(WindowContract, ARestoredWindowHasItsNormalSizeAndPlaceAgain) {
     EXPECT_EQ(window.Top(), 300);
 }
 
-TEST_P(WindowContract, WhoeverClosesItIsToldAndMayBeRefused) {
+TEST_P(WindowContract, AHandlerLearnsWhoClosesItAndMayRefuse) {
     window.Unload(); // not shown yet
     EXPECT_EQ(log, Log({"program"}));
     window.Show();
