@@ -1,4 +1,4 @@
-// The three lists built anew: for a library that was loaded, and for the way back from a result.
+// The three lists rebuilt: for a library that was loaded, and for the way back from a result.
 // What a user sees of that way is shown in tests/selection/SearchResultTest.cpp.
 
 #include "tests/browser/BrowserFixture.h"

@@ -223,7 +223,7 @@ TEST_F(LinkedListsTest, WhileRestoringTheHandlersNeitherRememberRowsNorBuildTheN
     browser.Linked.lstAlbums_Click();
     EXPECT_EQ(songs.FillCount, fills + 1);
     EXPECT_EQ(songs.ListIndex(), 0);
-    EXPECT_EQ(browser.FullName(), "Queen / Jazz / Mustapha"); // not yet told otherwise
+    EXPECT_EQ(browser.FullName(), "Queen / Jazz / Mustapha"); // not changed yet
 }
 
 TEST_F(LinkedListsTest, ListsAreHiddenWhileTheyAreFilled) {

@@ -26,7 +26,7 @@ Books
 
 TEST(MediaFilter, EveryTabLetsItsKindsPassAndHasItsNoun) {
     FakeTabsControl tabs;
-    tabs.Captions += {u"all files"_s, u"audio"_s}; // names of none
+    tabs.Captions += {u"all files"_s, u"audio"_s}; // not exactly the names
     const struct {
         const char* Passing; // of other, audio, video and two that are no kinds
         QString Noun;
@@ -67,7 +67,7 @@ TEST(MediaFilter, ATabShowsOnlyItsKindOfTheSearchResult) {
         {"tab Audio, type arrival, tab All Files",
          "All (1 Artist), Abba | All (1 Album), Arrival | All (2 Items), Money, Tiger"},
         {"artist All, tab Audio, type arrival, clear", audio},
-        // A text that was cleared and still stands in the box is searched for no more.
+        // A text that was cleared but is still in the box is not searched for any more.
         {"artist All, type abba, clear, tab Audio", audio},
         {"artist All, type abba, clear, tab Audio, tab All Files", allFiles},
     };

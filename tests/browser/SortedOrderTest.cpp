@@ -163,7 +163,7 @@ TEST_F(SortedOrderDeathTest, TheOrderIsThatOfTheUsersLocaleOrOfTheRootLocale) {
         {{{"LANG", "POSIX"}}, WithA},
         {{{"LANG", ""}}, WithA},
         {{}, WithA},
-        // what cannot be read counts as none
+        // what cannot be read counts as not set
         {{{"LANG", "en_US@x="}}, WithA},
         {{{"LANG", "nowhere"}}, WithA},
         {{{"LANG", QByteArray(5000, 'a')}}, WithA},

@@ -122,7 +122,7 @@ protected:
         EXPECT_EQ(Boxes.Texts(), QStringList());
     }
 
-    /// The window is as it is without a chosen device; `message` stands in its label.
+    /// The window looks as without a chosen device; its label shows `message`.
     void ExpectReset(const QString& message) const {
         EXPECT_EQ(Devices.SelectedDevice, QString());
         EXPECT_EQ(Devices.LoadedDevice, QString());

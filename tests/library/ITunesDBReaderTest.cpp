@@ -141,7 +141,7 @@ TEST_F(ITunesDBReader, AfterAnEmptyTrackListTheLoadNeverEnds) {
     EXPECT_EQ(Window.Form1.Caption(), u"Please wait..."_s);
     EXPECT_TRUE(Window.prgCopy.Values.empty());
     EXPECT_TRUE(Boxes.Shown.empty());
-    // The records of the load before stay, and nobody walks them.
+    // The records of the load before stay, but are not used.
     EXPECT_EQ(Lines(Library), TwoLines());
 }
 

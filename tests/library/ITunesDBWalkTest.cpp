@@ -15,12 +15,12 @@ QByteArray Zeros(int count) {
     return QByteArray(count, '\0');
 }
 
-/// A track of the title "one" in whose bytes `tag` stands at `at`.
+/// A track with the title "one" whose bytes hold `tag` at `at`.
 QByteArray TrackWith(const char* tag, int at) {
     return TitledTrack(u"one"_s).replace(at, 4, tag);
 }
 
-/// A track with these items, in front of which stands a title.
+/// A track with a title, followed by these items.
 QByteArray TrackOf(const QByteArray& items) {
     return Track(1, 1, {Item(1, u"before"_s), items});
 }

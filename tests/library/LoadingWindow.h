@@ -26,7 +26,7 @@ protected:
         Music.LoadITunesDB(QStringLiteral("E:"));
     }
 
-    /// A database whose track chunks stand between a head that tells `count` and the next data set.
+    /// A database with track chunks between a head that states `count` and the next data set.
     static QByteArray TrackList(quint32 count, const std::vector<QByteArray>& tracks) {
         QByteArray list = ITunesDBChunks::ListHead("mhlt", count);
         for (const QByteArray& track : tracks) {

@@ -117,7 +117,7 @@ TEST_F(SQLiteValues, NamesOfAnyTypeAreTakenAsTexts) {
              swap,
          {u"UNKNOWN | X | 1 first | 10 | 1 | E:\\iPod_Control\\Music\\1"_s,
           u"0 | Y | 2 second | 20 | 1 | E:\\iPod_Control\\Music\\2"_s}},
-        // Bytes sort behind texts, so the artist of that name comes last.
+        // Bytes sort after texts, so the artist of that name comes last.
         {"bytes",
          u"Update item Set artist = X'41', title = X'C3A4' Where title = 'first'"_s,
          {Second(), u"A | X | 1 ä | 10 | 1 | E:\\iPod_Control\\Music\\1"_s}},

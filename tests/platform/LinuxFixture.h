@@ -54,7 +54,7 @@ private:
 void MakeLink(const QString& target, const QString& path);
 bool MakePipe(const QString& path);
 void SetMode(const QString& path, unsigned int mode);
-/// Whether there is anything at `path`, be it a link to nothing.
+/// Whether there is anything at `path`, even a link to nothing.
 bool IsThere(const QString& path);
 
 /// The same for a step of a user without rights; -1 where this process cannot become one. The step

@@ -123,7 +123,7 @@ TEST_F(IpodFixture, ItsFolderIsRecognisedInAnyCase) {
 
 TEST_F(IpodFixture, AnAttachedFolderThatGetsAnotherNumberIsStillOne) {
     EXPECT_TRUE(m_files.IsOnIpod(Ipod()));
-    // As on disks that number a folder anew when it comes back into memory.
+    // As on disks that give a folder another number when it comes back into memory.
     ASSERT_TRUE(QDir().rename(Ipod(), Native(QStringLiteral("earlier"))));
     MakeFolder(Ipod(QStringLiteral("/iPod_Control")));
     MakeFolder(Ipod(QStringLiteral("/Notes")));

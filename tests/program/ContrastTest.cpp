@@ -31,7 +31,7 @@ int Count(const QImage& image, const std::function<bool(int x, int y)>& isSo) {
     return count;
 }
 
-/// How many pixels stand out from a colour by so much.
+/// How many pixels differ from a colour by at least that contrast.
 int CountOf(const QImage& image, QRgb ground, double contrast) {
     return Count(image,
                  [&](int x, int y) { return Contrast(image.pixel(x, y), ground) >= contrast; });

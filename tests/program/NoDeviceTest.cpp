@@ -1,4 +1,4 @@
-// The real window while no iPod is listed: what to do stands where the lists would be.
+// The real window while no iPod is listed: it says what to do in place of the lists.
 
 #include "tests/program/RealWindow.h"
 #include "tests/support/ITunesDBWriter.h"

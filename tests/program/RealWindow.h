@@ -36,7 +36,7 @@ public:
     void Drag(const char* control, int dx);
     void Resize(int width, int height);
 
-    /// Presses the copy button; gives what the user is told.
+    /// Presses the copy button; returns the message that the user sees.
     QStringList Copy();
     /// The files in the destination.
     QStringList Copied() const { return files.FilesBelow(QStringLiteral("D:\\Music")); }

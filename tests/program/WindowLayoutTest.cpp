@@ -31,7 +31,7 @@ QList<QWidget*> ControlsOf(const QWidget& parent) {
     return controls;
 }
 
-/// The copy button stands over the frame around the destination.
+/// The copy button lies over the frame around the destination.
 bool MayOverlap(const QWidget& one, const QWidget& other) {
     const QStringList names{one.objectName(), other.objectName()};
     return names.contains(u"cmdCopy"_s) && names.contains(u"frmDestination"_s);

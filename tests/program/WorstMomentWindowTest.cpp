@@ -1,6 +1,6 @@
 // A user who never waits, on the real window with its real message boxes and its real prompt: keys,
 // clicks, closing, minimising and unplugging come inside every yield of a search and of a job, and
-// while a box stands open. Nothing may crash or hang, no file may be harmed.
+// while a box is open. Nothing may crash or hang, no file may be harmed.
 
 #include "app/OverwriteWindow.h"
 #include "platform/qt/HeldInput.h"
@@ -80,7 +80,7 @@ public:
         }
     }
 
-    /// After all of it the window still does what it is for.
+    /// After all this the window still works.
     void ExpectNextRequestWorks() {
         if (drives.Mounted.empty()) {
             PlugIn(OddLibrary());
@@ -197,7 +197,7 @@ private:
         } else if (what > 40) {
             Top().resize(500 + Below(1200), 400 + Below(700));
         } else if (QApplication::activeModalWidget() == nullptr) {
-            Top().close(); // which the window manager does to no window that a box stands over
+            Top().close(); // the window manager never does so below a box
         }
     }
 
@@ -219,7 +219,7 @@ private:
         QCoreApplication::processEvents();
     }
 
-    /// Answers whatever stands open, not before some vain clicks at the window behind it.
+    /// Answers whatever box is open, after some clicks in vain on the window behind it.
     void AtBox() {
         if (QWidget* popup = QApplication::activePopupWidget()) {
             // A little later: this timer, which would still be under way, could not answer the box

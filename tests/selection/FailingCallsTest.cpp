@@ -99,7 +99,7 @@ void ExpectNextRequestsWork(BrowserFixture& browser) {
     ExpectInvariants(browser);
 }
 
-/// Fails each call of the handler once. Ticks end half done, whatever else fails loses none.
+/// Fails each call of the handler once. A tick may end half done; other failures lose none.
 void Sweep(const Failing& failing, bool keepsTicks) {
     int nth = 0;
     for (bool struck = true; struck && !testing::Test::HasFailure();) {

@@ -9,7 +9,7 @@ constexpr double KB = 1024;
 constexpr double MB = 1024 * KB;
 constexpr double GB = 1024 * MB;
 
-/// 1 KB, 2 KB, 4 KB and 8 KB, so that a sum tells what is in it.
+/// 1 KB, 2 KB, 4 KB and 8 KB, so that a sum shows what is in it.
 const char* const FourSizes = R"(
 Queen
   Jazz

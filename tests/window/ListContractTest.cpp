@@ -133,7 +133,7 @@ TEST_P(ListContract, AClickOnTheTextMakesTheRowCurrentAndGivesTheFocusAndTicksNo
 }
 
 TEST_P(ListContract, SpaceTogglesTheCurrentRow) {
-    kit.PressKey(list, Qt::Key_Space); // none is current
+    kit.PressKey(list, Qt::Key_Space); // no row is current
     list.SetListIndex(2);
     kit.PressKey(list, Qt::Key_Space);
     kit.PressKey(list, Qt::Key_Space);

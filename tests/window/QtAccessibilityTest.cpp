@@ -18,7 +18,7 @@ protected:
     QWidget window;
     QtListControl list{&window, u"lstArtists"_s};
     QtListView& view = *static_cast<QtListView*>(list.Widget());
-    /// What a screen reader would have been told, and the list's events between.
+    /// What would have been announced to a screen reader, and the list's events in between.
     Log heard;
 
     Accessibility() {

@@ -26,7 +26,7 @@ protected:
     }
     ~QtFailures() override { QtFrames::SetTeller({}); }
 
-    /// Does what lets Qt raise a failing event, and has the failure told.
+    /// Makes Qt raise a failing event, and has the failure reported.
     void ExpectTold(const char* what, const std::function<void()>& act) {
         SCOPED_TRACE(what);
         told.clear();

@@ -19,7 +19,7 @@ protected:
     QWidget window;
     QtMessages messages{&window};
 
-    /// Shows a message and lets the user do `act` with the box, and close it if it still stands.
+    /// Shows a message and lets the user do `act` with the box, and closes it if it is still open.
     MessageAnswer Ask(const QString& text, MessageButtons buttons, const Act& act,
                       MessageIcon icon = MessageIcon::Question) {
         QTimer::singleShot(0, [act] {

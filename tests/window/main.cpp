@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    // The tests press keys and buttons of their own; nobody else's may come between.
+    // The tests press keys and buttons themselves; others must not interfere.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
