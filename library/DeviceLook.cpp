@@ -7,7 +7,8 @@
 namespace {
 
 constexpr qint64 Patience = 2000; // ms
-/// So long nobody notices that the window waits, and what the user types at a poll is not lost.
+/// The window is not served that long, in ms. Nobody notices, and what the user types during a
+/// quick poll is not lost.
 constexpr qint64 Moment = 50;
 
 } // namespace

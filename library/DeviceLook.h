@@ -9,15 +9,14 @@
 #include <memory>
 #include <optional>
 
-/// Looks for files on drives, any of which may not answer: the window is looked after meanwhile,
-/// and a drive that takes too long is given up. It is asked again once it has answered that
-/// question, so that no more than one of its questions hangs.
+/// Looks for files on drives, any of which may not answer. The window stays alive meanwhile, and a
+/// drive that takes too long is given up. No drive gets a new question while its last one hangs.
 class DeviceLook {
 public:
     DeviceLook(FileSystem& files, Worker& background, EventLoop& events);
 
-    /// Whether a file of a drive (`path` is in drive form) exists. None where the drive does not
-    /// answer, or where the user closes the window meanwhile.
+    /// Whether a file of a drive (`path` is in drive form) exists. Empty when the drive does not
+    /// answer, or the user closes the window meanwhile.
     std::optional<bool> FileExists(const QString& path);
     /// Whether the last look ended because the user closed the window.
     bool WindowWasClosed() const { return m_windowWasClosed; }

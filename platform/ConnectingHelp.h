@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// What users of this system are told to do where an iPod does not appear by itself.
+/// What users of this system can do when an iPod does not appear by itself.
 struct ConnectingHelp {
     QString Before;
-    /// A command to be typed; empty where there is none.
+    /// A command to type; empty where there is none.
     QString Command;
     QString After;
 
