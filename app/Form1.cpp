@@ -13,8 +13,10 @@ Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls&
           m_parts.Fitting, controls),
       m_settings(services.Store, services.Desktop, services.Windows, m_layout,
                  SettingsControlsOf(controls)),
-      m_preview(m_parts.Lists, services.Files, services.MessageBoxes, SongControlsOf(controls),
+      m_previewFiles(services.Files, services.Background, services.Background),
+      m_preview(m_parts.Lists, m_previewFiles, services.MessageBoxes, SongControlsOf(controls),
                 preview) {
+    m_previewFiles.MayGoOn = [&events = services.Events] { return events.YieldHoldingInput(); };
     m_parts.Job.ShowOverwrite = [this, show = std::move(showOverwrite)] { show(m_parts.Prompt); };
     m_layout.KeepDesign();
     WireWindow();

@@ -32,5 +32,6 @@ private:
     Subsystems m_parts;
     Layout m_layout;
     Settings m_settings;
+    PatientFileSystem m_previewFiles;
     Preview m_preview;
 };

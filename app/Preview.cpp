@@ -2,7 +2,7 @@
 
 #include "platform/ScopeGuard.h"
 
-Preview::Preview(LinkedLists& lists, FileSystem& files, Messages& messages,
+Preview::Preview(LinkedLists& lists, PatientFileSystem& files, Messages& messages,
                  const SongControls& controls, PreviewControls& preview)
     : m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
       m_preview(preview) {
@@ -13,6 +13,14 @@ void Preview::mnuPreview_Click() {
     if (row < 1 || m_lists.Building || !m_controls.lstSongs.Enabled()) {
         return; // while the menu was open, the row went away or a job began
     }
+    try {
+        Play(row);
+    } catch (const OperationStopped&) {
+        return; // the window is about to close
+    }
+}
+
+void Preview::Play(int row) {
     const QString path = m_lists.Track(row).Location;
     if (!m_files.FileExists(path)) {
         m_messages.Show(QStringLiteral("File not found: \"%1\"").arg(path), QStringLiteral("Error"),

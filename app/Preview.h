@@ -1,8 +1,8 @@
 #pragma once
 
 #include "browser/LinkedLists.h"
-#include "platform/FileSystem.h"
 #include "platform/Messages.h"
+#include "platform/PatientFileSystem.h"
 
 /// The song list, from whose menu the preview is chosen, and the main window.
 struct SongControls {
@@ -20,9 +20,10 @@ struct PreviewControls {
 /// next preview.
 class Preview {
 public:
-    Preview(LinkedLists& lists, FileSystem& files, Messages& messages, const SongControls& controls,
-            PreviewControls& preview);
+    Preview(LinkedLists& lists, PatientFileSystem& files, Messages& messages,
+            const SongControls& controls, PreviewControls& preview);
 
+    /// Waits until the device answers, unless the user closes the window meanwhile.
     void mnuPreview_Click();
     /// Gives the window the player's size.
     void QTControl_SizeChanged();
@@ -30,8 +31,10 @@ public:
     void Form_QueryUnload(bool& Cancel, UnloadMode Mode);
 
 private:
+    void Play(int row);
+
     LinkedLists& m_lists;
-    FileSystem& m_files;
+    PatientFileSystem& m_files;
     Messages& m_messages;
     SongControls m_controls;
     PreviewControls& m_preview;

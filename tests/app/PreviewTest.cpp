@@ -48,7 +48,9 @@ protected:
     ObservedWindow frmPreview;
     ObservedPlayer player;
     PreviewControls controls{frmPreview, player};
-    Preview preview{lists, files, messages, SongControlsOf(form.Controls), controls};
+    InlineWorker worker;
+    PatientFileSystem patient{files, worker, worker};
+    Preview preview{lists, patient, messages, SongControlsOf(form.Controls), controls};
 
     PreviewTest() {
         AlbumRecord clips;
@@ -110,6 +112,13 @@ TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRowInAWindowOfItsSizeAndName) {
     }
     EXPECT_EQ(frmPreview.ShowModalCount, 0);
     EXPECT_EQ(frmPreview.HideCount, 4);
+    EXPECT_TRUE(messages.Shown.empty());
+}
+
+TEST_F(PreviewTest, AWindowThatIsClosedWhileTheDeviceIsAskedPlaysAndTellsNothing) {
+    files.BeforeCall = [](const FakeFileSystem::RecordedCall&) { throw OperationStopped(); };
+    PreviewRow(1);
+    EXPECT_EQ(player.Sources, QStringList());
     EXPECT_TRUE(messages.Shown.empty());
 }
 
