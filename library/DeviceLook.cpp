@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr qint64 Patience = 2000; // ms
+/// In milliseconds. An old disk takes seconds to start.
+constexpr qint64 Patience = 5000;
 /// The window is not served that long, in ms. Nobody notices, and what the user types during a
 /// quick poll is not lost.
 constexpr qint64 Moment = 50;

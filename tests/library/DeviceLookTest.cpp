@@ -24,8 +24,17 @@ protected:
                 while (!Answers) {
                     std::this_thread::sleep_for(std::chrono::milliseconds(1));
                 }
+                ++Answered;
             }
         };
+    }
+
+    /// Nobody asks any more when the files go.
+    ~DeviceLooks() override {
+        Answers = true;
+        while (Answered < Asked) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
     }
 
     QStringList Listed() {
@@ -43,6 +52,7 @@ protected:
 
     std::atomic<bool> Answers = false;
     std::atomic<int> Asked = 0;
+    std::atomic<int> Answered = 0;
     ThreadWorker Worker;
     DeviceSelection Slow{Music,
                          Drives,
@@ -56,6 +66,16 @@ TEST_F(DeviceLooks, ADriveThatDoesNotAnswerIsPassedOverAndAskedAgainWhenItHasAns
     EXPECT_EQ(Listed(), QStringList{u"(F:) OTHER"_s});
     EXPECT_EQ(Asked, 1);
     Answer();
+}
+
+TEST_F(DeviceLooks, ADriveWhoseLibraryIsShownStaysWhileItsDiskStarts) {
+    Answers = true;
+    EXPECT_EQ(Listed().size(), 2);
+    Window.Combo1.UserChoose(0);
+    Answers = false;
+    EXPECT_EQ(Listed(), (QStringList{u"(E:) TIRED"_s, u"(F:) OTHER"_s}));
+    EXPECT_EQ(Slow.LoadedDevice, u"(E:) TIRED"_s);
+    EXPECT_EQ(Music.Library.TrackCount, 1);
 }
 
 TEST_F(DeviceLooks, AChosenDriveThatDoesNotAnswerIsLostAndOneOfAClosedWindowIsNotTold) {
