@@ -83,6 +83,7 @@ void CopyJob::Start() {
     m_shownBytes = 0;
     m_fileSize = 0;
     m_copying = {};
+    m_copyMilliseconds = 0;
     m_stop = Next::SameTrack;
     m_files.MayGoOn = [this] { return MayWait(); };
     m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());

@@ -158,6 +158,8 @@ private:
     qint64 m_fileSize = 0;
     /// The file of the next track, until the copying of this one begins.
     QString m_ahead;
+    /// How long the last file took.
+    qint64 m_copyMilliseconds = 0;
     /// The bytes that the bar shows.
     double m_shownBytes = 0;
     /// The track at hand: where it comes from and goes to.

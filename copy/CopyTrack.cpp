@@ -6,6 +6,8 @@
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +15,10 @@ namespace {
 
 /// Tracks above this many bytes are copied in chunks of this size.
 constexpr qint32 LargeFileLimit = 50000000;
+
+/// Where a file takes fewer milliseconds than this, the next one is opened sooner than another
+/// thread has woken up to do it.
+constexpr qint64 ReadingAheadPays = 5;
 
 } // namespace
 
@@ -177,11 +183,14 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, con
     const Next next = Step([&] {
         isTaken = false;
         m_copying = {};
-        if (!m_ahead.isEmpty()) {
+        if (!m_ahead.isEmpty() && m_copyMilliseconds >= ReadingAheadPays) {
             m_files.ReadAhead(std::exchange(m_ahead, QString()));
         }
         try {
+            QElapsedTimer clock;
+            clock.start();
             copy();
+            m_copyMilliseconds = clock.elapsed();
         } catch (const RuntimeError& error) {
             isTaken = existing == Existing::Keep && error.Number == ErrorNumber::FileAlreadyExists;
             if (!isTaken) {
