@@ -28,7 +28,7 @@ void ReadTheFile(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(ReadTheFile)->Apply(ForEverySize);
+BENCHMARK(ReadTheFile)->Apply(ForEverySize)->MeasureProcessCPUTime();
 
 void LoadBinaryDatabase(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), false);
@@ -43,7 +43,7 @@ void LoadBinaryDatabase(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(LoadBinaryDatabase)->Apply(ForEverySize);
+BENCHMARK(LoadBinaryDatabase)->Apply(ForEverySize)->MeasureProcessCPUTime();
 
 void StepTheStatement(benchmark::State& state) {
     const BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), true);
@@ -75,7 +75,7 @@ void StepTheStatement(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(StepTheStatement)->Apply(ForEverySize);
+BENCHMARK(StepTheStatement)->Apply(ForEverySize)->MeasureProcessCPUTime();
 
 void LoadSqliteLibrary(benchmark::State& state) {
     BenchWindow window(MakeLibrary(static_cast<int>(state.range(0))), true);
@@ -90,6 +90,6 @@ void LoadSqliteLibrary(benchmark::State& state) {
     }
     state.SetComplexityN(state.range(0));
 }
-BENCHMARK(LoadSqliteLibrary)->Apply(ForEverySize);
+BENCHMARK(LoadSqliteLibrary)->Apply(ForEverySize)->MeasureProcessCPUTime();
 
 } // namespace
