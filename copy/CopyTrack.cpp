@@ -71,7 +71,6 @@ CopyJob::Next CopyJob::PutNewFile(const TrackRecord& track, bool& isSettled) {
     bool isTaken = false;
     bool isNew = true;
     const auto copy = [&] {
-        isNew = true; // unless it is found out that it is not
         isNew = m_files.CopyNewFile(m_foldersOfLast, track.Location, target, m_copying);
     };
     const Next next = CopyFile(track, Existing::Keep, copy, isTaken);

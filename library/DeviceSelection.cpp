@@ -58,7 +58,7 @@ void DeviceSelection::Combo1_Click() {
     const QString device = m_controls.Combo1.Text();
     const QString driveRoot = DriveOfEntry(device);
     if (device == LoadedDevice) {
-        if (!device.isEmpty() && !HasDatabase(driveRoot, true)) {
+        if (!device.isEmpty() && !HasDatabase(driveRoot).value_or(true)) {
             ReportLostDevice();
             Combo1_DropDown();
         }
@@ -69,7 +69,7 @@ void DeviceSelection::Combo1_Click() {
     MakeReady();
     // The binary database is required even where the SQLite library is used.
     std::optional<bool> hasLibrary;
-    if (HasDatabase(driveRoot, false)) {
+    if (HasDatabase(driveRoot).value_or(false)) {
         hasLibrary = m_look.FileExists(DevicePaths::LibraryDatabase(driveRoot));
     }
     if (!hasLibrary) {
@@ -109,7 +109,7 @@ void DeviceSelection::ListDevice(const Drive& drive) {
     // An iPod whose disk has to start first stays, and with it the ticks made on it.
     const bool isLoaded = drive.Path == DriveOfEntry(LoadedDevice);
     if (drive.Letter > QLatin1Char('B') && m_drives.IsRemovable(drive) &&
-        HasDatabase(drive.Path, isLoaded)) {
+        HasDatabase(drive.Path).value_or(isLoaded)) {
         QString volumeName;
         IgnoringErrors([&] { volumeName = m_drives.VolumeName(drive); });
         m_controls.Combo1.AddItem(QLatin1Char('(') + drive.Letter + QStringLiteral(":) ") +
@@ -168,7 +168,7 @@ void DeviceSelection::ReportLostDevice() {
                     MessageButtons::OK, MessageIcon::Critical);
 }
 
-/// `ifSilent` is the result where the drive does not answer.
-bool DeviceSelection::HasDatabase(const QString& driveRoot, bool ifSilent) {
-    return m_look.FileExists(DevicePaths::ITunesDB(driveRoot)).value_or(ifSilent);
+/// None where the drive does not answer.
+std::optional<bool> DeviceSelection::HasDatabase(const QString& driveRoot) {
+    return m_look.FileExists(DevicePaths::ITunesDB(driveRoot));
 }

@@ -58,7 +58,7 @@ private:
     void MakeReady();
     void ReportLoad();
     void ReportLostDevice();
-    bool HasDatabase(const QString& driveRoot, bool ifSilent);
+    std::optional<bool> HasDatabase(const QString& driveRoot);
 
     LoadMusic& m_loadMusic;
     DriveService& m_drives;
