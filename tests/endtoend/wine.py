@@ -110,10 +110,14 @@ class Program:
         asked = self._search()
 
         def answered():
-            # A key that comes before the window listens is lost.
+            # A key that comes before the window listens is lost. One too many would press Cancel behind it,
+            # so the next waits until a slow machine must have heeded the first.
             self._desktop.xdotool("key", key)
-            time.sleep(0.5)
+            end = time.monotonic() + 5
+            while self._search() == asked and time.monotonic() < end:
+                time.sleep(0.1)
             return self._search() != asked
+        time.sleep(0.5)
         wait_for(f"{what} to go", answered)
 
     def close(self):
