@@ -88,10 +88,10 @@ class Desktop:
             timeout=PATIENCE, check=True)
         return result.stdout.strip()
 
-    def close_active_window(self):
-        """Asks the window manager to close the window in front, as a task bar does."""
+    def close_window(self, window=None):
+        """Asks the window manager to close a window, or the one in front, as a task bar does."""
         subprocess.run(
-            ["wmctrl", "-i", "-c", self.xdotool("getactivewindow")], env=self.environment,
+            ["wmctrl", "-i", "-c", window or self.xdotool("getactivewindow")], env=self.environment,
             check=True, timeout=PATIENCE)
 
     def corner_of(self, window):

@@ -397,7 +397,7 @@ class Songlift:
 
     def request_close(self):
         """Asks the window manager to close the active window, as a task bar does."""
-        self.desktop.close_active_window()
+        self.desktop.close_window()
 
     def minimise(self):
         """Minimises the window in front, and returns it for `bring_back`."""

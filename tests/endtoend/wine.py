@@ -12,7 +12,10 @@ from desktop import PATIENCE, wait_for
 from ipod import Ipod
 
 # In pixels from the window's inner corner, in the size in which it first opens.
+ALL_FILES_TAB = (40, 65)
+VIDEO_TAB = (170, 65)
 ALL_ARTISTS = (21, 96)
+FIRST_SONG = (700, 116)
 DESTINATION = (558, 551)
 COPY = (896, 587)
 
@@ -53,8 +56,14 @@ class Wine:
     def attach(self, folder):
         """Puts an iPod into drive E:."""
         (folder / ".windows-label").write_text("SAMPLE IPOD\n")
-        (self.folder / "dosdevices" / "e:").symlink_to(folder)
+        self.assign("e:", folder)
         return Ipod(folder)
+
+    def assign(self, letter, folder):
+        """Gives a folder a drive's letter, in place of any other folder."""
+        drive = self.folder / "dosdevices" / letter
+        drive.unlink(missing_ok=True)
+        drive.symlink_to(folder)
 
     def setting(self, name):
         """What the program keeps in the registry."""
@@ -76,11 +85,19 @@ class Program:
     def wait_for_library(self):
         """Waits for the first row's check box, which stands in an area that is plain without a library."""
         area = f"16x16+{ALL_ARTISTS[0] - 8}+{ALL_ARTISTS[1] - 8}"
-        wait_for("the library", lambda: self._colours(area) > 1, pause=0.3)
+        wait_for("the library", lambda: self._colours(self._main, area) > 1, pause=0.3)
 
-    def _colours(self, area):
+    def wait_for_film(self):
+        """Waits for a picture of many colours in the preview."""
+        wait_for("the preview", lambda: self.windows() == 2)
+        wait_for("the film", lambda: self._colours(self._preview(), "280x200+10+10") > 50, pause=0.3)
+
+    def _preview(self):
+        return next(window for window in self._search() if window != self._main)
+
+    def _colours(self, window, area):
         shown = subprocess.run(
-            ["import", "-window", self._main, "-crop", area, "-format", "%k", "info:-"],
+            ["import", "-window", window, "-crop", area, "-format", "%k", "info:-"],
             env=self._desktop.environment, capture_output=True, text=True, timeout=PATIENCE, check=True)
         return int(shown.stdout)
 
@@ -94,8 +111,8 @@ class Program:
             env=self._desktop.environment, capture_output=True, text=True, timeout=PATIENCE, check=False)
         return found.stdout.split()
 
-    def click(self, place):
-        self._desktop.xdotool("mousemove", "--window", self._main, *place, "click", 1)
+    def click(self, place, button=1):
+        self._desktop.xdotool("mousemove", "--window", self._main, *place, "click", button)
         time.sleep(0.5)
 
     def type_destination(self, path):
@@ -103,6 +120,15 @@ class Program:
         self._desktop.xdotool("key", "ctrl+a", "type", "--delay", 15, path)
         self._desktop.xdotool("key", "Tab")
         time.sleep(0.5)
+
+    def choose_preview(self, place):
+        """By the menu of a song."""
+        self.click(place, button=3)
+        self._desktop.xdotool("key", "Down", "Return")
+
+    def close_preview(self):
+        self._desktop.close_window(self._preview())
+        wait_for("the preview to go", lambda: self.windows() == 1)
 
     def answer(self, what, key, patience=PATIENCE):
         """Waits for a message or a question, and answers it with a key."""
@@ -122,7 +148,8 @@ class Program:
 
     def close(self):
         """Closes the window as a user does."""
-        self._desktop.close_active_window()
+        time.sleep(0.5)  # a message that has just gone still holds it
+        self._desktop.close_window(self._main)
         return self._process.wait(PATIENCE)
 
     def kill(self):

@@ -1,15 +1,17 @@
 """The program for Windows, under wine, with a real mouse: an iPod at E: is copied whole, with every byte
 and nothing written to it; a second start knows its settings, asks before it replaces and can be cancelled;
-one that is killed in the middle leaves nothing half under a final name; and the installer works."""
+one that is killed in the middle leaves nothing half under a final name, and neither does a disk that is full;
+and the installer installs a program that lists, plays and copies real music and films."""
 
 import sys
 from pathlib import Path
 
 import trace
 from desktop import wait_for
-from ipod import assert_copied, same_bytes, tree
+from full_disk import small_disk
+from ipod import MUSIC, assert_copied, same_bytes, tree
 from scenario import WHOLE_SMALL_SAMPLE, Skipped, main
-from wine import ALL_ARTISTS, COPY, Program, Wine
+from wine import ALL_ARTISTS, ALL_FILES_TAB, COPY, FIRST_SONG, VIDEO_TAB, Program, Wine
 
 # Windows counts time in steps of so many nanoseconds.
 FILE_TIME = 100
@@ -63,22 +65,79 @@ def check_a_kill(stage, wine, ipod, music):
     window.kill()
     wine.end()
     killed = music / "killed"
-    left = [path for path in tree(killed) if (killed / path).is_file() and not path.startswith("tmp")]
-    assert left and len(left) < len(WHOLE_SMALL_SAMPLE), left
-    for path in left:
-        assert same_bytes(killed / path, ipod.file(WHOLE_SMALL_SAMPLE[path])), path
+    assert_whole(ipod, killed, [path for path in tree(killed) if not path.startswith("tmp")])
 
 
-def check_the_installer(wine, dist):
-    """Installs silently for the user alone, and goes again."""
+def assert_whole(ipod, folder, paths):
+    """Some files of the sample have been copied, and those are whole."""
+    files = [path for path in paths if (folder / path).is_file()]
+    assert files and len(files) < len(WHOLE_SMALL_SAMPLE), files
+    for path in files:
+        assert same_bytes(folder / path, ipod.file(WHOLE_SMALL_SAMPLE[path])), path
+
+
+def check_a_full_disk(stage, wine, ipod):
+    with small_disk(stage.work / "disk") as disk:
+        wine.assign("f:", disk)
+        window = Program(wine, stage.program)
+        window.wait_for_library()
+        window.type_destination("F:\\")
+        copy_all(window)
+        window.answer("the question whether to copy as much as possible", "Return")
+        window.answer("the full disk", "Escape")
+        wait_for("the job to end", lambda: window.windows() == 1)
+        assert window.close() == 0
+        assert_whole(ipod, disk, tree(disk))
+
+
+def check_the_installer(stage, wine, dist):
+    """Installs silently for the user alone, and goes again; what it installs is used in between."""
     setup = next(dist.glob("songlift-*-setup.exe"))
     wine.run("wine", str(setup), "/S")
     folder = next((wine.drive_c / "users").glob("*/AppData/Local/Programs")) / "Songlift"
     shortcuts = list((wine.drive_c / "users").glob("*/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/*.lnk"))
     assert same_bytes(folder / "songlift.exe", dist / "songlift.exe")
     assert [shortcut.name for shortcut in shortcuts] == ["Songlift.lnk"]
+    check_real_music(stage, wine, folder / "songlift.exe")
     wine.run("wine", str(folder / "uninstall.exe"), "/S")
     wait_for("the program to be gone", lambda: not folder.exists() and not shortcuts[0].exists())
+
+
+def check_real_music(stage, wine, program):
+    ipod = wine.attach(stage.sample_ipod("real music").folder)
+    window = Program(wine, program)
+    window.wait_for_library()
+    window.click(VIDEO_TAB)
+    window.choose_preview(FIRST_SONG)
+    window.wait_for_film()
+    assert open_below(ipod.folder / MUSIC)
+    window.close_preview()
+    wait_for("the film's file to be closed", lambda: not open_below(ipod.folder / MUSIC), patience=1)
+
+    window.click(ALL_FILES_TAB)
+    window.type_destination(r"C:\music\real")
+    copy_all(window)
+    window.answer("the question whether to create the folder", "Return")
+    window.answer("the end of the job", "Return", patience=300)
+    assert window.close() == 0
+    assert contents(wine.drive_c / "music/real") == contents(ipod.folder / MUSIC)
+    ipod.assert_untouched()
+
+
+def open_below(folder):
+    """What any program holds open below a folder."""
+    found = []
+    for link in Path("/proc").glob("[0-9]*/fd/*"):
+        try:
+            found.append(link.readlink())
+        except OSError:
+            continue  # it has been closed meanwhile
+    return [path for path in found if path.is_relative_to(folder)]
+
+
+def contents(folder):
+    """What the files below a folder hold, whatever they are called."""
+    return sorted(path.read_bytes() for path in folder.rglob("*") if path.is_file())
 
 
 def play(stage):
@@ -91,7 +150,8 @@ def play(stage):
         check_a_copy(stage, wine, ipod, music)
         check_a_second_start(stage, wine, ipod, music)
         check_a_kill(stage, wine, ipod, music)
-        check_the_installer(wine, Path(sys.argv[3]))
+        check_a_full_disk(stage, wine, ipod)
+        check_the_installer(stage, wine, Path(sys.argv[3]).resolve())
 
 
 if __name__ == "__main__":
