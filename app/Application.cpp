@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void Tell(Messages& messages, const std::exception& failure) {
@@ -35,7 +37,7 @@ bool TellFailure(Messages& messages, const std::function<void()>& work) {
 }
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-    if (style()->objectName() == QLatin1String("fusion")) {
+    if (style()->objectName() == u"fusion"_s) {
         setStyle(new FocusRing);
     }
     setPalette(WithReadableSelection(palette()));

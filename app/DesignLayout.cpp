@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 double Right(const Control& control) {
@@ -68,7 +70,7 @@ private:
     void LayOutBottomUp() {
         const double labelsTop = Height() - Px(6) - m_lineHeight;
         const double messageWidth =
-            m_controls.Form1.TextWidth(QStringLiteral("Selected: 0000.00 GB of 0000.00 GB"));
+            m_controls.Form1.TextWidth(u"Selected: 0000.00 GB of 0000.00 GB"_s);
         m_controls.lblMessage.Move(Margin(), labelsTop, messageWidth, m_lineHeight);
         m_controls.lblFullName.Move(Right(m_controls.lblMessage) + Px(14), labelsTop, 0,
                                     m_lineHeight);

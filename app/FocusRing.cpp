@@ -6,6 +6,8 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double ContrastOfSign = 3;
@@ -37,7 +39,7 @@ void DrawRing(const QStyleOption& option, QPainter& painter) {
 
 } // namespace
 
-FocusRing::FocusRing() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {
+FocusRing::FocusRing() : QProxyStyle(QStyleFactory::create(u"fusion"_s)) {
 }
 
 void FocusRing::drawPrimitive(PrimitiveElement element, const QStyleOption* option,

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 Form1::Form1(const Services& services, Form1Controls& controls, PreviewControls& preview,
              std::function<void(OverwritePrompt&)> showOverwrite)
     : m_messages(services.MessageBoxes), m_controls(controls), m_previewControls(preview),
@@ -49,7 +51,7 @@ void Form1::Form_Load() {
     m_settings.Check();
     m_settings.RestoreOptions();
     m_controls.prgCopy.SetValue(0);
-    m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
+    m_controls.Form1.SetCaption(u"Songlift"_s);
     m_layout.LayOutLists();
     m_settings.RestoreWindow();
     m_layout.Form_Resize();
@@ -72,9 +74,8 @@ void Form1::Form_Unload(bool& cancel, UnloadMode) {
     }
     m_previewControls.frmPreview.Unload();
     if (!m_settings.Save()) {
-        m_messages.Show(QStringLiteral("Your settings could not be saved in \"%1\". The next start "
-                                       "will have the earlier ones.")
-                            .arg(m_settings.StoreName()),
-                        QStringLiteral("Error"), MessageButtons::OK, MessageIcon::Exclamation);
+        m_messages.Show(u"Your settings could not be saved in \"%1\". The next start "
+                        "will have the earlier ones."_s.arg(m_settings.StoreName()),
+                        u"Error"_s, MessageButtons::OK, MessageIcon::Exclamation);
     }
 }

@@ -3,6 +3,8 @@
 #include "app/DesignLayout.h"
 #include "browser/MediaFilter.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ScanMilliseconds = 1000;
@@ -10,46 +12,34 @@ constexpr int ScanMilliseconds = 1000;
 } // namespace
 
 Form1Window::Form1Window(WindowManager& windowManager)
-    : m_window(nullptr, QStringLiteral("Form1")),
-      m_Picture2(m_window.Widget(), QStringLiteral("Picture2")),
-      m_Picture1(m_Picture2.Widget(), QStringLiteral("Picture1")),
-      m_Combo1(m_Picture2.Widget(), QStringLiteral("Combo1")),
-      m_lblSearch(m_window.Widget(), QStringLiteral("lblSearch"), QStringLiteral("Search:")),
-      m_txtSearch(m_window.Widget(), QStringLiteral("txtSearch")),
-      m_cmdSearch(m_window.Widget(), QStringLiteral("cmdSearch"), QStringLiteral("&Search")),
-      m_cmdClear(m_window.Widget(), QStringLiteral("cmdClear"), QStringLiteral("Clear")),
-      m_tbsFilter(m_window.Widget(), QStringLiteral("tbsFilter"), FilterTabs()),
-      m_lstArtists(m_window.Widget(), QStringLiteral("lstArtists")),
-      m_lstAlbums(m_window.Widget(), QStringLiteral("lstAlbums")),
-      m_lstSongs(m_window.Widget(), QStringLiteral("lstSongs")),
-      m_Handle0(m_window.Widget(), QStringLiteral("Handle0")),
-      m_Handle1(m_window.Widget(), QStringLiteral("Handle1")),
-      m_pctNoDevice(m_window.Widget(), QStringLiteral("pctNoDevice")),
-      m_frmDP(m_window.Widget(), QStringLiteral("frmDP"), QStringLiteral("Sort by Folders:")),
-      m_chkArtist(m_frmDP.Widget(), QStringLiteral("chkArtist"), QStringLiteral("Artist")),
-      m_chkAlbum(m_frmDP.Widget(), QStringLiteral("chkAlbum"), QStringLiteral("Album")),
-      m_chkGenre(m_frmDP.Widget(), QStringLiteral("chkGenre"), QStringLiteral("Genre")),
-      m_frmTN(m_window.Widget(), QStringLiteral("frmTN"), QStringLiteral("Include in Filename:")),
-      m_chkArtistName(m_frmTN.Widget(), QStringLiteral("chkArtistName"),
-                      QStringLiteral("Artist name")),
-      m_chkAlbumName(m_frmTN.Widget(), QStringLiteral("chkAlbumName"),
-                     QStringLiteral("Album name")),
-      m_chkTrackNum(m_frmTN.Widget(), QStringLiteral("chkTrackNum"),
-                    QStringLiteral("Track number")),
-      m_frmDestination(m_window.Widget(), QStringLiteral("frmDestination"),
-                       QStringLiteral("Destination:")),
-      m_pctDestination(m_frmDestination.Widget(), QStringLiteral("pctDestination")),
-      m_txtDestination(m_pctDestination.Widget(), QStringLiteral("txtDestination")),
-      m_cmdBrowse(m_pctDestination.Widget(), QStringLiteral("cmdBrowse"),
-                  QStringLiteral("Browse...")),
-      m_cmdCopy(m_window.Widget(), QStringLiteral("cmdCopy"),
-                QStringLiteral("&Copy to Destination")),
-      m_prgCopy(m_window.Widget(), QStringLiteral("prgCopy")),
-      m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
-      m_Divider(m_window.Widget(), QStringLiteral("Divider")),
-      m_lblFullName(m_window.Widget(), QStringLiteral("lblFullName")), m_timScan(ScanMilliseconds),
-      m_mnuPopup(m_window.Widget(), QStringLiteral("mnuPopup"), QStringLiteral("mnuPreview"),
-                 QStringLiteral("Preview")),
+    : m_window(nullptr, u"Form1"_s), m_Picture2(m_window.Widget(), u"Picture2"_s),
+      m_Picture1(m_Picture2.Widget(), u"Picture1"_s), m_Combo1(m_Picture2.Widget(), u"Combo1"_s),
+      m_lblSearch(m_window.Widget(), u"lblSearch"_s, u"Search:"_s),
+      m_txtSearch(m_window.Widget(), u"txtSearch"_s),
+      m_cmdSearch(m_window.Widget(), u"cmdSearch"_s, u"&Search"_s),
+      m_cmdClear(m_window.Widget(), u"cmdClear"_s, u"Clear"_s),
+      m_tbsFilter(m_window.Widget(), u"tbsFilter"_s, FilterTabs()),
+      m_lstArtists(m_window.Widget(), u"lstArtists"_s),
+      m_lstAlbums(m_window.Widget(), u"lstAlbums"_s), m_lstSongs(m_window.Widget(), u"lstSongs"_s),
+      m_Handle0(m_window.Widget(), u"Handle0"_s), m_Handle1(m_window.Widget(), u"Handle1"_s),
+      m_pctNoDevice(m_window.Widget(), u"pctNoDevice"_s),
+      m_frmDP(m_window.Widget(), u"frmDP"_s, u"Sort by Folders:"_s),
+      m_chkArtist(m_frmDP.Widget(), u"chkArtist"_s, u"Artist"_s),
+      m_chkAlbum(m_frmDP.Widget(), u"chkAlbum"_s, u"Album"_s),
+      m_chkGenre(m_frmDP.Widget(), u"chkGenre"_s, u"Genre"_s),
+      m_frmTN(m_window.Widget(), u"frmTN"_s, u"Include in Filename:"_s),
+      m_chkArtistName(m_frmTN.Widget(), u"chkArtistName"_s, u"Artist name"_s),
+      m_chkAlbumName(m_frmTN.Widget(), u"chkAlbumName"_s, u"Album name"_s),
+      m_chkTrackNum(m_frmTN.Widget(), u"chkTrackNum"_s, u"Track number"_s),
+      m_frmDestination(m_window.Widget(), u"frmDestination"_s, u"Destination:"_s),
+      m_pctDestination(m_frmDestination.Widget(), u"pctDestination"_s),
+      m_txtDestination(m_pctDestination.Widget(), u"txtDestination"_s),
+      m_cmdBrowse(m_pctDestination.Widget(), u"cmdBrowse"_s, u"Browse..."_s),
+      m_cmdCopy(m_window.Widget(), u"cmdCopy"_s, u"&Copy to Destination"_s),
+      m_prgCopy(m_window.Widget(), u"prgCopy"_s), m_lblMessage(m_window.Widget(), u"lblMessage"_s),
+      m_Divider(m_window.Widget(), u"Divider"_s),
+      m_lblFullName(m_window.Widget(), u"lblFullName"_s), m_timScan(ScanMilliseconds),
+      m_mnuPopup(m_window.Widget(), u"mnuPopup"_s, u"mnuPreview"_s, u"Preview"_s),
       m_controls(ByName()) {
     m_chkGenre.SetVisible(false); // a box that does nothing misleads
     m_cmdCopy.MakePrimary();
@@ -99,18 +89,18 @@ Form1Controls Form1Window::ByName() {
 
 /// Screen readers speak the texts of labels, buttons and boxes; the others need a name.
 void Form1Window::NameForScreenReaders() {
-    m_Combo1.Widget()->setAccessibleName(QStringLiteral("iPod"));
+    m_Combo1.Widget()->setAccessibleName(u"iPod"_s);
     // On Linux a combo box speaks its chosen entry instead of its name, and is named by the label
     // that belongs to it.
-    m_Picture1.Widget()->setAccessibleName(QStringLiteral("iPod"));
+    m_Picture1.Widget()->setAccessibleName(u"iPod"_s);
     m_Picture1.Widget()->setBuddy(m_Combo1.Widget());
-    m_txtSearch.Widget()->setAccessibleName(QStringLiteral("Search"));
-    m_tbsFilter.Widget()->setAccessibleName(QStringLiteral("Filter"));
-    m_lstArtists.Widget()->setAccessibleName(QStringLiteral("Artists"));
-    m_lstAlbums.Widget()->setAccessibleName(QStringLiteral("Albums"));
-    m_lstSongs.Widget()->setAccessibleName(QStringLiteral("Songs"));
-    m_txtDestination.Widget()->setAccessibleName(QStringLiteral("Destination"));
-    m_prgCopy.Widget()->setAccessibleName(QStringLiteral("Progress"));
+    m_txtSearch.Widget()->setAccessibleName(u"Search"_s);
+    m_tbsFilter.Widget()->setAccessibleName(u"Filter"_s);
+    m_lstArtists.Widget()->setAccessibleName(u"Artists"_s);
+    m_lstAlbums.Widget()->setAccessibleName(u"Albums"_s);
+    m_lstSongs.Widget()->setAccessibleName(u"Songs"_s);
+    m_txtDestination.Widget()->setAccessibleName(u"Destination"_s);
+    m_prgCopy.Widget()->setAccessibleName(u"Progress"_s);
 }
 
 void Form1Window::OrderTabs() {
@@ -129,22 +119,21 @@ void Form1Window::OrderTabs() {
 /// Tool tips, where the caption does not say everything. Those of the destination and of the full
 /// name show what does not fit into them.
 void Form1Window::Explain() {
-    m_Combo1.SetToolTip(QStringLiteral("The iPod that is shown; opening the list looks for more"));
-    m_cmdClear.SetToolTip(QStringLiteral("Ends the search"));
-    m_tbsFilter.Widget()->setTabToolTip(0, QStringLiteral("Tracks of every kind"));
-    m_tbsFilter.Widget()->setTabToolTip(1, QStringLiteral("What the iPod itself calls audio"));
-    m_tbsFilter.Widget()->setTabToolTip(2, QStringLiteral("What the iPod itself calls video"));
-    m_chkArtist.SetToolTip(QStringLiteral("Makes a folder for each artist"));
-    m_chkAlbum.SetToolTip(QStringLiteral("Makes a folder for each album, within the artist's"));
-    m_chkArtistName.SetToolTip(QStringLiteral("File names like \"Artist - Title.mp3\""));
-    m_chkAlbumName.SetToolTip(QStringLiteral("File names like \"Album - Title.mp3\""));
-    m_chkTrackNum.SetToolTip(QStringLiteral("File names like \"07 Title.mp3\""));
-    m_cmdCopy.SetToolTip(
-        QStringLiteral("Starts and stops copying what is ticked. A folder \"tmp\" in the "
-                       "destination is used on the way, and deleted at the end."));
-    m_mnuPopup.SetEntryToolTip(QStringLiteral("Plays it from the iPod, in a window of its own"));
+    m_Combo1.SetToolTip(u"The iPod that is shown; opening the list looks for more"_s);
+    m_cmdClear.SetToolTip(u"Ends the search"_s);
+    m_tbsFilter.Widget()->setTabToolTip(0, u"Tracks of every kind"_s);
+    m_tbsFilter.Widget()->setTabToolTip(1, u"What the iPod itself calls audio"_s);
+    m_tbsFilter.Widget()->setTabToolTip(2, u"What the iPod itself calls video"_s);
+    m_chkArtist.SetToolTip(u"Makes a folder for each artist"_s);
+    m_chkAlbum.SetToolTip(u"Makes a folder for each album, within the artist's"_s);
+    m_chkArtistName.SetToolTip(u"File names like \"Artist - Title.mp3\""_s);
+    m_chkAlbumName.SetToolTip(u"File names like \"Album - Title.mp3\""_s);
+    m_chkTrackNum.SetToolTip(u"File names like \"07 Title.mp3\""_s);
+    m_cmdCopy.SetToolTip(u"Starts and stops copying what is ticked. A folder \"tmp\" in the "
+                         "destination is used on the way, and deleted at the end."_s);
+    m_mnuPopup.SetEntryToolTip(u"Plays it from the iPod, in a window of its own"_s);
 
-    m_Combo1.Widget()->setPlaceholderText(QStringLiteral("iPod"));
-    m_txtSearch.Widget()->setPlaceholderText(QStringLiteral("Artist, album or title"));
-    m_txtDestination.Widget()->setPlaceholderText(QStringLiteral("The folder to copy into"));
+    m_Combo1.Widget()->setPlaceholderText(u"iPod"_s);
+    m_txtSearch.Widget()->setPlaceholderText(u"Artist, album or title"_s);
+    m_txtDestination.Widget()->setPlaceholderText(u"The folder to copy into"_s);
 }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double GapPixels = 3;
@@ -179,7 +181,7 @@ void Layout::Form_Resize() {
     m_resizing = true;
     ScopeGuard resizing([this] { m_resizing = false; });
     WasMaximized = window.State() == WindowState::Maximized;
-    window.SetCaption(QStringLiteral("Songlift"));
+    window.SetCaption(u"Songlift"_s);
 
     if (window.Width() < m_design.MinimumWidth) {
         window.SetSize(m_design.MinimumWidth, window.Height());

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Text {
@@ -16,18 +18,16 @@ struct Text {
 Text TextFor(NoDeviceReason reason) {
     switch (reason) {
     case NoDeviceReason::NoneChosen:
-        return {QStringLiteral("Choose an iPod"),
-                QStringLiteral("The list above names those that are connected.\n"
-                               "If yours is missing, connect it and open the list again.")};
+        return {u"Choose an iPod"_s, u"The list above names those that are connected.\n"
+                                     "If yours is missing, connect it and open the list again."_s};
     case NoDeviceReason::NoMusic:
-        return {QStringLiteral("No music on this iPod"),
-                QStringLiteral("Songlift found no songs and no videos in its library.\n"
-                               "Once there are some, connect it and start Songlift again.")};
+        return {u"No music on this iPod"_s,
+                u"Songlift found no songs and no videos in its library.\n"
+                "Once there are some, connect it and start Songlift again."_s};
     case NoDeviceReason::NoneConnected:
         break;
     }
-    return {QStringLiteral("Connect your iPod"),
-            QStringLiteral("Plug it in, and its library appears here by itself.")};
+    return {u"Connect your iPod"_s, u"Plug it in, and its library appears here by itself."_s};
 }
 
 /// A picture of the missing player, paler than that of a connected one.
@@ -39,7 +39,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setOpacity(0.5);
-        QIcon(QStringLiteral(":/player.png")).paint(&painter, rect());
+        QIcon(u":/player.png"_s).paint(&painter, rect());
     }
 };
 
@@ -65,7 +65,7 @@ QLineEdit* NewCommand(QWidget* parent, const ConnectingHelp& help) {
     command->setAlignment(Qt::AlignHCenter);
     command->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     command->setFixedWidth(command->fontMetrics().horizontalAdvance(help.Command) + 60);
-    command->setAccessibleName(QStringLiteral("Command"));
+    command->setAccessibleName(u"Command"_s);
     command->setAccessibleDescription(help.Before);
     return command;
 }

@@ -5,19 +5,18 @@
 
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
+
 OverwriteWindow::OverwriteWindow(QWidget* owner, OverwritePrompt& prompt)
-    : m_window(ControlWidget::SeenOwner(owner), QStringLiteral("frmOverwrite"), Qt::Dialog),
-      m_lblMessage(m_window.Widget(), QStringLiteral("lblMessage")),
-      m_chkSame(m_window.Widget(), QStringLiteral("chkSame"),
-                QStringLiteral("Do the same for all files")),
-      m_cmdOverwrite0(m_window.Widget(), QStringLiteral("cmdOverwrite0"),
-                      QStringLiteral("&Replace")),
-      m_cmdOverwrite1(m_window.Widget(), QStringLiteral("cmdOverwrite1"), QStringLiteral("&Skip")),
-      m_cmdOverwrite2(m_window.Widget(), QStringLiteral("cmdOverwrite2"),
-                      QStringLiteral("&Cancel")),
+    : m_window(ControlWidget::SeenOwner(owner), u"frmOverwrite"_s, Qt::Dialog),
+      m_lblMessage(m_window.Widget(), u"lblMessage"_s),
+      m_chkSame(m_window.Widget(), u"chkSame"_s, u"Do the same for all files"_s),
+      m_cmdOverwrite0(m_window.Widget(), u"cmdOverwrite0"_s, u"&Replace"_s),
+      m_cmdOverwrite1(m_window.Widget(), u"cmdOverwrite1"_s, u"&Skip"_s),
+      m_cmdOverwrite2(m_window.Widget(), u"cmdOverwrite2"_s, u"&Cancel"_s),
       m_form(prompt, {m_window, m_lblMessage, m_cmdOverwrite0, m_cmdOverwrite1, m_cmdOverwrite2,
                       m_chkSame}) {
-    m_window.SetCaption(QStringLiteral("Overwrite File"));
+    m_window.SetCaption(u"Overwrite File"_s);
     LayOut();
     // Enter must not replace a file by accident.
     m_cmdOverwrite1.SetDefault(true);

@@ -2,6 +2,8 @@
 
 #include "platform/ScopeGuard.h"
 
+using namespace Qt::StringLiterals;
+
 Preview::Preview(LinkedLists& lists, PatientFileSystem& files, Messages& messages,
                  const SongControls& controls, PreviewControls& preview)
     : m_lists(lists), m_files(files), m_messages(messages), m_controls(controls),
@@ -23,8 +25,8 @@ void Preview::mnuPreview_Click() {
 void Preview::Play(int row) {
     const QString path = m_lists.Track(row).Location;
     if (!m_files.FileExists(path)) {
-        m_messages.Show(QStringLiteral("File not found: \"%1\"").arg(path), QStringLiteral("Error"),
-                        MessageButtons::OK, MessageIcon::Exclamation);
+        m_messages.Show(u"File not found: \"%1\""_s.arg(path), u"Error"_s, MessageButtons::OK,
+                        MessageIcon::Exclamation);
         return;
     }
     ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <initializer_list>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int DocumentsFolderId = 5;
@@ -38,8 +40,8 @@ auto ReadAs(Convert convert, SettingsStore& store, const QString& key, double de
     try {
         return convert(TextToNumber(text));
     } catch (const RuntimeError& error) {
-        throw RuntimeError(error.Number, QStringLiteral("%1 (setting \"%2\": \"%3\", in \"%4\")")
-                                             .arg(error.Description, key, text, store.Name()));
+        throw RuntimeError(error.Number, u"%1 (setting \"%2\": \"%3\", in \"%4\")"_s.arg(
+                                             error.Description, key, text, store.Name()));
     }
 }
 
@@ -56,8 +58,8 @@ Settings::Settings(SettingsStore& store, Shell& shell, WindowManager& windowMana
 }
 
 void Settings::Check() const {
-    ReadMask(QStringLiteral("DestFolders"), 0);
-    ReadMask(QStringLiteral("TrackNames"), 0);
+    ReadMask(u"DestFolders"_s, 0);
+    ReadMask(u"TrackNames"_s, 0);
     for (const char* key : {"Width", "Height", "Left", "Top", "Handle1", "Handle2"}) {
         ReadNumber(QString::fromLatin1(key), 0);
     }
@@ -91,19 +93,19 @@ void Settings::RestoreBit(CheckControl& check, int mask, int bit) {
 }
 
 void Settings::RestoreOptions() {
-    const int folders = ReadMask(QStringLiteral("DestFolders"), 3);
+    const int folders = ReadMask(u"DestFolders"_s, 3);
     RestoreBit(m_controls.chkArtist, folders, 1);
     RestoreBit(m_controls.chkAlbum, folders, 2);
-    const int names = ReadMask(QStringLiteral("TrackNames"), 4);
+    const int names = ReadMask(u"TrackNames"_s, 4);
     RestoreBit(m_controls.chkArtistName, names, 1);
     RestoreBit(m_controls.chkAlbumName, names, 2);
     RestoreBit(m_controls.chkTrackNum, names, 4);
 
     QString destination = GetSpecialFolderName(m_shell, DocumentsFolderId);
     if (!destination.isEmpty()) {
-        destination = Paths::Join(destination, QStringLiteral("My Music"));
+        destination = Paths::Join(destination, u"My Music"_s);
     }
-    m_controls.txtDestination.SetText(m_store.Read(QStringLiteral("DestPath"), destination));
+    m_controls.txtDestination.SetText(m_store.Read(u"DestPath"_s, destination));
     m_controls.txtDestination.CompletePaths();
 }
 
@@ -111,18 +113,18 @@ void Settings::RestoreWindow() {
     Window& window = m_controls.Form1;
     const ScreenArea work = m_windowManager.WorkArea();
     const ScreenArea all = m_windowManager.AllScreens();
-    const double width = ReadNumber(QStringLiteral("Width"), window.Width());
-    const double height = ReadNumber(QStringLiteral("Height"), window.Height());
+    const double width = ReadNumber(u"Width"_s, window.Width());
+    const double height = ReadNumber(u"Height"_s, window.Height());
     const bool tooWide = width > all.Width - FrameWidth * m_windowManager.TwipsPerPixelX();
     const bool tooHigh = height > all.Height - FrameHeight * m_windowManager.TwipsPerPixelY();
     window.SetSize(tooWide ? LargestWidth(m_windowManager) : width,
                    tooHigh ? LargestHeight(m_windowManager) : height);
-    window.MoveTo(ReadPosition(QStringLiteral("Left"), window.Width(), {work.Left, work.Width},
+    window.MoveTo(ReadPosition(u"Left"_s, window.Width(), {work.Left, work.Width},
                                {all.Left, all.Width}, tooWide),
-                  ReadPosition(QStringLiteral("Top"), window.Height(), {work.Top, work.Height},
+                  ReadPosition(u"Top"_s, window.Height(), {work.Top, work.Height},
                                {all.Top, all.Height}, tooHigh));
 
-    if (m_store.Read(QStringLiteral("WindowState"), QStringLiteral("0")) == QLatin1String("1")) {
+    if (m_store.Read(u"WindowState"_s, u"0"_s) == u"1"_s) {
         window.SetState(WindowState::Maximized);
         window.Show();
         // The window has the size at which its splitters were left only once it is on the screen.
@@ -131,8 +133,8 @@ void Settings::RestoreWindow() {
 }
 
 void Settings::RestoreHandles() {
-    m_controls.Handle0.SetLeft(ReadNumber(QStringLiteral("Handle1"), m_controls.Handle0.Left()));
-    m_controls.Handle1.SetLeft(ReadNumber(QStringLiteral("Handle2"), m_controls.Handle1.Left()));
+    m_controls.Handle0.SetLeft(ReadNumber(u"Handle1"_s, m_controls.Handle0.Left()));
+    m_controls.Handle1.SetLeft(ReadNumber(u"Handle2"_s, m_controls.Handle1.Left()));
     m_layout.LayOutLists();
 }
 
@@ -141,28 +143,26 @@ QString Settings::StoreName() const {
 }
 
 bool Settings::Save() {
-    m_store.Write(QStringLiteral("DestFolders"),
+    m_store.Write(u"DestFolders"_s,
                   MaskText({{m_controls.chkArtist, 1}, {m_controls.chkAlbum, 2}}));
-    m_store.Write(QStringLiteral("TrackNames"), MaskText({{m_controls.chkArtistName, 1},
-                                                          {m_controls.chkAlbumName, 2},
-                                                          {m_controls.chkTrackNum, 4}}));
-    m_store.Write(QStringLiteral("DestPath"), m_controls.txtDestination.Text());
+    m_store.Write(u"TrackNames"_s, MaskText({{m_controls.chkArtistName, 1},
+                                             {m_controls.chkAlbumName, 2},
+                                             {m_controls.chkTrackNum, 4}}));
+    m_store.Write(u"DestPath"_s, m_controls.txtDestination.Text());
 
     Window& window = m_controls.Form1;
     if (window.Minimized()) {
         window.SetState(m_layout.WasMaximized ? WindowState::Maximized : WindowState::Normal);
     }
-    WriteNumber(QStringLiteral("Handle1"), m_controls.Handle0.Left());
-    WriteNumber(QStringLiteral("Handle2"), m_controls.Handle1.Left());
-    m_store.Write(QStringLiteral("WindowState"), window.State() == WindowState::Maximized
-                                                     ? QStringLiteral("1")
-                                                     : QStringLiteral("0"));
+    WriteNumber(u"Handle1"_s, m_controls.Handle0.Left());
+    WriteNumber(u"Handle2"_s, m_controls.Handle1.Left());
+    m_store.Write(u"WindowState"_s, window.State() == WindowState::Maximized ? u"1"_s : u"0"_s);
     if (!m_layout.WasMaximized) {
         // Not for a maximised window: its normal size and position are those of an earlier exit.
-        WriteNumber(QStringLiteral("Left"), window.Left());
-        WriteNumber(QStringLiteral("Top"), window.Top());
-        WriteNumber(QStringLiteral("Width"), window.Width());
-        WriteNumber(QStringLiteral("Height"), window.Height());
+        WriteNumber(u"Left"_s, window.Left());
+        WriteNumber(u"Top"_s, window.Top());
+        WriteNumber(u"Width"_s, window.Width());
+        WriteNumber(u"Height"_s, window.Height());
     }
     return m_store.Flush();
 }

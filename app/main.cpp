@@ -26,6 +26,8 @@
 #include "platform/linux/QuitSignals.h"
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 #ifdef Q_OS_WIN
@@ -46,20 +48,20 @@ std::shared_ptr<FileSystem> NewFileSystem(LinuxDrives& drives) {
 /// The installed icon, in the user's theme; else the one built into the program.
 QIcon ProgramIcon() {
     QIcon carried;
-    const QDir sizes(QStringLiteral(":/icon"));
+    const QDir sizes(u":/icon"_s);
     for (const QString& size : sizes.entryList()) {
         carried.addFile(sizes.filePath(size));
     }
-    return QIcon::fromTheme(QStringLiteral(SONGLIFT_ID), carried);
+    return QIcon::fromTheme(QString::fromLatin1(SONGLIFT_ID), carried);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     Application application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Songlift"));
-    QApplication::setApplicationVersion(QStringLiteral(SONGLIFT_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral(SONGLIFT_ID));
+    QApplication::setApplicationName(u"Songlift"_s);
+    QApplication::setApplicationVersion(QString::fromLatin1(SONGLIFT_VERSION));
+    QApplication::setDesktopFileName(QString::fromLatin1(SONGLIFT_ID));
     QApplication::setWindowIcon(ProgramIcon());
 
     // Shared, since a thread that hangs in them may outlive everything else.

@@ -7,9 +7,10 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 QString AllRowText(qsizetype rows, const QString& noun) {
-    return QStringLiteral("All (%1%2%3)")
-        .arg(QString::number(rows), noun, rows == 1 ? QString() : QStringLiteral("s"));
+    return u"All (%1%2%3)"_s.arg(QString::number(rows), noun, rows == 1 ? QString() : u"s"_s);
 }
 
 void FillList(ListControl& list, std::vector<ListRow> rows, const QString& noun) {
@@ -77,7 +78,7 @@ void LinkedLists::FillArtists() {
         const ArtistRecord& artist = m_library.Artists.at(m_rows.ArtistRows[row]);
         rows.push_back({artist.Name, artist.Checked});
     }
-    FillList(m_controls.lstArtists, std::move(rows), QStringLiteral(" Artist"));
+    FillList(m_controls.lstArtists, std::move(rows), u" Artist"_s);
 }
 
 void LinkedLists::SetVisible(bool visible) {
@@ -152,7 +153,7 @@ void LinkedLists::FillAlbums() {
         const AlbumRecord& album = Album(row);
         rows.push_back({album.Name, album.Checked});
     }
-    FillList(m_controls.lstAlbums, std::move(rows), QStringLiteral(" Album"));
+    FillList(m_controls.lstAlbums, std::move(rows), u" Album"_s);
 }
 
 void LinkedLists::MakeRememberedAlbumCurrent(const std::optional<AlbumKey>& album) {
@@ -245,7 +246,7 @@ void LinkedLists::BuildAllSongRows() {
     const QString summary = m_controls.lblMessage.Caption();
     ScopeGuard message([&] { m_controls.lblMessage.SetCaption(summary); });
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
-    m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
+    m_controls.lblMessage.SetCaption(u"Building lists..."_s);
     m_controls.lblMessage.Refresh();
 
     m_rows.Songs = SongsOfAllAlbumRows();
@@ -286,7 +287,7 @@ void LinkedLists::lstSongs_Click() {
 }
 
 void LinkedLists::ShowFullName() {
-    const QString slash = QStringLiteral(" / ");
+    const QString slash = u" / "_s;
     const int songRow = m_controls.lstSongs.ListIndex();
     const int albumRow =
         songRow >= 1 ? m_rows.Songs.SongRowAlbumRow.at(songRow) : m_controls.lstAlbums.ListIndex();

@@ -4,13 +4,15 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const std::array<std::pair<Filter, QString>, 3>& Captions() {
     static const std::array<std::pair<Filter, QString>, 3> captions = {
-        {{Filter::AllFiles, QStringLiteral("All Files")},
-         {Filter::Audio, QStringLiteral("Audio")},
-         {Filter::Video, QStringLiteral("Video")}}};
+        {{Filter::AllFiles, u"All Files"_s},
+         {Filter::Audio, u"Audio"_s},
+         {Filter::Video, u"Video"_s}}};
     return captions;
 }
 
@@ -31,11 +33,11 @@ bool CorrectFiletype(Filter filter, Kind Filetype) {
 QString GetCorrectName(Filter filter) {
     switch (filter) {
     case Filter::AllFiles:
-        return QStringLiteral(" Item");
+        return u" Item"_s;
     case Filter::Audio:
-        return QStringLiteral(" Song");
+        return u" Song"_s;
     case Filter::Video:
-        return QStringLiteral(" Video");
+        return u" Video"_s;
     case Filter::Unknown:
         break;
     }

@@ -1,9 +1,11 @@
 #include "browser/TextFitting.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Dots() {
-    return QStringLiteral("...");
+    return u"..."_s;
 }
 
 } // namespace
@@ -23,7 +25,7 @@ void TextFitting::AdjustText(const QString& Text) {
         m_controls.lblFullName.SetToolTip(Text);
         shown = Shortened(Text);
     }
-    m_controls.lblFullName.SetCaption(shown.replace(QLatin1Char('&'), QLatin1String("&&")));
+    m_controls.lblFullName.SetCaption(shown.replace(u'&', u"&&"_s));
 }
 
 void TextFitting::ForgetText() {

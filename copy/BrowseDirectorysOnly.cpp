@@ -3,7 +3,7 @@
 namespace {
 
 QString UpToNul(const QString& text) {
-    return text.left(text.indexOf(QChar(u'\0')));
+    return text.left(text.indexOf(u'\0'));
 }
 
 } // namespace
@@ -13,6 +13,6 @@ FolderPicker::FolderPicker(Shell& shell) : m_shell(shell) {
 
 QString FolderPicker::BrowseDirectorysOnly(WindowHandle Owner, const QString& Prompt,
                                            const QString& StartFolder) {
-    InitialFolder = StartFolder + QChar(u'\0');
+    InitialFolder = StartFolder + u'\0';
     return UpToNul(m_shell.BrowseForFolder(Owner, Prompt, UpToNul(InitialFolder)));
 }

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 ChunkedCopy::ChunkedCopy(FileSystem& files, std::function<bool(qint64 done)> AfterChunk)
     : m_files(files), m_afterChunk(std::move(AfterChunk)) {
 }
@@ -15,7 +17,7 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
     if (BytesAtOnce < 1) {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     }
-    const QString temp = Base + QStringLiteral("copy.tmp");
+    const QString temp = Base + u"copy.tmp"_s;
     EnsureFolder(m_files, Base);
     const qint64 size = m_files.FileLength(Source);
     const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(Source);

@@ -7,11 +7,12 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 bool CopyJob::DestinationIsReady() {
     const QString folder = m_controls.txtDestination.Text();
     if (folder.isEmpty()) {
-        Ask(QStringLiteral("Please specify a destination path."), MessageButtons::OK,
-            MessageIcon::Exclamation);
+        Ask(u"Please specify a destination path."_s, MessageButtons::OK, MessageIcon::Exclamation);
         m_controls.txtDestination.SetFocus();
         return false;
     }
@@ -27,7 +28,7 @@ bool CopyJob::DestinationIsReady() {
 }
 
 void CopyJob::RefuseDestination(const QString& folder) {
-    Ask(QStringLiteral("Invalid destination path."), MessageButtons::OK, MessageIcon::Exclamation);
+    Ask(u"Invalid destination path."_s, MessageButtons::OK, MessageIcon::Exclamation);
     m_controls.txtDestination.SetFocus();
     m_controls.txtDestination.Select(0, static_cast<int>(folder.size()));
 }
@@ -49,14 +50,14 @@ bool CopyJob::OfferToCreate(const QString& folder) {
         RefuseDestination(folder);
         return false;
     }
-    if (Ask(QStringLiteral("Destination folder does not exist. Create?"), MessageButtons::OKCancel,
+    if (Ask(u"Destination folder does not exist. Create?"_s, MessageButtons::OKCancel,
             MessageIcon::Question) != MessageAnswer::OK) {
         return false;
     }
     // This speaks of an earlier attempt: one that failed just now was answered above.
     if (std::exchange(m_destination.CreateFailed, false)) {
-        m_messages.Show(QStringLiteral("Unable to create folder."), QStringLiteral("Error"),
-                        MessageButtons::OK, MessageIcon::Critical);
+        m_messages.Show(u"Unable to create folder."_s, u"Error"_s, MessageButtons::OK,
+                        MessageIcon::Critical);
         return false;
     }
     try {
@@ -80,8 +81,8 @@ bool CopyJob::AcceptFreeSpace(const QString& folder) {
     if (m_summary.SelectedSize <= freeBytes) {
         return true;
     }
-    const QString question = QStringLiteral("There is not enough space on drive ") + drive +
-                             QStringLiteral(" to copy all\rof the selected files. Copy as much "
-                                            "as possible?");
+    const QString question = u"There is not enough space on drive "_s + drive +
+                             u" to copy all\rof the selected files. Copy as much "
+                             "as possible?"_s;
     return Ask(question, MessageButtons::OKCancel, MessageIcon::Exclamation) == MessageAnswer::OK;
 }

@@ -2,14 +2,16 @@
 
 #include "platform/Paths.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Quoted(const QString& text) {
-    return QLatin1Char('"') + text + QLatin1Char('"');
+    return u'"' + text + u'"';
 }
 
 ErrorAnswer Ask(Messages& messages, const QString& text, MessageButtons buttons, MessageIcon icon) {
-    switch (messages.Show(text, QStringLiteral("Error"), buttons, icon)) {
+    switch (messages.Show(text, u"Error"_s, buttons, icon)) {
     case MessageAnswer::Retry:
         return ErrorAnswer::Retry;
     case MessageAnswer::Ignore:
@@ -24,19 +26,17 @@ ErrorAnswer Ask(Messages& messages, const QString& text, MessageButtons buttons,
 ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const CopyPlace& place) {
     switch (error.Number) {
     case ErrorNumber::FileNotFound:
-        return Ask(messages, QStringLiteral("File not found: ") + Quoted(place.Source),
+        return Ask(messages, u"File not found: "_s + Quoted(place.Source),
                    MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation);
     case ErrorNumber::PathNotFound:
-        return Ask(messages,
-                   QStringLiteral("Path not found: ") + Quoted(Paths::ParentFolder(place.Source)),
+        return Ask(messages, u"Path not found: "_s + Quoted(Paths::ParentFolder(place.Source)),
                    MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation);
     case ErrorNumber::DiskFull:
-        return Ask(messages, QStringLiteral("This drive is full."), MessageButtons::RetryCancel,
+        return Ask(messages, u"This drive is full."_s, MessageButtons::RetryCancel,
                    MessageIcon::Exclamation);
     case ErrorNumber::PermissionDenied:
         return Ask(messages,
-                   QStringLiteral("Unable to create file: ") +
-                       Quoted(place.DestFolder + place.FileName),
+                   u"Unable to create file: "_s + Quoted(place.DestFolder + place.FileName),
                    MessageButtons::AbortRetryIgnore, MessageIcon::Critical);
     default:
         ShowError(messages, error);

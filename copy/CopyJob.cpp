@@ -6,13 +6,15 @@
 #include <exception>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// How long a stopped job waits for what is left of its last file to be removed.
 constexpr int ClearUpMilliseconds = 100;
 
 QString CancelCaption() {
-    return QStringLiteral("&Cancel");
+    return u"&Cancel"_s;
 }
 
 } // namespace
@@ -77,7 +79,7 @@ void CopyJob::Start() {
     m_controls.cmdCopy.SetCaption(CancelCaption());
     DisableControls(m_controls.Locked);
     m_controls.prgCopy.SetValue(0);
-    m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
+    m_controls.lblMessage.SetCaption(u"Please wait..."_s);
     m_controls.prgCopy.SetValue(0);
     CopiedBytes = 0;
     m_shownBytes = 0;
@@ -132,14 +134,14 @@ CopyJob::Next CopyJob::FinishWalk() {
     }
     m_controls.prgCopy.SetValue(0);
     FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
-    Ask(QStringLiteral("Copy completed!"), MessageButtons::OK, MessageIcon::Information);
+    Ask(u"Copy completed!"_s, MessageButtons::OK, MessageIcon::Information);
     return Next::Cleanup;
 }
 
 /// Deletes "tmp" in the destination with all it holds. Whoever made it: the README says so, and
 /// what a killed job has left there could be half a film.
 void CopyJob::DeleteTemporaryFolder() {
-    const QString folder = m_destRoot + QStringLiteral("tmp");
+    const QString folder = m_destRoot + u"tmp"_s;
     if (m_files.FolderExists(folder)) {
         m_files.DeleteFolder(folder, {});
     }
@@ -162,13 +164,13 @@ void CopyJob::Cleanup() {
     m_files.ReadAhead({}); // a device with an open file cannot be unmounted
     CancelCopy = false;
     Copying = false;
-    m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
+    m_controls.Form1.SetCaption(u"Songlift"_s);
     if (m_resultIsAside) {
         ExchangeLibraries();
     }
     EnableControls(m_controls.Locked, m_search.SearchingText());
     // With a small d, unlike the design's caption: people know the button by both.
-    m_controls.cmdCopy.SetCaption(QStringLiteral("&Copy to destination"));
+    m_controls.cmdCopy.SetCaption(u"&Copy to destination"_s);
     m_controls.prgCopy.SetValue(0);
     m_summary.CalculateSize(false);
     m_prompt.OverwriteAll = false;
@@ -207,7 +209,7 @@ CopyJob::Next CopyJob::StopRequest() {
 CopyJob::Next CopyJob::AskToStop() {
     if (!CUnload || QuitsUnasked) {
         m_stop = Next::Cleanup;
-    } else if (Ask(QStringLiteral("Are you sure you want to quit?"), MessageButtons::YesNo,
+    } else if (Ask(u"Are you sure you want to quit?"_s, MessageButtons::YesNo,
                    MessageIcon::Question) == MessageAnswer::Yes) {
         m_stop = Next::Leave;
     } else {
@@ -225,5 +227,5 @@ CopyJob::Next CopyJob::Quit() {
 }
 
 MessageAnswer CopyJob::Ask(const QString& text, MessageButtons buttons, MessageIcon icon) {
-    return m_messages.Show(text, QStringLiteral("Songlift"), buttons, icon);
+    return m_messages.Show(text, u"Songlift"_s, buttons, icon);
 }

@@ -5,13 +5,15 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The extension with its dot. A device's database can say anything; what would lead out of the
 /// folder, or is part of no file name, is dropped.
 QString ExtensionOf(const QString& location) {
-    QString extension = QLatin1Char('.') + Paths::Extension(location);
-    extension.removeIf([](QChar c) { return QStringView(u"/\\:*?\"<>|").contains(c); });
+    QString extension = u'.' + Paths::Extension(location);
+    extension.removeIf([](QChar c) { return u"/\\:*?\"<>|"_s.contains(c); });
     return extension;
 }
 
@@ -65,14 +67,13 @@ private:
     QString NameOf(const TrackRecord& track) const {
         QString name = track.Title;
         if (m_options.TrackNumber && track.TrackNumber >= 1) {
-            name = QString::number(track.TrackNumber).rightJustified(2, QLatin1Char('0')) +
-                   QLatin1Char(' ') + name;
+            name = QString::number(track.TrackNumber).rightJustified(2, u'0') + u' ' + name;
         }
         if (m_options.AlbumName) {
-            name = m_album + QStringLiteral(" - ") + name;
+            name = m_album + u" - "_s + name;
         }
         if (m_options.ArtistName) {
-            name = m_artist + QStringLiteral(" - ") + name;
+            name = m_artist + u" - "_s + name;
         }
         return MakeSafeName(name);
     }

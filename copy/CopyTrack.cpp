@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Tracks above this many bytes are copied in chunks of this size.
@@ -85,8 +87,8 @@ CopyJob::Next CopyJob::CountTrack() {
     }
     m_controls.prgCopy.SetValue(static_cast<float>(CopiedBytes));
     m_shownBytes = std::max(m_shownBytes, CopiedBytes);
-    const QString text = QStringLiteral("Copying files... ") + QString::number(m_fileIndex) +
-                         QStringLiteral(" of ") + QString::number(m_fileTotal);
+    const QString text = u"Copying files... "_s + QString::number(m_fileIndex) + u" of "_s +
+                         QString::number(m_fileTotal);
     m_controls.lblMessage.SetCaption(text);
     if (m_controls.Form1.Minimized()) {
         m_controls.Form1.SetCaption(text);
@@ -207,7 +209,7 @@ void CopyJob::CopyBytes(const TrackRecord& track, const QString& target, Existin
     if (track.FileSize <= LargeFileLimit) {
         m_files.CopyFile(track.Location, target, existing, m_copying);
     } else {
-        const QString base = Paths::WithSeparator(m_destRoot + QStringLiteral("tmp"));
+        const QString base = Paths::WithSeparator(m_destRoot + u"tmp"_s);
         m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing, m_copying);
     }
 }

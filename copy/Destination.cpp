@@ -8,17 +8,18 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// No file system takes a longer path, and trying its thousands of parents would take minutes.
 constexpr qsizetype LongestPath = 32767;
 
 bool HoldsForbidden(const QString& text, QChar separator) {
-    const QChar otherSeparator = separator == QLatin1Char('/') ? u'\\' : u'/';
+    const QChar otherSeparator = separator == u'/' ? u'\\' : u'/';
     const QString doubled(2, separator);
     return text.contains(otherSeparator) || text.contains(doubled) ||
-           std::any_of(text.begin(), text.end(),
-                       [](QChar c) { return QStringView(u":*?\"<>|").contains(c); });
+           std::any_of(text.begin(), text.end(), [](QChar c) { return u":*?\"<>|"_s.contains(c); });
 }
 
 } // namespace
@@ -70,7 +71,7 @@ bool Destination::IsValidPath(const QString& Path) {
     }
     bool afterSep = drive.endsWith(separator);
     for (const QChar c : rest) {
-        if (c == QLatin1Char('.') || c == QLatin1Char(' ')) {
+        if (c == u'.' || c == u' ') {
             continue; // a component of dots and blanks only is none
         }
         if (c == separator && afterSep) {
@@ -81,7 +82,7 @@ bool Destination::IsValidPath(const QString& Path) {
     if (Path.endsWith(separator)) {
         return true;
     }
-    return !Path.endsWith(QLatin1Char('.')) && !afterSep;
+    return !Path.endsWith(u'.') && !afterSep;
 }
 
 void Destination::CreatePath(const QString& Path) {
@@ -110,9 +111,9 @@ void Destination::txtDestination_Change() {
 }
 
 void Destination::cmdBrowse_Click() {
-    const QString folder = m_picker.BrowseDirectorysOnly(
-        m_controls.Form1.Handle(), QStringLiteral("Select a destination folder:"),
-        m_controls.txtDestination.Text());
+    const QString folder =
+        m_picker.BrowseDirectorysOnly(m_controls.Form1.Handle(), u"Select a destination folder:"_s,
+                                      m_controls.txtDestination.Text());
     if (!folder.isEmpty()) {
         m_controls.txtDestination.SetText(folder);
     }

@@ -33,8 +33,7 @@ QString WithoutUnholdable(const QString& text, const NameLimits& limits) {
         if (isPair) {
             result += c;
             result += text[++i];
-        } else if (!c.isSurrogate() && c != QChar(u'\0') &&
-                   !(limits.IsForWindows && c < QLatin1Char(' '))) {
+        } else if (!c.isSurrogate() && c != u'\0' && !(limits.IsForWindows && c < u' ')) {
             result += c;
         }
     }
@@ -43,8 +42,8 @@ QString WithoutUnholdable(const QString& text, const NameLimits& limits) {
 
 /// The "_" follows the part of the name that Windows takes for a device.
 QString WithMarkedDevice(const QString& text) {
-    const qsizetype dot = text.indexOf(QLatin1Char('.'));
-    return QString(text).insert(dot < 0 ? text.size() : dot, QLatin1Char('_'));
+    const qsizetype dot = text.indexOf(u'.');
+    return QString(text).insert(dot < 0 ? text.size() : dot, u'_');
 }
 
 /// The longest beginning of `text` that holds whole letters and is at most `room` long.

@@ -2,6 +2,8 @@
 
 #include "copy/FittingName.h"
 
+using namespace Qt::StringLiterals;
+
 QString FolderNames::NameFor(const QString& parent, const QString& name) {
     const auto known = m_names.constFind(parent + name);
     if (known != m_names.cend()) {
@@ -12,7 +14,7 @@ QString FolderNames::NameFor(const QString& parent, const QString& name) {
     QString fitting = FittingName(name, QString(), limits);
     const auto isTaken = [&] { return m_owners.value(parent + fitting.toLower(), owner) != owner; };
     for (int number = 2; isTaken(); ++number) {
-        fitting = FittingName(name, QStringLiteral(" (%1)").arg(number), limits);
+        fitting = FittingName(name, u" (%1)"_s.arg(number), limits);
     }
     m_owners.insert(parent + fitting.toLower(), owner);
     m_names.insert(parent + name, fitting);

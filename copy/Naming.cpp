@@ -3,10 +3,12 @@
 #include "copy/FittingName.h"
 #include "library/MusicLibrary.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool IsForbidden(QChar c) {
-    return QStringView(u"/\\:*?<>|").contains(c);
+    return u"/\\:*?<>|"_s.contains(c);
 }
 
 /// `text` without the characters that file names cannot hold and without blanks and dots at its
@@ -20,19 +22,19 @@ QString Filtered(const QString& text) {
         if (IsForbidden(c)) {
             continue;
         }
-        if (c == QLatin1Char(' ')) {
+        if (c == u' ') {
             if (seenText) {
                 pending += c;
             }
             continue;
         }
         seenText = true;
-        if (c == QLatin1Char('.')) {
+        if (c == u'.') {
             pending += c;
             continue;
         }
         result += pending;
-        result += c == QLatin1Char('"') ? QLatin1Char('\'') : c;
+        result += c == u'"' ? u'\'' : c;
         pending.clear();
     }
     return result;
@@ -55,7 +57,7 @@ QString Naming::MakeFileName(const QString& Name, const QString& Ext) {
     QString name = FittingName(Name, Ext, Limits);
     for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
          used = m_indexOf.constFind(name)) {
-        numbers += QStringLiteral(" (") + QString::number(m_usedCounts[*used]) + QLatin1Char(')');
+        numbers += u" ("_s + QString::number(m_usedCounts[*used]) + u')';
         ++m_usedCounts[*used];
         name = FittingName(Name, numbers + Ext, Limits);
     }

@@ -1,5 +1,7 @@
 #include "copy/OverwritePrompt.h"
 
+using namespace Qt::StringLiterals;
+
 frmOverwrite::frmOverwrite(OverwritePrompt& prompt, const OverwriteControls& controls)
     : m_prompt(prompt), m_controls(controls) {
     m_controls.cmdOverwrite0.Click = [this] { cmdOverwrite_Click(OverwritePrompt::Replace); };
@@ -12,9 +14,8 @@ void frmOverwrite::Form_Load() {
     // Closing the window without a button cancels.
     m_prompt.OverwriteAnswer = OverwritePrompt::Cancel;
     QString file = m_prompt.OverwriteFile;
-    file.replace(QLatin1Char('&'), QLatin1String("&&"));
-    m_controls.lblMessage.SetCaption(QStringLiteral("File already exists: \"") + file +
-                                     QStringLiteral("\". Replace it?"));
+    file.replace(u'&', u"&&"_s);
+    m_controls.lblMessage.SetCaption(u"File already exists: \""_s + file + u"\". Replace it?"_s);
     m_controls.lblMessage.SizeToCaption();
     m_controls.window.SetSize(m_controls.lblMessage.Width() + margin, m_controls.window.Height());
 }

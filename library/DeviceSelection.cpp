@@ -3,6 +3,8 @@
 #include "platform/IgnoringErrors.h"
 #include "platform/ScopeGuard.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The drive of an entry, as "E:" of "(E:) MY IPOD".
@@ -31,9 +33,8 @@ void DeviceSelection::Combo1_DropDown() {
     }
     const bool isEmpty = m_controls.Combo1.ListCount() == 0;
     if (isEmpty) {
-        IgnoringErrors([this] {
-            m_controls.lblMessage.SetCaption(QStringLiteral("No compatible iPod detected."));
-        });
+        IgnoringErrors(
+            [this] { m_controls.lblMessage.SetCaption(u"No compatible iPod detected."_s); });
     }
     IgnoringErrors([this, isEmpty] { m_controls.timScan.SetEnabled(isEmpty); });
 }
@@ -108,12 +109,11 @@ void DeviceSelection::ListDevices() {
 void DeviceSelection::ListDevice(const Drive& drive) {
     // An iPod whose disk has to start first stays, and with it the ticks made on it.
     const bool isLoaded = drive.Path == DriveOfEntry(LoadedDevice);
-    if (drive.Letter > QLatin1Char('B') && m_drives.IsRemovable(drive) &&
+    if (drive.Letter > u'B' && m_drives.IsRemovable(drive) &&
         HasDatabase(drive.Path).value_or(isLoaded)) {
         QString volumeName;
         IgnoringErrors([&] { volumeName = m_drives.VolumeName(drive); });
-        m_controls.Combo1.AddItem(QLatin1Char('(') + drive.Letter + QStringLiteral(":) ") +
-                                  volumeName);
+        m_controls.Combo1.AddItem(u'(' + drive.Letter + u":) "_s + volumeName);
     }
 }
 
@@ -149,12 +149,12 @@ void DeviceSelection::MakeReady() {
 void DeviceSelection::ReportLoad() {
     if (m_loadMusic.Library.TrackCount < 1) {
         Raise(NoMusicFound);
-        m_controls.lblMessage.SetCaption(QStringLiteral("No music found."));
+        m_controls.lblMessage.SetCaption(u"No music found."_s);
         m_controls.pctNoDevice.Tell(NoDeviceReason::NoMusic);
         m_controls.pctNoDevice.SetVisible(true);
         return;
     }
-    m_controls.lblMessage.SetCaption(QStringLiteral("Building lists..."));
+    m_controls.lblMessage.SetCaption(u"Building lists..."_s);
     m_controls.Form1.Refresh();
     Raise(LibraryLoaded);
 }
@@ -164,8 +164,8 @@ void DeviceSelection::ReportLostDevice() {
         return; // nobody is there to be told
     }
     FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
-    m_messages.Show(QStringLiteral("Error loading iPod."), QStringLiteral("Error"),
-                    MessageButtons::OK, MessageIcon::Critical);
+    m_messages.Show(u"Error loading iPod."_s, u"Error"_s, MessageButtons::OK,
+                    MessageIcon::Critical);
 }
 
 /// None where the drive does not answer.

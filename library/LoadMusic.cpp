@@ -6,6 +6,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Runs a reader and shows the failure that stops it. False when the reader leaves the load open.
@@ -61,16 +63,15 @@ void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
 namespace DevicePaths {
 
 QString ITunesDB(const QString& driveRoot) {
-    return driveRoot + QStringLiteral("\\iPod_Control\\iTunes\\iTunesDB");
+    return driveRoot + u"\\iPod_Control\\iTunes\\iTunesDB"_s;
 }
 
 QString LibraryDatabase(const QString& driveRoot) {
-    return driveRoot + QStringLiteral("\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb");
+    return driveRoot + u"\\iPod_Control\\iTunes\\iTunes Library.itlp\\Library.itdb"_s;
 }
 
 QString LocationsDatabase(const QString& driveRoot) {
-    return driveRoot +
-           QStringLiteral("\\iPod_Control\\iTunes\\iTunes Library.itlp\\Locations.itdb");
+    return driveRoot + u"\\iPod_Control\\iTunes\\iTunes Library.itlp\\Locations.itdb"_s;
 }
 
 } // namespace DevicePaths

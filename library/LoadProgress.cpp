@@ -7,13 +7,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 LoadProgress::LoadProgress(MusicLibrary& library, EventLoop& events, const LoadControls& controls)
     : m_library(library), m_events(events), m_controls(controls) {
 }
 
 void LoadProgress::Start() {
     m_library.LoadingMusic = true;
-    m_controls.lblMessage.SetCaption(QStringLiteral("Please wait..."));
+    m_controls.lblMessage.SetCaption(u"Please wait..."_s);
     m_controls.Form1.Refresh();
     m_controls.Combo1.Refresh();
     MirrorInCaption();
@@ -45,7 +47,7 @@ void LoadProgress::TrackLoaded() {
     // Comparing numbers saves making a text for each track; each new text repaints the window.
     if (percent != m_shownPercent) {
         m_shownPercent = percent;
-        m_controls.lblMessage.SetCaption(QStringLiteral("Loading music... %1%").arg(percent));
+        m_controls.lblMessage.SetCaption(u"Loading music... %1%"_s.arg(percent));
         MirrorInCaption();
         m_controls.Form1.Refresh();
         if (!m_events.YieldHoldingInput()) {
@@ -58,7 +60,7 @@ void LoadProgress::End() {
     ScopeGuard ended([this] { m_library.LoadingMusic = false; });
     m_controls.prgCopy.SetValue(0);
     ended.Run();
-    m_controls.Form1.SetCaption(QStringLiteral("Songlift"));
+    m_controls.Form1.SetCaption(u"Songlift"_s);
 }
 
 void LoadProgress::MirrorInCaption() {

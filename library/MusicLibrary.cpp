@@ -2,15 +2,14 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr std::pair<QLatin1String, Kind> Kinds[] = {
-    {QLatin1String("MPEG audio file"), KindAudio},
-    {QLatin1String("AAC audio file"), KindAudio},
-    {QLatin1String("WAV audio file"), KindAudio},
-    {QLatin1String("AIFF audio file"), KindAudio},
-    {QLatin1String("MPEG-4 video file"), KindVideo},
-    {QLatin1String("QuickTime movie file"), KindVideo},
+constexpr std::pair<QStringView, Kind> Kinds[] = {
+    {u"MPEG audio file", KindAudio},   {u"AAC audio file", KindAudio},
+    {u"WAV audio file", KindAudio},    {u"AIFF audio file", KindAudio},
+    {u"MPEG-4 video file", KindVideo}, {u"QuickTime movie file", KindVideo},
 };
 
 } // namespace
@@ -25,6 +24,6 @@ Kind KindFromTypeText(const QString& text) {
 }
 
 const QString& UnknownName() {
-    static const QString name = QStringLiteral("UNKNOWN");
+    static const QString name = u"UNKNOWN"_s;
     return name;
 }

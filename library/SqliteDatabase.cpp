@@ -35,8 +35,8 @@ constexpr int StepsBetweenChecks = 1000;
 /// The URI that opens a file without locks, journals or any other trace on the device.
 QByteArray ReadOnlyUri(const QString& nativePath) {
     QString path = QDir::fromNativeSeparators(nativePath);
-    if (!path.startsWith(QLatin1Char('/'))) {
-        path.prepend(QLatin1Char('/'));
+    if (!path.startsWith(u'/')) {
+        path.prepend(u'/');
     }
     return "file://" + QUrl::toPercentEncoding(path, "/") + "?mode=ro&immutable=1";
 }

@@ -11,6 +11,8 @@
 #include <limits>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the paths of the largest library come to many times over. Each begins with the base path,
@@ -44,14 +46,14 @@ std::vector<Kind> ReadKinds(SqliteDatabase& database) {
 }
 
 QString WithBackslashes(QString path) {
-    return path.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    return path.replace(u'/', u'\\');
 }
 
 /// The folder of the media files, with a separator at its end.
 QString ReadBasePath(SqliteDatabase& database, const QString& driveRoot) {
     const SqliteRows locations = database.Query("Select * From base_location");
     const QString base = WithBackslashes(locations.Text(0, 1));
-    return driveRoot + QLatin1Char('\\') + base + QLatin1Char('\\');
+    return driveRoot + u'\\' + base + u'\\';
 }
 
 /// What a device's two databases tell.
@@ -67,8 +69,7 @@ struct DeviceRows {
 /// library is built. `partRead` tells meanwhile how much of them has been read.
 DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot, std::atomic<float>& partRead) {
     SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
-    database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)),
-                    QStringLiteral("main2"));
+    database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)), u"main2"_s);
     DeviceRows device;
     device.Kinds = ReadKinds(database);
     device.BasePath = ReadBasePath(database, driveRoot);

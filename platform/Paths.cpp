@@ -1,5 +1,7 @@
 #include "platform/Paths.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Paths {
 
 namespace {
@@ -7,12 +9,12 @@ namespace {
 /// The share that a path begins with, as in `\\server\share\Music`; empty for other texts, and for
 /// those that name a device ("\\?\", "\\.\").
 QString ShareOf(const QString& path) {
-    if (!path.startsWith(QLatin1String("\\\\"))) {
+    if (!path.startsWith(u"\\\\"_s)) {
         return {};
     }
-    const QString server = path.section(QLatin1Char('\\'), 2, 2);
-    const QString share = path.section(QLatin1Char('\\'), 3, 3);
-    const bool isDevice = server == QLatin1String("?") || server == QLatin1String(".");
+    const QString server = path.section(u'\\', 2, 2);
+    const QString share = path.section(u'\\', 3, 3);
+    const bool isDevice = server == u"?"_s || server == u"."_s;
     const bool isShare = !server.isEmpty() && !isDevice && !share.isEmpty();
     return isShare ? path.left(2 + server.size() + 1 + share.size()) : QString();
 }
@@ -29,7 +31,7 @@ bool IsRoot(const QString& path) {
 } // namespace
 
 bool IsDriveForm(const QString& path) {
-    if (path.size() < 2 || path[1] != QLatin1Char(':')) {
+    if (path.size() < 2 || path[1] != u':') {
         return false;
     }
     const char16_t letter = path[0].unicode();
@@ -37,8 +39,8 @@ bool IsDriveForm(const QString& path) {
 }
 
 QChar Separator(const QString& path) {
-    const bool isWindows = IsDriveForm(path) || path.startsWith(QLatin1String("\\\\"));
-    return isWindows ? QLatin1Char('\\') : QLatin1Char('/');
+    const bool isWindows = IsDriveForm(path) || path.startsWith(u"\\\\"_s);
+    return isWindows ? u'\\' : u'/';
 }
 
 QString WithSeparator(const QString& folder) {
@@ -73,7 +75,7 @@ QString FileName(const QString& path) {
 
 QString Extension(const QString& path) {
     const QString name = FileName(path);
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const qsizetype dot = name.lastIndexOf(u'.');
     return dot < 0 ? QString() : name.mid(dot + 1);
 }
 
@@ -81,7 +83,7 @@ QString DrivePart(const QString& path) {
     if (IsDriveForm(path)) {
         return path.left(2);
     }
-    return path.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : ShareOf(path);
+    return path.startsWith(u'/') ? u"/"_s : ShareOf(path);
 }
 
 } // namespace Paths

@@ -3,38 +3,40 @@
 #include <new>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString TextOf(ErrorNumber number) {
     switch (number) {
     case ErrorNumber::InvalidProcedureCall:
-        return QStringLiteral("Invalid procedure call or argument");
+        return u"Invalid procedure call or argument"_s;
     case ErrorNumber::Overflow:
-        return QStringLiteral("Overflow");
+        return u"Overflow"_s;
     case ErrorNumber::OutOfMemory:
-        return QStringLiteral("Out of memory");
+        return u"Out of memory"_s;
     case ErrorNumber::SubscriptOutOfRange:
-        return QStringLiteral("Subscript out of range");
+        return u"Subscript out of range"_s;
     case ErrorNumber::TypeMismatch:
-        return QStringLiteral("Type mismatch");
+        return u"Type mismatch"_s;
     case ErrorNumber::BadFileName:
-        return QStringLiteral("Bad file name or number");
+        return u"Bad file name or number"_s;
     case ErrorNumber::FileNotFound:
-        return QStringLiteral("File not found");
+        return u"File not found"_s;
     case ErrorNumber::DeviceIOError:
-        return QStringLiteral("Device I/O error");
+        return u"Device I/O error"_s;
     case ErrorNumber::FileAlreadyExists:
-        return QStringLiteral("File already exists");
+        return u"File already exists"_s;
     case ErrorNumber::DiskFull:
-        return QStringLiteral("Disk full");
+        return u"Disk full"_s;
     case ErrorNumber::DeviceUnavailable:
-        return QStringLiteral("Device unavailable");
+        return u"Device unavailable"_s;
     case ErrorNumber::PermissionDenied:
-        return QStringLiteral("Permission denied");
+        return u"Permission denied"_s;
     case ErrorNumber::PathFileAccessError:
-        return QStringLiteral("Path/File access error");
+        return u"Path/File access error"_s;
     case ErrorNumber::PathNotFound:
-        return QStringLiteral("Path not found");
+        return u"Path not found"_s;
     }
     return {};
 }

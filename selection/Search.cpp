@@ -15,7 +15,7 @@ bool HasEveryWord(const QStringList& words, QStringView text) {
 }
 
 QStringList WordsOf(const QString& text) {
-    return text.split(QLatin1Char(' '));
+    return text.split(u' ');
 }
 
 /// A whole record of the result: every album and track knows where it came from.
@@ -54,8 +54,7 @@ Search::Search(const Browser& browser, SelectionSummary& summary, EventLoop& eve
 
 bool Search::AllowSearch() const {
     const QString text = m_controls.txtSearch.Text();
-    return std::any_of(text.begin(), text.end(),
-                       [](QChar character) { return character != QLatin1Char(' '); });
+    return std::any_of(text.begin(), text.end(), [](QChar character) { return character != u' '; });
 }
 
 void Search::ResetState() {
@@ -246,7 +245,7 @@ void Search::LowerNames() {
             for (const TrackRecord& track : album.Tracks) {
                 loweredAlbum.Titles += track.Title.toLower();
                 loweredAlbum.Ends.push_back(static_cast<qint32>(loweredAlbum.Titles.size()));
-                loweredAlbum.Titles += QLatin1Char(' ');
+                loweredAlbum.Titles += u' ';
             }
         }
     }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <class Visit>
@@ -54,9 +56,8 @@ void SelectionSummary::CalculateSize(bool GetSearchTFS) {
     }
     m_controls.prgCopy.SetMax(static_cast<float>(m_library.TotalSize));
     m_controls.prgCopy.SetValue(static_cast<float>(SelectedSize));
-    m_controls.lblMessage.SetCaption(
-        QStringLiteral("Selected: %1 of %2")
-            .arg(GetSizeInText(SelectedSize), GetSizeInText(m_library.TotalSize)));
+    m_controls.lblMessage.SetCaption(u"Selected: %1 of %2"_s.arg(
+        GetSizeInText(SelectedSize), GetSizeInText(m_library.TotalSize)));
 }
 
 void SelectionSummary::ResetState() {
@@ -72,12 +73,10 @@ QString GetSizeInText(double Bytes) {
     // The fraction comes from the next smaller unit alone and is not padded ("1.4 GB" for 1 GB and
     // 50 MB). Intentional: its digits are a coarse figure, not a rounded one.
     if (gigabytes > 0) {
-        return Whole(gigabytes) + QLatin1Char('.') + Whole(std::floor(megabytes / 1024.0 * 100.0)) +
-               QStringLiteral(" GB");
+        return Whole(gigabytes) + u'.' + Whole(std::floor(megabytes / 1024.0 * 100.0)) + u" GB"_s;
     }
     if (megabytes > 0) {
-        return Whole(megabytes) + QLatin1Char('.') + Whole(std::floor(kilobytes / 1024.0 * 10.0)) +
-               QStringLiteral(" MB");
+        return Whole(megabytes) + u'.' + Whole(std::floor(kilobytes / 1024.0 * 10.0)) + u" MB"_s;
     }
-    return Whole(kilobytes) + QStringLiteral(" KB");
+    return Whole(kilobytes) + u" KB"_s;
 }

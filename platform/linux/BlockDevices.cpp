@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The device manager writes blanks and the like as "\x20".
@@ -25,7 +27,7 @@ QString Unescaped(const QString& linkName) {
 }
 
 bool SaysRemovable(const QString& deviceFolder) {
-    QFile file(deviceFolder + QStringLiteral("/removable"));
+    QFile file(deviceFolder + u"/removable"_s);
     return file.open(QIODevice::ReadOnly) && file.readAll().trimmed() == "1";
 }
 
@@ -36,15 +38,14 @@ BlockDevices::BlockDevices(const QString& sysFolder, const QString& diskFolder)
 }
 
 QString BlockDevices::NameOf(const Mount& mount) const {
-    const QFileInfo link(m_sysFolder + QStringLiteral("/dev/block/") +
-                         QString::fromLatin1(mount.Device));
+    const QFileInfo link(m_sysFolder + u"/dev/block/"_s + QString::fromLatin1(mount.Device));
     if (link.exists()) {
         return QFileInfo(link.canonicalFilePath()).fileName();
     }
     // Some file systems (btrfs) mount under a device number of their own.
     const QString name = QFileInfo(QFile::decodeName(mount.Source)).fileName();
     const bool isDevice = mount.Source.startsWith("/dev/") &&
-                          QFileInfo::exists(m_sysFolder + QStringLiteral("/class/block/") + name);
+                          QFileInfo::exists(m_sysFolder + u"/class/block/"_s + name);
     return isDevice ? name : QString();
 }
 
@@ -52,24 +53,23 @@ bool BlockDevices::IsRemovable(const QString& name) const {
     if (name.isEmpty()) {
         return false;
     }
-    const QString folder =
-        QFileInfo(m_sysFolder + QStringLiteral("/class/block/") + name).canonicalFilePath();
+    const QString folder = QFileInfo(m_sysFolder + u"/class/block/"_s + name).canonicalFilePath();
     if (folder.isEmpty()) {
         return false;
     }
     const QString place = folder.mid(QFileInfo(m_sysFolder).canonicalFilePath().size());
-    static const QRegularExpression usb(QStringLiteral("/usb[0-9]+/"));
-    const bool isPartition = QFileInfo::exists(folder + QStringLiteral("/partition"));
+    static const QRegularExpression usb(u"/usb[0-9]+/"_s);
+    const bool isPartition = QFileInfo::exists(folder + u"/partition"_s);
     return usb.match(place).hasMatch() ||
            SaysRemovable(isPartition ? QFileInfo(folder).path() : folder);
 }
 
 QString BlockDevices::LabelOf(const QString& name) const {
-    return Unescaped(LinkTo(name, QStringLiteral("/by-label")));
+    return Unescaped(LinkTo(name, u"/by-label"_s));
 }
 
 QString BlockDevices::UuidOf(const QString& name) const {
-    return LinkTo(name, QStringLiteral("/by-uuid"));
+    return LinkTo(name, u"/by-uuid"_s);
 }
 
 QString BlockDevices::LinkTo(const QString& name, const QString& folder) const {

@@ -13,6 +13,8 @@
 #include <poll.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char16_t FirstLetter = u'E';
@@ -91,7 +93,7 @@ std::vector<Drive> LinuxDrives::Drives() {
     std::vector<Drive> drives;
     for (const Volume& volume : Refresh()->Volumes) {
         if (volume.IsPresent) {
-            drives.push_back({volume.Letter, volume.Letter + QStringLiteral(":")});
+            drives.push_back({volume.Letter, volume.Letter + u":"_s});
         }
     }
     std::sort(drives.begin(), drives.end(),

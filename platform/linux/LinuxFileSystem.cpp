@@ -322,7 +322,7 @@ double LinuxFileSystem::FreeBytes(const QString& path) {
 }
 
 QString LinuxFileSystem::NativePath(const QString& path) {
-    if (path.startsWith(QLatin1Char('/'))) {
+    if (path.startsWith(u'/')) {
         return path;
     }
     const FileDescriptor place = m_paths.Open(path, O_PATH);

@@ -54,7 +54,7 @@ QString FoldedName(const QByteArray& name) {
 } // namespace
 
 std::optional<QByteArray> EncodeName(const QString& text) {
-    if (!text.isValidUtf16() || text.contains(QChar(u'\0'))) {
+    if (!text.isValidUtf16() || text.contains(u'\0')) {
         return std::nullopt;
     }
     return text.toUtf8();

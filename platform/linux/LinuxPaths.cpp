@@ -14,7 +14,7 @@
 namespace {
 
 bool IsNativeForm(const QString& path) {
-    return path.startsWith(QLatin1Char('/'));
+    return path.startsWith(u'/');
 }
 
 /// The names of a path in drive form, below its drive's root; none for the root itself.
@@ -31,12 +31,12 @@ DriveNames SplitDrivePath(const QString& path) {
     if (rest.isEmpty()) {
         return result;
     }
-    if (!rest.startsWith(QLatin1Char('\\'))) {
+    if (!rest.startsWith(u'\\')) {
         result.Error = ENOENT; // a drive has no current folder that "E:Music" could start from
         return result;
     }
-    result.EndsInSeparator = rest.endsWith(QLatin1Char('\\'));
-    const QStringList pieces = rest.split(QLatin1Char('\\'), Qt::SkipEmptyParts);
+    result.EndsInSeparator = rest.endsWith(u'\\');
+    const QStringList pieces = rest.split(u'\\', Qt::SkipEmptyParts);
     for (const QString& piece : pieces) {
         const std::optional<QByteArray> name = EncodeName(piece);
         if (!name) {

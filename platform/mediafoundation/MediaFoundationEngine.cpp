@@ -4,6 +4,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 std::unique_ptr<PlayerEngine> PlayerEngine::Make() {
     return std::make_unique<MediaFoundationEngine>();
 }
@@ -15,8 +17,7 @@ MediaFoundationEngine::~MediaFoundationEngine() {
 const Playback& MediaFoundationEngine::State() const {
     m_state = m_session ? m_session->State() : Playback();
     if (m_state.At == Playback::Stage::Failed && MediaFoundation::Find() == nullptr) {
-        m_state.Why = QStringLiteral(
-            "Windows plays this with its Media Feature Pack, which is not installed.");
+        m_state.Why = u"Windows plays this with its Media Feature Pack, which is not installed."_s;
     }
     return m_state;
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto FirstSound = static_cast<DWORD>(MF_SOURCE_READER_FIRST_AUDIO_STREAM);
@@ -31,7 +33,7 @@ void Name(IMFByteStream& stream, const QString& suffix) {
     IMFAttributes* attributes = nullptr;
     if (SUCCEEDED(
             stream.QueryInterface(IID_IMFAttributes, reinterpret_cast<void**>(&attributes)))) {
-        const std::wstring name = (QStringLiteral("file.") + suffix).toStdWString();
+        const std::wstring name = (u"file."_s + suffix).toStdWString();
         attributes->SetString(MF_BYTESTREAM_ORIGIN_NAME, name.c_str());
         attributes->Release();
     }

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int iconSize = 16;
@@ -22,14 +24,12 @@ constexpr int volumeWidth = 70;
 /// "0:12", "1:02:03".
 QString TimeText(double time) {
     const qint64 seconds = static_cast<qint64>(std::min(time, 1e9));
-    const auto twoDigits = [](qint64 number) {
-        return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-    };
+    const auto twoDigits = [](qint64 number) { return u"%1"_s.arg(number, 2, 10, QChar(u'0')); };
     const qint64 hours = seconds / 3600;
     const qint64 minutes = seconds / 60 % 60;
-    const QString end = QLatin1Char(':') + twoDigits(seconds % 60);
+    const QString end = u':' + twoDigits(seconds % 60);
     return hours == 0 ? QString::number(minutes) + end
-                      : QString::number(hours) + QLatin1Char(':') + twoDigits(minutes) + end;
+                      : QString::number(hours) + u':' + twoDigits(minutes) + end;
 }
 
 /// What the slider makes of seconds.
@@ -69,13 +69,13 @@ PlayerBar::PlayerBar(QWidget* parent)
 }
 
 void PlayerBar::MakeControls() {
-    Name(*m_play, QStringLiteral("PlayButton"), QStringLiteral("Play"));
+    Name(*m_play, u"PlayButton"_s, u"Play"_s);
     m_play->setAutoRaise(true);
     m_play->setFocusPolicy(Qt::StrongFocus);
     m_play->setIconSize(QSize(iconSize, iconSize));
     connect(m_play, &QToolButton::clicked, this, [this] { PlayPausePressed(); });
 
-    Name(*m_position, QStringLiteral("PositionSlider"), QStringLiteral("Position"));
+    Name(*m_position, u"PositionSlider"_s, u"Position"_s);
     m_position->setSingleStep(Milliseconds(5));
     m_position->setPageStep(Milliseconds(30));
     connect(m_position, &QSlider::valueChanged, this, [this](int value) {
@@ -84,10 +84,10 @@ void PlayerBar::MakeControls() {
         }
     });
 
-    m_time->setObjectName(QStringLiteral("TimeLabel"));
+    m_time->setObjectName(u"TimeLabel"_s);
     m_time->setAlignment(Qt::AlignCenter);
 
-    Name(*m_volume, QStringLiteral("VolumeSlider"), QStringLiteral("Volume"));
+    Name(*m_volume, u"VolumeSlider"_s, u"Volume"_s);
     m_volume->setRange(0, 100);
     m_volume->setPageStep(10);
     m_volume->setSingleStep(5);
@@ -95,7 +95,7 @@ void PlayerBar::MakeControls() {
     m_volume->setFixedWidth(volumeWidth);
     connect(m_volume, &QSlider::valueChanged, this, [this](int value) { VolumeChosen(value); });
 
-    m_message->setObjectName(QStringLiteral("MessageLabel"));
+    m_message->setObjectName(u"MessageLabel"_s);
     m_message->setAlignment(Qt::AlignCenter);
 }
 
@@ -115,8 +115,7 @@ void PlayerBar::LayOut() {
 void PlayerBar::Show(const Playback& playback) {
     const bool open = playback.At == Playback::Stage::Open;
     m_failed = playback.At == Playback::Stage::Failed;
-    m_message->setText(playback.Why.isEmpty() ? QStringLiteral("This file cannot be played.")
-                                              : playback.Why);
+    m_message->setText(playback.Why.isEmpty() ? u"This file cannot be played."_s : playback.Why);
     m_play->setEnabled(open);
     m_position->setEnabled(open && playback.Duration > 0);
     ShowPlaying(open && !playback.Paused);
@@ -133,7 +132,7 @@ int PlayerBar::Volume() const {
 void PlayerBar::ShowPlaying(bool playing) {
     if (playing != m_playing) {
         m_playing = playing;
-        const QString name = playing ? QStringLiteral("Pause") : QStringLiteral("Play");
+        const QString name = playing ? u"Pause"_s : u"Play"_s;
         Name(*m_play, m_play->objectName(), name);
         SetIcons();
     }
@@ -147,7 +146,7 @@ void PlayerBar::ShowTime(double position, double duration) {
     }
     m_showingTime = false;
 
-    const QString ofAll = duration > 0 ? QStringLiteral(" / ") + TimeText(duration) : QString();
+    const QString ofAll = duration > 0 ? u" / "_s + TimeText(duration) : QString();
     m_time->setText(TimeText(position) + ofAll);
     // The slider must not twitch with every digit.
     const QString widest = TimeText(std::max(position, duration)) + ofAll;

@@ -11,6 +11,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// In pixels, for a player without a film.
@@ -25,8 +27,8 @@ constexpr QSize usualFrame(16, 48);
 
 PlayerWidget::PlayerWidget(QWidget* parent)
     : QWidget(parent), m_area(new VideoArea(this)), m_bar(new PlayerBar(this)) {
-    m_area->setObjectName(QStringLiteral("VideoArea"));
-    m_bar->setObjectName(QStringLiteral("PlayerBar"));
+    m_area->setObjectName(u"VideoArea"_s);
+    m_bar->setObjectName(u"PlayerBar"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int MostRows = 8;
@@ -19,8 +21,7 @@ QStringList FoldersIn(const QString& folder) {
     QStringList names;
     // A path that begins with ":" would name one of the program's own resources, and looking for
     // another computer takes longer than a key press may.
-    if (folder.startsWith(QLatin1Char(':')) || folder.startsWith(QLatin1String("\\\\")) ||
-        !QDir::isAbsolutePath(folder)) {
+    if (folder.startsWith(u':') || folder.startsWith(u"\\\\"_s) || !QDir::isAbsolutePath(folder)) {
         return names;
     }
     QDirIterator entries(folder, QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -65,7 +66,7 @@ QStringList FolderOffers::Matching(const QString& text) {
     const QString begun = text.mid(end);
     QStringList matching;
     for (const QString& name : m_names) {
-        const bool isHidden = name.startsWith(QLatin1Char('.'));
+        const bool isHidden = name.startsWith(u'.');
         if (name.startsWith(begun, Qt::CaseInsensitive) && (!isHidden || !begun.isEmpty())) {
             matching.append(name);
         }
@@ -76,11 +77,11 @@ QStringList FolderOffers::Matching(const QString& text) {
 void FolderOffers::Open(const QStringList& names) {
     if (m_list == nullptr) {
         m_list = new QListWidget(m_box->window());
-        m_list->setObjectName(QStringLiteral("FolderList"));
+        m_list->setObjectName(u"FolderList"_s);
         m_list->setFocusPolicy(Qt::NoFocus);
         m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         m_list->setUniformItemSizes(true);
-        m_list->setAccessibleName(QStringLiteral("Folders"));
+        m_list->setAccessibleName(u"Folders"_s);
         QObject::connect(m_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
             QtFrames::Handle([&] {
                 m_box->setText(m_folder + item->text());

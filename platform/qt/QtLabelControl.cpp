@@ -4,6 +4,8 @@
 
 #include <QMouseEvent>
 
+using namespace Qt::StringLiterals;
+
 class QtLabelControl::ClickLabel : public QLabel {
 public:
     using QLabel::QLabel;
@@ -30,7 +32,7 @@ QtLabelControl::QtLabelControl(ClickLabel* label, const QString& name, const QSt
     label->Clicked = [this] { QtFrames::Raise(Click); };
     Widget()->setTextFormat(Qt::PlainText);
     // An empty label may need less height than one with a text.
-    Widget()->setText(QStringLiteral("X"));
+    Widget()->setText(u"X"_s);
     SetHeight(Widget()->sizeHint().height() * Twips::PerPixelY());
     Widget()->clear();
     QtLabelControl::SetCaption(caption);

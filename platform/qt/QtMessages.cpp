@@ -12,6 +12,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Button {
@@ -64,8 +66,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 /// characters at which a line may be broken.
 void FitText(QMessageBox& box, QString text) {
     constexpr qsizetype longText = 500;
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    if (QLabel* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+    text.replace(u'\r', u'\n');
+    if (QLabel* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) {
         label->setAccessibleName(text);
         if (text.size() > longText) {
             label->setMinimumWidth(box.screen()->availableSize().width() / 2);
@@ -83,7 +85,7 @@ MessageAnswer QtMessages::Show(const QString& text, const QString& title, Messag
     }
     const BusyPointer::Lifted lifted;
     QMessageBox box(ControlWidget::SeenOwner(m_owner));
-    box.setObjectName(QStringLiteral("Message"));
+    box.setObjectName(u"Message"_s);
     box.setWindowTitle(title);
     box.setWindowModality(Qt::ApplicationModal);
     box.setTextFormat(Qt::PlainText);

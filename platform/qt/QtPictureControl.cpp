@@ -3,6 +3,8 @@
 #include <QIcon>
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 class QtPictureControl::DevicePicture : public QLabel {
 public:
     using QLabel::QLabel;
@@ -13,7 +15,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         if (Shown) {
             if (m_icon.isNull()) {
-                m_icon = QIcon(QStringLiteral(":/player.png")); // only once, since it is decoded
+                m_icon = QIcon(u":/player.png"_s); // only once, since it is decoded
             }
             QPainter painter(this);
             m_icon.paint(&painter, rect());

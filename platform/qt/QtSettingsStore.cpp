@@ -3,27 +3,29 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 #ifdef Q_OS_WIN
 constexpr QSettings::Format Format = QSettings::NativeFormat;
 
 QString Place() {
-    return QStringLiteral("HKEY_CURRENT_USER\\Software\\Songlift");
+    return u"HKEY_CURRENT_USER\\Software\\Songlift"_s;
 }
 #else
 constexpr QSettings::Format Format = QSettings::IniFormat;
 
 QString Place() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Songlift/Songlift.conf");
+           u"/Songlift/Songlift.conf"_s;
 }
 #endif
 
 } // namespace
 
 QtSettingsStore::QtSettingsStore() : m_settings(Place(), Format) {
-    m_settings.beginGroup(QStringLiteral("Settings"));
+    m_settings.beginGroup(u"Settings"_s);
 }
 
 QString QtSettingsStore::Read(const QString& key, const QString& defaultValue) {
@@ -33,7 +35,7 @@ QString QtSettingsStore::Read(const QString& key, const QString& defaultValue) {
     const QVariant value = m_settings.value(key);
     // The text holds commas, and somebody wrote it into the file without quotes.
     if (value.typeId() == QMetaType::QStringList) {
-        return value.toStringList().join(QStringLiteral(", "));
+        return value.toStringList().join(u", "_s);
     }
     return value.toString();
 }

@@ -7,14 +7,16 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 QString QtShell::BrowseForFolder(WindowHandle owner, const QString& prompt,
                                  const QString& startFolder) {
     const BusyPointer::Lifted lifted;
     QFileDialog dialog(ControlWidget::WidgetOf(owner), prompt);
-    dialog.setObjectName(QStringLiteral("BrowseForFolder"));
+    dialog.setObjectName(u"BrowseForFolder"_s);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setSupportedSchemes({QStringLiteral("file")});
+    dialog.setSupportedSchemes({u"file"_s});
     // An empty path would be the program's working directory.
     const bool starts = !startFolder.isEmpty() && QDir(startFolder).exists();
     dialog.setDirectory(starts ? startFolder : QDir::homePath());

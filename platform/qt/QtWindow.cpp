@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The value that was set while its pixels are still the same; otherwise the pixels' value.
@@ -62,7 +64,7 @@ void QtWindow::SetCaption(const QString& caption) {
     m_caption = caption;
     // In a window title, "[*]" stands for a document's unsaved changes.
     QString title = ShownText::OneLine(caption);
-    m_widget->setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+    m_widget->setWindowTitle(title.replace(u"[*]"_s, u"[*][*]"_s));
 }
 
 WindowState QtWindow::State() const {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace ShownText {
 
 namespace {
@@ -26,7 +28,7 @@ bool IsControl(QChar character) {
 /// The text with blanks in place of line breaks and other control characters.
 QString WithoutBreaks(QString text) {
     if (std::any_of(text.cbegin(), text.cend(), IsControl)) {
-        std::replace_if(text.begin(), text.end(), IsControl, QLatin1Char(' '));
+        std::replace_if(text.begin(), text.end(), IsControl, u' ');
     }
     return text;
 }
@@ -37,7 +39,7 @@ QString Cut(const QString& text, qsizetype length) {
         return text;
     }
     const bool splits = text[length - 1].isHighSurrogate();
-    return text.left(splits ? length - 1 : length) + QStringLiteral("...");
+    return text.left(splits ? length - 1 : length) + u"..."_s;
 }
 
 /// The text with places where a line may end in the middle of long runs without a blank. Paths are
@@ -67,10 +69,10 @@ bool IsRightToLeft(QChar character) {
 /// album".
 bool IsSeparator(const QString& text, qsizetype i, bool quoted) {
     if (quoted) {
-        return text[i] == QLatin1Char('/') || text[i] == QLatin1Char('\\');
+        return text[i] == u'/' || text[i] == u'\\';
     }
-    return text[i] == QLatin1Char('/') && i > 0 && text[i - 1] == QLatin1Char(' ') &&
-           i + 1 < text.size() && text[i + 1] == QLatin1Char(' ');
+    return text[i] == u'/' && i > 0 && text[i - 1] == u' ' && i + 1 < text.size() &&
+           text[i + 1] == u' ';
 }
 
 } // namespace
@@ -81,8 +83,8 @@ QString OneLine(const QString& text) {
 
 QString FittingLine(const QString& text, const QFontMetrics& metrics, int width) {
     QString line = WithoutBreaks(text);
-    const qsizetype start = line.indexOf(QLatin1Char('"')) + 1;
-    const qsizetype end = line.lastIndexOf(QLatin1Char('"'));
+    const qsizetype start = line.indexOf(u'"') + 1;
+    const qsizetype end = line.lastIndexOf(u'"');
     if (start == 0 || end < start || metrics.horizontalAdvance(line) <= width) {
         return line;
     }
@@ -106,7 +108,7 @@ QString WithoutAccessKeys(const QString& caption) {
     QString text;
     text.reserve(caption.size());
     for (qsizetype i = 0; i < caption.size(); ++i) {
-        if (caption[i] == QLatin1Char('&') && ++i == caption.size()) {
+        if (caption[i] == u'&' && ++i == caption.size()) {
             break;
         }
         text += caption[i];
@@ -131,7 +133,7 @@ QString InReadingOrder(const QString& text) {
     };
     bool quoted = false;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool isQuote = text[i] == QLatin1Char('"');
+        const bool isQuote = text[i] == u'"';
         quoted = quoted != isQuote;
         if (isQuote || IsSeparator(text, i, quoted)) {
             endPart();
@@ -146,8 +148,8 @@ QString InReadingOrder(const QString& text) {
 
 QString Message(const QString& text) {
     QString message = Cut(text, LongestMessage);
-    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    message.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    message.replace(u"\r\n"_s, u"\n"_s);
+    message.replace(u'\r', u'\n');
     return Breakable(InReadingOrder(message));
 }
 
@@ -156,8 +158,7 @@ QString ToolTip(const QString& text) {
         return {};
     }
     const QString line = WithoutBreaks(Cut(text, LongestToolTip));
-    return QStringLiteral("<qt>") + Breakable(InReadingOrder(line)).toHtmlEscaped() +
-           QStringLiteral("</qt>");
+    return u"<qt>"_s + Breakable(InReadingOrder(line)).toHtmlEscaped() + u"</qt>"_s;
 }
 
 } // namespace ShownText

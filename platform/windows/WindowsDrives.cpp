@@ -7,6 +7,8 @@
 #include <array>
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -34,9 +36,9 @@ std::vector<Drive> WindowsDrives::Drives() {
             continue;
         }
         // Floppy drives are left alone: each look would start their motor.
-        const bool isAsked = letter > QLatin1Char('B') && IsRemovableVolume(RootOf(letter));
+        const bool isAsked = letter > u'B' && IsRemovableVolume(RootOf(letter));
         if (!isAsked || Ask(letter) != nullptr) {
-            drives.push_back({letter, letter + QStringLiteral(":")});
+            drives.push_back({letter, letter + u":"_s});
         }
     }
     return drives;

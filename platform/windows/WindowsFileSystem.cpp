@@ -268,10 +268,10 @@ WindowsHandle WindowsFileSystem::OpenRegular(const QString& path) {
 TargetPlace WindowsFileSystem::PlaceToChange(const QString& path) {
     const QString folder = Paths::ParentFolder(path);
     QString name = path.mid(folder.size());
-    while (name.startsWith(QLatin1Char('\\'))) {
+    while (name.startsWith(u'\\')) {
         name.remove(0, 1);
     }
-    while (name.endsWith(QLatin1Char('\\'))) {
+    while (name.endsWith(u'\\')) {
         name.chop(1);
     }
     const std::optional<std::wstring> place = SystemPath(folder);

@@ -4,12 +4,14 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
     : m_folder(ScratchTemplate()) {
-    const QString other = m_folder.filePath(QStringLiteral("two"));
+    const QString other = m_folder.filePath(u"two"_s);
     MakeDevice(DeviceFolder(), tracks, sqlite);
     MakeDevice(other, tracks, sqlite);
-    qputenv("SONGLIFT_DRIVES", (DeviceFolder() + QLatin1Char(':') + other).toUtf8());
+    qputenv("SONGLIFT_DRIVES", (DeviceFolder() + u':' + other).toUtf8());
     m_program = std::make_unique<BenchProgram>();
 }
 
@@ -20,5 +22,5 @@ void BenchWindow::Reload() {
 
 QString ScratchTemplate() {
     return qEnvironmentVariable("SONGLIFT_BENCH_FOLDER", QCoreApplication::applicationDirPath()) +
-           QStringLiteral("/scratch-XXXXXX");
+           u"/scratch-XXXXXX"_s;
 }

@@ -20,6 +20,8 @@
 #include <functional>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void MakeMedia(const BenchWindow& window, const std::vector<SampleTrack>& tracks, int bytes) {
@@ -27,9 +29,9 @@ void MakeMedia(const BenchWindow& window, const std::vector<SampleTrack>& tracks
     for (int i = 0; i < bytes; ++i) {
         content[i] = static_cast<char>(i * 31 + i / 4096);
     }
-    const QDir music(window.DeviceFolder() + QStringLiteral("/iPod_Control/Music"));
+    const QDir music(window.DeviceFolder() + u"/iPod_Control/Music"_s);
     for (const SampleTrack& track : tracks) {
-        music.mkpath(track.Location.section(QLatin1Char('/'), 0, 0));
+        music.mkpath(track.Location.section(u'/', 0, 0));
         QFile file(music.filePath(track.Location));
         file.open(QIODevice::WriteOnly);
         file.write(content);
@@ -64,7 +66,7 @@ public:
         if (m_isLarge && !m_target.isEmpty()) {
             QDir(m_target).removeRecursively();
         }
-        m_target = m_window.Scratch(QStringLiteral("copy") + QString::number(++m_targets));
+        m_target = m_window.Scratch(u"copy"_s + QString::number(++m_targets));
         QDir().mkpath(m_target);
         sync();
         return m_target;
@@ -79,15 +81,11 @@ public:
 
     const TimedEventLoop& Events() { return m_window.Events(); }
 
-    bool IsCompleted() {
-        return m_window.MessageBoxes().Texts().contains(QStringLiteral("Copy completed!"));
-    }
+    bool IsCompleted() { return m_window.MessageBoxes().Texts().contains(u"Copy completed!"_s); }
 
     /// Where the last files went.
     QString Target() const { return m_target; }
-    QString MusicFolder() const {
-        return m_window.DeviceFolder() + QStringLiteral("/iPod_Control/Music");
-    }
+    QString MusicFolder() const { return m_window.DeviceFolder() + u"/iPod_Control/Music"_s; }
 
 private:
     static std::vector<SampleTrack> Tracks(int count, int bytes) {
@@ -130,7 +128,7 @@ void InTurn(benchmark::State& state, Job& job,
 
 void BesideCp(benchmark::State& state, Job& job) {
     InTurn(state, job, [&](const QString& target) {
-        QProcess::execute(QStringLiteral("cp"), {QStringLiteral("-r"), job.MusicFolder(), target});
+        QProcess::execute(u"cp"_s, {u"-r"_s, job.MusicFolder(), target});
     });
 }
 

@@ -13,6 +13,8 @@
 #include <array>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// One sort of names by ICU: what a list in the user's order cannot do without.
@@ -88,7 +90,7 @@ struct Parts {
           Lists(Music.Library, Fitting, ListControlsOf(window.Controls())),
           Result(Music.Library, Lists),
           Summary(Result, Music.Library, SummaryControlsOf(window.Controls())) {
-        Music.LoadITunesDB(QStringLiteral("E:"));
+        Music.LoadITunesDB(u"E:"_s);
     }
 
     QtWindowManager Windows;

@@ -11,11 +11,12 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString DatabaseFile(const BenchWindow& window, const char* name) {
-    return window.DeviceFolder() + QStringLiteral("/iPod_Control/iTunes/") +
-           QString::fromLatin1(name);
+    return window.DeviceFolder() + u"/iPod_Control/iTunes/"_s + QString::fromLatin1(name);
 }
 
 void ReadTheFile(benchmark::State& state) {
@@ -36,7 +37,7 @@ void LoadBinaryDatabase(benchmark::State& state) {
     LoadMusic loadMusic({window.Files(), background, window.Events(), window.MessageBoxes()},
                         LoadControlsOf(window.Controls()));
     for (auto _ : state) {
-        loadMusic.LoadITunesDB(QStringLiteral("E:"));
+        loadMusic.LoadITunesDB(u"E:"_s);
         if (loadMusic.Library.TrackCount != state.range(0)) {
             state.SkipWithError("the library did not load");
         }
@@ -83,7 +84,7 @@ void LoadSqliteLibrary(benchmark::State& state) {
     LoadMusic loadMusic({window.Files(), background, window.Events(), window.MessageBoxes()},
                         LoadControlsOf(window.Controls()));
     for (auto _ : state) {
-        loadMusic.LoadSQLiteLibrary(QStringLiteral("E:"));
+        loadMusic.LoadSQLiteLibrary(u"E:"_s);
         if (loadMusic.Library.TrackCount != state.range(0)) {
             state.SkipWithError("the library did not load");
         }

@@ -5,6 +5,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void NameEqualTitles(benchmark::State& state) {
@@ -12,8 +14,7 @@ void NameEqualTitles(benchmark::State& state) {
         Naming naming;
         naming.FolderChanged = true;
         for (int64_t i = 0; i < state.range(0); ++i) {
-            benchmark::DoNotOptimize(
-                naming.MakeFileName(QStringLiteral("01 Untitled"), QStringLiteral(".mp3")));
+            benchmark::DoNotOptimize(naming.MakeFileName(u"01 Untitled"_s, u".mp3"_s));
         }
     }
     state.SetComplexityN(state.range(0));

@@ -11,6 +11,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int Fullest = 32767;
@@ -18,8 +20,7 @@ constexpr int Fullest = 32767;
 /// Runs one of the programs beside this one to its end; returns what it prints.
 QByteArray Run(const char* program, const QStringList& arguments = {}) {
     QProcess process;
-    process.start(QCoreApplication::applicationDirPath() + QLatin1Char('/') +
-                      QString::fromLatin1(program),
+    process.start(QCoreApplication::applicationDirPath() + u'/' + QString::fromLatin1(program),
                   arguments);
     process.waitForFinished(-1);
     return process.readAllStandardOutput();
@@ -54,7 +55,7 @@ void PeakMemory(benchmark::State& state) {
     const QString full = MakeDeviceOf(folder, Fullest, sqlite);
     const auto peak = [&](const QString& device) {
         qputenv("SONGLIFT_DRIVES", device.toUtf8());
-        return Run("started_program", {QStringLiteral("all")}).split(' ');
+        return Run("started_program", {u"all"_s}).split(' ');
     };
     double most = 0;
     for (auto _ : state) {
@@ -64,11 +65,11 @@ void PeakMemory(benchmark::State& state) {
         }
         most = shown.value(0).toDouble() - peak(one).value(0).toDouble();
     }
-    const QString files = full + QStringLiteral("/iPod_Control/iTunes/");
-    const QString base = files + QStringLiteral("iTunes Library.itlp/");
-    const qint64 size = sqlite ? QFileInfo(base + QStringLiteral("Library.itdb")).size() +
-                                     QFileInfo(base + QStringLiteral("Locations.itdb")).size()
-                               : QFileInfo(files + QStringLiteral("iTunesDB")).size();
+    const QString files = full + u"/iPod_Control/iTunes/"_s;
+    const QString base = files + u"iTunes Library.itlp/"_s;
+    const qint64 size = sqlite ? QFileInfo(base + u"Library.itdb"_s).size() +
+                                     QFileInfo(base + u"Locations.itdb"_s).size()
+                               : QFileInfo(files + u"iTunesDB"_s).size();
     state.counters["bytes"] = most;
     state.counters["of_database"] = most / static_cast<double>(size);
 }

@@ -6,6 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A keystroke, taken while another search is shown.
@@ -29,13 +31,13 @@ void Keystroke(benchmark::State& state, const QString& before, const QString& af
 }
 
 void SmallResult(benchmark::State& state) {
-    Keystroke(state, QStringLiteral("lantern 7"), QStringLiteral("lantern 77"), false);
+    Keystroke(state, u"lantern 7"_s, u"lantern 77"_s, false);
 }
 BENCHMARK(SmallResult)->Apply(ForEverySize);
 
 /// Nearly every artist, album or title holds an "e"; everything is shown.
 void EverythingMatches(benchmark::State& state) {
-    Keystroke(state, QStringLiteral("lantern 7"), QStringLiteral("e"), true);
+    Keystroke(state, u"lantern 7"_s, u"e"_s, true);
 }
 BENCHMARK(EverythingMatches)->Apply(ForEverySize);
 
@@ -56,7 +58,7 @@ void EndOfSearch(benchmark::State& state) {
     window.Controls().lstArtists.SetListIndex(0);
     for (auto _ : state) {
         state.PauseTiming();
-        window.Controls().txtSearch.SetText(QStringLiteral("lantern"));
+        window.Controls().txtSearch.SetText(u"lantern"_s);
         BenchWindow::Paint();
         state.ResumeTiming();
         window.Controls().txtSearch.SetText(QString());

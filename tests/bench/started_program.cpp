@@ -8,10 +8,12 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 long PeakMemory() {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     status.open(QIODevice::ReadOnly);
     const QByteArray text = status.readAll();
     return text.mid(text.indexOf("VmHWM:") + 6).trimmed().split(' ').first().toLong() * 1024;

@@ -7,13 +7,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Kind KindOf(const QString& word) {
-    if (word == "audio"_L1) {
+    if (word == u"audio"_s) {
         return KindAudio;
     }
-    if (word == "video"_L1) {
+    if (word == u"video"_s) {
         return KindVideo;
     }
-    if (word == "other"_L1) {
+    if (word == u"other"_s) {
         return KindOther;
     }
     throw std::logic_error("no such kind: " + word.toStdString());
@@ -39,17 +39,17 @@ int IndexOf(const QStringList& texts, const QString& text) {
 }
 
 int RowOf(const FakeListControl& list, const QString& text) {
-    return text == "All"_L1 && list.ListCount() > 0 ? 0 : IndexOf(list.Texts(), text);
+    return text == u"All"_s && list.ListCount() > 0 ? 0 : IndexOf(list.Texts(), text);
 }
 
 FakeListControl& ListOf(FakeForm1& form, const QString& name) {
-    if (name == "artist"_L1) {
+    if (name == u"artist"_s) {
         return form.lstArtists;
     }
-    if (name == "album"_L1) {
+    if (name == u"album"_s) {
         return form.lstAlbums;
     }
-    if (name == "song"_L1) {
+    if (name == u"song"_s) {
         return form.lstSongs;
     }
     throw std::logic_error("no such step: " + name.toStdString());
@@ -64,9 +64,9 @@ std::vector<ArtistRecord> RecordsOf(const char* description) {
         if (name.isEmpty()) {
             continue;
         }
-        if (line.startsWith("    "_L1)) {
+        if (line.startsWith(u"    "_s)) {
             artists.back().Albums.back().Tracks.push_back(TrackOf(name));
-        } else if (line.startsWith("  "_L1)) {
+        } else if (line.startsWith(u"  "_s)) {
             artists.back().Albums.emplace_back().Name = name;
         } else {
             artists.emplace_back().Name = name;
@@ -145,15 +145,15 @@ void BrowserFixture::Do(const char* steps) {
 }
 
 void BrowserFixture::DoStep(const QString& verb, const QString& what) {
-    if (verb == "type"_L1) {
+    if (verb == u"type"_s) {
         Form.txtSearch.UserReplace(what);
-    } else if (verb == "clear"_L1) {
+    } else if (verb == u"clear"_s) {
         Form.cmdClear.UserPress();
-    } else if (verb == "tab"_L1) {
+    } else if (verb == u"tab"_s) {
         Form.tbsFilter.UserSelectTab(IndexOf(Form.tbsFilter.Captions, what));
-    } else if (verb == "tick"_L1 || verb == "untick"_L1) {
+    } else if (verb == u"tick"_s || verb == u"untick"_s) {
         FakeListControl& list = ListOf(Form, what.section(u' ', 0, 0));
-        list.UserTick(RowOf(list, what.section(u' ', 1)), verb == "tick"_L1);
+        list.UserTick(RowOf(list, what.section(u' ', 1)), verb == u"tick"_s);
     } else {
         FakeListControl& list = ListOf(Form, verb);
         list.UserClick(RowOf(list, what));

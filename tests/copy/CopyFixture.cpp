@@ -110,7 +110,7 @@ void CopyFixture::CloseAtYield(int yield) {
 QStringList CopyFixture::Names() const {
     QStringList names;
     for (const QString& path : Copied()) {
-        names += path.mid(Text("D:\\Music\\").size());
+        names += path.mid(u"D:\\Music\\"_s.size());
     }
     return names;
 }

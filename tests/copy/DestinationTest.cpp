@@ -221,9 +221,9 @@ TEST_F(DestinationTest, APickedFolderBecomesTheDestinationAndRunsItsChangeHandle
 TEST(FolderPicker, TheInitialFolderEndsInANulCharacter) {
     FakeShell shell;
     FolderPicker picker(shell);
-    shell.PickedFolder = u"D:\\x"_s + QChar(u'\0') + u"rest"_s;
+    shell.PickedFolder = u"D:\\x"_s + u'\0' + u"rest"_s;
     EXPECT_EQ(picker.BrowseDirectorysOnly(5, u"Prompt"_s, u"C:\\a"_s), u"D:\\x"_s);
-    EXPECT_EQ(picker.InitialFolder, u"C:\\a"_s + QChar(u'\0'));
+    EXPECT_EQ(picker.InitialFolder, u"C:\\a"_s + u'\0');
     EXPECT_EQ(shell.Owner, WindowHandle(5));
     EXPECT_EQ(shell.StartFolder, u"C:\\a"_s);
 }

@@ -67,7 +67,7 @@ TEST(FittingName, ACutThatLeavesNothingButDotsIsUnknown) {
 TEST(FittingName, WhatNoNameCanHoldIsLeftOut) {
     const QString half = u"half"_s + QChar(0xD83C);
     EXPECT_EQ(FittingName(half + u" note"_s, u".mp3"_s, Ext4), u"half note.mp3"_s);
-    EXPECT_EQ(FittingName(u"a"_s + QChar(u'\0') + u"b"_s, {}, Ext4), u"ab"_s);
+    EXPECT_EQ(FittingName(u"a"_s + u'\0' + u"b"_s, {}, Ext4), u"ab"_s);
     EXPECT_EQ(FittingName(QString(QChar(0xDC00)), u".mp3"_s, Ext4), u"UNKNOWN.mp3"_s);
 }
 

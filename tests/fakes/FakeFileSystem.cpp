@@ -33,7 +33,7 @@ bool IsBadForWindows(const QString& name) {
 
 bool IsRefused(const QString& name, const NameLimits& limits) {
     const bool countsBytes = limits.CountedIn == NameLimits::Unit::Utf8Bytes;
-    return !name.isValidUtf16() || name.contains(QChar(u'\0')) ||
+    return !name.isValidUtf16() || name.contains(u'\0') ||
            (countsBytes ? name.toUtf8().size() : name.size()) > limits.Longest ||
            (limits.IsForWindows && IsBadForWindows(name));
 }

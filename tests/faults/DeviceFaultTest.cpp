@@ -9,13 +9,15 @@
 #include <cerrno>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 ShownMessage ErrorBox(const QString& text, MessageButtons buttons, MessageIcon icon) {
-    return {text, Text("Error"), buttons, icon};
+    return {text, u"Error"_s, buttons, icon};
 }
 
-const QString Completed = Text("Copy completed!");
+const QString Completed = u"Copy completed!"_s;
 
 /// The two ways to copy a file, each with a length that goes block by block and one that the kernel
 /// may copy by itself.
@@ -42,7 +44,7 @@ protected:
                                  : m_folders.AddTrack("Abba", "Arrival", "Two", bytes);
         m_source = m_folders.FileOf(track);
         m_folders.AddTrack("Abba", "Arrival", "Three", "three");
-        m_target = m_folders.Destination + Text("/Abba/Arrival/Two.mp3");
+        m_target = m_folders.Destination + u"/Abba/Arrival/Two.mp3"_s;
     }
 
     bool IsRead(const SystemCall& call) const {
@@ -69,8 +71,8 @@ protected:
         EXPECT_EQ(job.messages.Shown, std::vector{message});
         job.ExpectIdle();
         m_folders.ExpectWholeFilesOnly(Leftovers::None);
-        EXPECT_EQ(NamesIn(m_folders.Destination), QStringList(Text("Abba")));
-        EXPECT_EQ(NamesIn(m_folders.Destination + Text("/Abba/Arrival")).contains(Text("Two.mp3")),
+        EXPECT_EQ(NamesIn(m_folders.Destination), QStringList(u"Abba"_s));
+        EXPECT_EQ(NamesIn(m_folders.Destination + u"/Abba/Arrival"_s).contains(u"Two.mp3"_s),
                   m_folders.Old.contains(m_target));
     }
 
@@ -108,7 +110,7 @@ TEST_P(DeviceFault, BrokenFromAnyByteIsADeviceErrorAndTheEarlierFileStays) {
 }
 
 TEST_P(DeviceFault, PulledBetweenTwoFilesIsMissedUntilItIsBack) {
-    const QString away = m_folders.Device + Text(" away");
+    const QString away = m_folders.Device + u" away"_s;
     for (const MessageAnswer answer : {MessageAnswer::Abort, MessageAnswer::Retry}) {
         RealJob job(m_folders);
         job.events.OnYield = [&](int number) {
@@ -117,7 +119,7 @@ TEST_P(DeviceFault, PulledBetweenTwoFilesIsMissedUntilItIsBack) {
             }
         };
         const ShownMessage missing =
-            ErrorBox(Text("Path not found: \"") + FolderText(job) + Text("\""),
+            ErrorBox(u"Path not found: \""_s + FolderText(job) + u"\""_s,
                      MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation);
         job.messages.WhileShown = [&](const ShownMessage& message) {
             if (message == missing) {
@@ -136,16 +138,16 @@ TEST_P(DeviceFault, PulledBetweenTwoFilesIsMissedUntilItIsBack) {
 }
 
 TEST_P(DeviceFault, UnmountedInsideAFileIsReadToItsEndAndMissedAfterwards) {
-    const QString files = m_folders.Device + Text("/iPod_Control");
+    const QString files = m_folders.Device + u"/iPod_Control"_s;
     TestMount device = TestMount::Memory(files, "size=4m");
     if (!device.IsMounted()) {
         GTEST_SKIP() << "no device can be mounted here";
     }
-    MakeFolder(files + Text("/Music/F00"));
+    MakeFolder(files + u"/Music/F00"_s);
     for (const TrackRecord& track : m_folders.Library.Artists[0].Albums[0].Tracks) {
         WriteFile(m_folders.FileOf(track),
-                  m_folders.Wanted.at(m_folders.Destination + Text("/Abba/Arrival/") + track.Title +
-                                      Text(".mp3")));
+                  m_folders.Wanted.at(m_folders.Destination + u"/Abba/Arrival/"_s + track.Title +
+                                      u".mp3"_s));
     }
     RealJob job(m_folders);
     job.AnswerBy(Policy::Ignore);
@@ -161,12 +163,12 @@ TEST_P(DeviceFault, UnmountedInsideAFileIsReadToItsEndAndMissedAfterwards) {
         job.Press();
     }
     EXPECT_FALSE(device.IsMounted());
-    const QString missing = Text("Path not found: \"") + FolderText(job) + Text("\"");
+    const QString missing = u"Path not found: \""_s + FolderText(job) + u"\""_s;
     EXPECT_EQ(job.messages.Texts(), QStringList({missing, Completed}));
     job.ExpectIdle();
     m_folders.ExpectWholeFilesOnly(Leftovers::None);
-    EXPECT_EQ(NamesIn(m_folders.Destination + Text("/Abba/Arrival")),
-              QStringList({Text("One.mp3"), Text("Two.mp3")}));
+    EXPECT_EQ(NamesIn(m_folders.Destination + u"/Abba/Arrival"_s),
+              QStringList({u"One.mp3"_s, u"Two.mp3"_s}));
 }
 
 TEST_P(DeviceFault, AFileThatShrinksWhileItIsCopiedIsADeviceError) {
@@ -186,7 +188,7 @@ TEST_P(DeviceFault, AFileThatShrinksWhileItIsCopiedIsADeviceError) {
             });
             job.Press();
         }
-        ExpectEndedAtTheSecond(job, ErrorBox(Text("Error 57: Device I/O error"), MessageButtons::OK,
+        ExpectEndedAtTheSecond(job, ErrorBox(u"Error 57: Device I/O error"_s, MessageButtons::OK,
                                              MessageIcon::Critical));
         EXPECT_EQ(ReadFile(m_target), "old two");
     }

@@ -15,6 +15,8 @@
 #include <thread>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -55,13 +57,13 @@ void CopyAgain(const JobFolders& folders, Disk disk, OverwritePrompt::Answer ans
         const HookedSystemCalls hooked([disk](SystemCall& call) { return RefusalOf(call, disk); });
         job.Press();
     }
-    EXPECT_EQ(job.messages.Texts(), QStringList(Text("Copy completed!")));
+    EXPECT_EQ(job.messages.Texts(), QStringList(u"Copy completed!"_s));
     if (answer == OverwritePrompt::Replace) {
         folders.ExpectAllCopied();
         return;
     }
     folders.ExpectWholeFilesOnly(Leftovers::None);
-    EXPECT_FALSE(IsThere(folders.Destination + Text("/tmp")));
+    EXPECT_FALSE(IsThere(folders.Destination + u"/tmp"_s));
     for (const auto& [path, bytes] : folders.Wanted) {
         EXPECT_TRUE(IsThere(path)) << qPrintable(path);
     }
@@ -108,9 +110,9 @@ public:
         MakeFolder(Destination);
         Old.clear();
         if (withOldFiles) {
-            AddOld(Destination + Text("/Abba/Live/Film.mp3"), "old film");
-            AddOld(Destination + Text("/Abba/Live/Song.mp3"), QByteArray(6000000, 'o'));
-            AddOld(Destination + Text("/Beck/Guero/Last.mp3"), "old last");
+            AddOld(Destination + u"/Abba/Live/Film.mp3"_s, "old film");
+            AddOld(Destination + u"/Abba/Live/Song.mp3"_s, QByteArray(6000000, 'o'));
+            AddOld(Destination + u"/Beck/Guero/Last.mp3"_s, "old last");
         }
     }
 };
@@ -146,7 +148,7 @@ TEST_P(Kill, InTheMiddleOfAnyWriteHarmsNothing) {
         int nth = 0;
         const HookedSystemCalls hooked([&](SystemCall& call) {
             ++nth;
-            if (call.Size > 1 && Text(call.Name) != Text("read")) {
+            if (call.Size > 1 && Text(call.Name) != u"read"_s) {
                 writes.push_back(nth);
             }
             return RefusalOf(call, GetParam());

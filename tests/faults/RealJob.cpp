@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto Everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
@@ -38,8 +40,8 @@ bool Holds(const std::map<QString, QByteArray>& files, const QString& path,
 } // namespace
 
 JobFolders::JobFolders(const QString& work)
-    : Device(work + Text("/DEVICE")), Destination(work + Text("/copied")) {
-    MakeFolder(Device + Text("/iPod_Control/Music/F00"));
+    : Device(work + u"/DEVICE"_s), Destination(work + u"/copied"_s) {
+    MakeFolder(Device + u"/iPod_Control/Music/F00"_s);
     MakeFolder(Destination);
 }
 
@@ -59,10 +61,9 @@ TrackRecord& JobFolders::AddTrack(const char* artist, const char* album, const c
     track.FileSize = static_cast<qint32>(bytes.size());
     ++Library.TrackCount;
     track.Location =
-        Text("\\iPod_Control\\Music\\F00\\") + QString::number(Library.TrackCount) + Text(".mp3");
+        u"\\iPod_Control\\Music\\F00\\"_s + QString::number(Library.TrackCount) + u".mp3"_s;
     WriteFile(FileOf(track), bytes);
-    Wanted[QStringLiteral("%1/%2/%3/%4.mp3")
-               .arg(Destination, Text(artist), Text(album), Text(title))] = bytes;
+    Wanted[u"%1/%2/%3/%4.mp3"_s.arg(Destination, Text(artist), Text(album), Text(title))] = bytes;
     albums.back().Tracks.push_back(track);
     return albums.back().Tracks.back();
 }
@@ -87,8 +88,8 @@ void JobFolders::AddLeft(const QString& path, const QByteArray& bytes) {
 }
 
 QString JobFolders::FileOf(const TrackRecord& track) const {
-    QString below = track.Location.mid(track.Location.indexOf(QLatin1Char('\\')));
-    return Device + below.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    QString below = track.Location.mid(track.Location.indexOf(u'\\'));
+    return Device + below.replace(u'\\', u'/');
 }
 
 QStringList JobFolders::DeviceState() const {
@@ -96,8 +97,7 @@ QStringList JobFolders::DeviceState() const {
     for (const QString& path : PathsBelow(Device, Everything)) {
         struct stat info {};
         EXPECT_EQ(lstat(path.toUtf8().constData(), &info), 0);
-        entries += QStringLiteral("%1 %2 %3.%4")
-                       .arg(path)
+        entries += u"%1 %2 %3.%4"_s.arg(path)
                        .arg(info.st_size)
                        .arg(info.st_ctim.tv_sec)
                        .arg(info.st_ctim.tv_nsec);
@@ -107,8 +107,8 @@ QStringList JobFolders::DeviceState() const {
 
 void JobFolders::ExpectWholeFilesOnly(Leftovers allowed) const {
     for (const QString& path : PathsBelow(Destination, QDir::Files | QDir::Hidden | QDir::System)) {
-        const bool isLeftover = path.endsWith(Text("/") + Text(PartName)) ||
-                                path.startsWith(Destination + Text("/tmp/"));
+        const bool isLeftover =
+            path.endsWith(u"/"_s + Text(PartName)) || path.startsWith(Destination + u"/tmp/"_s);
         const QByteArray bytes = ReadFile(path);
         if (isLeftover) {
             EXPECT_NE(allowed, Leftovers::None) << qPrintable(path);
@@ -136,7 +136,7 @@ void JobFolders::ExpectAllCopied() const {
     }
     expected.sort();
     EXPECT_EQ(PathsBelow(Destination, QDir::Files | QDir::Hidden | QDir::System), expected);
-    EXPECT_FALSE(IsThere(Destination + Text("/tmp")));
+    EXPECT_FALSE(IsThere(Destination + u"/tmp"_s));
 }
 
 RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
@@ -145,7 +145,7 @@ RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
     qputenv("SONGLIFT_DRIVES", folders.Device.toUtf8());
     QString root;
     for (const Drive& drive : drives.Drives()) {
-        if (drives.VolumeName(drive) == Text("DEVICE")) {
+        if (drives.VolumeName(drive) == u"DEVICE"_s) {
             root = drive.Path;
         }
     }
@@ -198,7 +198,7 @@ void RealJob::AnswerBy(Policy policy) {
 void RealJob::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
     EXPECT_FALSE(job.CancelCopy);
-    EXPECT_EQ(form.Form1.Caption(), Text("Songlift"));
+    EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
     EXPECT_TRUE(form.lstArtists.Enabled());
     EXPECT_TRUE(form.txtDestination.Enabled());
 }

@@ -15,6 +15,8 @@
 #include <random>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -91,7 +93,7 @@ protected:
 } // namespace
 
 TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
-    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const char* speed : {"speed=1000000", "speed=8000000", "speed=30000000"}) {
         SCOPED_TRACE(speed);
@@ -106,16 +108,15 @@ TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
 }
 
 TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
-    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const char* folder : {"Abba", "Abba/Live"}) {
         for (const char* stall : {"speed=1000000", "stall=read", "stall=write", "stall=change"}) {
             SCOPED_TRACE(testing::Message() << folder << ", " << stall);
-            m_folders.Library.Artists[0].Albums[0].Checked = Text(folder) == Text("Abba");
-            SlowDisk& disk =
-                Text(stall) == Text("stall=write") || Text(stall) == Text("stall=change")
-                    ? m_target
-                    : m_device;
+            m_folders.Library.Artists[0].Albums[0].Checked = Text(folder) == u"Abba"_s;
+            SlowDisk& disk = Text(stall) == u"stall=write"_s || Text(stall) == u"stall=change"_s
+                                 ? m_target
+                                 : m_device;
             RealJob job(m_folders, &m_worker);
             disk.Be(stall);
             Run(job, [&](qint64 time) {
@@ -129,8 +130,8 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
             disk.Be("");
             LetHangingThreadsEnd(job);
             m_folders.ExpectWholeFilesOnly(Leftovers::None);
-            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Arrival/Song.mp3")));
-            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Live/Film.mp3")));
+            EXPECT_FALSE(IsThere(m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s));
+            EXPECT_FALSE(IsThere(m_folders.Destination + u"/Abba/Live/Film.mp3"_s));
         }
     }
     m_folders.Library.Artists[0].Albums[0].Checked = true;
@@ -140,7 +141,7 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
 }
 
 TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
-    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     m_device.Be("speed=2000000");
     RealJob job(m_folders, &m_worker);
@@ -149,18 +150,18 @@ TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
     job.messages.WhileShown = [](const ShownMessage&) { std::this_thread::sleep_for(100ms); };
     job.events.OnYield = [&](int number) {
         if (number > 20 && !std::exchange(isClosed, true)) {
-            EXPECT_FALSE(IsThere(m_folders.Destination + Text("/Abba/Arrival/Song.mp3")));
+            EXPECT_FALSE(IsThere(m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s));
             job.form.Form1.UserClose();
         }
     };
     job.Press();
     EXPECT_EQ(job.messages.Texts(),
-              QStringList({Text("Are you sure you want to quit?"), Text("Copy completed!")}));
+              QStringList({u"Are you sure you want to quit?"_s, u"Copy completed!"_s}));
     m_folders.ExpectAllCopied();
 }
 
 TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
-    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const bool isSmall : {true, false}) {
         m_folders.Library.Artists[0].Albums[0].Checked = isSmall;
@@ -173,24 +174,24 @@ TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
             }
             return time > 200;
         });
-        EXPECT_EQ(job.messages.Texts(), QStringList(Text("Are you sure you want to quit?")));
+        EXPECT_EQ(job.messages.Texts(), QStringList(u"Are you sure you want to quit?"_s));
         EXPECT_TRUE(job.form.Form1.Closed);
         EXPECT_GT(m_untilRest, 0);
         m_device.Be("");
         LetHangingThreadsEnd(job);
         m_folders.ExpectWholeFilesOnly(Leftovers::None);
-        EXPECT_FALSE(IsThere(m_folders.Destination + Text("/tmp")));
+        EXPECT_FALSE(IsThere(m_folders.Destination + u"/tmp"_s));
     }
 }
 
 // SONGLIFT_WALKS says how many jobs, SONGLIFT_SEED repeats a run.
 TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow) {
-    MakeFolder(m_folders.Device + Text("/iPod_Control/Music/F00"));
+    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     for (int number = 0; number < 4; ++number) {
         AddSongAndFilm(300000);
     }
-    m_folders.AddOld(m_folders.Destination + Text("/Abba/Arrival/Song.mp3"), "old song");
-    m_folders.AddOwn(m_folders.Destination + Text("/mine.txt"), "mine");
+    m_folders.AddOld(m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s, "old song");
+    m_folders.AddOwn(m_folders.Destination + u"/mine.txt"_s, "mine");
     const unsigned seed = qEnvironmentVariableIsSet("SONGLIFT_SEED")
                               ? qEnvironmentVariableIntValue("SONGLIFT_SEED")
                               : std::random_device()();

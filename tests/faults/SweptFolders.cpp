@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <fcntl.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Long enough for the kernel's own copy.
@@ -18,10 +20,10 @@ const QByteArray LongBytes = Pattern(1200000);
 } // namespace
 
 QString FolderForJobs() {
-    const QStorageInfo memory(QStringLiteral("/dev/shm"));
+    const QStorageInfo memory(u"/dev/shm"_s);
     const bool hasRoom = memory.isReady() && memory.bytesAvailable() > qint64{1} << 30 &&
                          QFileInfo(memory.rootPath()).isWritable();
-    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + QStringLiteral("/songlift-XXXXXX");
+    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
 }
 
 SweptFolders::SweptFolders() : SweptFolders(std::make_unique<QTemporaryDir>(FolderForJobs())) {
@@ -36,21 +38,19 @@ SweptFolders::SweptFolders(std::unique_ptr<QTemporaryDir> work)
     AddFilm("Abba", "Live", "Film", LongBytes.left(70000));
     AddFilm("Abba", "Live", "Extra", "extra");
     AddTrack("Beck", "Guero", "Girl", "girl");
-    AddOld(Destination + Text("/Abba/Arrival/Two.mp3"), "old two");
-    AddOld(Destination + Text("/Abba/Live/Film.mp3"), "old film");
-    AddOwn(Destination + Text("/mine.txt"), "mine");
-    AddOwn(Destination + Text("/Abba/Arrival/cover.jpg"), "cover");
-    AddLeft(Destination + Text("/Abba/Arrival/.songlift.part"), "half of a song");
-    AddLeft(Destination + Text("/tmp/copy.tmp"), LongBytes.left(100000));
+    AddOld(Destination + u"/Abba/Arrival/Two.mp3"_s, "old two");
+    AddOld(Destination + u"/Abba/Live/Film.mp3"_s, "old film");
+    AddOwn(Destination + u"/mine.txt"_s, "mine");
+    AddOwn(Destination + u"/Abba/Arrival/cover.jpg"_s, "cover");
+    AddLeft(Destination + u"/Abba/Arrival/.songlift.part"_s, "half of a song");
+    AddLeft(Destination + u"/tmp/copy.tmp"_s, LongBytes.left(100000));
 }
 
 QString PlaceOf(const SystemCall& call) {
     const QString folder =
-        call.File >= 0 ? QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(call.File))
-                       : QString();
+        call.File >= 0 ? QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(call.File)) : QString();
     const QString name = QString::fromUtf8(call.Path);
-    return call.Path == nullptr || name.startsWith(QLatin1Char('/')) ? folder + name
-                                                                     : folder + Text("/") + name;
+    return call.Path == nullptr || name.startsWith(u'/') ? folder + name : folder + u"/"_s + name;
 }
 
 int RefusalOf(const SystemCall& call, Disk disk) {
@@ -71,7 +71,7 @@ int CountCalls(Disk disk) {
         });
         job.Press();
     }
-    EXPECT_EQ(job.messages.Texts(), QStringList(Text("Copy completed!")));
+    EXPECT_EQ(job.messages.Texts(), QStringList(u"Copy completed!"_s));
     EXPECT_EQ(job.prompted.size(), 2);
     folders.ExpectAllCopied();
     return calls;

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class SystemCallSweep : public testing::TestWithParam<Disk> {
@@ -26,15 +28,14 @@ private:
 /// or removed.
 bool IsPartOfCleaning(const SystemCall& call, const QString& place, const QString& destination) {
     const QString name = Text(call.Name);
-    if (name == Text("unlinkat")) {
+    if (name == u"unlinkat"_s) {
         return true;
     }
-    const bool isLooking = name.startsWith(Text("open")) || name.startsWith(Text("fstat")) ||
-                           name == Text("statx") || name == Text("fdopendir") ||
-                           name == Text("readdir");
+    const bool isLooking = name.startsWith(u"open"_s) || name.startsWith(u"fstat"_s) ||
+                           name == u"statx"_s || name == u"fdopendir"_s || name == u"readdir"_s;
     return isLooking &&
-           (place == destination + Text("/") || place.startsWith(destination + Text("/tmp")) ||
-            place.endsWith(Text("/.songlift.part")));
+           (place == destination + u"/"_s || place.startsWith(destination + u"/tmp"_s) ||
+            place.endsWith(u"/.songlift.part"_s));
 }
 
 void SystemCallSweep::RunWithFailure(Policy policy, int nth, int error) {
@@ -49,7 +50,7 @@ void SystemCallSweep::RunWithFailure(Policy policy, int nth, int error) {
         const HookedSystemCalls hooked([&](SystemCall& call) {
             if (++calls == nth) {
                 const QString place = PlaceOf(call);
-                struck = Text(call.Name) + Text(" ") + place;
+                struck = Text(call.Name) + u" "_s + place;
                 mayHaveLeftovers = IsPartOfCleaning(call, place, folders.Destination);
                 return error;
             }
@@ -59,7 +60,7 @@ void SystemCallSweep::RunWithFailure(Policy policy, int nth, int error) {
     }
     SCOPED_TRACE(testing::Message()
                  << "call " << nth << " (" << qPrintable(struck) << "): " << std::strerror(error)
-                 << "; the user was told: " << qPrintable(job.messages.Texts().join(Text(" | "))));
+                 << "; the user was told: " << qPrintable(job.messages.Texts().join(u" | "_s)));
     ASSERT_FALSE(struck.isEmpty());
     ++m_injected;
     m_completed += job.IsCompleted() ? 1 : 0;
@@ -68,7 +69,7 @@ void SystemCallSweep::RunWithFailure(Policy policy, int nth, int error) {
     folders.ExpectWholeFilesOnly(mayHaveLeftovers ? Leftovers::Any : untouched);
     job.ExpectIdle();
     EXPECT_FALSE(job.messages.Shown.empty());
-    if (job.messages.Texts() == QStringList(Text("Copy completed!")) ||
+    if (job.messages.Texts() == QStringList(u"Copy completed!"_s) ||
         (policy == Policy::Retry && job.IsCompleted())) {
         for (const auto& [path, bytes] : folders.Wanted) {
             EXPECT_EQ(ReadFile(path), bytes) << qPrintable(path);
@@ -76,7 +77,7 @@ void SystemCallSweep::RunWithFailure(Policy policy, int nth, int error) {
     }
     if (!job.IsCompleted()) {
         const ShownMessage& last = job.messages.Shown.back();
-        EXPECT_TRUE(last.Title == Text("Error") || last.Text == Text("Invalid destination path."));
+        EXPECT_TRUE(last.Title == u"Error"_s || last.Text == u"Invalid destination path."_s);
     }
 }
 

@@ -12,11 +12,13 @@
 #include <unistd.h>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString Full = Text("This drive is full.");
-const QString Completed = Text("Copy completed!");
-const QString NotEnoughSpace = Text("There is not enough space");
+const QString Full = u"This drive is full."_s;
+const QString Completed = u"Copy completed!"_s;
+const QString NotEnoughSpace = u"There is not enough space"_s;
 
 /// Lets so many bytes be written, then refuses with `error` until it is lifted.
 class Room {
@@ -24,7 +26,7 @@ public:
     Room(qint64 bytes, int error) : m_left(bytes), m_error(error) {}
 
     int Take(SystemCall& call) {
-        const bool isWriting = call.Size > 0 && Text(call.Name) != Text("read");
+        const bool isWriting = call.Size > 0 && Text(call.Name) != u"read"_s;
         if (!isWriting || m_isLifted) {
             return 0;
         }
@@ -58,7 +60,7 @@ void RetryAfter(RealJob& job, const std::function<void()>& mend) {
     const auto answer = job.messages.WhileShown;
     job.messages.WhileShown = [answer, mend](const ShownMessage& message) {
         answer(message);
-        if (message.Title == Text("Error")) {
+        if (message.Title == u"Error"_s) {
             mend();
         }
     };
@@ -134,12 +136,11 @@ TEST_P(FullDisk, AtAnyByteLeavesWholeFilesOnlyAndRoomLetsTheJobGoOn) {
                 EXPECT_EQ(job.messages.Texts(), QStringList({Full, Completed}));
                 folders.ExpectAllCopied();
             } else {
-                EXPECT_EQ(
-                    job.messages.Shown,
-                    std::vector{(ShownMessage{Full, Text("Error"), MessageButtons::RetryCancel,
-                                              MessageIcon::Exclamation})});
+                EXPECT_EQ(job.messages.Shown,
+                          std::vector{(ShownMessage{Full, u"Error"_s, MessageButtons::RetryCancel,
+                                                    MessageIcon::Exclamation})});
                 folders.ExpectWholeFilesOnly(Leftovers::Earlier);
-                EXPECT_FALSE(IsThere(folders.Destination + Text("/tmp")));
+                EXPECT_FALSE(IsThere(folders.Destination + u"/tmp"_s));
             }
         }
     }
@@ -166,7 +167,7 @@ TEST(SmallDisk, OfAnySizeHoldsWholeFilesOnlyAndRoomLetsTheJobGoOn) {
         if (!disk.IsMounted()) {
             GTEST_SKIP() << "no small disk can be mounted here";
         }
-        const QString ballast = folders.Destination + Text("/ballast");
+        const QString ballast = folders.Destination + u"/ballast"_s;
         WriteFile(ballast, QByteArray(4096 * (60 - pages), 'x'));
         RealJob job(folders);
         job.AnswerBy(Policy::Stop);
@@ -197,11 +198,10 @@ TEST_F(TargetFault, AReadOnlyDiskIsADeniedPermissionUntilItCanBeWritten) {
     RealJob job(m_folders);
     RetryAfter(job, [&] { disk.Unmount(); });
     job.Press();
-    EXPECT_EQ(
-        job.messages.Shown.front(),
-        (ShownMessage{Text("Unable to create file: \"") + m_folders.Destination +
-                          Text("/Abba/Arrival/One.mp3\""),
-                      Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
+    EXPECT_EQ(job.messages.Shown.front(),
+              (ShownMessage{u"Unable to create file: \""_s + m_folders.Destination +
+                                u"/Abba/Arrival/One.mp3\""_s,
+                            u"Error"_s, MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
     EXPECT_EQ(job.messages.Shown.size(), 2U);
     m_folders.ExpectAllCopied();
 }
@@ -216,7 +216,7 @@ TEST_F(TargetFault, AReadOnlyDiskOnWhichEveryFailureIsIgnoredStaysAsItIs) {
         job.AnswerBy(Policy::Ignore);
         job.Press();
         // Seven files and two more folders, and "tmp", which is deleted twice.
-        EXPECT_EQ(job.messages.Texts().filter(Text("Unable to create file: ")).size(), 9);
+        EXPECT_EQ(job.messages.Texts().filter(u"Unable to create file: "_s).size(), 9);
         EXPECT_TRUE(job.IsCompleted());
         job.ExpectIdle();
     }
@@ -228,7 +228,7 @@ TEST_F(TargetFault, AReadOnlyDiskOnWhichEveryFailureIsIgnoredStaysAsItIs) {
 
 TEST_F(TargetFault, ADestinationRemovedInTheMiddleIsMissedUntilItIsBack) {
     RealJob job(m_folders);
-    const QString away = m_folders.Destination + Text(" away");
+    const QString away = m_folders.Destination + u" away"_s;
     job.events.OnYield = [&](int number) {
         if (number == 3) {
             ASSERT_TRUE(QDir().rename(m_folders.Destination, away));
@@ -237,10 +237,10 @@ TEST_F(TargetFault, ADestinationRemovedInTheMiddleIsMissedUntilItIsBack) {
     RetryAfter(job, [&] { QDir().rename(away, m_folders.Destination); });
     job.Press();
     const QString source = job.library.Artists[0].Albums[0].Tracks[0].Location;
-    EXPECT_EQ(job.messages.Shown.front(),
-              (ShownMessage{
-                  Text("Path not found: \"") + source.left(source.lastIndexOf(u'\\')) + Text("\""),
-                  Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation}));
+    EXPECT_EQ(
+        job.messages.Shown.front(),
+        (ShownMessage{u"Path not found: \""_s + source.left(source.lastIndexOf(u'\\')) + u"\""_s,
+                      u"Error"_s, MessageButtons::AbortRetryIgnore, MessageIcon::Exclamation}));
     EXPECT_EQ(job.messages.Shown.size(), 2U);
     m_folders.ExpectAllCopied();
 }
@@ -263,9 +263,9 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
     for (const bool isMended : {false, true}) {
         SCOPED_TRACE(isMended);
         const SweptFolders folders;
-        const QString closed = folders.Destination + Text("/Abba/Arrival");
-        QFile::remove(closed + Text("/.songlift.part"));
-        QDir(folders.Destination + Text("/tmp")).removeRecursively();
+        const QString closed = folders.Destination + u"/Abba/Arrival"_s;
+        QFile::remove(closed + u"/.songlift.part"_s);
+        QDir(folders.Destination + u"/tmp"_s).removeRecursively();
         for (const char* below : {"", "/Abba", "/Abba/Arrival", "/Abba/Live"}) {
             GiveToNobody(folders.Destination + Text(below));
         }
@@ -273,7 +273,7 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
             GiveToNobody(folders.Destination + Text(file));
         }
         SetMode(closed, 0555);
-        SetMode(folders.Destination + Text("/.."), 0755);
+        SetMode(folders.Destination + u"/.."_s, 0755);
         RealJob job(folders);
         job.AnswerBy(Policy::Ignore);
         if (isMended) {
@@ -293,8 +293,8 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
         }
         EXPECT_EQ(
             job.messages.Shown.front(),
-            (ShownMessage{Text("Unable to create file: \"") + closed + Text("/One.mp3\""),
-                          Text("Error"), MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
+            (ShownMessage{u"Unable to create file: \""_s + closed + u"/One.mp3\""_s, u"Error"_s,
+                          MessageButtons::AbortRetryIgnore, MessageIcon::Critical}));
         EXPECT_TRUE(job.IsCompleted());
         EXPECT_EQ(job.messages.Shown.size(), isMended ? 2U : 5U); // four files are in that folder
         if (isMended) {
@@ -302,35 +302,34 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
             continue;
         }
         folders.ExpectWholeFilesOnly(Leftovers::None);
-        EXPECT_EQ(NamesIn(closed), QStringList({Text("Two.mp3"), Text("cover.jpg")}));
-        EXPECT_EQ(ReadFile(closed + Text("/Two.mp3")), "old two");
-        EXPECT_EQ(NamesIn(folders.Destination + Text("/Abba/Live")),
-                  QStringList({Text("Extra.mp3"), Text("Film.mp3")}));
-        EXPECT_TRUE(IsThere(folders.Destination + Text("/Beck/Guero/Girl.mp3")));
+        EXPECT_EQ(NamesIn(closed), QStringList({u"Two.mp3"_s, u"cover.jpg"_s}));
+        EXPECT_EQ(ReadFile(closed + u"/Two.mp3"_s), "old two");
+        EXPECT_EQ(NamesIn(folders.Destination + u"/Abba/Live"_s),
+                  QStringList({u"Extra.mp3"_s, u"Film.mp3"_s}));
+        EXPECT_TRUE(IsThere(folders.Destination + u"/Beck/Guero/Girl.mp3"_s));
     }
 }
 
 /// Another program that works in the same folder at the same instant.
 class OtherProgram : public LinuxFixture {
 protected:
-    OtherProgram() { WriteFile(Native(Text("song.mp3")), "new"); }
+    OtherProgram() { WriteFile(Native(u"song.mp3"_s), "new"); }
 
     int CopyError(Existing existing) {
-        return NumberOf(
-            [&] { m_files.CopyFile(Native(Text("song.mp3")), m_target, existing, {}); });
+        return NumberOf([&] { m_files.CopyFile(Native(u"song.mp3"_s), m_target, existing, {}); });
     }
 
-    const QString m_target = Native(Text("Song.mp3 copied"));
+    const QString m_target = Native(u"Song.mp3 copied"_s);
 };
 
 TEST_F(OtherProgram, ThatReplacesThePartFileDoesNotGetItsOwnUnderTheFinalName) {
-    const QString part = Native(Text(".songlift.part"));
+    const QString part = Native(u".songlift.part"_s);
     WriteFile(m_target, "old");
     const HookedSystemCalls hooked([&](SystemCall& call) {
         if ((call.Flags & O_TMPFILE) == O_TMPFILE) {
             return EOPNOTSUPP;
         }
-        if (Text(call.Name) == Text("write")) {
+        if (Text(call.Name) == u"write"_s) {
             QFile::remove(part);
             WriteFile(part, "half of another");
         }
@@ -346,7 +345,7 @@ TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsItsFileUnlessItMayBeReplace
     // links too. On the last nobody can keep what comes in the instant of the rename.
     for (const int system : {0, 1, 2, 3}) {
         for (const char* last : {"write", "linkat", "renameat2", "renameat"}) {
-            if (system == 3 && Text(last) == Text("renameat")) {
+            if (system == 3 && Text(last) == u"renameat"_s) {
                 continue;
             }
             SCOPED_TRACE(testing::Message() << "file system " << system << ", at " << last);
@@ -358,10 +357,10 @@ TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsItsFileUnlessItMayBeReplace
                 if (Text(call.Name) == Text(last) && !std::exchange(hasMade, true)) {
                     WriteFile(m_target, "another's");
                 }
-                if (system == 3 && Text(call.Name) == Text("linkat")) {
+                if (system == 3 && Text(call.Name) == u"linkat"_s) {
                     return EPERM;
                 }
-                return system >= 2 && Text(call.Name) == Text("renameat2") ? EINVAL : 0;
+                return system >= 2 && Text(call.Name) == u"renameat2"_s ? EINVAL : 0;
             };
             {
                 const HookedSystemCalls hooked(hook);
@@ -377,7 +376,7 @@ TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsItsFileUnlessItMayBeReplace
             }
             EXPECT_EQ(ReadFile(m_target), "new");
             ASSERT_TRUE(QFile::remove(m_target));
-            EXPECT_EQ(NamesIn(Native()), QStringList(Text("song.mp3")));
+            EXPECT_EQ(NamesIn(Native()), QStringList(u"song.mp3"_s));
         }
     }
 }
@@ -385,19 +384,19 @@ TEST_F(OtherProgram, ThatMakesTheTargetMeanwhileKeepsItsFileUnlessItMayBeReplace
 TEST_F(OtherProgram, ThatMakesTheTargetOfAMoveKeepsItsFile) {
     for (const int error : {0, EINVAL, EXDEV}) {
         const HookedSystemCalls hooked([&](SystemCall& call) {
-            if (Text(call.Name) == Text("renameat2")) {
+            if (Text(call.Name) == u"renameat2"_s) {
                 WriteFile(m_target, "another's");
                 return error;
             }
             return 0;
         });
         EXPECT_EQ(NumberOf([this] {
-                      m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(Text("song.mp3"))),
+                      m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(u"song.mp3"_s)),
                                        m_target, Existing::Keep, {});
                   }),
                   58);
         EXPECT_EQ(ReadFile(m_target), "another's");
-        EXPECT_EQ(ReadFile(Native(Text("song.mp3"))), "new");
+        EXPECT_EQ(ReadFile(Native(u"song.mp3"_s)), "new");
         ASSERT_TRUE(QFile::remove(m_target));
     }
 }

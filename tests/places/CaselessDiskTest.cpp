@@ -4,9 +4,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString Completed = Text("Songlift: Copy completed!");
+const QString Completed = u"Songlift: Copy completed!"_s;
 
 /// Jobs whose destination is such a disk; the parameter is the length of file that the database
 /// tells, so that both ways of copying are tried.
@@ -24,7 +26,7 @@ protected:
     }
     void ExpectCopied(const QStringList& names) {
         EXPECT_EQ(Copied(), names);
-        EXPECT_EQ(FilesIn(Destination()).filter(Text("songlift")), QStringList());
+        EXPECT_EQ(FilesIn(Destination()).filter(u"songlift"_s), QStringList());
         ExpectRestUntouched();
     }
 
@@ -55,7 +57,7 @@ TEST_P(OnCaselessDisk, TitlesThatDifferOnlyInCaseMeetThePrompt) {
     EXPECT_EQ(prompted, QStringList({Destination("SONG.mp3"), Destination("song.mp3")}));
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(CopiedBytes("Song.mp3"), "first");
-    ExpectCopied({Text("Song.mp3")});
+    ExpectCopied({u"Song.mp3"_s});
 
     onPrompt = OverwritePrompt::Replace;
     prompted.clear();
@@ -63,7 +65,7 @@ TEST_P(OnCaselessDisk, TitlesThatDifferOnlyInCaseMeetThePrompt) {
     EXPECT_EQ(prompted, QStringList({Destination("Song.mp3"), Destination("SONG.mp3"),
                                      Destination("song.mp3")}));
     EXPECT_EQ(CopiedBytes("Song.mp3"), "third");
-    ExpectCopied({Text("Song.mp3")});
+    ExpectCopied({u"Song.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, TitlesWhoseAccentsAreComposedOtherwiseMeetThePrompt) {
@@ -75,7 +77,7 @@ TEST_P(OnCaselessDisk, TitlesWhoseAccentsAreComposedOtherwiseMeetThePrompt) {
               QStringList({Destination("Bjo\u0308rk.mp3"), Destination("BJO\u0308RK.mp3")}));
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(CopiedBytes("Bj\u00F6rk.mp3"), "first");
-    ExpectCopied({Text("Bj\u00F6rk.mp3")});
+    ExpectCopied({u"Bj\u00F6rk.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, AnEarlierFileMeetsThePromptWhateverItsSpelling) {
@@ -84,28 +86,28 @@ TEST_P(OnCaselessDisk, AnEarlierFileMeetsThePromptWhateverItsSpelling) {
     Add("Song", "new");
     SampleTrack& bare = Add("\u00D6", "new");
     ASSERT_EQ(rename(Music("2.mp3").toUtf8().constData(), Music("2").toUtf8().constData()), 0);
-    bare.Location = Text("F00/2"); // the copy's name ends in a dot
+    bare.Location = u"F00/2"_s; // the copy's name ends in a dot
     Run();
     EXPECT_EQ(prompted, QStringList({Destination("Song.mp3"), Destination("\u00D6.")}));
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(CopiedBytes("SONG.MP3"), "earlier");
     EXPECT_EQ(CopiedBytes("o\u0308"), "earlier");
-    ExpectCopied({Text("SONG.MP3"), Text("o\u0308")});
+    ExpectCopied({u"SONG.MP3"_s, u"o\u0308"_s});
 }
 
 TEST_P(OnCaselessDisk, ItsDriveLetterMakesNoDifference) {
     qputenv("SONGLIFT_DRIVES", (Ipod() + u':' + Destination()).toUtf8());
-    form.txtDestination.SetText(Text("F:\\"));
+    form.txtDestination.SetText(u"F:\\"_s);
     WriteFile(Destination("BJO\u0308RK.mp3"), "earlier");
     Add("Bj\u00F6rk", "new");
     Add("Song", "first");
     Add("SONG", "second");
     Run();
-    EXPECT_EQ(prompted, QStringList({Text("F:\\Bj\u00F6rk.mp3"), Text("F:\\SONG.mp3")}));
+    EXPECT_EQ(prompted, QStringList({u"F:\\Bj\u00F6rk.mp3"_s, u"F:\\SONG.mp3"_s}));
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(CopiedBytes("BJO\u0308RK.mp3"), "earlier");
     EXPECT_EQ(CopiedBytes("Song.mp3"), "first");
-    ExpectCopied({Text("BJO\u0308RK.mp3"), Text("Song.mp3")});
+    ExpectCopied({u"BJO\u0308RK.mp3"_s, u"Song.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, ArtistsOfOneFolderShareIt) {
@@ -119,30 +121,30 @@ TEST_P(OnCaselessDisk, ArtistsOfOneFolderShareIt) {
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_EQ(CopiedBytes("Bj\u00F6rk/Song.mp3"), "Bj\u00F6rk");
     EXPECT_EQ(CopiedBytes("Bj\u00F6rk/Song (2).mp3"), "BJ\u00D6RK?");
-    ExpectCopied({Text("Bj\u00F6rk/Song (2).mp3"), Text("Bj\u00F6rk/Song.mp3")});
+    ExpectCopied({u"Bj\u00F6rk/Song (2).mp3"_s, u"Bj\u00F6rk/Song.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, ARefusedCharacterCostsOnlyItsFile) {
-    const QString unable = Text("Error: Unable to create file: \"");
+    const QString unable = u"Error: Unable to create file: \""_s;
     Add("two\nlines", "x");
     Add("\ttab", "x");
     Add("Song", "song");
     Run();
     EXPECT_EQ(MessagesShown(), QStringList({unable + Destination("two\nlines.mp3") + u'"',
                                             unable + Destination("\ttab.mp3") + u'"', Completed}));
-    ExpectCopied({Text("Song.mp3")});
+    ExpectCopied({u"Song.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, ARefusedCharacterInAFolderCostsOnlyItsFiles) {
     form.chkArtist.SetValue(true);
-    Add("Song", "x").Artist = Text("two\nlines");
+    Add("Song", "x").Artist = u"two\nlines"_s;
     Add("Song", "song");
     Run();
     EXPECT_EQ(
         MessagesShown(),
-        QStringList({Text("Error: Unable to create file: \"") + Destination("two\nlines") + u'"',
-                     Text("Error: Path not found: \"E:\\iPod_Control\\Music\\F00\""), Completed}));
-    ExpectCopied({Text("Artist/Song.mp3")});
+        QStringList({u"Error: Unable to create file: \""_s + Destination("two\nlines") + u'"',
+                     u"Error: Path not found: \"E:\\iPod_Control\\Music\\F00\""_s, Completed}));
+    ExpectCopied({u"Artist/Song.mp3"_s});
 }
 
 TEST_P(OnCaselessDisk, LongNamesAndManyBytesArriveWhole) {
@@ -153,7 +155,7 @@ TEST_P(OnCaselessDisk, LongNamesAndManyBytesArriveWhole) {
     EXPECT_EQ(MessagesShown(), QStringList(Completed));
     EXPECT_TRUE(CopiedBytes((QByteArray(251, 'a') + ".mp3").constData()) == bytes);
     EXPECT_TRUE(CopiedBytes((QByteArray(247, 'a') + " (2).mp3").constData()) == bytes);
-    ExpectCopied({QString(247, u'a') + Text(" (2).mp3"), QString(251, u'a') + Text(".mp3")});
+    ExpectCopied({QString(247, u'a') + u" (2).mp3"_s, QString(251, u'a') + u".mp3"_s});
 }
 
 INSTANTIATE_TEST_SUITE_P(EitherWay, OnCaselessDisk, testing::Values(5, InChunks),

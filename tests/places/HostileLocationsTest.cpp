@@ -9,6 +9,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the database says a media file is, and how the job complains about it.
@@ -20,14 +22,14 @@ struct HostileLocation {
 };
 
 QString NotFound(const char* file) {
-    return Text("Error: File not found: \"") + Text(file) + Text("\"");
+    return u"Error: File not found: \""_s + Text(file) + u"\""_s;
 }
 
 QString NoFolder(const QString& folder) {
-    return Text("Error: Path not found: \"") + folder + Text("\"");
+    return u"Error: Path not found: \""_s + folder + u"\""_s;
 }
 
-const QString MusicFolder = Text("E:\\iPod_Control\\Music\\");
+const QString MusicFolder = u"E:\\iPod_Control\\Music\\"_s;
 
 void MakeSocket(const QString& path) {
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -47,12 +49,12 @@ protected:
         QStringList expectedFiles;
         for (const HostileLocation& hostile : locations) {
             const QString number = QString::number(tracks.size());
-            AddTrack(Text("Hostile"), hostile.Location, GetParam());
-            AddSong(Text("Sound ") + number, "sound", GetParam());
+            AddTrack(u"Hostile"_s, hostile.Location, GetParam());
+            AddSong(u"Sound "_s + number, "sound", GetParam());
             expectedMessages += hostile.Message;
-            expectedFiles += Text("Sound ") + number + Text(".mp3");
+            expectedFiles += u"Sound "_s + number + u".mp3"_s;
         }
-        expectedMessages += Text("Songlift: Copy completed!");
+        expectedMessages += u"Songlift: Copy completed!"_s;
         expectedFiles.sort();
         Run();
         EXPECT_EQ(MessagesShown(), expectedMessages);
@@ -70,45 +72,45 @@ protected:
 TEST_P(HostileLocations, PathsThatWouldLeaveTheIpodLeadNowhere) {
     const QString world = World();
     RunOver({
-        {Text("F00/../../../../secret.mp3"), NoFolder(MusicFolder + Text("F00\\..\\..\\..\\.."))},
-        {Text("../../../secret.mp3"), NoFolder(MusicFolder + Text("..\\..\\.."))},
-        {Text("F00/./../F00/nix.mp3"), NoFolder(MusicFolder + Text("F00\\.\\..\\F00"))},
-        {Text("F00/.."), NotFound("E:\\iPod_Control\\Music\\F00\\..")},
-        {Text("F00\\..\\..\\secret.mp3"), NoFolder(MusicFolder + Text("F00\\..\\.."))},
-        {world + Text("/secret.mp3"), NoFolder(MusicFolder + QString(world).replace(u'/', u'\\'))},
-        {Text("C:\\Windows\\win.ini"), NoFolder(MusicFolder + Text("C\\\\Windows"))},
-        {Text("D:\\"), NotFound("E:\\iPod_Control\\Music\\D\\\\")},
-        {QString(200, u'a') + Text("/") + QString(300, u'b') + Text(".mp3"),
+        {u"F00/../../../../secret.mp3"_s, NoFolder(MusicFolder + u"F00\\..\\..\\..\\.."_s)},
+        {u"../../../secret.mp3"_s, NoFolder(MusicFolder + u"..\\..\\.."_s)},
+        {u"F00/./../F00/nix.mp3"_s, NoFolder(MusicFolder + u"F00\\.\\..\\F00"_s)},
+        {u"F00/.."_s, NotFound("E:\\iPod_Control\\Music\\F00\\..")},
+        {u"F00\\..\\..\\secret.mp3"_s, NoFolder(MusicFolder + u"F00\\..\\.."_s)},
+        {world + u"/secret.mp3"_s, NoFolder(MusicFolder + QString(world).replace(u'/', u'\\'))},
+        {u"C:\\Windows\\win.ini"_s, NoFolder(MusicFolder + u"C\\\\Windows"_s)},
+        {u"D:\\"_s, NotFound("E:\\iPod_Control\\Music\\D\\\\")},
+        {QString(200, u'a') + u"/"_s + QString(300, u'b') + u".mp3"_s,
          NoFolder(MusicFolder + QString(200, u'a'))},
-        {Text("F00/") + QString(300, u'b'),
+        {u"F00/"_s + QString(300, u'b'),
          NotFound(("E:\\iPod_Control\\Music\\F00\\" + QByteArray(300, 'b')).constData())},
-        {QString(5000, u'a') + Text("/b"), NoFolder(MusicFolder + QString(5000, u'a'))},
+        {QString(5000, u'a') + u"/b"_s, NoFolder(MusicFolder + QString(5000, u'a'))},
     });
 }
 
 TEST_P(HostileLocations, LinksThatLeaveTheIpodLeadNowhere) {
     MakeLink(World("secret.mp3"), Music("absolute.mp3"));
-    MakeLink(Text("../../../../secret.mp3"), Music("relative.mp3"));
-    MakeLink(Text("../../../.."), Music("up"));
+    MakeLink(u"../../../../secret.mp3"_s, Music("relative.mp3"));
+    MakeLink(u"../../../.."_s, Music("up"));
     MakeLink(World("private"), Music("private"));
-    MakeLink(Text("/dev/zero"), Music("zero.mp3"));
-    MakeLink(Text("/proc/self/maps"), Music("maps.mp3"));
-    MakeLink(Text("/proc/self/fd/0"), Music("input.mp3"));
+    MakeLink(u"/dev/zero"_s, Music("zero.mp3"));
+    MakeLink(u"/proc/self/maps"_s, Music("maps.mp3"));
+    MakeLink(u"/proc/self/fd/0"_s, Music("input.mp3"));
     MakeLink(Destination("Sound 0.mp3"), Music("copy.mp3"));
-    MakeLink(Text("round.mp3"), Music("round.mp3"));
-    MakeLink(Text("nix"), Music("dead.mp3"));
+    MakeLink(u"round.mp3"_s, Music("round.mp3"));
+    MakeLink(u"nix"_s, Music("dead.mp3"));
     RunOver({
-        {Text("F00/absolute.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\absolute.mp3")},
-        {Text("F00/relative.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\relative.mp3")},
-        {Text("F00/up/secret.mp3"), NoFolder(MusicFolder + Text("F00\\up"))},
-        {Text("F00/private/secret.mp3"), NoFolder(MusicFolder + Text("F00\\private"))},
-        {Text("F00/PRIVATE/SECRET.mp3"), NoFolder(MusicFolder + Text("F00\\PRIVATE"))},
-        {Text("F00/zero.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")},
-        {Text("F00/maps.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\maps.mp3")},
-        {Text("F00/input.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\input.mp3")},
-        {Text("F00/copy.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\copy.mp3")},
-        {Text("F00/round.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\round.mp3")},
-        {Text("F00/dead.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\dead.mp3")},
+        {u"F00/absolute.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\absolute.mp3")},
+        {u"F00/relative.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\relative.mp3")},
+        {u"F00/up/secret.mp3"_s, NoFolder(MusicFolder + u"F00\\up"_s)},
+        {u"F00/private/secret.mp3"_s, NoFolder(MusicFolder + u"F00\\private"_s)},
+        {u"F00/PRIVATE/SECRET.mp3"_s, NoFolder(MusicFolder + u"F00\\PRIVATE"_s)},
+        {u"F00/zero.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")},
+        {u"F00/maps.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\maps.mp3")},
+        {u"F00/input.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\input.mp3")},
+        {u"F00/copy.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\copy.mp3")},
+        {u"F00/round.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\round.mp3")},
+        {u"F00/dead.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\dead.mp3")},
     });
 }
 
@@ -116,41 +118,40 @@ TEST_P(HostileLocations, WhatIsNoFileIsNeitherReadNorWaitedFor) {
     ASSERT_TRUE(MakePipe(Music("pipe.mp3")));
     MakeSocket(Music("socket.mp3"));
     MakeFolder(Music("folder.mp3"));
-    MakeLink(Text("pipe.mp3"), Music("link.mp3"));
+    MakeLink(u"pipe.mp3"_s, Music("link.mp3"));
     std::vector<HostileLocation> locations = {
-        {Text("F00/pipe.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\pipe.mp3")},
-        {Text("F00/PIPE.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\PIPE.mp3")},
-        {Text("F00/link.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\link.mp3")},
-        {Text("F00/socket.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\socket.mp3")},
-        {Text("F00/folder.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3")},
-        {Text("F00/folder.mp3/"), NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3\\")},
-        {Text("F00"), NotFound("E:\\iPod_Control\\Music\\F00")},
-        {Text("F00/pipe.mp3/x"), NoFolder(MusicFolder + Text("F00\\pipe.mp3"))},
+        {u"F00/pipe.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\pipe.mp3")},
+        {u"F00/PIPE.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\PIPE.mp3")},
+        {u"F00/link.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\link.mp3")},
+        {u"F00/socket.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\socket.mp3")},
+        {u"F00/folder.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3")},
+        {u"F00/folder.mp3/"_s, NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3\\")},
+        {u"F00"_s, NotFound("E:\\iPod_Control\\Music\\F00")},
+        {u"F00/pipe.mp3/x"_s, NoFolder(MusicFolder + u"F00\\pipe.mp3"_s)},
     };
     // Only root may make devices: an endless one, and the terminal.
     if (mknod(Music("zero.mp3").toUtf8().constData(), S_IFCHR | 0666, makedev(1, 5)) == 0 &&
         mknod(Music("tty.mp3").toUtf8().constData(), S_IFCHR | 0666, makedev(5, 0)) == 0) {
         locations.push_back(
-            {Text("F00/zero.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")});
-        locations.push_back(
-            {Text("F00/tty.mp3"), NotFound("E:\\iPod_Control\\Music\\F00\\tty.mp3")});
+            {u"F00/zero.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")});
+        locations.push_back({u"F00/tty.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\tty.mp3")});
     }
     RunOver(locations);
 }
 
 TEST_P(HostileLocations, ACopyThatIsItsOwnSourceStaysWhole) {
-    AddSong(Text("Song"), "sound", GetParam());
+    AddSong(u"Song"_s, "sound", GetParam());
     ASSERT_EQ(
         link(Music("1.mp3").toUtf8().constData(), Destination("Song.mp3").toUtf8().constData()), 0);
     onPrompt = OverwritePrompt::Replace;
     Run();
     EXPECT_EQ(prompted, QStringList(Destination("Song.mp3")));
     if (GetParam() < InChunks) {
-        EXPECT_EQ(MessagesShown(), QStringList({Text("Error: Unable to create file: \"") +
-                                                    Destination("Song.mp3") + Text("\""),
-                                                Text("Songlift: Copy completed!")}));
+        EXPECT_EQ(MessagesShown(), QStringList({u"Error: Unable to create file: \""_s +
+                                                    Destination("Song.mp3") + u"\""_s,
+                                                u"Songlift: Copy completed!"_s}));
     }
-    EXPECT_EQ(Copied(), QStringList(Text("Song.mp3")));
+    EXPECT_EQ(Copied(), QStringList(u"Song.mp3"_s));
     EXPECT_EQ(CopiedBytes("Song.mp3"), "sound");
     EXPECT_EQ(ReadFile(Music("1.mp3")), "sound");
 }
@@ -169,10 +170,10 @@ TEST_F(HostileFiles, OneThatOnlyClaimsToBeHugeFillsTheDriveAndLeavesNothingThere
     }
     for (const qint64 size : {qint64{5}, InChunks}) {
         tracks.clear();
-        AddSong(Text("Huge"), "begin", size);
+        AddSong(u"Huge"_s, "begin", size);
         ASSERT_EQ(truncate(Music("1.mp3").toUtf8().constData(), off_t{1} << 40), 0);
         Run();
-        EXPECT_EQ(MessagesShown(), QStringList(Text("Error: This drive is full.")));
+        EXPECT_EQ(MessagesShown(), QStringList(u"Error: This drive is full."_s));
         EXPECT_EQ(NamesIn(Destination()), QStringList());
         EXPECT_EQ(files.FreeBytes(Destination()), 2097152.0);
         ExpectRestUntouched();
@@ -182,8 +183,8 @@ TEST_F(HostileFiles, OneThatOnlyClaimsToBeHugeFillsTheDriveAndLeavesNothingThere
 TEST_F(HostileFiles, OnePastTheLongestThatTheDriveHoldsCostsOnlyItself) {
     for (const qint64 size : {qint64{5}, InChunks}) {
         const bool isFilm = size == InChunks;
-        AddSong(isFilm ? Text("Long film") : Text("Long song"), QByteArray(70000, 'x'), size);
-        AddSong(isFilm ? Text("Film") : Text("Song"), "sound", size);
+        AddSong(isFilm ? u"Long film"_s : u"Long song"_s, QByteArray(70000, 'x'), size);
+        AddSong(isFilm ? u"Film"_s : u"Song"_s, "sound", size);
     }
     // As FAT does at 4 GB.
     rlimit before{};
@@ -194,9 +195,9 @@ TEST_F(HostileFiles, OnePastTheLongestThatTheDriveHoldsCostsOnlyItself) {
     Run();
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     signal(SIGXFSZ, handler);
-    const QString unable = Text("Error: Unable to create file: \"");
+    const QString unable = u"Error: Unable to create file: \""_s;
     EXPECT_EQ(MessagesShown(), QStringList({unable + Destination("Long song.mp3") + u'"',
                                             unable + Destination("Long film.mp3") + u'"',
-                                            Text("Songlift: Copy completed!")}));
-    EXPECT_EQ(Copied(), QStringList({Text("Film.mp3"), Text("Song.mp3")}));
+                                            u"Songlift: Copy completed!"_s}));
+    EXPECT_EQ(Copied(), QStringList({u"Film.mp3"_s, u"Song.mp3"_s}));
 }

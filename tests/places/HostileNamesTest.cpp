@@ -2,6 +2,8 @@
 
 #include <QElapsedTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Repeated(const char* text, int count) {
@@ -21,7 +23,7 @@ protected:
     }
 
     void RunAndExpect() {
-        m_messages += Text("Songlift: Copy completed!");
+        m_messages += u"Songlift: Copy completed!"_s;
         m_names.sort();
         Run();
         EXPECT_EQ(MessagesShown(), m_messages);
@@ -40,21 +42,21 @@ protected:
 } // namespace
 
 TEST_F(HostileNames, TitlesThatMeanSomethingToSystemsAreOnlyNames) {
-    AddNamed(Text(".."), Text("UNKNOWN.mp3"));
-    AddNamed(Text(". . ."), Text("UNKNOWN (2).mp3"));
-    AddNamed(Text("../../secret"), Text("....secret.mp3"));
-    AddNamed(Text("..\\..\\secret"), Text("....secret (2).mp3"));
-    AddNamed(Text("/etc/passwd"), Text("etcpasswd.mp3"));
-    AddNamed(Text("C:\\boot"), Text("Cboot.mp3"));
-    AddNamed(Text("~"), Text("~.mp3"));
-    AddNamed(Text("-rf"), Text("-rf.mp3"));
-    AddNamed(Text("tmp"), Text("tmp.mp3"));
-    AddNamed(Text("copy.tmp"), Text("copy.tmp.mp3"));
-    AddNamed(Text("CON"), Text("CON.mp3"));
-    AddNamed(Text("aux.mp3"), Text("aux.mp3.mp3"));
-    AddNamed(Text(".songlift.part"), Text(".songlift.part.mp3"));
-    AddNamed(Text("  ends in dots. . "), Text("ends in dots.mp3"));
-    AddNamed(Text("$(reboot) `x` %n %s"), Text("$(reboot) `x` %n %s.mp3"));
+    AddNamed(u".."_s, u"UNKNOWN.mp3"_s);
+    AddNamed(u". . ."_s, u"UNKNOWN (2).mp3"_s);
+    AddNamed(u"../../secret"_s, u"....secret.mp3"_s);
+    AddNamed(u"..\\..\\secret"_s, u"....secret (2).mp3"_s);
+    AddNamed(u"/etc/passwd"_s, u"etcpasswd.mp3"_s);
+    AddNamed(u"C:\\boot"_s, u"Cboot.mp3"_s);
+    AddNamed(u"~"_s, u"~.mp3"_s);
+    AddNamed(u"-rf"_s, u"-rf.mp3"_s);
+    AddNamed(u"tmp"_s, u"tmp.mp3"_s);
+    AddNamed(u"copy.tmp"_s, u"copy.tmp.mp3"_s);
+    AddNamed(u"CON"_s, u"CON.mp3"_s);
+    AddNamed(u"aux.mp3"_s, u"aux.mp3.mp3"_s);
+    AddNamed(u".songlift.part"_s, u".songlift.part.mp3"_s);
+    AddNamed(u"  ends in dots. . "_s, u"ends in dots.mp3"_s);
+    AddNamed(u"$(reboot) `x` %n %s"_s, u"$(reboot) `x` %n %s.mp3"_s);
     RunAndExpect();
 }
 
@@ -62,32 +64,32 @@ TEST_F(HostileNames, UnseenAndOddCharactersStayAsTheyAre) {
     for (const char* title :
          {"two\nlines", "\ttab", "\x01\x1F\x7F", "\u202Egnos", "\u200Bzero\u200F", "\uFEFFmark",
           "e\u0301", "\u00E9", "\uFFFF", "\U0001F3B5"}) {
-        AddNamed(Text(title), Text(title) + Text(".mp3"));
+        AddNamed(Text(title), Text(title) + u".mp3"_s);
     }
     RunAndExpect();
 }
 
 TEST_F(HostileNames, ATitleThatNoDiskCanHoldArrivesUnderTheNearestNameThatItCan) {
-    const QString half = QStringLiteral("half ") + QChar(0xD83C);
-    const QString other = QChar(0xDFB5) + QStringLiteral(" half");
+    const QString half = u"half "_s + QChar(0xD83C);
+    const QString other = QChar(0xDFB5) + u" half"_s;
     const QString longest = QString(251, u'a');
-    AddNamed(Text("before"), Text("before.mp3"));
-    AddNamed(half, Text("half .mp3"));
-    AddNamed(other, Text(" half.mp3"));
-    AddNamed(longest, longest + Text(".mp3"));
-    AddNamed(longest + u'b', QString(247, u'a') + Text(" (2).mp3"));
-    AddNamed(Repeated("\U0001F3B5", 300), Repeated("\U0001F3B5", 62) + Text(".mp3"));
-    AddNamed(Text("after"), Text("after.mp3"));
+    AddNamed(u"before"_s, u"before.mp3"_s);
+    AddNamed(half, u"half .mp3"_s);
+    AddNamed(other, u" half.mp3"_s);
+    AddNamed(longest, longest + u".mp3"_s);
+    AddNamed(longest + u'b', QString(247, u'a') + u" (2).mp3"_s);
+    AddNamed(Repeated("\U0001F3B5", 300), Repeated("\U0001F3B5", 62) + u".mp3"_s);
+    AddNamed(u"after"_s, u"after.mp3"_s);
     RunAndExpect();
 }
 
 TEST_F(HostileNames, ATitleWithANulCannotCutItsName) {
-    AddSong(Text("cut") + QChar(u'\0') + Text("here"), "sound");
-    AddSong(Text("after"), "sound");
+    AddSong(u"cut"_s + u'\0' + u"here"_s, "sound");
+    AddSong(u"after"_s, "sound");
     Run();
-    EXPECT_TRUE(Copied().contains(Text("after.mp3")));
-    EXPECT_FALSE(Copied().contains(Text("cut")));
-    EXPECT_EQ(messages.Texts(), QStringList(Text("Copy completed!")));
+    EXPECT_TRUE(Copied().contains(u"after.mp3"_s));
+    EXPECT_FALSE(Copied().contains(u"cut"_s));
+    EXPECT_EQ(messages.Texts(), QStringList(u"Copy completed!"_s));
     ExpectRestUntouched();
 }
 
@@ -96,12 +98,12 @@ TEST_F(HostileNames, AnExtensionIsPartOfTheNameAndNoMore) {
          {std::pair{"b.", "b."}, std::pair{"c", "c."}, std::pair{"d.tmp", "d.tmp"},
           std::pair{"e.\n", "e.\n"}, std::pair{"f.m<p>3", "f.mp3"}}) {
         WriteFile(Music(name), "sound");
-        AddTrack(QString(Text(name).at(0)), Text("F00/") + Text(name));
+        AddTrack(QString(Text(name).at(0)), u"F00/"_s + Text(name));
         m_names += Text(copy);
     }
     WriteFile(Music("x.part"), "sound");
-    AddTrack(Text(".songlift"), Text("F00/x.part"));
-    m_messages += Text("Error: Unable to create file: \"") + Destination(".songlift.part") + u'"';
+    AddTrack(u".songlift"_s, u"F00/x.part"_s);
+    m_messages += u"Error: Unable to create file: \""_s + Destination(".songlift.part") + u'"';
     RunAndExpect();
 }
 
@@ -118,7 +120,7 @@ TEST_F(HostileNames, FoldersOfOddNamesAreMadeBelowTheDestination) {
         SampleTrack& track = AddSong(title, "sound");
         track.Artist = Text(name);
         track.Album = Text(name);
-        m_names += Text(folder) + u'/' + Text(folder) + u'/' + title + Text(".mp3");
+        m_names += Text(folder) + u'/' + Text(folder) + u'/' + title + u".mp3"_s;
     }
     RunAndExpect();
 }
@@ -126,25 +128,25 @@ TEST_F(HostileNames, FoldersOfOddNamesAreMadeBelowTheDestination) {
 TEST_F(HostileNames, AFolderThatNoDiskCanHoldIsMadeUnderTheNearestName) {
     SetFolders();
     const QString tooLong = Repeated("\U0001F3B5", 300);
-    const QString half = QStringLiteral("half") + QChar(0xD83C);
+    const QString half = u"half"_s + QChar(0xD83C);
     for (const QString& name : {tooLong, tooLong + u'!', half}) {
-        AddSong(Text("Song"), "sound").Artist = name;
+        AddSong(u"Song"_s, "sound").Artist = name;
     }
-    AddSong(Text("Song"), "sound").Album = tooLong;
+    AddSong(u"Song"_s, "sound").Album = tooLong;
     const QString cut = Repeated("\U0001F3B5", 62);
-    m_names = {cut + Text("\U0001F3B5/Album/Song.mp3"), cut + Text(" (2)/Album/Song.mp3"),
-               Text("half/Album/Song.mp3"), Text("Artist/") + cut + Text("\U0001F3B5/Song.mp3")};
+    m_names = {cut + u"\U0001F3B5/Album/Song.mp3"_s, cut + u" (2)/Album/Song.mp3"_s,
+               u"half/Album/Song.mp3"_s, u"Artist/"_s + cut + u"\U0001F3B5/Song.mp3"_s};
     RunAndExpect();
 }
 
 TEST_F(HostileNames, AFolderOfOurOwnPartNameCostsItsFilesOnly) {
     SetFolders();
-    AddSong(Text("Song"), "sound").Artist = Text(".songlift.part");
-    AddSong(Text("Song"), "sound").Album = Text("Sound");
+    AddSong(u"Song"_s, "sound").Artist = u".songlift.part"_s;
+    AddSong(u"Song"_s, "sound").Album = u"Sound"_s;
     Run();
-    EXPECT_EQ(messages.Texts().last(), Text("Copy completed!"));
-    EXPECT_TRUE(messages.Texts().first().startsWith(Text("Unable to create file: \"")));
-    EXPECT_EQ(Copied(), QStringList(Text("Artist/Sound/Song.mp3")));
+    EXPECT_EQ(messages.Texts().last(), u"Copy completed!"_s);
+    EXPECT_TRUE(messages.Texts().first().startsWith(u"Unable to create file: \""_s));
+    EXPECT_EQ(Copied(), QStringList(u"Artist/Sound/Song.mp3"_s));
     ExpectRestUntouched();
 }
 
@@ -157,37 +159,37 @@ TEST_F(HostileNames, APathThatIsTooLongForTheSystemCostsItsFileOnly) {
     deep += u'/' + QString(4080 - deep.size(), u'd');
     MakeFolder(deep);
     form.txtDestination.SetText(deep);
-    AddSong(Text("Song"), "sound").Artist = Text("An artist of some length");
+    AddSong(u"Song"_s, "sound").Artist = u"An artist of some length"_s;
     for (const char* title : {"S", "A title of some length"}) {
         SampleTrack& track = AddSong(Text(title), "sound");
-        track.Artist = Text("A");
-        track.Album = Text("B");
+        track.Artist = u"A"_s;
+        track.Album = u"B"_s;
     }
     Run();
-    const QString unable = Text("Error: Unable to create file: \"") + deep;
+    const QString unable = u"Error: Unable to create file: \""_s + deep;
     EXPECT_EQ(MessagesShown(),
-              QStringList({unable + Text("/An artist of some length\""),
-                           unable + Text("/An artist of some length/Album\""),
-                           unable + Text("/An artist of some length/Album/Song.mp3\""),
-                           unable + Text("/A/B/A title of some length.mp3\""),
-                           Text("Songlift: Copy completed!")}));
+              QStringList({unable + u"/An artist of some length\""_s,
+                           unable + u"/An artist of some length/Album\""_s,
+                           unable + u"/An artist of some length/Album/Song.mp3\""_s,
+                           unable + u"/A/B/A title of some length.mp3\""_s,
+                           u"Songlift: Copy completed!"_s}));
     const QStringList copied = Copied();
     ASSERT_EQ(copied.size(), 1);
-    EXPECT_TRUE(copied[0].endsWith(Text("/A/B/S.mp3")));
+    EXPECT_TRUE(copied[0].endsWith(u"/A/B/S.mp3"_s));
     ExpectRestUntouched();
 }
 
 TEST_F(HostileNames, ADestinationOfThousandsOfFoldersIsAnsweredAtOnce) {
-    AddSong(Text("Song"), "sound");
-    const QString native = Destination("a") + Text("/a").repeated(500000);
+    AddSong(u"Song"_s, "sound");
+    const QString native = Destination("a") + u"/a"_s.repeated(500000);
     for (const QString& path :
-         {Text("Q:") + Text("\\a").repeated(16000), Text("E:") + Text("\\a").repeated(16000),
-          Text("Q:") + Text("\\a").repeated(500000), native}) {
+         {u"Q:"_s + u"\\a"_s.repeated(16000), u"E:"_s + u"\\a"_s.repeated(16000),
+          u"Q:"_s + u"\\a"_s.repeated(500000), native}) {
         form.txtDestination.SetText(path);
         QElapsedTimer clock;
         clock.start();
         Run();
-        EXPECT_EQ(MessagesShown(), QStringList(Text("Songlift: Invalid destination path.")));
+        EXPECT_EQ(MessagesShown(), QStringList(u"Songlift: Invalid destination path."_s));
         EXPECT_LT(clock.elapsed(), 20000) << qPrintable(path.left(10));
         EXPECT_EQ(NamesIn(Destination()), QStringList());
     }

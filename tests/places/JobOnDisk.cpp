@@ -2,6 +2,8 @@
 
 #include "tests/support/ITunesDBWriter.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the user presses in each kind of message.
@@ -49,13 +51,13 @@ QString JobOnDisk::Music(const char* name) const {
 }
 
 QString JobOnDisk::Below(const QString& folder, const char* name) {
-    return *name == '\0' ? folder : folder + QLatin1Char('/') + Text(name);
+    return *name == '\0' ? folder : folder + u'/' + Text(name);
 }
 
 SampleTrack& JobOnDisk::AddTrack(const QString& title, const QString& location, qint64 fileSize) {
     SampleTrack track;
-    track.Artist = QStringLiteral("Artist");
-    track.Album = QStringLiteral("Album");
+    track.Artist = u"Artist"_s;
+    track.Album = u"Album"_s;
     track.Title = title;
     track.FileSize = fileSize;
     track.Location = location;
@@ -65,12 +67,12 @@ SampleTrack& JobOnDisk::AddTrack(const QString& title, const QString& location, 
 SampleTrack& JobOnDisk::AddSong(const QString& title, const QByteArray& bytes, qint64 fileSize) {
     const QByteArray name = QByteArray::number(static_cast<qlonglong>(tracks.size() + 1)) + ".mp3";
     WriteFile(Music(name.constData()), bytes);
-    return AddTrack(title, QStringLiteral("F00/") + QString::fromLatin1(name), fileSize);
+    return AddTrack(title, u"F00/"_s + QString::fromLatin1(name), fileSize);
 }
 
 void JobOnDisk::Load() {
     WriteFile(Ipod("iPod_Control/iTunes/iTunesDB"), WriteITunesDB(tracks));
-    m_parts.Loading.LoadITunesDB(QStringLiteral("E:"));
+    m_parts.Loading.LoadITunesDB(u"E:"_s);
     MusicLibrary& library = m_parts.Loading.Library;
     ASSERT_EQ(library.TrackCount, static_cast<int>(tracks.size()));
     for (ArtistRecord& artist : library.Artists) {
@@ -101,7 +103,7 @@ void JobOnDisk::Press() {
 QStringList JobOnDisk::MessagesShown() const {
     QStringList shown;
     for (const ShownMessage& message : messages.Shown) {
-        shown += message.Title + QStringLiteral(": ") + message.Text;
+        shown += message.Title + u": "_s + message.Text;
     }
     return shown;
 }

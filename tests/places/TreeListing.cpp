@@ -7,6 +7,8 @@
 #include <functional>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using std::filesystem::path;
@@ -42,7 +44,7 @@ QByteArray ContentOf(const path& file, const struct stat& info) {
 QString LineOf(const path& file) {
     struct stat info {};
     if (lstat(file.c_str(), &info) != 0) {
-        return TextOf(file) + QStringLiteral(" is gone");
+        return TextOf(file) + u" is gone"_s;
     }
     QByteArray content;
     if (S_ISREG(info.st_mode)) {
@@ -50,11 +52,11 @@ QString LineOf(const path& file) {
     } else if (S_ISLNK(info.st_mode)) {
         content = QByteArray::fromStdString(std::filesystem::read_symlink(file).string());
     }
-    return QStringLiteral("%1 mode %2 inode %3 names %4 size %5 changed %6.%7 %8")
-        .arg(TextOf(file), QString::number(info.st_mode, 8), QString::number(info.st_ino),
-             QString::number(info.st_nlink), QString::number(info.st_size),
-             QString::number(info.st_mtim.tv_sec), QString::number(info.st_mtim.tv_nsec),
-             QString::fromUtf8(content));
+    return u"%1 mode %2 inode %3 names %4 size %5 changed %6.%7 %8"_s.arg(
+        TextOf(file), QString::number(info.st_mode, 8), QString::number(info.st_ino),
+        QString::number(info.st_nlink), QString::number(info.st_size),
+        QString::number(info.st_mtim.tv_sec), QString::number(info.st_mtim.tv_nsec),
+        QString::fromUtf8(content));
 }
 
 } // namespace
@@ -77,7 +79,7 @@ QStringList FilesIn(const QString& folder) {
     Walk(root, path(), [&](const path& file) {
         const QString name = QString::fromStdString(file.lexically_relative(root).string());
         if (std::filesystem::is_symlink(file)) {
-            names.append(name + QStringLiteral(" -> ") +
+            names.append(name + u" -> "_s +
                          QString::fromStdString(std::filesystem::read_symlink(file).string()));
         } else if (!std::filesystem::is_directory(file)) {
             names.append(name);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum class Kind { Real, Fake };
@@ -44,10 +46,10 @@ private:
     FakeFileSystem m_fake;
 
 protected:
-    const QString Folder = Native(QStringLiteral("folder"));
-    const QString Song = Native(QStringLiteral("Song.mp3"));
-    const QString Other = Native(QStringLiteral("Other.mp3"));
-    const QString Missing = Native(QStringLiteral("Missing.mp3"));
+    const QString Folder = Native(u"folder"_s);
+    const QString Song = Native(u"Song.mp3"_s);
+    const QString Other = Native(u"Other.mp3"_s);
+    const QString Missing = Native(u"Missing.mp3"_s);
 };
 
 } // namespace
@@ -91,10 +93,8 @@ TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
 }
 
 TEST_P(FileSystemContract, ATargetNeedsItsFolderAndANameThatTheDiskCanHold) {
-    EXPECT_EQ(TargetError(Paths::Join(Native(QStringLiteral("nix")), QStringLiteral("x")),
-                          Existing::Replace),
-              76);
-    EXPECT_EQ(TargetError(Native(QString(256, QLatin1Char('a'))), Existing::Replace), 70);
+    EXPECT_EQ(TargetError(Paths::Join(Native(u"nix"_s), u"x"_s), Existing::Replace), 76);
+    EXPECT_EQ(TargetError(Native(QString(256, u'a')), Existing::Replace), 70);
 }
 
 TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {

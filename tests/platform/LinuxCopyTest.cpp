@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString Part = QString::fromLatin1(PartName);
@@ -29,10 +31,10 @@ protected:
     }
 
     QString Source(const QString& name = QString()) const {
-        return Native(QStringLiteral("source")) + (name.isEmpty() ? name : QLatin1Char('/') + name);
+        return Native(u"source"_s) + (name.isEmpty() ? name : u'/' + name);
     }
     QString Target(const QString& name = QString()) const {
-        return Native(QStringLiteral("target")) + (name.isEmpty() ? name : QLatin1Char('/') + name);
+        return Native(u"target"_s) + (name.isEmpty() ? name : u'/' + name);
     }
 
     int CopyError(const QString& source, const QString& target) {
@@ -69,100 +71,91 @@ void MakeLongFile(const QString& path) {
 } // namespace
 
 TEST_F(CopyFixture, AFileIsCopiedFromADriveToANativePath) {
-    WriteFile(Source(QStringLiteral("ABCD.mp3")), Pattern(300000));
-    m_files.CopyFile(QStringLiteral("E:\\SOURCE\\abcd.mp3"), Target(QStringLiteral("Song.mp3")),
-                     Existing::Replace, {});
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), Pattern(300000));
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
+    WriteFile(Source(u"ABCD.mp3"_s), Pattern(300000));
+    m_files.CopyFile(u"E:\\SOURCE\\abcd.mp3"_s, Target(u"Song.mp3"_s), Existing::Replace, {});
+    EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), Pattern(300000));
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"Song.mp3"_s));
 }
 
 TEST_F(CopyFixture, OnADriveAFileInAnotherCaseIsReplaced) {
-    WriteFile(Source(QStringLiteral("ABCD.mp3")), "new");
-    WriteFile(Target(QStringLiteral("Song.mp3")), "old");
-    m_files.CopyFile(QStringLiteral("E:\\source\\ABCD.mp3"), QStringLiteral("E:\\target\\SONG.mp3"),
-                     Existing::Replace, {});
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "new");
+    WriteFile(Source(u"ABCD.mp3"_s), "new");
+    WriteFile(Target(u"Song.mp3"_s), "old");
+    m_files.CopyFile(u"E:\\source\\ABCD.mp3"_s, u"E:\\target\\SONG.mp3"_s, Existing::Replace, {});
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"Song.mp3"_s));
+    EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), "new");
 }
 
 TEST_F(CopyFixture, AMissingSourceIsDistinguishedFromAMissingFolder) {
-    EXPECT_EQ(CopyError(Source(QStringLiteral("nix.mp3")), Target(QStringLiteral("x"))), 53);
-    EXPECT_EQ(CopyError(Source(QStringLiteral("nix/nix.mp3")), Target(QStringLiteral("x"))), 76);
-    EXPECT_EQ(CopyError(QStringLiteral("Q:\\nix.mp3"), Target(QStringLiteral("x"))), 76);
+    EXPECT_EQ(CopyError(Source(u"nix.mp3"_s), Target(u"x"_s)), 53);
+    EXPECT_EQ(CopyError(Source(u"nix/nix.mp3"_s), Target(u"x"_s)), 76);
+    EXPECT_EQ(CopyError(u"Q:\\nix.mp3"_s, Target(u"x"_s)), 76);
     EXPECT_EQ(NamesIn(Target()), QStringList());
 }
 
 TEST_F(CopyFixture, AMissingTargetFolderIsAMissingFolder) {
-    WriteFile(Source(QStringLiteral("a")), "x");
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), Target(QStringLiteral("nix/x"))), 76);
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("Q:\\x")), 76);
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("x")), 76);
+    WriteFile(Source(u"a"_s), "x");
+    EXPECT_EQ(CopyError(Source(u"a"_s), Target(u"nix/x"_s)), 76);
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"Q:\\x"_s), 76);
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"x"_s), 76);
 }
 
 TEST_F(CopyFixture, OnlyRegularFilesAreCopiedAndAPipeIsNotWaitedFor) {
-    ASSERT_TRUE(MakePipe(Source(QStringLiteral("pipe"))));
-    EXPECT_EQ(CopyError(Source(QStringLiteral("pipe")), Target(QStringLiteral("x"))), 53);
-    EXPECT_EQ(CopyError(Source(), Target(QStringLiteral("x"))), 53);
-    EXPECT_EQ(CopyError(QStringLiteral("/dev/zero"), Target(QStringLiteral("x"))), 53);
+    ASSERT_TRUE(MakePipe(Source(u"pipe"_s)));
+    EXPECT_EQ(CopyError(Source(u"pipe"_s), Target(u"x"_s)), 53);
+    EXPECT_EQ(CopyError(Source(), Target(u"x"_s)), 53);
+    EXPECT_EQ(CopyError(u"/dev/zero"_s, Target(u"x"_s)), 53);
     EXPECT_EQ(NamesIn(Target()), QStringList());
 }
 
 TEST_F(CopyFixture, OnlyRegularFilesAreReplaced) {
-    WriteFile(Source(QStringLiteral("a")), "x");
-    MakeFolder(Target(QStringLiteral("folder/inner")));
-    ASSERT_TRUE(MakePipe(Target(QStringLiteral("pipe"))));
-    MakeLink(QStringLiteral("folder"), Target(QStringLiteral("link")));
-    for (const QString& name :
-         {QStringLiteral("folder"), QStringLiteral("pipe"), QStringLiteral("link")}) {
-        EXPECT_EQ(CopyError(Source(QStringLiteral("a")), Target(name)), 70) << qPrintable(name);
+    WriteFile(Source(u"a"_s), "x");
+    MakeFolder(Target(u"folder/inner"_s));
+    ASSERT_TRUE(MakePipe(Target(u"pipe"_s)));
+    MakeLink(u"folder"_s, Target(u"link"_s));
+    for (const QString& name : {u"folder"_s, u"pipe"_s, u"link"_s}) {
+        EXPECT_EQ(CopyError(Source(u"a"_s), Target(name)), 70) << qPrintable(name);
     }
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("E:\\")), 70);
-    EXPECT_EQ(NamesIn(Target()), QStringList({QStringLiteral("folder"), QStringLiteral("link"),
-                                              QStringLiteral("pipe")}));
-    EXPECT_EQ(NamesIn(Target(QStringLiteral("folder"))), QStringList(QStringLiteral("inner")));
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"E:\\"_s), 70);
+    EXPECT_EQ(NamesIn(Target()), QStringList({u"folder"_s, u"link"_s, u"pipe"_s}));
+    EXPECT_EQ(NamesIn(Target(u"folder"_s)), QStringList(u"inner"_s));
 }
 
 TEST_F(CopyFixture, AFileIsNeverCopiedOntoItself) {
-    WriteFile(Source(QStringLiteral("Song.mp3")), "precious");
-    const QByteArray song = Source(QStringLiteral("Song.mp3")).toUtf8();
-    ASSERT_EQ(link(song.constData(), Source(QStringLiteral("second")).toUtf8().constData()), 0);
-    MakeLink(QStringLiteral("Song.mp3"), Source(QStringLiteral("link")));
-    const QString drivePath = QStringLiteral("E:\\source\\SONG.mp3");
+    WriteFile(Source(u"Song.mp3"_s), "precious");
+    const QByteArray song = Source(u"Song.mp3"_s).toUtf8();
+    ASSERT_EQ(link(song.constData(), Source(u"second"_s).toUtf8().constData()), 0);
+    MakeLink(u"Song.mp3"_s, Source(u"link"_s));
+    const QString drivePath = u"E:\\source\\SONG.mp3"_s;
     EXPECT_EQ(CopyError(drivePath, drivePath), 70);
-    EXPECT_EQ(CopyError(drivePath, Source(QStringLiteral("Song.mp3"))), 70);
-    EXPECT_EQ(CopyError(drivePath, Source(QStringLiteral("second"))), 70);
-    EXPECT_EQ(CopyError(drivePath, Source(QStringLiteral("link"))), 70);
-    EXPECT_EQ(ReadFile(Source(QStringLiteral("Song.mp3"))), "precious");
-    EXPECT_EQ(NamesIn(Source()), QStringList({QStringLiteral("Song.mp3"), QStringLiteral("link"),
-                                              QStringLiteral("second")}));
+    EXPECT_EQ(CopyError(drivePath, Source(u"Song.mp3"_s)), 70);
+    EXPECT_EQ(CopyError(drivePath, Source(u"second"_s)), 70);
+    EXPECT_EQ(CopyError(drivePath, Source(u"link"_s)), 70);
+    EXPECT_EQ(ReadFile(Source(u"Song.mp3"_s)), "precious");
+    EXPECT_EQ(NamesIn(Source()), QStringList({u"Song.mp3"_s, u"link"_s, u"second"_s}));
 }
 
 TEST_F(CopyFixture, AnEarlierFileThatMayNotBeWrittenIsKept) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("Song.mp3")), "old");
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"Song.mp3"_s), "old");
     SetMode(Native(), 0755);
     SetMode(Target(), 0777);
-    SetMode(Target(QStringLiteral("Song.mp3")), 0444);
-    const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace, {});
-    });
+    SetMode(Target(u"Song.mp3"_s), 0444);
+    const int number = NumberOfNobody(
+        [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
     EXPECT_EQ(number, 70);
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "old");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
+    EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), "old");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"Song.mp3"_s));
 }
 
 TEST_F(CopyFixture, ATargetFolderThatMayNotBeWrittenIsADeniedPermission) {
-    WriteFile(Source(QStringLiteral("a")), "new");
+    WriteFile(Source(u"a"_s), "new");
     SetMode(Native(), 0755);
     SetMode(Target(), 0555);
-    const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace, {});
-    });
+    const int number = NumberOfNobody(
+        [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
@@ -170,27 +163,24 @@ TEST_F(CopyFixture, ATargetFolderThatMayNotBeWrittenIsADeniedPermission) {
 }
 
 TEST_F(CopyFixture, AnotherUsersFileIsCopiedWithoutBeingOpenedForWriting) {
-    WriteFile(Source(QStringLiteral("a")), "music");
+    WriteFile(Source(u"a"_s), "music");
     SetMode(Native(), 0755);
-    SetMode(Source(QStringLiteral("a")), 0444);
+    SetMode(Source(u"a"_s), 0444);
     SetMode(Target(), 0777);
-    const int number = NumberOfNobody([this] {
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("Song.mp3")),
-                         Existing::Replace, {});
-    });
+    const int number = NumberOfNobody(
+        [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
     EXPECT_EQ(number, 0);
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), "music");
+    EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), "music");
 }
 
 TEST_F(CopyFixture, TheSourceIsOnlyRead) {
-    WriteFile(Source(QStringLiteral("a")), Pattern(100000));
+    WriteFile(Source(u"a"_s), Pattern(100000));
     const FileDescriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     ASSERT_GE(inotify_add_watch(watch.Get(), Source().toUtf8().constData(), IN_ALL_EVENTS), 0);
-    m_files.CopyFile(QStringLiteral("E:\\source\\a"), Target(QStringLiteral("b")),
-                     Existing::Replace, {});
+    m_files.CopyFile(u"E:\\source\\a"_s, Target(u"b"_s), Existing::Replace, {});
     alignas(inotify_event) char events[4096];
     const ssize_t length = read(watch.Get(), events, sizeof events);
     uint32_t seen = 0;
@@ -204,9 +194,8 @@ TEST_F(CopyFixture, TheSourceIsOnlyRead) {
 }
 
 TEST_F(CopyFixture, AFileThatReportsNoLengthIsCopiedToItsEnd) {
-    m_files.CopyFile(QStringLiteral("/proc/version"), Target(QStringLiteral("version")),
-                     Existing::Replace, {});
-    const QByteArray copied = ReadFile(Target(QStringLiteral("version")));
+    m_files.CopyFile(u"/proc/version"_s, Target(u"version"_s), Existing::Replace, {});
+    const QByteArray copied = ReadFile(Target(u"version"_s));
     EXPECT_TRUE(copied.startsWith("Linux version "));
     EXPECT_TRUE(copied.endsWith('\n'));
 }
@@ -217,115 +206,113 @@ TEST_F(CopyFixture, AFileIsCopiedBetweenTwoDisks) {
         GTEST_SKIP() << "no second disk can be mounted here";
     }
     for (const qsizetype size : {0, 1, 262144, 262145, 1048576, 1048577, 3000000}) {
-        WriteFile(Source(QStringLiteral("a")), Pattern(size));
-        m_files.CopyFile(Source(QStringLiteral("a")), Target(QStringLiteral("b")),
-                         Existing::Replace, {});
-        EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), Pattern(size)) << size;
+        WriteFile(Source(u"a"_s), Pattern(size));
+        m_files.CopyFile(Source(u"a"_s), Target(u"b"_s), Existing::Replace, {});
+        EXPECT_EQ(ReadFile(Target(u"b"_s)), Pattern(size)) << size;
     }
 }
 
 TEST_F(CopyFixture, ASecondAttemptBeginsAtTheStartAgain) {
-    WriteFile(Source(QStringLiteral("a")), "whole");
-    const FileDescriptor file(
-        open(Source(QStringLiteral("a")).toUtf8().constData(), O_RDONLY | O_CLOEXEC));
+    WriteFile(Source(u"a"_s), "whole");
+    const FileDescriptor file(open(Source(u"a"_s).toUtf8().constData(), O_RDONLY | O_CLOEXEC));
     const FileDescriptor folder(
         open(Target().toUtf8().constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     struct stat info {};
     ASSERT_EQ(fstat(file.Get(), &info), 0);
     ASSERT_EQ(lseek(file.Get(), 3, SEEK_SET), 3);
     CopyUnderPartName({file.Get(), info}, folder.Get(), "b", Existing::Keep, {});
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "whole");
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "whole");
 }
 
 TEST_P(CopyInEitherWay, AllBytesAreCopied) {
     for (const qsizetype size : {0, 1, 4096, 262143, 262144, 262145, 1048576, 1048577, 3000000}) {
-        WriteFile(Source(QStringLiteral("a")), Pattern(size));
-        Copy(Source(QStringLiteral("a")), QStringLiteral("Song.mp3"));
-        EXPECT_EQ(ReadFile(Target(QStringLiteral("Song.mp3"))), Pattern(size)) << size;
+        WriteFile(Source(u"a"_s), Pattern(size));
+        Copy(Source(u"a"_s), u"Song.mp3"_s);
+        EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), Pattern(size)) << size;
     }
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Song.mp3")));
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"Song.mp3"_s));
 }
 
 TEST_P(CopyInEitherWay, HolesAreCopiedAsZeros) {
-    WriteFile(Source(QStringLiteral("a")), "begin");
-    ASSERT_EQ(truncate(Source(QStringLiteral("a")).toUtf8().constData(), 300000), 0);
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "begin" + QByteArray(299995, '\0'));
+    WriteFile(Source(u"a"_s), "begin");
+    ASSERT_EQ(truncate(Source(u"a"_s).toUtf8().constData(), 300000), 0);
+    Copy(Source(u"a"_s), u"b"_s);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "begin" + QByteArray(299995, '\0'));
 }
 
 TEST_P(CopyInEitherWay, TheModificationTimeIsKept) {
-    WriteFile(Source(QStringLiteral("a")), "x");
+    WriteFile(Source(u"a"_s), "x");
     const timespec times[2] = {{0, UTIME_OMIT}, {1234567890, 123456789}};
-    ASSERT_EQ(utimensat(AT_FDCWD, Source(QStringLiteral("a")).toUtf8().constData(), times, 0), 0);
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
+    ASSERT_EQ(utimensat(AT_FDCWD, Source(u"a"_s).toUtf8().constData(), times, 0), 0);
+    Copy(Source(u"a"_s), u"b"_s);
     struct stat info {};
-    ASSERT_EQ(stat(Target(QStringLiteral("b")).toUtf8().constData(), &info), 0);
+    ASSERT_EQ(stat(Target(u"b"_s).toUtf8().constData(), &info), 0);
     EXPECT_EQ(info.st_mtim.tv_sec, 1234567890);
     EXPECT_EQ(info.st_mtim.tv_nsec, 123456789);
 }
 
 TEST_P(CopyInEitherWay, TheModeIsThatOfANewFile) {
-    WriteFile(Source(QStringLiteral("a")), "x");
-    SetMode(Source(QStringLiteral("a")), 0777);
+    WriteFile(Source(u"a"_s), "x");
+    SetMode(Source(u"a"_s), 0777);
     const mode_t before = umask(027);
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
+    Copy(Source(u"a"_s), u"b"_s);
     umask(before);
     struct stat info {};
-    ASSERT_EQ(stat(Target(QStringLiteral("b")).toUtf8().constData(), &info), 0);
+    ASSERT_EQ(stat(Target(u"b"_s).toUtf8().constData(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777, 0640U);
 }
 
 TEST_P(CopyInEitherWay, AnEarlierFileIsReplaced) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("b")), "a longer old one");
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "new");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("b")));
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"b"_s), "a longer old one");
+    Copy(Source(u"a"_s), u"b"_s);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "new");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"b"_s));
 }
 
 TEST_P(CopyInEitherWay, ANameOf255BytesWorksForANewAndForAnEarlierFile) {
-    const QString name(255, QLatin1Char('a'));
-    WriteFile(Source(QStringLiteral("a")), "one");
-    Copy(Source(QStringLiteral("a")), name);
-    WriteFile(Source(QStringLiteral("a")), "two");
-    Copy(Source(QStringLiteral("a")), name);
+    const QString name(255, u'a');
+    WriteFile(Source(u"a"_s), "one");
+    Copy(Source(u"a"_s), name);
+    WriteFile(Source(u"a"_s), "two");
+    Copy(Source(u"a"_s), name);
     EXPECT_EQ(ReadFile(Target(name)), "two");
     EXPECT_EQ(NamesIn(Target()), QStringList(name));
 }
 
 TEST_P(CopyInEitherWay, ANameTooLongForTheDiskIsADeniedPermission) {
-    WriteFile(Source(QStringLiteral("a")), "x");
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QString(256, QLatin1Char('a'))), 70);
+    WriteFile(Source(u"a"_s), "x");
+    EXPECT_EQ(CopyError(Source(u"a"_s), QString(256, u'a')), 70);
     EXPECT_EQ(NamesIn(Target()), QStringList());
 }
 
 TEST_P(CopyInEitherWay, ATargetThatIsALinkIsReplacedAndNotWrittenThrough) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Native(QStringLiteral("other")), "precious");
-    MakeLink(QStringLiteral("../other"), Target(QStringLiteral("b")));
-    MakeLink(QStringLiteral("../nix"), Target(QStringLiteral("dead")));
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
-    Copy(Source(QStringLiteral("a")), QStringLiteral("dead"));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("other"))), "precious");
-    EXPECT_FALSE(IsThere(Native(QStringLiteral("nix"))));
-    for (const QString& name : {QStringLiteral("b"), QStringLiteral("dead")}) {
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Native(u"other"_s), "precious");
+    MakeLink(u"../other"_s, Target(u"b"_s));
+    MakeLink(u"../nix"_s, Target(u"dead"_s));
+    Copy(Source(u"a"_s), u"b"_s);
+    Copy(Source(u"a"_s), u"dead"_s);
+    EXPECT_EQ(ReadFile(Native(u"other"_s)), "precious");
+    EXPECT_FALSE(IsThere(Native(u"nix"_s)));
+    for (const QString& name : {u"b"_s, u"dead"_s}) {
         EXPECT_EQ(ReadFile(Target(name)), "new");
         EXPECT_FALSE(QFileInfo(Target(name)).isSymLink());
     }
 }
 
 TEST_P(CopyInEitherWay, AFileOrALinkToNothingThatIsToBeKeptStays) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("b")), "old");
-    MakeLink(QStringLiteral("../nix"), Target(QStringLiteral("dead")));
-    for (const QString& name : {QStringLiteral("b"), QStringLiteral("dead")}) {
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"b"_s), "old");
+    MakeLink(u"../nix"_s, Target(u"dead"_s));
+    for (const QString& name : {u"b"_s, u"dead"_s}) {
         EXPECT_TRUE(m_files.WouldReplace(Target(name)));
-        EXPECT_TRUE(m_files.WouldReplace(QStringLiteral("E:\\TARGET\\") + name));
-        EXPECT_EQ(CopyError(Source(QStringLiteral("a")), name, Existing::Keep), 58);
+        EXPECT_TRUE(m_files.WouldReplace(u"E:\\TARGET\\"_s + name));
+        EXPECT_EQ(CopyError(Source(u"a"_s), name, Existing::Keep), 58);
     }
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "old");
-    EXPECT_TRUE(QFileInfo(Target(QStringLiteral("dead"))).isSymLink());
-    EXPECT_EQ(NamesIn(Target()), QStringList({QStringLiteral("b"), QStringLiteral("dead")}));
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "old");
+    EXPECT_TRUE(QFileInfo(Target(u"dead"_s)).isSymLink());
+    EXPECT_EQ(NamesIn(Target()), QStringList({u"b"_s, u"dead"_s}));
 }
 
 TEST_P(CopyInEitherWay, AFullDiskLeavesNothingBehind) {
@@ -333,8 +320,8 @@ TEST_P(CopyInEitherWay, AFullDiskLeavesNothingBehind) {
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "no small disk can be mounted here";
     }
-    WriteFile(Source(QStringLiteral("a")), Pattern(2000000));
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("b")), 61);
+    WriteFile(Source(u"a"_s), Pattern(2000000));
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 61);
     EXPECT_EQ(NamesIn(Target()), QStringList());
     EXPECT_EQ(m_files.FreeBytes(Target()), 1048576.0);
 }
@@ -344,11 +331,11 @@ TEST_P(CopyInEitherWay, AnEarlierFileOutlivesAFullDisk) {
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "no small disk can be mounted here";
     }
-    WriteFile(Target(QStringLiteral("b")), "old");
-    WriteFile(Source(QStringLiteral("a")), Pattern(2000000));
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("b")), 61);
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "old");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("b")));
+    WriteFile(Target(u"b"_s), "old");
+    WriteFile(Source(u"a"_s), Pattern(2000000));
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 61);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "old");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"b"_s));
 }
 
 TEST_P(CopyInEitherWay, ADiskWithoutRoomForOneMoreFileIsFull) {
@@ -356,76 +343,74 @@ TEST_P(CopyInEitherWay, ADiskWithoutRoomForOneMoreFileIsFull) {
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "no small disk can be mounted here";
     }
-    WriteFile(Source(QStringLiteral("a")), "x");
-    WriteFile(Target(QStringLiteral("one")), "1");
-    WriteFile(Target(QStringLiteral("two")), "2");
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("three")), 61);
-    EXPECT_EQ(NamesIn(Target()), QStringList({QStringLiteral("one"), QStringLiteral("two")}));
+    WriteFile(Source(u"a"_s), "x");
+    WriteFile(Target(u"one"_s), "1");
+    WriteFile(Target(u"two"_s), "2");
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"three"_s), 61);
+    EXPECT_EQ(NamesIn(Target()), QStringList({u"one"_s, u"two"_s}));
 }
 
 TEST_P(CopyInEitherWay, WhatAKilledCopyHasLeftIsRemoved) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("b")), "old");
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"b"_s), "old");
     WriteFile(Target(Part), "half of a song");
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "new");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("b")));
+    Copy(Source(u"a"_s), u"b"_s);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "new");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"b"_s));
 }
 
 TEST_P(CopyInEitherWay, ALinkPlantedAsALeftoverIsNotWrittenThrough) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("b")), "old");
-    WriteFile(Native(QStringLiteral("other")), "precious");
-    MakeLink(QStringLiteral("../other"), Target(Part));
-    Copy(Source(QStringLiteral("a")), QStringLiteral("b"));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "new");
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("other"))), "precious");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("b")));
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"b"_s), "old");
+    WriteFile(Native(u"other"_s), "precious");
+    MakeLink(u"../other"_s, Target(Part));
+    Copy(Source(u"a"_s), u"b"_s);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "new");
+    EXPECT_EQ(ReadFile(Native(u"other"_s)), "precious");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"b"_s));
 }
 
 TEST_P(CopyInEitherWay, ACopyThatRunsElsewhereKeepsItsPartFile) {
-    WriteFile(Source(QStringLiteral("a")), "new");
-    WriteFile(Target(QStringLiteral("b")), "old");
+    WriteFile(Source(u"a"_s), "new");
+    WriteFile(Target(u"b"_s), "old");
     WriteFile(Target(Part), "being written");
     {
         const FileDescriptor running(open(Target(Part).toUtf8().constData(), O_WRONLY | O_CLOEXEC));
         ASSERT_EQ(flock(running.Get(), LOCK_EX | LOCK_NB), 0);
-        EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("b")), 70);
+        EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 70);
         EXPECT_EQ(ReadFile(Target(Part)), "being written");
-        EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "old");
+        EXPECT_EQ(ReadFile(Target(u"b"_s)), "old");
     }
-    EXPECT_EQ(CopyError(Source(QStringLiteral("a")), QStringLiteral("b")), 0);
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("b"))), "new");
+    EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 0);
+    EXPECT_EQ(ReadFile(Target(u"b"_s)), "new");
 }
 
 TEST_P(CopyInEitherWay, AKilledCopyShowsNoHalfFile) {
-    MakeLongFile(Source(QStringLiteral("long")));
-    const bool isKilled = KillWhileWriting(
-        [this] { Copy(Source(QStringLiteral("long")), QStringLiteral("Film.m4v")); },
-        {Source(QStringLiteral("long"))});
+    MakeLongFile(Source(u"long"_s));
+    const bool isKilled =
+        KillWhileWriting([this] { Copy(Source(u"long"_s), u"Film.m4v"_s); }, {Source(u"long"_s)});
     if (!isKilled) {
         GTEST_SKIP() << "this disk copies at once";
     }
-    EXPECT_FALSE(IsThere(Target(QStringLiteral("Film.m4v"))));
+    EXPECT_FALSE(IsThere(Target(u"Film.m4v"_s)));
     if (GetParam() == Way::UnderPartName) {
         EXPECT_EQ(NamesIn(Target()), QStringList(Part));
     }
-    WriteFile(Source(QStringLiteral("a")), "next");
-    Copy(Source(QStringLiteral("a")), QStringLiteral("Film.m4v"));
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Film.m4v"))), "next");
-    EXPECT_EQ(NamesIn(Target()), QStringList(QStringLiteral("Film.m4v")));
+    WriteFile(Source(u"a"_s), "next");
+    Copy(Source(u"a"_s), u"Film.m4v"_s);
+    EXPECT_EQ(ReadFile(Target(u"Film.m4v"_s)), "next");
+    EXPECT_EQ(NamesIn(Target()), QStringList(u"Film.m4v"_s));
 }
 
 TEST_P(CopyInEitherWay, AnEarlierFileOutlivesAKill) {
-    MakeLongFile(Source(QStringLiteral("long")));
-    WriteFile(Target(QStringLiteral("Film.m4v")), "old");
-    const bool isKilled = KillWhileWriting(
-        [this] { Copy(Source(QStringLiteral("long")), QStringLiteral("Film.m4v")); },
-        {Source(QStringLiteral("long")), Target(QStringLiteral("Film.m4v"))});
+    MakeLongFile(Source(u"long"_s));
+    WriteFile(Target(u"Film.m4v"_s), "old");
+    const bool isKilled = KillWhileWriting([this] { Copy(Source(u"long"_s), u"Film.m4v"_s); },
+                                           {Source(u"long"_s), Target(u"Film.m4v"_s)});
     if (!isKilled) {
         GTEST_SKIP() << "this disk copies at once";
     }
-    EXPECT_EQ(ReadFile(Target(QStringLiteral("Film.m4v"))), "old");
+    EXPECT_EQ(ReadFile(Target(u"Film.m4v"_s)), "old");
 }
 
 INSTANTIATE_TEST_SUITE_P(EitherWay, CopyInEitherWay,

@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class DeleteFixture : public LinuxFixture {
@@ -33,185 +35,178 @@ void MakeNest(const QString& path, int depth) {
 } // namespace
 
 TEST_F(DeleteFixture, AFolderIsDeletedWithAllItHolds) {
-    MakeFolder(Native(QStringLiteral("tmp/a/b")));
-    MakeFolder(Native(QStringLiteral("tmp/c")));
-    WriteFile(Native(QStringLiteral("tmp/copy.tmp")), "x");
-    WriteFile(Native(QStringLiteral("tmp/.hidden")), "x");
-    WriteFile(Native(QStringLiteral("tmp/a/b/file")), "x");
-    ASSERT_TRUE(MakePipe(Native(QStringLiteral("tmp/c/pipe"))));
-    WriteFile(Native(QStringLiteral("other")), "x");
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("other")));
+    MakeFolder(Native(u"tmp/a/b"_s));
+    MakeFolder(Native(u"tmp/c"_s));
+    WriteFile(Native(u"tmp/copy.tmp"_s), "x");
+    WriteFile(Native(u"tmp/.hidden"_s), "x");
+    WriteFile(Native(u"tmp/a/b/file"_s), "x");
+    ASSERT_TRUE(MakePipe(Native(u"tmp/c/pipe"_s)));
+    WriteFile(Native(u"other"_s), "x");
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"other"_s));
 }
 
 TEST_F(DeleteFixture, AFolderIsDeletedByADrivePath) {
-    MakeFolder(Native(QStringLiteral("New/Sub")));
-    EXPECT_EQ(DeleteError(QStringLiteral("E:\\NEW\\sub\\")), 0);
-    EXPECT_EQ(DeleteError(QStringLiteral("E:\\new")), 0);
+    MakeFolder(Native(u"New/Sub"_s));
+    EXPECT_EQ(DeleteError(u"E:\\NEW\\sub\\"_s), 0);
+    EXPECT_EQ(DeleteError(u"E:\\new"_s), 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(DeleteFixture, AFolderOfManyFilesIsDeleted) {
     const TestMount mount = TestMount::Memory(Native(), "size=64m"); // faster, where it can be had
-    MakeFolder(Native(QStringLiteral("tmp")));
+    MakeFolder(Native(u"tmp"_s));
     for (int i = 0; i < 2000; ++i) {
-        WriteFile(Native(QStringLiteral("tmp/%1").arg(i)), QByteArray());
+        WriteFile(Native(u"tmp/%1"_s.arg(i)), QByteArray());
     }
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(DeleteFixture, NamesThatAreNotTextAreDeleted) {
-    MakeFolder(Native(QStringLiteral("tmp")));
-    const QByteArray folder = Native(QStringLiteral("tmp")).toUtf8();
+    MakeFolder(Native(u"tmp"_s));
+    const QByteArray folder = Native(u"tmp"_s).toUtf8();
     ASSERT_EQ(mkdir((folder + "/bad\xFF\n").constData(), 0755), 0);
     ASSERT_EQ(mkdir((folder + "/bad\xFF\n/\x01").constData(), 0755), 0);
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(DeleteFixture, LinksAreRemovedAndNotFollowed) {
-    MakeFolder(Native(QStringLiteral("precious/inner")));
-    WriteFile(Native(QStringLiteral("precious/inner/letter")), "x");
-    MakeFolder(Native(QStringLiteral("tmp/sub")));
-    MakeLink(QStringLiteral("../precious"), Native(QStringLiteral("tmp/folder-link")));
-    MakeLink(QStringLiteral("../../precious/inner/letter"),
-             Native(QStringLiteral("tmp/sub/file-link")));
-    MakeLink(QStringLiteral("nix"), Native(QStringLiteral("tmp/dead-link")));
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("precious")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("precious/inner/letter"))), "x");
+    MakeFolder(Native(u"precious/inner"_s));
+    WriteFile(Native(u"precious/inner/letter"_s), "x");
+    MakeFolder(Native(u"tmp/sub"_s));
+    MakeLink(u"../precious"_s, Native(u"tmp/folder-link"_s));
+    MakeLink(u"../../precious/inner/letter"_s, Native(u"tmp/sub/file-link"_s));
+    MakeLink(u"nix"_s, Native(u"tmp/dead-link"_s));
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"precious"_s));
+    EXPECT_EQ(ReadFile(Native(u"precious/inner/letter"_s)), "x");
 }
 
 TEST_F(DeleteFixture, OfALinkToAFolderOnlyTheLinkIsRemoved) {
-    MakeFolder(Native(QStringLiteral("precious/inner")));
-    MakeLink(QStringLiteral("precious"), Native(QStringLiteral("tmp")));
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("precious")));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("precious"))), QStringList(QStringLiteral("inner")));
+    MakeFolder(Native(u"precious/inner"_s));
+    MakeLink(u"precious"_s, Native(u"tmp"_s));
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"precious"_s));
+    EXPECT_EQ(NamesIn(Native(u"precious"_s)), QStringList(u"inner"_s));
 }
 
 TEST_F(DeleteFixture, AnythingButAFolderCountsAsAMissingFolder) {
-    WriteFile(Native(QStringLiteral("file")), "x");
-    MakeLink(QStringLiteral("file"), Native(QStringLiteral("link")));
-    MakeLink(QStringLiteral("nix"), Native(QStringLiteral("dead")));
+    WriteFile(Native(u"file"_s), "x");
+    MakeLink(u"file"_s, Native(u"link"_s));
+    MakeLink(u"nix"_s, Native(u"dead"_s));
     for (const char* name : {"file", "link", "dead", "nix", "nix/nix"}) {
         EXPECT_EQ(DeleteError(Native(QString::fromLatin1(name))), 76) << name;
     }
-    EXPECT_EQ(DeleteError(QStringLiteral("Q:\\")), 76);
+    EXPECT_EQ(DeleteError(u"Q:\\"_s), 76);
     EXPECT_EQ(DeleteError(QString()), 76);
-    EXPECT_EQ(NamesIn(Native()), QStringList({QStringLiteral("dead"), QStringLiteral("file"),
-                                              QStringLiteral("link")}));
+    EXPECT_EQ(NamesIn(Native()), QStringList({u"dead"_s, u"file"_s, u"link"_s}));
 }
 
 TEST_F(DeleteFixture, APathThatEndsInDotsDeletesNothing) {
-    MakeFolder(Native(QStringLiteral("a/b")));
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("a/b/.."))), 76);
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("a/."))), 76);
-    EXPECT_EQ(DeleteError(QStringLiteral("E:\\a\\b\\..")), 76);
-    EXPECT_TRUE(IsThere(Native(QStringLiteral("a/b"))));
+    MakeFolder(Native(u"a/b"_s));
+    EXPECT_EQ(DeleteError(Native(u"a/b/.."_s)), 76);
+    EXPECT_EQ(DeleteError(Native(u"a/."_s)), 76);
+    EXPECT_EQ(DeleteError(u"E:\\a\\b\\.."_s), 76);
+    EXPECT_TRUE(IsThere(Native(u"a/b"_s)));
 }
 
 TEST_F(DeleteFixture, ADrivesRootIsLeftAlone) {
-    WriteFile(Native(QStringLiteral("file")), "x");
-    EXPECT_EQ(DeleteError(QStringLiteral("E:\\")), 0);
-    EXPECT_EQ(DeleteError(QStringLiteral("E:")), 0);
-    EXPECT_TRUE(IsThere(Native(QStringLiteral("file"))));
+    WriteFile(Native(u"file"_s), "x");
+    EXPECT_EQ(DeleteError(u"E:\\"_s), 0);
+    EXPECT_EQ(DeleteError(u"E:"_s), 0);
+    EXPECT_TRUE(IsThere(Native(u"file"_s)));
 }
 
 TEST_F(DeleteFixture, ASharedTemporaryFolderIsLeftAlone) {
-    MakeFolder(Native(QStringLiteral("tmp")));
-    WriteFile(Native(QStringLiteral("tmp/of-someone")), "x");
-    SetMode(Native(QStringLiteral("tmp")), 01777);
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(DeleteError(QStringLiteral("E:\\TMP")), 0);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("tmp/of-someone"))), "x");
+    MakeFolder(Native(u"tmp"_s));
+    WriteFile(Native(u"tmp/of-someone"_s), "x");
+    SetMode(Native(u"tmp"_s), 01777);
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(DeleteError(u"E:\\TMP"_s), 0);
+    EXPECT_EQ(ReadFile(Native(u"tmp/of-someone"_s)), "x");
 }
 
 TEST_F(DeleteFixture, ASharedTemporaryFolderInsideIsLeftAloneAndTheRestIsDeleted) {
-    MakeFolder(Native(QStringLiteral("tmp/a/shared")));
-    MakeFolder(Native(QStringLiteral("tmp/b/c")));
-    WriteFile(Native(QStringLiteral("tmp/a/shared/of-someone")), "x");
-    WriteFile(Native(QStringLiteral("tmp/a/file")), "x");
-    SetMode(Native(QStringLiteral("tmp/a/shared")), 01777);
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("tmp"))), QStringList(QStringLiteral("a")));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("tmp/a"))), QStringList(QStringLiteral("shared")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("tmp/a/shared/of-someone"))), "x");
+    MakeFolder(Native(u"tmp/a/shared"_s));
+    MakeFolder(Native(u"tmp/b/c"_s));
+    WriteFile(Native(u"tmp/a/shared/of-someone"_s), "x");
+    WriteFile(Native(u"tmp/a/file"_s), "x");
+    SetMode(Native(u"tmp/a/shared"_s), 01777);
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(NamesIn(Native(u"tmp"_s)), QStringList(u"a"_s));
+    EXPECT_EQ(NamesIn(Native(u"tmp/a"_s)), QStringList(u"shared"_s));
+    EXPECT_EQ(ReadFile(Native(u"tmp/a/shared/of-someone"_s)), "x");
 }
 
 TEST_F(DeleteFixture, AMountPointIsLeftAlone) {
-    MakeFolder(Native(QStringLiteral("tmp")));
-    const TestMount mount = TestMount::Memory(Native(QStringLiteral("tmp")));
+    MakeFolder(Native(u"tmp"_s));
+    const TestMount mount = TestMount::Memory(Native(u"tmp"_s));
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "no disk can be mounted here";
     }
-    SetMode(Native(QStringLiteral("tmp")), 0755);
-    WriteFile(Native(QStringLiteral("tmp/file")), "x");
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("tmp/file"))), "x");
+    SetMode(Native(u"tmp"_s), 0755);
+    WriteFile(Native(u"tmp/file"_s), "x");
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(ReadFile(Native(u"tmp/file"_s)), "x");
 }
 
 TEST_F(DeleteFixture, MountPointsInsideAreLeftAloneAndTheRestIsDeleted) {
-    MakeFolder(Native(QStringLiteral("precious")));
-    WriteFile(Native(QStringLiteral("precious/letter")), "x");
-    MakeFolder(Native(QStringLiteral("tmp/a/mounted")));
-    MakeFolder(Native(QStringLiteral("tmp/b")));
-    WriteFile(Native(QStringLiteral("tmp/file")), "y");
+    MakeFolder(Native(u"precious"_s));
+    WriteFile(Native(u"precious/letter"_s), "x");
+    MakeFolder(Native(u"tmp/a/mounted"_s));
+    MakeFolder(Native(u"tmp/b"_s));
+    WriteFile(Native(u"tmp/file"_s), "y");
     // A folder of the same disk: its device number does not tell.
-    const TestMount folder = TestMount::Bind(Native(QStringLiteral("precious")),
-                                             Native(QStringLiteral("tmp/a/mounted")));
-    const TestMount file = TestMount::Bind(Native(QStringLiteral("precious/letter")),
-                                           Native(QStringLiteral("tmp/file")));
+    const TestMount folder = TestMount::Bind(Native(u"precious"_s), Native(u"tmp/a/mounted"_s));
+    const TestMount file = TestMount::Bind(Native(u"precious/letter"_s), Native(u"tmp/file"_s));
     if (!folder.IsMounted() || !file.IsMounted()) {
         GTEST_SKIP() << "nothing can be mounted here";
     }
-    EXPECT_EQ(DeleteError(Native(QStringLiteral("tmp"))), 0);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("precious/letter"))), "x");
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("tmp"))),
-              QStringList({QStringLiteral("a"), QStringLiteral("file")}));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("tmp/a"))), QStringList(QStringLiteral("mounted")));
+    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
+    EXPECT_EQ(ReadFile(Native(u"precious/letter"_s)), "x");
+    EXPECT_EQ(NamesIn(Native(u"tmp"_s)), QStringList({u"a"_s, u"file"_s}));
+    EXPECT_EQ(NamesIn(Native(u"tmp/a"_s)), QStringList(u"mounted"_s));
 }
 
 TEST_F(DeleteFixture, DeepNestingTakesFewOpenFilesAndLittleStack) {
     const TestMount mount = TestMount::Memory(Native(), "size=64m"); // faster, where it can be had
-    MakeNest(Native(QStringLiteral("tmp")), 1000);
+    MakeNest(Native(u"tmp"_s), 1000);
     const int number = RunInChild([this] {
         const rlimit fewFiles{32, 32};
         setrlimit(RLIMIT_NOFILE, &fewFiles);
-        m_files.DeleteFolder(Native(QStringLiteral("tmp")), {});
+        m_files.DeleteFolder(Native(u"tmp"_s), {});
     });
     EXPECT_EQ(number, 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(DeleteFixture, AnEntryThatMayNotBeDeletedDoesNotProtectTheRest) {
-    MakeFolder(Native(QStringLiteral("tmp")));
-    MakeFolder(Native(QStringLiteral("tmp/closed")));
-    MakeFolder(Native(QStringLiteral("tmp/open")));
-    WriteFile(Native(QStringLiteral("tmp/closed/file")), "x");
+    MakeFolder(Native(u"tmp"_s));
+    MakeFolder(Native(u"tmp/closed"_s));
+    MakeFolder(Native(u"tmp/open"_s));
+    WriteFile(Native(u"tmp/closed/file"_s), "x");
     SetMode(Native(), 0777);
-    SetMode(Native(QStringLiteral("tmp")), 0777);
-    SetMode(Native(QStringLiteral("tmp/open")), 0777);
-    SetMode(Native(QStringLiteral("tmp/closed")), 0555);
-    const int number =
-        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp")), {}); });
+    SetMode(Native(u"tmp"_s), 0777);
+    SetMode(Native(u"tmp/open"_s), 0777);
+    SetMode(Native(u"tmp/closed"_s), 0555);
+    const int number = NumberOfNobody([this] { m_files.DeleteFolder(Native(u"tmp"_s), {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
     EXPECT_EQ(number, 70);
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("tmp"))), QStringList(QStringLiteral("closed")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("tmp/closed/file"))), "x");
-    SetMode(Native(QStringLiteral("tmp/closed")), 0755);
+    EXPECT_EQ(NamesIn(Native(u"tmp"_s)), QStringList(u"closed"_s));
+    EXPECT_EQ(ReadFile(Native(u"tmp/closed/file"_s)), "x");
+    SetMode(Native(u"tmp/closed"_s), 0755);
 }
 
 TEST_F(DeleteFixture, AnEmptyFolderThatMayNotBeReadIsDeleted) {
-    MakeFolder(Native(QStringLiteral("tmp/dark")));
+    MakeFolder(Native(u"tmp/dark"_s));
     SetMode(Native(), 0777);
-    SetMode(Native(QStringLiteral("tmp")), 0777);
-    SetMode(Native(QStringLiteral("tmp/dark")), 0);
-    const int number =
-        NumberOfNobody([this] { m_files.DeleteFolder(Native(QStringLiteral("tmp")), {}); });
+    SetMode(Native(u"tmp"_s), 0777);
+    SetMode(Native(u"tmp/dark"_s), 0);
+    const int number = NumberOfNobody([this] { m_files.DeleteFolder(Native(u"tmp"_s), {}); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }

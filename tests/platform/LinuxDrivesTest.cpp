@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A computer with one disk of its own, whose tables a test writes.
@@ -28,25 +30,24 @@ protected:
     QString Path(const QString& name) const { return m_folder.filePath(name); }
 
     void AddDevice(const QString& number, const QString& place) {
-        const QString name = place.section(QLatin1Char('/'), -1);
-        MakeFolder(Path(QStringLiteral("sys/devices/") + place));
-        MakeFolder(Path(QStringLiteral("sys/dev/block")));
-        MakeFolder(Path(QStringLiteral("sys/class/block")));
-        const QString target = QStringLiteral("../../devices/") + place;
-        MakeLink(target, Path(QStringLiteral("sys/class/block/") + name));
-        MakeLink(target, Path(QStringLiteral("sys/dev/block/") + number));
+        const QString name = place.section(u'/', -1);
+        MakeFolder(Path(u"sys/devices/"_s + place));
+        MakeFolder(Path(u"sys/dev/block"_s));
+        MakeFolder(Path(u"sys/class/block"_s));
+        const QString target = u"../../devices/"_s + place;
+        MakeLink(target, Path(u"sys/class/block/"_s + name));
+        MakeLink(target, Path(u"sys/dev/block/"_s + number));
     }
 
     void AddDisk(const char* number, const char* place, bool saysRemovable) {
         AddDevice(QString::fromLatin1(number), QString::fromLatin1(place));
-        WriteFile(Path(QStringLiteral("sys/devices/%1/removable").arg(QLatin1String(place))),
+        WriteFile(Path(u"sys/devices/%1/removable"_s.arg(QLatin1String(place))),
                   saysRemovable ? "1\n" : "0\n");
     }
 
     void AddPartition(const char* number, const char* place) {
         AddDevice(QString::fromLatin1(number), QString::fromLatin1(place));
-        WriteFile(Path(QStringLiteral("sys/devices/%1/partition").arg(QLatin1String(place))),
-                  "1\n");
+        WriteFile(Path(u"sys/devices/%1/partition"_s.arg(QLatin1String(place))), "1\n");
     }
 
     /// A memory stick with one partition: AddStick("8:16", "sdb").
@@ -61,7 +62,7 @@ protected:
                const char* root = "/") {
         m_lines += QByteArray("36 27 ") + device + ' ' + root + ' ' + folder +
                    " rw,relatime shared:9 - " + type + ' ' + source + " rw\n";
-        WriteFile(Path(QStringLiteral("mountinfo")), m_lines);
+        WriteFile(Path(u"mountinfo"_s), m_lines);
     }
 
     void Unmount(const QByteArray& folder) {
@@ -72,19 +73,18 @@ protected:
             }
         }
         m_lines = kept.join('\n');
-        WriteFile(Path(QStringLiteral("mountinfo")), m_lines);
+        WriteFile(Path(u"mountinfo"_s), m_lines);
     }
 
     void AddDiskLink(const char* kind, const char* name, const char* device) {
-        const QString folder = Path(QStringLiteral("disk/") + QLatin1String(kind));
+        const QString folder = Path(u"disk/"_s + QLatin1String(kind));
         MakeFolder(folder);
-        MakeLink(QStringLiteral("../../") + QLatin1String(device),
-                 folder + QLatin1Char('/') + QString::fromUtf8(name));
+        MakeLink(u"../../"_s + QLatin1String(device), folder + u'/' + QString::fromUtf8(name));
     }
 
     void RemoveDiskLink(const char* kind, const char* name) {
         const QString link =
-            Path(QStringLiteral("disk/%1/%2").arg(QLatin1String(kind)).arg(QLatin1String(name)));
+            Path(u"disk/%1/%2"_s.arg(QLatin1String(kind)).arg(QLatin1String(name)));
         ASSERT_TRUE(QFile::remove(link));
     }
 
@@ -92,21 +92,20 @@ protected:
     std::string Listed() {
         QStringList texts;
         for (const Drive& drive : m_drives.Drives()) {
-            EXPECT_EQ(drive.Path, drive.Letter + QStringLiteral(":"));
+            EXPECT_EQ(drive.Path, drive.Letter + u":"_s);
             EXPECT_TRUE(m_drives.IsRemovable(drive));
             texts.append(drive.Path + m_drives.VolumeName(drive));
         }
-        return texts.join(QLatin1Char(' ')).toStdString();
+        return texts.join(u' ').toStdString();
     }
 
     QTemporaryDir m_folder;
     QByteArray m_lines;
-    LinuxDrives m_drives{{Path(QStringLiteral("mountinfo")), Path(QStringLiteral("sys")),
-                          Path(QStringLiteral("disk"))}};
+    LinuxDrives m_drives{{Path(u"mountinfo"_s), Path(u"sys"_s), Path(u"disk"_s)}};
 };
 
 Drive DriveOfLetter(char16_t letter) {
-    return {QChar(letter), QChar(letter) + QStringLiteral(":")};
+    return {QChar(letter), QChar(letter) + u":"_s};
 }
 
 } // namespace
@@ -289,24 +288,22 @@ TEST_F(DrivesFixture, AnIdentityThatIsUnknownForAMomentIsNotForgotten) {
 }
 
 TEST_F(DrivesFixture, AttachedFoldersFollowTheMountedVolumes) {
-    MakeFolder(Path(QStringLiteral("one")));
-    MakeFolder(Path(QStringLiteral("MY SAMPLE")));
+    MakeFolder(Path(u"one"_s));
+    MakeFolder(Path(u"MY SAMPLE"_s));
     Mount("0:50", "/media/ana/A", "fuse.x", "a");
-    qputenv("SONGLIFT_DRIVES",
-            (Path(QStringLiteral("one")) + QLatin1Char(':') + Path(QStringLiteral("MY SAMPLE")))
-                .toUtf8());
+    qputenv("SONGLIFT_DRIVES", (Path(u"one"_s) + u':' + Path(u"MY SAMPLE"_s)).toUtf8());
     EXPECT_EQ(Listed(), "E:A F:one G:MY SAMPLE");
 }
 
 TEST_F(DrivesFixture, EmptyAndRepeatedAttachedFoldersAreIgnored) {
-    MakeFolder(Path(QStringLiteral("one")));
-    const QByteArray folder = Path(QStringLiteral("one")).toUtf8();
+    MakeFolder(Path(u"one"_s));
+    const QByteArray folder = Path(u"one"_s).toUtf8();
     qputenv("SONGLIFT_DRIVES", ":" + folder + "//::" + folder + ":");
     EXPECT_EQ(Listed(), "E:one");
 }
 
 TEST_F(DrivesFixture, AnAttachedFolderAppearsOnceItIsCreated) {
-    const QString folder = Path(QStringLiteral("late"));
+    const QString folder = Path(u"late"_s);
     qputenv("SONGLIFT_DRIVES", folder.toUtf8());
     EXPECT_EQ(Listed(), "");
     MakeFolder(folder);
@@ -326,7 +323,7 @@ TEST_F(DrivesFixture, VolumesPastZAreNotListed) {
     qputenv("SONGLIFT_DRIVES", folders.join(':'));
     EXPECT_EQ(Listed(), "E:a F:b G:c H:d I:e J:f K:g L:h M:i N:j O:k P:l Q:m R:n S:o T:p U:q V:r "
                         "W:s X:t Y:u Z:v");
-    ASSERT_TRUE(QDir().rmdir(Path(QStringLiteral("c"))));
+    ASSERT_TRUE(QDir().rmdir(Path(u"c"_s)));
     EXPECT_EQ(Listed(), "E:a F:b G:w H:d I:e J:f K:g L:h M:i N:j O:k P:l Q:m R:n S:o T:p U:q V:r "
                         "W:s X:t Y:u Z:v");
 }
@@ -352,23 +349,23 @@ TEST_F(DrivesFixture, MalformedLinesAreSkipped) {
 TEST_F(DrivesFixture, ALineMayHaveNoTagsOrMany) {
     m_lines += "36 27 0:50 / /media/ana/none rw - fuse.x a rw\n"
                "37 27 0:51 / /media/ana/many rw shared:1 master:2 propagate_from:3 - fuse.x b rw\n";
-    WriteFile(Path(QStringLiteral("mountinfo")), m_lines);
+    WriteFile(Path(u"mountinfo"_s), m_lines);
     EXPECT_EQ(Listed(), "E:none F:many");
 }
 
 TEST_F(DrivesFixture, WithoutAMountTableTheAttachedFoldersRemain) {
-    MakeFolder(Path(QStringLiteral("one")));
-    qputenv("SONGLIFT_DRIVES", Path(QStringLiteral("one")).toUtf8());
-    ASSERT_TRUE(QFile::remove(Path(QStringLiteral("mountinfo"))));
+    MakeFolder(Path(u"one"_s));
+    qputenv("SONGLIFT_DRIVES", Path(u"one"_s).toUtf8());
+    ASSERT_TRUE(QFile::remove(Path(u"mountinfo"_s)));
     EXPECT_EQ(Listed(), "E:one");
 }
 
 TEST_F(DrivesFixture, ARootIsFoundByItsLetterInEitherCase) {
-    MakeFolder(Path(QStringLiteral("one")));
-    qputenv("SONGLIFT_DRIVES", Path(QStringLiteral("one")).toUtf8());
+    MakeFolder(Path(u"one"_s));
+    qputenv("SONGLIFT_DRIVES", Path(u"one"_s).toUtf8());
     struct stat expected {};
     struct stat opened {};
-    ASSERT_EQ(stat(Path(QStringLiteral("one")).toUtf8().constData(), &expected), 0);
+    ASSERT_EQ(stat(Path(u"one"_s).toUtf8().constData(), &expected), 0);
     for (const char16_t letter : {u'E', u'e'}) {
         const FileDescriptor root = m_drives.OpenRoot(letter);
         ASSERT_TRUE(root.IsOpen());
@@ -382,12 +379,12 @@ TEST_F(DrivesFixture, ARootIsFoundByItsLetterInEitherCase) {
 TEST(KernelMountTable, AVolumeThatIsUnmountedLeavesNoWayToTheFolderBeneath) {
     qunsetenv("SONGLIFT_DRIVES");
     const QTemporaryDir content;
-    WriteFile(content.filePath(QStringLiteral("song.mp3")), "on the volume");
-    const QString place = QStringLiteral("/media/songlift-test-%1").arg(getpid());
+    WriteFile(content.filePath(u"song.mp3"_s), "on the volume");
+    const QString place = u"/media/songlift-test-%1"_s.arg(getpid());
     if (!QDir().mkpath(place)) {
         GTEST_SKIP() << "no folder can be made in /media";
     }
-    WriteFile(place + QStringLiteral("/song.mp3"), "beneath");
+    WriteFile(place + u"/song.mp3"_s, "beneath");
     {
         LinuxDrives drives;
         const size_t before = drives.Drives().size();
@@ -401,9 +398,9 @@ TEST(KernelMountTable, AVolumeThatIsUnmountedLeavesNoWayToTheFolderBeneath) {
         }
         const QString letter = listed.back().Path;
         LinuxFileSystem files(drives);
-        EXPECT_EQ(files.FileLength(letter + QStringLiteral("\\song.mp3")), 13);
+        EXPECT_EQ(files.FileLength(letter + u"\\song.mp3"_s), 13);
         mount.Unmount();
-        EXPECT_FALSE(files.FileExists(letter + QStringLiteral("\\song.mp3")));
+        EXPECT_FALSE(files.FileExists(letter + u"\\song.mp3"_s));
         EXPECT_EQ(drives.Drives().size(), before);
     }
     QDir(place).removeRecursively();

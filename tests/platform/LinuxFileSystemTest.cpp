@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FilesFixture : public LinuxFixture {
@@ -31,23 +33,22 @@ mode_t ModeOf(const QString& path) {
 } // namespace
 
 TEST_F(FilesFixture, TheLengthOfAFileIsInBytes) {
-    WriteFile(Native(QStringLiteral("song.mp3")), Pattern(12345));
-    EXPECT_EQ(m_files.FileLength(QStringLiteral("E:\\SONG.mp3")), 12345);
-    EXPECT_EQ(NumberOf([this] { m_files.FileLength(QStringLiteral("E:\\nix.mp3")); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.FileLength(QStringLiteral("E:\\nix\\nix.mp3")); }), 76);
+    WriteFile(Native(u"song.mp3"_s), Pattern(12345));
+    EXPECT_EQ(m_files.FileLength(u"E:\\SONG.mp3"_s), 12345);
+    EXPECT_EQ(NumberOf([this] { m_files.FileLength(u"E:\\nix.mp3"_s); }), 53);
+    EXPECT_EQ(NumberOf([this] { m_files.FileLength(u"E:\\nix\\nix.mp3"_s); }), 76);
     EXPECT_EQ(NumberOf([this] { m_files.FileLength(Native()); }), 53);
 }
 
 TEST_F(FilesFixture, ALengthPastFourGigabytesIsExact) {
-    WriteFile(Native(QStringLiteral("film.m4v")), "x");
-    ASSERT_EQ(truncate(Native(QStringLiteral("film.m4v")).toUtf8().constData(), 5000000001), 0);
-    EXPECT_EQ(m_files.FileLength(Native(QStringLiteral("film.m4v"))), 5000000001);
+    WriteFile(Native(u"film.m4v"_s), "x");
+    ASSERT_EQ(truncate(Native(u"film.m4v"_s).toUtf8().constData(), 5000000001), 0);
+    EXPECT_EQ(m_files.FileLength(Native(u"film.m4v"_s)), 5000000001);
 }
 
 TEST_F(FilesFixture, BlocksAreReadOneAfterTheOther) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "abcdefgh");
-    const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReading(Native(QStringLiteral("song.mp3")));
+    WriteFile(Native(u"song.mp3"_s), "abcdefgh");
+    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
     char bytes[5] = {};
     file->Read(bytes, 5);
     EXPECT_EQ(QByteArray(bytes, 5), "abcde");
@@ -57,9 +58,8 @@ TEST_F(FilesFixture, BlocksAreReadOneAfterTheOther) {
 }
 
 TEST_F(FilesFixture, AFileThatEndsEarlyIsADeviceError) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "abc");
-    const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReading(Native(QStringLiteral("song.mp3")));
+    WriteFile(Native(u"song.mp3"_s), "abc");
+    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
     char bytes[4] = {};
     EXPECT_EQ(NumberOf([&] { file->Read(bytes, 4); }), 57);
 }
@@ -70,47 +70,45 @@ TEST_F(FilesFixture, AFileIsWrittenFromAnotherStepByStep) {
         for (qsizetype i = 0; i < bytes.size(); ++i) {
             bytes[i] = static_cast<char>(i * 7 + i / 1000);
         }
-        WriteFile(Native(QStringLiteral("film.m4v")), bytes);
-        const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
-        const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
+        WriteFile(Native(u"film.m4v"_s), bytes);
+        const auto from = m_files.OpenForReading(Native(u"film.m4v"_s));
+        const auto to = m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
         to->WriteFrom(*from, step, {});
-        EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))).left(step), bytes.left(step));
+        EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)).left(step), bytes.left(step));
         to->WriteFrom(*from, step, {});
-        EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), bytes);
+        EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), bytes);
     }
 }
 
 TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceError) {
     for (const qsizetype size : {qsizetype{10}, qsizetype{3000000}}) {
-        WriteFile(Native(QStringLiteral("film.m4v")), QByteArray(size, 'x'));
-        const auto from = m_files.OpenForReading(Native(QStringLiteral("film.m4v")));
-        const auto to = m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
+        WriteFile(Native(u"film.m4v"_s), QByteArray(size, 'x'));
+        const auto from = m_files.OpenForReading(Native(u"film.m4v"_s));
+        const auto to = m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
         EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, size + 1, {}); }), 57);
     }
 }
 
 TEST_F(FilesFixture, WhatIsOpenForReadingCannotBeWritten) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "abc");
-    const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReading(Native(QStringLiteral("song.mp3")));
+    WriteFile(Native(u"song.mp3"_s), "abc");
+    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
     EXPECT_NE(NumberOf([&] { Write(*file, "x"); }), 0);
     EXPECT_NE(NumberOf([&] { file->Truncate(0); }), 0);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("song.mp3"))), "abc");
+    EXPECT_EQ(ReadFile(Native(u"song.mp3"_s)), "abc");
 }
 
 TEST_F(FilesFixture, OnlyRegularFilesAreOpenedForReading) {
-    ASSERT_TRUE(MakePipe(Native(QStringLiteral("pipe"))));
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(QStringLiteral("pipe"))); }), 53);
+    ASSERT_TRUE(MakePipe(Native(u"pipe"_s)));
+    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"pipe"_s)); }), 53);
     EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native()); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(QStringLiteral("/dev/zero")); }), 53);
+    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(u"/dev/zero"_s); }), 53);
 }
 
 TEST_F(FilesFixture, AFileThatMayNotBeReadIsADeniedPermission) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "abc");
+    WriteFile(Native(u"song.mp3"_s), "abc");
     SetMode(Native(), 0755);
-    SetMode(Native(QStringLiteral("song.mp3")), 0);
-    const int number =
-        NumberOfNobody([this] { m_files.OpenForReading(Native(QStringLiteral("song.mp3"))); });
+    SetMode(Native(u"song.mp3"_s), 0);
+    const int number = NumberOfNobody([this] { m_files.OpenForReading(Native(u"song.mp3"_s)); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
@@ -119,125 +117,118 @@ TEST_F(FilesFixture, AFileThatMayNotBeReadIsADeniedPermission) {
 
 TEST_F(FilesFixture, AMissingFileIsCreatedForWriting) {
     const mode_t before = umask(027);
-    const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReadingAndWriting(QStringLiteral("E:\\copy.tmp"));
+    const std::unique_ptr<BinaryFile> file = m_files.OpenForReadingAndWriting(u"E:\\copy.tmp"_s);
     umask(before);
     Write(*file, "abcdef");
     file->Truncate(4);
     file->Close();
     file->Close(); // once more is nothing
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), "abcd");
-    EXPECT_EQ(ModeOf(Native(QStringLiteral("copy.tmp"))), 0640U);
+    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), "abcd");
+    EXPECT_EQ(ModeOf(Native(u"copy.tmp"_s)), 0640U);
 }
 
 TEST_F(FilesFixture, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "old content");
-    const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReadingAndWriting(QStringLiteral("E:\\COPY.tmp"));
+    WriteFile(Native(u"copy.tmp"_s), "old content");
+    const std::unique_ptr<BinaryFile> file = m_files.OpenForReadingAndWriting(u"E:\\COPY.tmp"_s);
     Write(*file, "new");
     char rest[8] = {};
     file->Read(rest, 8);
     file->Close();
     EXPECT_EQ(QByteArray(rest, 8), " content");
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), "new content");
+    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), "new content");
 }
 
 TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
-    const QString temp = Native(QStringLiteral("copy.tmp"));
+    const QString temp = Native(u"copy.tmp"_s);
     {
         const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
         Write(*writing, "first");
         EXPECT_EQ(WritingError(temp), 70);
         writing->Close();
         EXPECT_EQ(WritingError(temp), 70);
-        m_files.MoveFile(*writing, Native(QStringLiteral("film.m4v")), Existing::Replace, {});
-        EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 70);
+        m_files.MoveFile(*writing, Native(u"film.m4v"_s), Existing::Replace, {});
+        EXPECT_EQ(WritingError(Native(u"film.m4v"_s)), 70);
         EXPECT_EQ(WritingError(temp), 0);
     }
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("film.m4v"))), "first");
-    EXPECT_EQ(WritingError(Native(QStringLiteral("film.m4v"))), 0);
+    EXPECT_EQ(ReadFile(Native(u"film.m4v"_s)), "first");
+    EXPECT_EQ(WritingError(Native(u"film.m4v"_s)), 0);
 }
 
 TEST_F(FilesFixture, APlantedLinkIsNotWrittenThrough) {
-    WriteFile(Native(QStringLiteral("letter.txt")), "precious");
-    MakeLink(QStringLiteral("letter.txt"), Native(QStringLiteral("copy.tmp")));
-    MakeLink(QStringLiteral("nix"), Native(QStringLiteral("dead.tmp")));
-    EXPECT_EQ(WritingError(Native(QStringLiteral("copy.tmp"))), 70);
-    EXPECT_EQ(WritingError(Native(QStringLiteral("dead.tmp"))), 70);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("letter.txt"))), "precious");
-    EXPECT_FALSE(IsThere(Native(QStringLiteral("nix"))));
+    WriteFile(Native(u"letter.txt"_s), "precious");
+    MakeLink(u"letter.txt"_s, Native(u"copy.tmp"_s));
+    MakeLink(u"nix"_s, Native(u"dead.tmp"_s));
+    EXPECT_EQ(WritingError(Native(u"copy.tmp"_s)), 70);
+    EXPECT_EQ(WritingError(Native(u"dead.tmp"_s)), 70);
+    EXPECT_EQ(ReadFile(Native(u"letter.txt"_s)), "precious");
+    EXPECT_FALSE(IsThere(Native(u"nix"_s)));
 }
 
 TEST_F(FilesFixture, NothingIsWrittenInAFolderBehindAPlantedLink) {
-    MakeFolder(Native(QStringLiteral("documents")));
-    WriteFile(Native(QStringLiteral("documents/copy.tmp")), "precious");
-    MakeLink(QStringLiteral("documents"), Native(QStringLiteral("tmp")));
-    EXPECT_EQ(WritingError(Native(QStringLiteral("tmp/copy.tmp"))), 70);
-    EXPECT_EQ(WritingError(QStringLiteral("E:\\TMP\\copy.tmp")), 70);
-    EXPECT_EQ(WritingError(Native(QStringLiteral("tmp/new.tmp"))), 70);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("documents/copy.tmp"))), "precious");
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("documents"))),
-              QStringList(QStringLiteral("copy.tmp")));
+    MakeFolder(Native(u"documents"_s));
+    WriteFile(Native(u"documents/copy.tmp"_s), "precious");
+    MakeLink(u"documents"_s, Native(u"tmp"_s));
+    EXPECT_EQ(WritingError(Native(u"tmp/copy.tmp"_s)), 70);
+    EXPECT_EQ(WritingError(u"E:\\TMP\\copy.tmp"_s), 70);
+    EXPECT_EQ(WritingError(Native(u"tmp/new.tmp"_s)), 70);
+    EXPECT_EQ(ReadFile(Native(u"documents/copy.tmp"_s)), "precious");
+    EXPECT_EQ(NamesIn(Native(u"documents"_s)), QStringList(u"copy.tmp"_s));
 }
 
 TEST_F(FilesFixture, ASecondNameOfAnotherFileIsNotWrittenThrough) {
-    WriteFile(Native(QStringLiteral("letter.txt")), "precious");
-    ASSERT_EQ(link(Native(QStringLiteral("letter.txt")).toUtf8().constData(),
-                   Native(QStringLiteral("copy.tmp")).toUtf8().constData()),
+    WriteFile(Native(u"letter.txt"_s), "precious");
+    ASSERT_EQ(link(Native(u"letter.txt"_s).toUtf8().constData(),
+                   Native(u"copy.tmp"_s).toUtf8().constData()),
               0);
-    EXPECT_EQ(WritingError(Native(QStringLiteral("copy.tmp"))), 70);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("letter.txt"))), "precious");
+    EXPECT_EQ(WritingError(Native(u"copy.tmp"_s)), 70);
+    EXPECT_EQ(ReadFile(Native(u"letter.txt"_s)), "precious");
 }
 
 TEST_F(FilesFixture, OnlyRegularFilesAreOpenedForWriting) {
-    ASSERT_TRUE(MakePipe(Native(QStringLiteral("pipe"))));
-    EXPECT_EQ(WritingError(Native(QStringLiteral("pipe"))), 70);
+    ASSERT_TRUE(MakePipe(Native(u"pipe"_s)));
+    EXPECT_EQ(WritingError(Native(u"pipe"_s)), 70);
     EXPECT_EQ(WritingError(Native()), 70);
-    EXPECT_EQ(WritingError(QStringLiteral("E:\\")), 70);
+    EXPECT_EQ(WritingError(u"E:\\"_s), 70);
 }
 
 TEST_F(FilesFixture, AFileForWritingNeedsItsFolder) {
-    EXPECT_EQ(WritingError(Native(QStringLiteral("nix/copy.tmp"))), 76);
-    EXPECT_EQ(WritingError(QStringLiteral("Q:\\copy.tmp")), 76);
+    EXPECT_EQ(WritingError(Native(u"nix/copy.tmp"_s)), 76);
+    EXPECT_EQ(WritingError(u"Q:\\copy.tmp"_s), 76);
 }
 
 TEST_F(FilesFixture, AFileNameThatTheDiskRefusesIsADeniedPermission) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "x");
-    for (const QString& name : {QString(256, QLatin1Char('a')), QStringLiteral("a") + QChar(0xD800),
-                                QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b')}) {
-        for (const QString& path : {Native(name), QStringLiteral("E:\\") + name}) {
+    WriteFile(Native(u"song.mp3"_s), "x");
+    for (const QString& name :
+         {QString(256, u'a'), u"a"_s + QChar(0xD800), u"a"_s + u'\0' + u'b'}) {
+        for (const QString& path : {Native(name), u"E:\\"_s + name}) {
             EXPECT_EQ(WritingError(path), 70);
-            EXPECT_EQ(NumberOf([&] {
-                          m_files.CopyFile(QStringLiteral("E:\\song.mp3"), path, Existing::Replace,
-                                           {});
-                      }),
-                      70);
-            EXPECT_EQ(MoveError(QStringLiteral("E:\\song.mp3"), path), 70);
+            EXPECT_EQ(
+                NumberOf([&] { m_files.CopyFile(u"E:\\song.mp3"_s, path, Existing::Replace, {}); }),
+                70);
+            EXPECT_EQ(MoveError(u"E:\\song.mp3"_s, path), 70);
         }
     }
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("song.mp3")));
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"song.mp3"_s));
 }
 
 TEST_F(FilesFixture, NothingIsCreatedOnAReadOnlyDisk) {
-    MakeFolder(Native(QStringLiteral("disk")));
-    MakeFolder(Native(QStringLiteral("shown")));
-    WriteFile(Native(QStringLiteral("disk/song.mp3")), "x");
-    const TestMount mount =
-        TestMount::Bind(Native(QStringLiteral("disk")), Native(QStringLiteral("shown")), true);
+    MakeFolder(Native(u"disk"_s));
+    MakeFolder(Native(u"shown"_s));
+    WriteFile(Native(u"disk/song.mp3"_s), "x");
+    const TestMount mount = TestMount::Bind(Native(u"disk"_s), Native(u"shown"_s), true);
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "a read-only folder cannot be mounted here";
     }
-    const QString song = Native(QStringLiteral("shown/song.mp3"));
-    EXPECT_EQ(CreationError(Native(QStringLiteral("shown/new"))), 70);
-    EXPECT_EQ(WritingError(Native(QStringLiteral("shown/copy.tmp"))), 70);
+    const QString song = Native(u"shown/song.mp3"_s);
+    EXPECT_EQ(CreationError(Native(u"shown/new"_s)), 70);
+    EXPECT_EQ(WritingError(Native(u"shown/copy.tmp"_s)), 70);
     EXPECT_EQ(NumberOf([&] {
-                  m_files.CopyFile(song, Native(QStringLiteral("shown/new.mp3")), Existing::Replace,
-                                   {});
+                  m_files.CopyFile(song, Native(u"shown/new.mp3"_s), Existing::Replace, {});
               }),
               70);
-    EXPECT_EQ(NumberOf([&] { m_files.DeleteFolder(Native(QStringLiteral("shown")), {}); }), 0);
-    EXPECT_EQ(MoveError(song, Native(QStringLiteral("shown/new.mp3"))), 70);
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("disk"))), QStringList(QStringLiteral("song.mp3")));
+    EXPECT_EQ(NumberOf([&] { m_files.DeleteFolder(Native(u"shown"_s), {}); }), 0);
+    EXPECT_EQ(MoveError(song, Native(u"shown/new.mp3"_s)), 70);
+    EXPECT_EQ(NamesIn(Native(u"disk"_s)), QStringList(u"song.mp3"_s));
 }
 
 TEST_F(FilesFixture, WritingToAFullDiskRaisesDiskFull) {
@@ -246,21 +237,21 @@ TEST_F(FilesFixture, WritingToAFullDiskRaisesDiskFull) {
         GTEST_SKIP() << "no small disk can be mounted here";
     }
     const std::unique_ptr<BinaryFile> file =
-        m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp")));
+        m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
     const QByteArray bytes = Pattern(2000000);
     EXPECT_EQ(NumberOf([&] { Write(*file, bytes); }), 61);
 }
 
 TEST_F(FilesFixture, TheDriveOfADrivePathIsItsFirstTwoCharacters) {
-    EXPECT_EQ(m_files.DriveOf(QStringLiteral("E:\\Music\\New")), QStringLiteral("E:"));
-    EXPECT_EQ(m_files.DriveOf(QStringLiteral("q:\\x")), QStringLiteral("q:"));
+    EXPECT_EQ(m_files.DriveOf(u"E:\\Music\\New"_s), u"E:"_s);
+    EXPECT_EQ(m_files.DriveOf(u"q:\\x"_s), u"q:"_s);
 }
 
 TEST_F(FilesFixture, TheDriveOfANativePathIsItsMountFolder) {
-    const QString disk = Native(QStringLiteral("my disk"));
+    const QString disk = Native(u"my disk"_s);
     MakeFolder(disk);
-    MakeFolder(disk + QStringLiteral(" of others"));
-    MakeLink(disk, Native(QStringLiteral("link")));
+    MakeFolder(disk + u" of others"_s);
+    MakeLink(disk, Native(u"link"_s));
     const QString before = m_files.DriveOf(disk);
     EXPECT_TRUE(disk.startsWith(before)) << qPrintable(before);
     const TestMount mount = TestMount::Memory(disk);
@@ -268,22 +259,22 @@ TEST_F(FilesFixture, TheDriveOfANativePathIsItsMountFolder) {
         GTEST_SKIP() << "no disk can be mounted here";
     }
     EXPECT_EQ(m_files.DriveOf(disk), disk);
-    EXPECT_EQ(m_files.DriveOf(disk + QStringLiteral("/not/there/yet")), disk);
-    EXPECT_EQ(m_files.DriveOf(Native(QStringLiteral("link/x"))), disk);
-    EXPECT_EQ(m_files.DriveOf(disk + QStringLiteral(" of others/x")), before);
+    EXPECT_EQ(m_files.DriveOf(disk + u"/not/there/yet"_s), disk);
+    EXPECT_EQ(m_files.DriveOf(Native(u"link/x"_s)), disk);
+    EXPECT_EQ(m_files.DriveOf(disk + u" of others/x"_s), before);
     EXPECT_EQ(m_files.DriveOf(Native()), before);
-    const QString inner = disk + QStringLiteral("/inner");
+    const QString inner = disk + u"/inner"_s;
     MakeFolder(inner);
     const TestMount innerMount = TestMount::Memory(inner);
-    EXPECT_EQ(m_files.DriveOf(inner + QStringLiteral("/x")), inner);
+    EXPECT_EQ(m_files.DriveOf(inner + u"/x"_s), inner);
     EXPECT_EQ(m_files.DriveOf(disk), disk);
-    EXPECT_EQ(m_files.DriveOf(QStringLiteral("/proc/self/fd")), QStringLiteral("/proc"));
+    EXPECT_EQ(m_files.DriveOf(u"/proc/self/fd"_s), u"/proc"_s);
 }
 
 TEST_F(FilesFixture, ATextOfNeitherFormIsOnNoDrive) {
-    EXPECT_EQ(m_files.DriveOf(QStringLiteral("Music")), QString());
+    EXPECT_EQ(m_files.DriveOf(u"Music"_s), QString());
     EXPECT_EQ(m_files.DriveOf(QString()), QString());
-    EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(QStringLiteral("Music")); }), 76);
+    EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(u"Music"_s); }), 76);
 }
 
 TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
@@ -292,15 +283,15 @@ TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
         GTEST_SKIP() << "no small disk can be mounted here";
     }
     EXPECT_EQ(m_files.FreeBytes(Native()), 1048576.0);
-    EXPECT_EQ(m_files.FreeBytes(Native(QStringLiteral("not/there/yet"))), 1048576.0);
-    EXPECT_EQ(m_files.FreeBytes(QStringLiteral("E:")), 1048576.0);
-    EXPECT_EQ(m_files.FreeBytes(QStringLiteral("E:\\not\\there\\yet")), 1048576.0);
-    WriteFile(Native(QStringLiteral("x")), Pattern(4096));
+    EXPECT_EQ(m_files.FreeBytes(Native(u"not/there/yet"_s)), 1048576.0);
+    EXPECT_EQ(m_files.FreeBytes(u"E:"_s), 1048576.0);
+    EXPECT_EQ(m_files.FreeBytes(u"E:\\not\\there\\yet"_s), 1048576.0);
+    WriteFile(Native(u"x"_s), Pattern(4096));
     EXPECT_EQ(m_files.FreeBytes(Native()), 1044480.0);
 }
 
 TEST_F(FilesFixture, AMissingDriveHasNoFreeBytes) {
-    EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(QStringLiteral("Q:\\Music")); }), 68);
+    EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(u"Q:\\Music"_s); }), 68);
 }
 
 TEST_F(FilesFixture, TheLimitsOfNamesAreThoseOfTheFileSystem) {
@@ -309,6 +300,6 @@ TEST_F(FilesFixture, TheLimitsOfNamesAreThoseOfTheFileSystem) {
     EXPECT_EQ(limits.CountedIn, NameLimits::Unit::Utf8Bytes);
     EXPECT_FALSE(limits.IsForWindows);
     // Of a folder that is not there yet, those of where it would be made.
-    EXPECT_EQ(m_files.LimitsOf(Native(QStringLiteral("new/newer"))).Longest, limits.Longest);
-    EXPECT_EQ(m_files.LimitsOf(QStringLiteral("nowhere")).Longest, 255);
+    EXPECT_EQ(m_files.LimitsOf(Native(u"new/newer"_s)).Longest, limits.Longest);
+    EXPECT_EQ(m_files.LimitsOf(u"nowhere"_s).Longest, 255);
 }

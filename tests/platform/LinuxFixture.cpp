@@ -15,6 +15,8 @@
 #include <thread>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr uid_t Nobody = 65534;
@@ -36,11 +38,11 @@ using FileId = std::pair<dev_t, ino_t>;
 
 /// Whether a process has a regular file with bytes in it open that is none of `known`.
 bool HasWritten(pid_t process, const std::set<FileId>& known) {
-    const QString folder = QStringLiteral("/proc/%1/fd").arg(process);
+    const QString folder = u"/proc/%1/fd"_s.arg(process);
     const QStringList names = QDir(folder).entryList(QDir::Files | QDir::System);
     for (const QString& name : names) {
         struct stat info {};
-        const QByteArray path = (folder + QLatin1Char('/') + name).toUtf8();
+        const QByteArray path = (folder + u'/' + name).toUtf8();
         if (stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode) && info.st_size > 0 &&
             !known.contains({info.st_dev, info.st_ino})) {
             return true;

@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class FoldersFixture : public LinuxFixture {};
@@ -21,115 +23,114 @@ mode_t ModeOf(const QString& path) {
 } // namespace
 
 TEST_F(FoldersFixture, OnlyRegularFilesAreFiles) {
-    MakeFolder(Native(QStringLiteral("folder")));
-    ASSERT_TRUE(MakePipe(Native(QStringLiteral("pipe"))));
-    WriteFile(Native(QStringLiteral("file")), "x");
-    MakeLink(QStringLiteral("file"), Native(QStringLiteral("link")));
-    EXPECT_TRUE(m_files.FileExists(Native(QStringLiteral("file"))));
-    EXPECT_TRUE(m_files.FileExists(Native(QStringLiteral("link"))));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("folder"))));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("pipe"))));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("nix"))));
+    MakeFolder(Native(u"folder"_s));
+    ASSERT_TRUE(MakePipe(Native(u"pipe"_s)));
+    WriteFile(Native(u"file"_s), "x");
+    MakeLink(u"file"_s, Native(u"link"_s));
+    EXPECT_TRUE(m_files.FileExists(Native(u"file"_s)));
+    EXPECT_TRUE(m_files.FileExists(Native(u"link"_s)));
+    EXPECT_FALSE(m_files.FileExists(Native(u"folder"_s)));
+    EXPECT_FALSE(m_files.FileExists(Native(u"pipe"_s)));
+    EXPECT_FALSE(m_files.FileExists(Native(u"nix"_s)));
 }
 
 TEST_F(FoldersFixture, OnlyFoldersAreFolders) {
-    MakeFolder(Native(QStringLiteral("folder")));
-    WriteFile(Native(QStringLiteral("file")), "x");
-    MakeLink(QStringLiteral("folder"), Native(QStringLiteral("link")));
-    EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("folder"))));
-    EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("folder/"))));
-    EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("link"))));
-    EXPECT_FALSE(m_files.FolderExists(Native(QStringLiteral("file"))));
-    EXPECT_FALSE(m_files.FolderExists(Native(QStringLiteral("nix"))));
+    MakeFolder(Native(u"folder"_s));
+    WriteFile(Native(u"file"_s), "x");
+    MakeLink(u"folder"_s, Native(u"link"_s));
+    EXPECT_TRUE(m_files.FolderExists(Native(u"folder"_s)));
+    EXPECT_TRUE(m_files.FolderExists(Native(u"folder/"_s)));
+    EXPECT_TRUE(m_files.FolderExists(Native(u"link"_s)));
+    EXPECT_FALSE(m_files.FolderExists(Native(u"file"_s)));
+    EXPECT_FALSE(m_files.FolderExists(Native(u"nix"_s)));
 }
 
 TEST_F(FoldersFixture, AFolderIsCreatedInEitherForm) {
-    EXPECT_EQ(CreationError(Native(QStringLiteral("native"))), 0);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\drive")), 0);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\DRIVE\\Inner\\")), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList({QStringLiteral("drive"), QStringLiteral("native")}));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("drive"))), QStringList(QStringLiteral("Inner")));
+    EXPECT_EQ(CreationError(Native(u"native"_s)), 0);
+    EXPECT_EQ(CreationError(u"E:\\drive"_s), 0);
+    EXPECT_EQ(CreationError(u"E:\\DRIVE\\Inner\\"_s), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList({u"drive"_s, u"native"_s}));
+    EXPECT_EQ(NamesIn(Native(u"drive"_s)), QStringList(u"Inner"_s));
 }
 
 TEST_F(FoldersFixture, ANewFoldersModeFollowsTheUmask) {
     const mode_t before = umask(027);
-    EXPECT_EQ(CreationError(Native(QStringLiteral("new"))), 0);
+    EXPECT_EQ(CreationError(Native(u"new"_s)), 0);
     umask(before);
-    EXPECT_EQ(ModeOf(Native(QStringLiteral("new"))), 0750U);
+    EXPECT_EQ(ModeOf(Native(u"new"_s)), 0750U);
 }
 
 TEST_F(FoldersFixture, AFolderNameThatOtherDrivesRefuseIsABadName) {
     for (const char c : {':', '*', '?', '"', '<', '>', '|'}) {
-        const QString name = QLatin1Char('a') + QString(QLatin1Char(c));
+        const QString name = u'a' + QString(QLatin1Char(c));
         EXPECT_EQ(CreationError(Native(name)), 52) << c;
-        EXPECT_EQ(CreationError(QStringLiteral("E:\\") + name), 52) << c;
-        EXPECT_EQ(ChainError(Native(QStringLiteral("above/") + name)), 52) << c;
+        EXPECT_EQ(CreationError(u"E:\\"_s + name), 52) << c;
+        EXPECT_EQ(ChainError(Native(u"above/"_s + name)), 52) << c;
     }
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(FoldersFixture, OnlyTheNewNameIsChecked) {
-    const QString odd = Native(QStringLiteral("a:b"));
+    const QString odd = Native(u"a:b"_s);
     ASSERT_TRUE(QDir().mkdir(odd));
-    EXPECT_EQ(CreationError(odd + QStringLiteral("/new")), 0);
-    EXPECT_EQ(ChainError(odd + QStringLiteral("/x/y")), 0);
-    EXPECT_EQ(NamesIn(odd), QStringList({QStringLiteral("new"), QStringLiteral("x")}));
+    EXPECT_EQ(CreationError(odd + u"/new"_s), 0);
+    EXPECT_EQ(ChainError(odd + u"/x/y"_s), 0);
+    EXPECT_EQ(NamesIn(odd), QStringList({u"new"_s, u"x"_s}));
 }
 
 TEST_F(FoldersFixture, AFolderNameThatCannotBeEncodedIsADeniedPermission) {
-    const QString half = QStringLiteral("a") + QChar(0xD800);
-    const QString cut = QStringLiteral("a") + QChar(u'\0') + QLatin1Char('b');
+    const QString half = u"a"_s + QChar(0xD800);
+    const QString cut = u"a"_s + u'\0' + u'b';
     for (const QString& name : {half, cut}) {
         EXPECT_EQ(CreationError(Native(name)), 70);
-        EXPECT_EQ(CreationError(QStringLiteral("E:\\") + name), 70);
-        EXPECT_EQ(ChainError(Native(QStringLiteral("above/") + name)), 70);
+        EXPECT_EQ(CreationError(u"E:\\"_s + name), 70);
+        EXPECT_EQ(ChainError(Native(u"above/"_s + name)), 70);
     }
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }
 
 TEST_F(FoldersFixture, AFolderNameTooLongForTheDiskIsADeniedPermission) {
-    const QString name(256, QLatin1Char('a'));
+    const QString name(256, u'a');
     EXPECT_EQ(CreationError(Native(name)), 70);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\") + name), 70);
+    EXPECT_EQ(CreationError(u"E:\\"_s + name), 70);
     EXPECT_EQ(ChainError(Native(name)), 70);
-    EXPECT_EQ(CreationError(Native(QString(255, QLatin1Char('a')))), 0);
+    EXPECT_EQ(CreationError(Native(QString(255, u'a'))), 0);
 }
 
 TEST_F(FoldersFixture, AFolderThatExistsIsNotCreatedAgain) {
-    MakeFolder(Native(QStringLiteral("Music")));
-    EXPECT_EQ(CreationError(Native(QStringLiteral("Music"))), 58);
-    EXPECT_EQ(CreationError(Native(QStringLiteral("Music/"))), 58);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\MUSIC")), 58);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\")), 58);
-    EXPECT_EQ(CreationError(QStringLiteral("E:")), 58);
-    EXPECT_EQ(CreationError(QStringLiteral("/")), 58);
+    MakeFolder(Native(u"Music"_s));
+    EXPECT_EQ(CreationError(Native(u"Music"_s)), 58);
+    EXPECT_EQ(CreationError(Native(u"Music/"_s)), 58);
+    EXPECT_EQ(CreationError(u"E:\\MUSIC"_s), 58);
+    EXPECT_EQ(CreationError(u"E:\\"_s), 58);
+    EXPECT_EQ(CreationError(u"E:"_s), 58);
+    EXPECT_EQ(CreationError(u"/"_s), 58);
 }
 
 TEST_F(FoldersFixture, AFileInTheWayOfAFolderIsADeniedPermission) {
-    WriteFile(Native(QStringLiteral("Music")), "x");
-    MakeLink(QStringLiteral("nix"), Native(QStringLiteral("dead")));
-    EXPECT_EQ(CreationError(Native(QStringLiteral("Music"))), 70);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\music")), 70);
-    EXPECT_EQ(CreationError(Native(QStringLiteral("dead"))), 70);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Music"))), "x");
+    WriteFile(Native(u"Music"_s), "x");
+    MakeLink(u"nix"_s, Native(u"dead"_s));
+    EXPECT_EQ(CreationError(Native(u"Music"_s)), 70);
+    EXPECT_EQ(CreationError(u"E:\\music"_s), 70);
+    EXPECT_EQ(CreationError(Native(u"dead"_s)), 70);
+    EXPECT_EQ(ReadFile(Native(u"Music"_s)), "x");
 }
 
 TEST_F(FoldersFixture, AFolderNeedsTheFolderAboveIt) {
-    WriteFile(Native(QStringLiteral("file")), "x");
-    EXPECT_EQ(CreationError(Native(QStringLiteral("nix/new"))), 76);
-    EXPECT_EQ(CreationError(Native(QStringLiteral("file/new"))), 76);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\nix\\new")), 76);
-    EXPECT_EQ(CreationError(QStringLiteral("Q:\\new")), 76);
-    EXPECT_EQ(CreationError(QStringLiteral("Q:\\")), 76);
-    EXPECT_EQ(CreationError(QStringLiteral("E:\\..")), 76);
+    WriteFile(Native(u"file"_s), "x");
+    EXPECT_EQ(CreationError(Native(u"nix/new"_s)), 76);
+    EXPECT_EQ(CreationError(Native(u"file/new"_s)), 76);
+    EXPECT_EQ(CreationError(u"E:\\nix\\new"_s), 76);
+    EXPECT_EQ(CreationError(u"Q:\\new"_s), 76);
+    EXPECT_EQ(CreationError(u"Q:\\"_s), 76);
+    EXPECT_EQ(CreationError(u"E:\\.."_s), 76);
 }
 
 TEST_F(FoldersFixture, AFolderThatMayNotBeCreatedIsADeniedPermission) {
-    MakeFolder(Native(QStringLiteral("closed")));
+    MakeFolder(Native(u"closed"_s));
     SetMode(Native(), 0755);
-    SetMode(Native(QStringLiteral("closed")), 0555);
-    const int number =
-        NumberOfNobody([this] { m_files.CreateFolder(Native(QStringLiteral("closed/new"))); });
+    SetMode(Native(u"closed"_s), 0555);
+    const int number = NumberOfNobody([this] { m_files.CreateFolder(Native(u"closed/new"_s)); });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
@@ -137,45 +138,45 @@ TEST_F(FoldersFixture, AFolderThatMayNotBeCreatedIsADeniedPermission) {
 }
 
 TEST_F(FoldersFixture, AChainCreatesEveryMissingFolder) {
-    EXPECT_EQ(ChainError(Native(QStringLiteral("a/b/c"))), 0);
-    EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("a/b/c"))));
-    EXPECT_EQ(ChainError(QStringLiteral("E:\\A\\B\\x\\y\\")), 0);
-    EXPECT_TRUE(m_files.FolderExists(Native(QStringLiteral("a/b/x/y"))));
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("a")));
+    EXPECT_EQ(ChainError(Native(u"a/b/c"_s)), 0);
+    EXPECT_TRUE(m_files.FolderExists(Native(u"a/b/c"_s)));
+    EXPECT_EQ(ChainError(u"E:\\A\\B\\x\\y\\"_s), 0);
+    EXPECT_TRUE(m_files.FolderExists(Native(u"a/b/x/y"_s)));
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"a"_s));
 }
 
 TEST_F(FoldersFixture, AChainThatExistsIsNoError) {
     EXPECT_EQ(ChainError(Native()), 0);
-    EXPECT_EQ(ChainError(QStringLiteral("E:\\")), 0);
-    EXPECT_EQ(ChainError(QStringLiteral("/")), 0);
+    EXPECT_EQ(ChainError(u"E:\\"_s), 0);
+    EXPECT_EQ(ChainError(u"/"_s), 0);
 }
 
 TEST_F(FoldersFixture, AChainMayGoUpAgain) {
-    EXPECT_EQ(ChainError(Native(QStringLiteral("a/../b"))), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(ChainError(Native(u"a/../b"_s)), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList({u"a"_s, u"b"_s}));
 }
 
 TEST_F(FoldersFixture, AChainThatCannotBeCreatedReportsWhy) {
-    WriteFile(Native(QStringLiteral("file")), "x");
-    EXPECT_EQ(ChainError(Native(QStringLiteral("file/a"))), 70);
-    EXPECT_EQ(ChainError(QStringLiteral("Q:\\a\\b")), 76);
-    EXPECT_EQ(ChainError(QStringLiteral("a/b")), 76);
+    WriteFile(Native(u"file"_s), "x");
+    EXPECT_EQ(ChainError(Native(u"file/a"_s)), 70);
+    EXPECT_EQ(ChainError(u"Q:\\a\\b"_s), 76);
+    EXPECT_EQ(ChainError(u"a/b"_s), 76);
     EXPECT_EQ(ChainError(QString()), 76);
 }
 
 TEST_F(FoldersFixture, NoFolderIsCreatedWhosePathWouldBeTooLongToFindAgain) {
-    QString drivePath = QStringLiteral("E:");
+    QString drivePath = u"E:"_s;
     QString nativePath = Native();
     for (int level = 0; level < 16; ++level) {
-        drivePath += QLatin1Char('\\') + QString(250, u'd');
-        nativePath += QLatin1Char('/') + QString(250, u'd');
+        drivePath += u'\\' + QString(250, u'd');
+        nativePath += u'/' + QString(250, u'd');
     }
     EXPECT_EQ(ChainError(drivePath.chopped(251)), 0);
     EXPECT_EQ(CreationError(drivePath), 0);
-    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(76, u'e')), 0);
-    EXPECT_EQ(CreationError(drivePath + QLatin1Char('\\') + QString(77, u'e')), 70);
+    EXPECT_EQ(CreationError(drivePath + u'\\' + QString(76, u'e')), 0);
+    EXPECT_EQ(CreationError(drivePath + u'\\' + QString(77, u'e')), 70);
     const qsizetype room = 4095 - nativePath.size();
-    EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room, u'f')), 70);
-    EXPECT_EQ(CreationError(nativePath + QLatin1Char('/') + QString(room - 1, u'f')), 0);
-    m_files.DeleteFolder(QStringLiteral("E:\\") + QString(250, u'd'), {}); // nobody else could
+    EXPECT_EQ(CreationError(nativePath + u'/' + QString(room, u'f')), 70);
+    EXPECT_EQ(CreationError(nativePath + u'/' + QString(room - 1, u'f')), 0);
+    m_files.DeleteFolder(u"E:\\"_s + QString(250, u'd'), {}); // nobody else could
 }

@@ -5,6 +5,8 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QString Part = QString::fromLatin1(PartName);
@@ -15,16 +17,15 @@ class LinuxLeftovers : public LinuxFixture {};
 
 TEST_F(LinuxLeftovers, OnlyWhatAKilledCopyHasLeftIsRemoved) {
     WriteFile(Native(Part), "half of a song");
-    WriteFile(Native(QStringLiteral("Song.mp3")), "song");
-    MakeFolder(Native(QStringLiteral("below")));
-    WriteFile(Native(QStringLiteral("below/") + Part), "of another folder");
+    WriteFile(Native(u"Song.mp3"_s), "song");
+    MakeFolder(Native(u"below"_s));
+    WriteFile(Native(u"below/"_s + Part), "of another folder");
     m_files.RemoveLeftovers(Native());
-    EXPECT_EQ(NamesIn(Native()),
-              QStringList({QStringLiteral("Song.mp3"), QStringLiteral("below")}));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Song.mp3"))), "song");
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("below"))), QStringList(Part));
-    m_files.RemoveLeftovers(Native(QStringLiteral("below/")));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("below"))), QStringList());
+    EXPECT_EQ(NamesIn(Native()), QStringList({u"Song.mp3"_s, u"below"_s}));
+    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "song");
+    EXPECT_EQ(NamesIn(Native(u"below"_s)), QStringList(Part));
+    m_files.RemoveLeftovers(Native(u"below/"_s));
+    EXPECT_EQ(NamesIn(Native(u"below"_s)), QStringList());
 }
 
 TEST_F(LinuxLeftovers, ACopyThatRunsElsewhereKeepsItsPartFile) {
@@ -40,28 +41,28 @@ TEST_F(LinuxLeftovers, ACopyThatRunsElsewhereKeepsItsPartFile) {
 }
 
 TEST_F(LinuxLeftovers, ALinkUnderThatNameIsRemovedAndNotFollowed) {
-    WriteFile(Native(QStringLiteral("other")), "precious");
-    MakeLink(QStringLiteral("other"), Native(Part));
+    WriteFile(Native(u"other"_s), "precious");
+    MakeLink(u"other"_s, Native(Part));
     m_files.RemoveLeftovers(Native());
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("other")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("other"))), "precious");
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"other"_s));
+    EXPECT_EQ(ReadFile(Native(u"other"_s)), "precious");
 }
 
 TEST_F(LinuxLeftovers, AFolderOrAPipeInTheWayHoldsNothingUp) {
     MakeFolder(Native(Part));
-    WriteFile(Native(Part) + QStringLiteral("/mine"), "mine");
+    WriteFile(Native(Part) + u"/mine"_s, "mine");
     m_files.RemoveLeftovers(Native());
-    EXPECT_EQ(ReadFile(Native(Part) + QStringLiteral("/mine")), "mine");
-    MakeFolder(Native(QStringLiteral("pipes")));
-    ASSERT_TRUE(MakePipe(Native(QStringLiteral("pipes/") + Part)));
-    m_files.RemoveLeftovers(Native(QStringLiteral("pipes")));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("pipes"))), QStringList());
+    EXPECT_EQ(ReadFile(Native(Part) + u"/mine"_s), "mine");
+    MakeFolder(Native(u"pipes"_s));
+    ASSERT_TRUE(MakePipe(Native(u"pipes/"_s + Part)));
+    m_files.RemoveLeftovers(Native(u"pipes"_s));
+    EXPECT_EQ(NamesIn(Native(u"pipes"_s)), QStringList());
 }
 
 TEST_F(LinuxLeftovers, AMissingOrForbiddenFolderIsNotAFailure) {
-    m_files.RemoveLeftovers(Native(QStringLiteral("nix")));
+    m_files.RemoveLeftovers(Native(u"nix"_s));
     m_files.RemoveLeftovers(QString());
-    m_files.RemoveLeftovers(QStringLiteral("Q:\\"));
+    m_files.RemoveLeftovers(u"Q:\\"_s);
     EXPECT_EQ(NamesIn(Native()), QStringList());
     WriteFile(Native(Part), "left by another user");
     SetMode(Native(), 0555);
@@ -75,8 +76,8 @@ TEST_F(LinuxLeftovers, AMissingOrForbiddenFolderIsNotAFailure) {
 }
 
 TEST_F(LinuxLeftovers, AFolderOnADriveIsClearedToo) {
-    MakeFolder(Native(QStringLiteral("Music")));
-    WriteFile(Native(QStringLiteral("Music/") + Part), "half");
-    m_files.RemoveLeftovers(QStringLiteral("E:\\MUSIC\\"));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("Music"))), QStringList());
+    MakeFolder(Native(u"Music"_s));
+    WriteFile(Native(u"Music/"_s + Part), "half");
+    m_files.RemoveLeftovers(u"E:\\MUSIC\\"_s);
+    EXPECT_EQ(NamesIn(Native(u"Music"_s)), QStringList());
 }

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class MoveFixture : public LinuxFixture {};
@@ -25,85 +27,83 @@ void SetModified(const QString& path, const timespec& time) {
 } // namespace
 
 TEST_F(MoveFixture, AMovedFileReplacesAnEarlierOne) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "new");
-    WriteFile(Native(QStringLiteral("Song.mp3")), "old");
-    EXPECT_EQ(MoveError(QStringLiteral("E:\\copy.tmp"), QStringLiteral("E:\\Song.mp3")), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("Song.mp3")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Song.mp3"))), "new");
+    WriteFile(Native(u"copy.tmp"_s), "new");
+    WriteFile(Native(u"Song.mp3"_s), "old");
+    EXPECT_EQ(MoveError(u"E:\\copy.tmp"_s, u"E:\\Song.mp3"_s), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"Song.mp3"_s));
+    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "new");
 }
 
 TEST_F(MoveFixture, OnADriveAMovedFileReplacesOneInAnotherCase) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "new");
-    WriteFile(Native(QStringLiteral("Song.mp3")), "old");
-    EXPECT_EQ(MoveError(QStringLiteral("E:\\copy.tmp"), QStringLiteral("E:\\SONG.MP3")), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(QStringLiteral("Song.mp3")));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Song.mp3"))), "new");
+    WriteFile(Native(u"copy.tmp"_s), "new");
+    WriteFile(Native(u"Song.mp3"_s), "old");
+    EXPECT_EQ(MoveError(u"E:\\copy.tmp"_s, u"E:\\SONG.MP3"_s), 0);
+    EXPECT_EQ(NamesIn(Native()), QStringList(u"Song.mp3"_s));
+    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "new");
 }
 
 TEST_F(MoveFixture, AFileIsMovedToAnotherDiskToo) {
-    MakeFolder(Native(QStringLiteral("disk")));
-    const TestMount mount = TestMount::Memory(Native(QStringLiteral("disk")));
+    MakeFolder(Native(u"disk"_s));
+    const TestMount mount = TestMount::Memory(Native(u"disk"_s));
     if (!mount.IsMounted()) {
         GTEST_SKIP() << "no second disk can be mounted here";
     }
-    WriteFile(Native(QStringLiteral("copy.tmp")), Pattern(500000));
-    const QString target = Native(QStringLiteral("disk/Song.mp3"));
-    EXPECT_EQ(MoveError(Native(QStringLiteral("copy.tmp")), target), 0);
+    WriteFile(Native(u"copy.tmp"_s), Pattern(500000));
+    const QString target = Native(u"disk/Song.mp3"_s);
+    EXPECT_EQ(MoveError(Native(u"copy.tmp"_s), target), 0);
     EXPECT_EQ(ReadFile(target), Pattern(500000));
-    EXPECT_FALSE(IsThere(Native(QStringLiteral("copy.tmp"))));
+    EXPECT_FALSE(IsThere(Native(u"copy.tmp"_s)));
 
-    WriteFile(Native(QStringLiteral("copy.tmp")), Pattern(2000000));
-    EXPECT_EQ(MoveError(Native(QStringLiteral("copy.tmp")), target), 61);
+    WriteFile(Native(u"copy.tmp"_s), Pattern(2000000));
+    EXPECT_EQ(MoveError(Native(u"copy.tmp"_s), target), 61);
     EXPECT_EQ(ReadFile(target), Pattern(500000));
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), Pattern(2000000));
-    EXPECT_EQ(NamesIn(Native(QStringLiteral("disk"))), QStringList(QStringLiteral("Song.mp3")));
+    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), Pattern(2000000));
+    EXPECT_EQ(NamesIn(Native(u"disk"_s)), QStringList(u"Song.mp3"_s));
 }
 
 TEST_F(MoveFixture, AMoveOntoAFolderIsADeniedPermission) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "new");
-    MakeFolder(Native(QStringLiteral("Song.mp3")));
-    EXPECT_EQ(MoveError(Native(QStringLiteral("copy.tmp")), Native(QStringLiteral("Song.mp3"))),
-              70);
-    EXPECT_EQ(NamesIn(Native()),
-              QStringList({QStringLiteral("Song.mp3"), QStringLiteral("copy.tmp")}));
+    WriteFile(Native(u"copy.tmp"_s), "new");
+    MakeFolder(Native(u"Song.mp3"_s));
+    EXPECT_EQ(MoveError(Native(u"copy.tmp"_s), Native(u"Song.mp3"_s)), 70);
+    EXPECT_EQ(NamesIn(Native()), QStringList({u"Song.mp3"_s, u"copy.tmp"_s}));
 }
 
 TEST_F(MoveFixture, AMoveNeedsTheTargetsFolder) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "new");
-    EXPECT_EQ(MoveError(Native(QStringLiteral("copy.tmp")), Native(QStringLiteral("nix/x"))), 76);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("copy.tmp"))), "new");
+    WriteFile(Native(u"copy.tmp"_s), "new");
+    EXPECT_EQ(MoveError(Native(u"copy.tmp"_s), Native(u"nix/x"_s)), 76);
+    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), "new");
 }
 
 TEST_F(MoveFixture, AMoveLeavesAnEarlierFileThatMayNotBeWritten) {
-    WriteFile(Native(QStringLiteral("copy.tmp")), "new");
-    WriteFile(Native(QStringLiteral("Song.mp3")), "old");
+    WriteFile(Native(u"copy.tmp"_s), "new");
+    WriteFile(Native(u"Song.mp3"_s), "old");
     SetMode(Native(), 0777);
-    SetMode(Native(QStringLiteral("Song.mp3")), 0444);
+    SetMode(Native(u"Song.mp3"_s), 0444);
     const int number = NumberOfNobody([this] {
-        m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(QStringLiteral("copy.tmp"))),
-                         Native(QStringLiteral("Song.mp3")), Existing::Replace, {});
+        m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s)),
+                         Native(u"Song.mp3"_s), Existing::Replace, {});
     });
     if (number == -1) {
         GTEST_SKIP() << "this process cannot become another user";
     }
     EXPECT_EQ(number, 70);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Song.mp3"))), "old");
+    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "old");
 }
 
 TEST_F(MoveFixture, AMoveOntoItselfKeepsTheFile) {
-    WriteFile(Native(QStringLiteral("Song.mp3")), "x");
-    EXPECT_EQ(MoveError(QStringLiteral("E:\\Song.mp3"), QStringLiteral("E:\\SONG.MP3")), 0);
-    EXPECT_EQ(ReadFile(Native(QStringLiteral("Song.mp3"))), "x");
+    WriteFile(Native(u"Song.mp3"_s), "x");
+    EXPECT_EQ(MoveError(u"E:\\Song.mp3"_s, u"E:\\SONG.MP3"_s), 0);
+    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "x");
 }
 
 TEST_F(MoveFixture, AWrittenFileTakesTheModificationTimeOfItsSourceAlsoWhenItIsClosed) {
-    WriteFile(Native(QStringLiteral("source")), "x");
-    SetModified(Native(QStringLiteral("source")), {1234567890, 123456789});
-    const auto source = m_files.OpenForReading(QStringLiteral("E:\\SOURCE"));
-    const auto target = m_files.OpenForReadingAndWriting(QStringLiteral("E:\\target"));
+    WriteFile(Native(u"source"_s), "x");
+    SetModified(Native(u"source"_s), {1234567890, 123456789});
+    const auto source = m_files.OpenForReading(u"E:\\SOURCE"_s);
+    const auto target = m_files.OpenForReadingAndWriting(u"E:\\target"_s);
     target->WriteFrom(*source, 1, {});
     target->Close();
     target->TakeModificationTime(*source);
-    EXPECT_EQ(ModifiedAt(Native(QStringLiteral("target"))).tv_sec, 1234567890);
-    EXPECT_EQ(ModifiedAt(Native(QStringLiteral("target"))).tv_nsec, 123456789);
+    EXPECT_EQ(ModifiedAt(Native(u"target"_s)).tv_sec, 1234567890);
+    EXPECT_EQ(ModifiedAt(Native(u"target"_s)).tv_nsec, 123456789);
 }

@@ -10,13 +10,15 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class PathsFixture : public LinuxFixture {
 protected:
     PathsFixture() {
-        MakeFolder(Native(QStringLiteral("iPod_Control/Music/F12")));
-        WriteFile(Native(QStringLiteral("iPod_Control/Music/F12/ABCD.mp3")), "abcd");
+        MakeFolder(Native(u"iPod_Control/Music/F12"_s));
+        WriteFile(Native(u"iPod_Control/Music/F12/ABCD.mp3"_s), "abcd");
     }
 
     bool Exists(const char* path) { return m_files.FileExists(QString::fromUtf8(path)); }
@@ -38,12 +40,12 @@ class BeneathOpening
       public testing::WithParamInterface<FileDescriptor (*)(int, const QByteArray&, int)> {
 protected:
     BeneathOpening() {
-        MakeFolder(Native(QStringLiteral("drive/folder")));
-        MakeFolder(Native(QStringLiteral("drive-2")));
-        WriteFile(Native(QStringLiteral("drive/folder/song.mp3")), "inside");
-        WriteFile(Native(QStringLiteral("drive-2/song.mp3")), "outside");
-        m_root = FileDescriptor(open(Native(QStringLiteral("drive")).toUtf8().constData(),
-                                     O_PATH | O_DIRECTORY | O_CLOEXEC));
+        MakeFolder(Native(u"drive/folder"_s));
+        MakeFolder(Native(u"drive-2"_s));
+        WriteFile(Native(u"drive/folder/song.mp3"_s), "inside");
+        WriteFile(Native(u"drive-2/song.mp3"_s), "outside");
+        m_root = FileDescriptor(
+            open(Native(u"drive"_s).toUtf8().constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     }
 
     FileDescriptor Open(const char* name, int flags = O_RDONLY) {
@@ -71,28 +73,28 @@ TEST_F(PathsFixture, AMissingNameIsLookedForWithoutRegardToCase) {
 }
 
 TEST_F(PathsFixture, AnExactNameIsPreferredToOneInAnotherCase) {
-    WriteFile(Native(QStringLiteral("Song.mp3")), "exact");
-    WriteFile(Native(QStringLiteral("SONG.mp3")), "upper");
-    WriteFile(Native(QStringLiteral("song.mp3")), "lower");
+    WriteFile(Native(u"Song.mp3"_s), "exact");
+    WriteFile(Native(u"SONG.mp3"_s), "upper");
+    WriteFile(Native(u"song.mp3"_s), "lower");
     EXPECT_EQ(Content("E:\\Song.mp3"), "exact");
 }
 
 TEST_F(PathsFixture, OfSeveralNamesInAnotherCaseTheFirstInByteOrderIsTaken) {
-    WriteFile(Native(QStringLiteral("song.mp3")), "lower");
-    WriteFile(Native(QStringLiteral("SONG.mp3")), "upper");
-    WriteFile(Native(QStringLiteral("Song.mp3")), "mixed");
+    WriteFile(Native(u"song.mp3"_s), "lower");
+    WriteFile(Native(u"SONG.mp3"_s), "upper");
+    WriteFile(Native(u"Song.mp3"_s), "mixed");
     EXPECT_EQ(Content("E:\\sONG.mp3"), "upper");
 }
 
 TEST_F(PathsFixture, CaseIsFoldedForAllLetters) {
-    WriteFile(Native(QStringLiteral("ÉTÉ Ωμέγα.mp3")), "x");
+    WriteFile(Native(u"ÉTÉ Ωμέγα.mp3"_s), "x");
     EXPECT_TRUE(Exists("E:\\été ΩΜΈΓΑ.MP3"));
 }
 
 TEST_F(PathsFixture, ComposedAndDecomposedAccentsAreTheSame) {
-    WriteFile(Native(QStringLiteral("Bj\u00F6rk.mp3")), "composed");
+    WriteFile(Native(u"Bj\u00F6rk.mp3"_s), "composed");
     EXPECT_EQ(Content("E:\\Bjo\u0308rk.mp3"), "composed");
-    WriteFile(Native(QStringLiteral("Sigur Ro\u0301s.mp3")), "decomposed");
+    WriteFile(Native(u"Sigur Ro\u0301s.mp3"_s), "decomposed");
     EXPECT_EQ(Content("E:\\Sigur R\u00F3s.mp3"), "decomposed");
     EXPECT_EQ(Content("E:\\SIGUR R\u00D3S.MP3"), "decomposed");
 }
@@ -106,16 +108,14 @@ TEST_F(PathsFixture, ANameThatIsNotTextMatchesNoOtherName) {
 }
 
 TEST_F(PathsFixture, AnExactNameIsFoundWithoutListingItsFolder) {
-    const QString folder = Native(QStringLiteral("iPod_Control/Music/F12"));
+    const QString folder = Native(u"iPod_Control/Music/F12"_s);
     SetMode(folder, 0111);
     SetMode(Native(), 0755);
     m_drives.Drives();
-    const int exact = NumberOfNobody([this] {
-        m_files.OpenForReading(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"));
-    });
-    const int other = NumberOfNobody([this] {
-        m_files.OpenForReading(QStringLiteral("E:\\iPod_Control\\Music\\F12\\abcd.mp3"));
-    });
+    const int exact = NumberOfNobody(
+        [this] { m_files.OpenForReading(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s); });
+    const int other = NumberOfNobody(
+        [this] { m_files.OpenForReading(u"E:\\iPod_Control\\Music\\F12\\abcd.mp3"_s); });
     SetMode(folder, 0755);
     if (exact == -1) {
         GTEST_SKIP() << "this process cannot become another user";
@@ -148,8 +148,8 @@ TEST_F(PathsFixture, APathOfNeitherFormDoesNotExist) {
     EXPECT_FALSE(IsFolder("\\iPod_Control"));
     EXPECT_FALSE(IsFolder("E:iPod_Control"));
     EXPECT_EQ(ReadingError("iPod_Control/Music/F12/ABCD.mp3"), 76);
-    EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(QStringLiteral("new")); }), 76);
-    EXPECT_FALSE(IsThere(Native(QStringLiteral("new"))));
+    EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(u"new"_s); }), 76);
+    EXPECT_FALSE(IsThere(Native(u"new"_s)));
     ASSERT_TRUE(QDir::setCurrent(before));
 }
 
@@ -168,25 +168,23 @@ TEST_F(PathsFixture, SeveralSeparatorsCountAsOne) {
 TEST_F(PathsFixture, ASeparatorAtTheEndAsksForAFolder) {
     EXPECT_TRUE(IsFolder("E:\\iPod_Control\\Music\\"));
     EXPECT_FALSE(Exists("E:\\iPod_Control\\Music\\F12\\ABCD.mp3\\"));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("iPod_Control/Music/F12/ABCD.mp3/"))));
+    EXPECT_FALSE(m_files.FileExists(Native(u"iPod_Control/Music/F12/ABCD.mp3/"_s)));
 }
 
 TEST_F(PathsFixture, LinksThatStayOnTheDriveAreFollowed) {
-    MakeLink(QStringLiteral("F12"), Native(QStringLiteral("iPod_Control/Music/Link")));
-    MakeLink(QStringLiteral("../Music/F12/ABCD.mp3"),
-             Native(QStringLiteral("iPod_Control/Music/Up.mp3")));
+    MakeLink(u"F12"_s, Native(u"iPod_Control/Music/Link"_s));
+    MakeLink(u"../Music/F12/ABCD.mp3"_s, Native(u"iPod_Control/Music/Up.mp3"_s));
     EXPECT_TRUE(Exists("E:\\iPod_Control\\Music\\Link\\ABCD.mp3"));
     EXPECT_TRUE(Exists("E:\\iPod_Control\\Music\\link\\abcd.mp3"));
     EXPECT_TRUE(Exists("E:\\iPod_Control\\Music\\Up.mp3"));
 }
 
 TEST_F(PathsFixture, LinksThatLeaveTheDriveAreNotFound) {
-    WriteFile(m_outside.filePath(QStringLiteral("secret.mp3")), "secret");
-    MakeLink(m_outside.path(), Native(QStringLiteral("Absolute")));
-    MakeLink(m_outside.filePath(QStringLiteral("secret.mp3")), Native(QStringLiteral("s.mp3")));
-    MakeLink(QStringLiteral("../../../../../../../../../..") + m_outside.path(),
-             Native(QStringLiteral("Relative")));
-    MakeLink(QStringLiteral(".."), Native(QStringLiteral("Up")));
+    WriteFile(m_outside.filePath(u"secret.mp3"_s), "secret");
+    MakeLink(m_outside.path(), Native(u"Absolute"_s));
+    MakeLink(m_outside.filePath(u"secret.mp3"_s), Native(u"s.mp3"_s));
+    MakeLink(u"../../../../../../../../../.."_s + m_outside.path(), Native(u"Relative"_s));
+    MakeLink(u".."_s, Native(u"Up"_s));
     EXPECT_FALSE(Exists("E:\\Absolute\\secret.mp3"));
     EXPECT_FALSE(Exists("E:\\absolute\\SECRET.mp3"));
     EXPECT_FALSE(Exists("E:\\s.mp3"));
@@ -197,36 +195,34 @@ TEST_F(PathsFixture, LinksThatLeaveTheDriveAreNotFound) {
 }
 
 TEST_F(PathsFixture, NothingIsCreatedBehindALinkThatLeavesTheDrive) {
-    MakeLink(m_outside.path(), Native(QStringLiteral("Out")));
-    EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(QStringLiteral("E:\\Out\\new")); }), 76);
+    MakeLink(m_outside.path(), Native(u"Out"_s));
+    EXPECT_EQ(NumberOf([this] { m_files.CreateFolder(u"E:\\Out\\new"_s); }), 76);
     EXPECT_EQ(NumberOf([this] {
-                  m_files.CopyFile(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"),
-                                   QStringLiteral("E:\\Out\\copy.mp3"), Existing::Replace, {});
+                  m_files.CopyFile(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s,
+                                   u"E:\\Out\\copy.mp3"_s, Existing::Replace, {});
               }),
               76);
-    EXPECT_EQ(
-        NumberOf([this] { m_files.OpenForReadingAndWriting(QStringLiteral("E:\\Out\\copy.tmp")); }),
-        76);
+    EXPECT_EQ(NumberOf([this] { m_files.OpenForReadingAndWriting(u"E:\\Out\\copy.tmp"_s); }), 76);
     EXPECT_EQ(NamesIn(m_outside.path()), QStringList());
 }
 
 TEST_F(PathsFixture, LinksThatLeadNowhereAreNotFound) {
-    MakeLink(QStringLiteral("missing"), Native(QStringLiteral("dead.mp3")));
-    MakeLink(QStringLiteral("round.mp3"), Native(QStringLiteral("round.mp3")));
+    MakeLink(u"missing"_s, Native(u"dead.mp3"_s));
+    MakeLink(u"round.mp3"_s, Native(u"round.mp3"_s));
     EXPECT_FALSE(Exists("E:\\dead.mp3"));
     EXPECT_EQ(ReadingError("E:\\dead.mp3"), 53);
     EXPECT_EQ(ReadingError("E:\\round.mp3"), 53);
 }
 
 TEST_F(PathsFixture, NamesThatNoDiskCanHoldAreNotFound) {
-    WriteFile(Native(QStringLiteral("a\uFFFD")), "replacement");
-    WriteFile(Native(QStringLiteral("a")), "cut");
-    const QString half = QStringLiteral("E:\\a") + QChar(0xD800);
-    const QString cut = QStringLiteral("E:\\a") + QChar(u'\0');
+    WriteFile(Native(u"a\uFFFD"_s), "replacement");
+    WriteFile(Native(u"a"_s), "cut");
+    const QString half = u"E:\\a"_s + QChar(0xD800);
+    const QString cut = u"E:\\a"_s + u'\0';
     EXPECT_FALSE(m_files.FileExists(half));
     EXPECT_FALSE(m_files.FileExists(cut));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("a") + QChar(0xDC00))));
-    EXPECT_FALSE(m_files.FileExists(Native(QStringLiteral("a") + QChar(u'\0'))));
+    EXPECT_FALSE(m_files.FileExists(Native(u"a"_s + QChar(0xDC00))));
+    EXPECT_FALSE(m_files.FileExists(Native(u"a"_s + u'\0')));
     EXPECT_EQ(NumberOf([&] { m_files.OpenForReading(half); }), 53);
     EXPECT_EQ(NumberOf([&] { m_files.FileLength(cut); }), 53);
     EXPECT_EQ(ReadingError(("E:\\" + QByteArray(300, 'a')).constData()), 53);
@@ -240,47 +236,44 @@ TEST_F(PathsFixture, AMissingFileIsDistinguishedFromAMissingFolder) {
     EXPECT_EQ(ReadingError("E:\\nix.mp3"), 53);
     EXPECT_EQ(ReadingError("Q:\\nix.mp3"), 76);
     EXPECT_EQ(ReadingError("E:\\iPod_Control\\..\\nix.mp3"), 76);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(QStringLiteral("nix"))); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(QStringLiteral("nix/x"))); }), 76);
+    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"nix"_s)); }), 53);
+    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"nix/x"_s)); }), 76);
 }
 
 TEST_F(PathsFixture, AnEntryIsSpelledAsTheDiskSpellsIt) {
     LinuxPaths paths(m_drives);
-    EXPECT_EQ(paths.EntryOf(QStringLiteral("E:\\ipod_control\\MUSIC\\f12\\abcd.mp3")).Name,
-              "ABCD.mp3");
-    EXPECT_EQ(paths.EntryOf(QStringLiteral("E:\\ipod_control\\MUSIC\\f12\\New.mp3")).Name,
-              "New.mp3");
-    EXPECT_EQ(paths.EntryOf(QStringLiteral("E:\\")).Folder.Error(), EISDIR);
-    EXPECT_EQ(paths.EntryOf(QStringLiteral("/")).Folder.Error(), EISDIR);
+    EXPECT_EQ(paths.EntryOf(u"E:\\ipod_control\\MUSIC\\f12\\abcd.mp3"_s).Name, "ABCD.mp3");
+    EXPECT_EQ(paths.EntryOf(u"E:\\ipod_control\\MUSIC\\f12\\New.mp3"_s).Name, "New.mp3");
+    EXPECT_EQ(paths.EntryOf(u"E:\\"_s).Folder.Error(), EISDIR);
+    EXPECT_EQ(paths.EntryOf(u"/"_s).Folder.Error(), EISDIR);
 }
 
 TEST_F(PathsFixture, TheNativePathHasTheDisksSpellingAndNoLinks) {
-    MakeLink(QStringLiteral("F12"), Native(QStringLiteral("iPod_Control/Music/Link")));
+    MakeLink(u"F12"_s, Native(u"iPod_Control/Music/Link"_s));
     const QString real = QDir(Native()).canonicalPath();
-    EXPECT_EQ(m_files.NativePath(QStringLiteral("E:\\IPOD_control\\music\\link\\abcd.mp3")),
-              real + QStringLiteral("/iPod_Control/Music/F12/ABCD.mp3"));
-    EXPECT_EQ(m_files.NativePath(QStringLiteral("E:\\")), real);
+    EXPECT_EQ(m_files.NativePath(u"E:\\IPOD_control\\music\\link\\abcd.mp3"_s),
+              real + u"/iPod_Control/Music/F12/ABCD.mp3"_s);
+    EXPECT_EQ(m_files.NativePath(u"E:\\"_s), real);
 }
 
 TEST_F(PathsFixture, TheNativePathOfANativePathIsThePath) {
-    EXPECT_EQ(m_files.NativePath(QStringLiteral("/any/where")), QStringLiteral("/any/where"));
+    EXPECT_EQ(m_files.NativePath(u"/any/where"_s), u"/any/where"_s);
 }
 
 TEST_F(PathsFixture, AMissingEntryHasNoNativePath) {
-    EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("E:\\nix")); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("E:\\nix\\nix")); }), 76);
-    EXPECT_EQ(NumberOf([this] { m_files.NativePath(QStringLiteral("nix")); }), 76);
+    EXPECT_EQ(NumberOf([this] { m_files.NativePath(u"E:\\nix"_s); }), 53);
+    EXPECT_EQ(NumberOf([this] { m_files.NativePath(u"E:\\nix\\nix"_s); }), 76);
+    EXPECT_EQ(NumberOf([this] { m_files.NativePath(u"nix"_s); }), 76);
 }
 
 TEST_F(PathsFixture, ReadingLeavesTheTimeOfTheLastAccess) {
-    const QByteArray path = Native(QStringLiteral("iPod_Control/Music/F12/ABCD.mp3")).toUtf8();
+    const QByteArray path = Native(u"iPod_Control/Music/F12/ABCD.mp3"_s).toUtf8();
     const timespec times[2] = {{1000, 0}, {2000, 0}}; // old enough to be renewed by any reader
     ASSERT_EQ(utimensat(AT_FDCWD, path.constData(), times, 0), 0);
     char bytes[4];
-    m_files.OpenForReading(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"))
-        ->Read(bytes, 4);
-    m_files.CopyFile(QStringLiteral("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"),
-                     m_outside.filePath(QStringLiteral("copy.mp3")), Existing::Replace, {});
+    m_files.OpenForReading(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s)->Read(bytes, 4);
+    m_files.CopyFile(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s, m_outside.filePath(u"copy.mp3"_s),
+                     Existing::Replace, {});
     struct stat info {};
     ASSERT_EQ(stat(path.constData(), &info), 0);
     EXPECT_EQ(info.st_atim.tv_sec, 1000);
@@ -307,7 +300,7 @@ TEST_P(BeneathOpening, LinksThatStayBelowAreFollowed) {
 TEST_P(BeneathOpening, LinksThatLeadOutAreRefused) {
     Link("../drive-2/song.mp3", "drive/out.mp3");
     Link("..", "drive/up");
-    MakeLink(Native(QStringLiteral("drive-2")), Native(QStringLiteral("drive/absolute")));
+    MakeLink(Native(u"drive-2"_s), Native(u"drive/absolute"_s));
     for (const int flags : {O_RDONLY, O_PATH}) {
         EXPECT_EQ(Open("out.mp3", flags).Error(), EXDEV);
         EXPECT_EQ(Open("up/drive-2/song.mp3", flags).Error(), EXDEV);

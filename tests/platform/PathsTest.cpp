@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Text(const char* text) {
@@ -11,64 +13,64 @@ QString Text(const char* text) {
 } // namespace
 
 TEST(PathForm, ALetterAndAColonBeginTheDriveForm) {
-    EXPECT_TRUE(Paths::IsDriveForm(Text("E:")));
-    EXPECT_TRUE(Paths::IsDriveForm(Text("E:\\Music")));
-    EXPECT_TRUE(Paths::IsDriveForm(Text("z:\\Music")));
+    EXPECT_TRUE(Paths::IsDriveForm(u"E:"_s));
+    EXPECT_TRUE(Paths::IsDriveForm(u"E:\\Music"_s));
+    EXPECT_TRUE(Paths::IsDriveForm(u"z:\\Music"_s));
 }
 
 TEST(PathForm, OtherTextsAreNotInDriveForm) {
     EXPECT_FALSE(Paths::IsDriveForm(QString()));
-    EXPECT_FALSE(Paths::IsDriveForm(Text("E")));
-    EXPECT_FALSE(Paths::IsDriveForm(Text(":E")));
-    EXPECT_FALSE(Paths::IsDriveForm(Text("1:\\Music")));
-    EXPECT_FALSE(Paths::IsDriveForm(Text("É:\\Music")));
-    EXPECT_FALSE(Paths::IsDriveForm(Text("/home/ana")));
-    EXPECT_FALSE(Paths::IsDriveForm(Text("\\\\server\\share")));
+    EXPECT_FALSE(Paths::IsDriveForm(u"E"_s));
+    EXPECT_FALSE(Paths::IsDriveForm(u":E"_s));
+    EXPECT_FALSE(Paths::IsDriveForm(u"1:\\Music"_s));
+    EXPECT_FALSE(Paths::IsDriveForm(u"É:\\Music"_s));
+    EXPECT_FALSE(Paths::IsDriveForm(u"/home/ana"_s));
+    EXPECT_FALSE(Paths::IsDriveForm(u"\\\\server\\share"_s));
 }
 
 TEST(PathSeparator, IsABackslashInDriveFormAndASlashOtherwise) {
-    EXPECT_EQ(Paths::Separator(Text("E:\\Music")), QChar(u'\\'));
-    EXPECT_EQ(Paths::Separator(Text("/home/ana")), QChar(u'/'));
-    EXPECT_EQ(Paths::Separator(Text("Music")), QChar(u'/'));
+    EXPECT_EQ(Paths::Separator(u"E:\\Music"_s), u'\\');
+    EXPECT_EQ(Paths::Separator(u"/home/ana"_s), u'/');
+    EXPECT_EQ(Paths::Separator(u"Music"_s), u'/');
 }
 
 TEST(PathJoining, OneSeparatorIsAddedWhereThereIsNone) {
-    EXPECT_EQ(Paths::WithSeparator(Text("E:")), Text("E:\\"));
-    EXPECT_EQ(Paths::WithSeparator(Text("E:\\Music")), Text("E:\\Music\\"));
-    EXPECT_EQ(Paths::WithSeparator(Text("E:\\Music\\")), Text("E:\\Music\\"));
-    EXPECT_EQ(Paths::WithSeparator(Text("/home/ana")), Text("/home/ana/"));
-    EXPECT_EQ(Paths::WithSeparator(Text("/")), Text("/"));
+    EXPECT_EQ(Paths::WithSeparator(u"E:"_s), u"E:\\"_s);
+    EXPECT_EQ(Paths::WithSeparator(u"E:\\Music"_s), u"E:\\Music\\"_s);
+    EXPECT_EQ(Paths::WithSeparator(u"E:\\Music\\"_s), u"E:\\Music\\"_s);
+    EXPECT_EQ(Paths::WithSeparator(u"/home/ana"_s), u"/home/ana/"_s);
+    EXPECT_EQ(Paths::WithSeparator(u"/"_s), u"/"_s);
 }
 
 TEST(PathJoining, ANameIsPutInsideItsFolder) {
-    EXPECT_EQ(Paths::Join(Text("E:\\Music"), Text("Song.mp3")), Text("E:\\Music\\Song.mp3"));
-    EXPECT_EQ(Paths::Join(Text("E:\\"), Text("Song.mp3")), Text("E:\\Song.mp3"));
-    EXPECT_EQ(Paths::Join(Text("/home/ana"), Text("a\\b.mp3")), Text("/home/ana/a\\b.mp3"));
+    EXPECT_EQ(Paths::Join(u"E:\\Music"_s, u"Song.mp3"_s), u"E:\\Music\\Song.mp3"_s);
+    EXPECT_EQ(Paths::Join(u"E:\\"_s, u"Song.mp3"_s), u"E:\\Song.mp3"_s);
+    EXPECT_EQ(Paths::Join(u"/home/ana"_s, u"a\\b.mp3"_s), u"/home/ana/a\\b.mp3"_s);
 }
 
 TEST(ParentFolder, IsTheFolderAbove) {
-    EXPECT_EQ(Paths::ParentFolder(Text("C:\\Music\\New")), Text("C:\\Music"));
-    EXPECT_EQ(Paths::ParentFolder(Text("/home/ana/Music")), Text("/home/ana"));
+    EXPECT_EQ(Paths::ParentFolder(u"C:\\Music\\New"_s), u"C:\\Music"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"/home/ana/Music"_s), u"/home/ana"_s);
 }
 
 TEST(ParentFolder, OfAFolderInTheRootIsTheRoot) {
-    EXPECT_EQ(Paths::ParentFolder(Text("C:\\Music")), Text("C:\\"));
-    EXPECT_EQ(Paths::ParentFolder(Text("/home")), Text("/"));
+    EXPECT_EQ(Paths::ParentFolder(u"C:\\Music"_s), u"C:\\"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"/home"_s), u"/"_s);
 }
 
 TEST(ParentFolder, OfARootOrABareNameIsEmpty) {
-    EXPECT_EQ(Paths::ParentFolder(Text("C:\\")), QString());
-    EXPECT_EQ(Paths::ParentFolder(Text("C:")), QString());
-    EXPECT_EQ(Paths::ParentFolder(Text("/")), QString());
-    EXPECT_EQ(Paths::ParentFolder(Text("Music")), QString());
+    EXPECT_EQ(Paths::ParentFolder(u"C:\\"_s), QString());
+    EXPECT_EQ(Paths::ParentFolder(u"C:"_s), QString());
+    EXPECT_EQ(Paths::ParentFolder(u"/"_s), QString());
+    EXPECT_EQ(Paths::ParentFolder(u"Music"_s), QString());
     EXPECT_EQ(Paths::ParentFolder(QString()), QString());
 }
 
 TEST(ParentFolder, ASeparatorAtTheEndDoesNotCount) {
-    EXPECT_EQ(Paths::ParentFolder(Text("C:\\Music\\New\\")), Text("C:\\Music"));
-    EXPECT_EQ(Paths::ParentFolder(Text("C:\\Music\\")), Text("C:\\"));
-    EXPECT_EQ(Paths::ParentFolder(Text("/home/ana/")), Text("/home"));
-    EXPECT_EQ(Paths::ParentFolder(Text("/home/")), Text("/"));
+    EXPECT_EQ(Paths::ParentFolder(u"C:\\Music\\New\\"_s), u"C:\\Music"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"C:\\Music\\"_s), u"C:\\"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"/home/ana/"_s), u"/home"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"/home/"_s), u"/"_s);
 }
 
 TEST(ParentFolder, EveryPathEndsInNoParentAfterAFewSteps) {
@@ -85,31 +87,31 @@ TEST(ParentFolder, EveryPathEndsInNoParentAfterAFewSteps) {
 }
 
 TEST(FileName, IsThePartAfterTheLastSeparatorOfItsForm) {
-    EXPECT_EQ(Paths::FileName(Text("E:\\Music\\Song.mp3")), Text("Song.mp3"));
-    EXPECT_EQ(Paths::FileName(Text("E:\\Music\\a/b.mp3")), Text("a/b.mp3"));
-    EXPECT_EQ(Paths::FileName(Text("/home/ana/a\\b.mp3")), Text("a\\b.mp3"));
-    EXPECT_EQ(Paths::FileName(Text("Song.mp3")), Text("Song.mp3"));
-    EXPECT_EQ(Paths::FileName(Text("E:\\Music\\")), QString());
+    EXPECT_EQ(Paths::FileName(u"E:\\Music\\Song.mp3"_s), u"Song.mp3"_s);
+    EXPECT_EQ(Paths::FileName(u"E:\\Music\\a/b.mp3"_s), u"a/b.mp3"_s);
+    EXPECT_EQ(Paths::FileName(u"/home/ana/a\\b.mp3"_s), u"a\\b.mp3"_s);
+    EXPECT_EQ(Paths::FileName(u"Song.mp3"_s), u"Song.mp3"_s);
+    EXPECT_EQ(Paths::FileName(u"E:\\Music\\"_s), QString());
 }
 
 TEST(Extension, IsTheTextAfterTheLastDotOfTheFileName) {
-    EXPECT_EQ(Paths::Extension(Text("E:\\F00\\ABCD.mp3")), Text("mp3"));
-    EXPECT_EQ(Paths::Extension(Text("/music/a.b.m4a")), Text("m4a"));
-    EXPECT_EQ(Paths::Extension(Text("/music/.hidden")), Text("hidden"));
+    EXPECT_EQ(Paths::Extension(u"E:\\F00\\ABCD.mp3"_s), u"mp3"_s);
+    EXPECT_EQ(Paths::Extension(u"/music/a.b.m4a"_s), u"m4a"_s);
+    EXPECT_EQ(Paths::Extension(u"/music/.hidden"_s), u"hidden"_s);
 }
 
 TEST(Extension, OfANameWithoutADotIsEmpty) {
-    EXPECT_EQ(Paths::Extension(Text("/music.d/song")), QString());
-    EXPECT_EQ(Paths::Extension(Text("E:\\music.d\\song")), QString());
-    EXPECT_EQ(Paths::Extension(Text("/music/song.")), QString());
+    EXPECT_EQ(Paths::Extension(u"/music.d/song"_s), QString());
+    EXPECT_EQ(Paths::Extension(u"E:\\music.d\\song"_s), QString());
+    EXPECT_EQ(Paths::Extension(u"/music/song."_s), QString());
 }
 
 TEST(PathOnAShare, BeginsWithServerAndShareAsOthersDoWithTheDrive) {
-    const QString path = Text("\\\\server\\share\\Music");
-    EXPECT_EQ(Paths::DrivePart(path), Text("\\\\server\\share"));
-    EXPECT_EQ(Paths::Join(path, Text("New")), Text("\\\\server\\share\\Music\\New"));
-    EXPECT_EQ(Paths::ParentFolder(path), Text("\\\\server\\share\\"));
-    EXPECT_EQ(Paths::ParentFolder(Text("\\\\server\\share\\")), QString());
+    const QString path = u"\\\\server\\share\\Music"_s;
+    EXPECT_EQ(Paths::DrivePart(path), u"\\\\server\\share"_s);
+    EXPECT_EQ(Paths::Join(path, u"New"_s), u"\\\\server\\share\\Music\\New"_s);
+    EXPECT_EQ(Paths::ParentFolder(path), u"\\\\server\\share\\"_s);
+    EXPECT_EQ(Paths::ParentFolder(u"\\\\server\\share\\"_s), QString());
     for (const char* none :
          {"\\\\server", "\\\\server\\", "\\\\\\share", "\\\\?\\C:\\Music", "\\\\.\\C:"}) {
         EXPECT_EQ(Paths::DrivePart(Text(none)), QString()) << none;
@@ -117,8 +119,8 @@ TEST(PathOnAShare, BeginsWithServerAndShareAsOthersDoWithTheDrive) {
 }
 
 TEST(DrivePart, IsLetterAndColonOrTheRoot) {
-    EXPECT_EQ(Paths::DrivePart(Text("C:\\x")), Text("C:"));
-    EXPECT_EQ(Paths::DrivePart(Text("/home/ana")), Text("/"));
-    EXPECT_EQ(Paths::DrivePart(Text("Music")), QString());
+    EXPECT_EQ(Paths::DrivePart(u"C:\\x"_s), u"C:"_s);
+    EXPECT_EQ(Paths::DrivePart(u"/home/ana"_s), u"/"_s);
+    EXPECT_EQ(Paths::DrivePart(u"Music"_s), QString());
     EXPECT_EQ(Paths::DrivePart(QString()), QString());
 }

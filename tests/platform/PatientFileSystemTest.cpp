@@ -9,6 +9,8 @@
 #include <chrono>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -22,8 +24,8 @@ enum class Slow { Source, Target };
 class WaitingFiles : public testing::TestWithParam<Slow> {
 protected:
     WaitingFiles() {
-        MakeFolder(m_folder.path() + QStringLiteral("/from"));
-        MakeFolder(m_folder.path() + QStringLiteral("/to"));
+        MakeFolder(m_folder.path() + u"/from"_s);
+        MakeFolder(m_folder.path() + u"/to"_s);
     }
     void SetUp() override {
         for (const auto* name : {u"from", u"to"}) {
@@ -33,7 +35,7 @@ protected:
             }
             ASSERT_TRUE(m_disks.back()->IsMounted());
         }
-        WriteFile(m_disks[0]->Content() + QStringLiteral("/a"), Pattern(Length));
+        WriteFile(m_disks[0]->Content() + u"/a"_s, Pattern(Length));
     }
     void TearDown() override {
         if (IsSkipped()) {
@@ -46,7 +48,7 @@ protected:
     }
 
     QString At(const char16_t* path) const {
-        return m_folder.path() + QLatin1Char('/') + QString::fromUtf16(path);
+        return m_folder.path() + u'/' + QString::fromUtf16(path);
     }
     /// What is in the target's folder; a disk that hangs need not be asked.
     QStringList Made() const { return NamesIn(m_disks[1]->Content()); }
@@ -112,7 +114,7 @@ TEST_P(WaitingFiles, ACopyThatHangsDoesNotBlockOtherOperations) {
     WriteFile(At(u"other"), "other");
     EXPECT_TRUE(m_patient.CopyFile(At(u"other"), At(u"to/a"), Existing::Keep, {}));
     LetHangingThreadsEnd();
-    EXPECT_EQ(Made(), QStringList(QStringLiteral("a")));
+    EXPECT_EQ(Made(), QStringList(u"a"_s));
     EXPECT_EQ(ReadFile(At(u"to/a")), "other");
 }
 
@@ -130,7 +132,7 @@ TEST_P(WaitingFiles, AChunkThatHangsLetsItsFileBeDeletedAndAnotherOneBeMade) {
     }
     const auto next = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"));
     LetHangingThreadsEnd();
-    EXPECT_EQ(Made(), QStringList(QStringLiteral("copy.tmp")));
+    EXPECT_EQ(Made(), QStringList(u"copy.tmp"_s));
 }
 
 TEST_P(WaitingFiles, AFileThatIsOpenedTooLateIsNotLeftBehind) {

@@ -6,6 +6,8 @@
 #include <new>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::string TextOf(int number) {
@@ -42,17 +44,16 @@ TEST(RuntimeErrorText, IsFixedForEveryNumberInUse) {
 }
 
 TEST(RuntimeErrorText, CanBeGivenInItsPlace) {
-    const RuntimeError error(ErrorNumber(11), QStringLiteral("database disk image is malformed"));
+    const RuntimeError error(ErrorNumber(11), u"database disk image is malformed"_s);
     EXPECT_EQ(int(error.Number), 11);
-    EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
+    EXPECT_EQ(error.Description, u"database disk image is malformed"_s);
 }
 
 TEST(ErrorOfAnException, IsARuntimeErrorItself) {
-    const RuntimeError error = Caught([] {
-        throw RuntimeError(ErrorNumber(11), QStringLiteral("database disk image is malformed"));
-    });
+    const RuntimeError error =
+        Caught([] { throw RuntimeError(ErrorNumber(11), u"database disk image is malformed"_s); });
     EXPECT_EQ(int(error.Number), 11);
-    EXPECT_EQ(error.Description, QStringLiteral("database disk image is malformed"));
+    EXPECT_EQ(error.Description, u"database disk image is malformed"_s);
 }
 
 TEST(ErrorOfAnException, IsWhatAnotherOneStandsFor) {

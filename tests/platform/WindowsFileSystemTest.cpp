@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Text(const char* text) {
@@ -32,8 +34,8 @@ protected:
 
     RealDisk Disk;
     FileSystem& Files = Disk.Files();
-    const QString Song = Disk.Native(Text("Song.mp3"));
-    const QString Copy = Disk.Native(Text("Copy.mp3"));
+    const QString Song = Disk.Native(u"Song.mp3"_s);
+    const QString Copy = Disk.Native(u"Copy.mp3"_s);
     const QString Part = Disk.Native(Text(PartName));
     const QString Folder = Paths::ParentFolder(Song);
 };
@@ -41,9 +43,9 @@ protected:
 } // namespace
 
 TEST(WindowsPath, IsTakenLiterallyAndMayBeLong) {
-    EXPECT_EQ(SystemPath(Text("E:\\Music\\")), L"\\\\?\\E:\\Music");
-    EXPECT_EQ(SystemPath(Text("E:")), L"\\\\?\\E:\\");
-    EXPECT_EQ(SystemPath(Text("\\\\server\\share\\Music")), L"\\\\?\\UNC\\server\\share\\Music");
+    EXPECT_EQ(SystemPath(u"E:\\Music\\"_s), L"\\\\?\\E:\\Music");
+    EXPECT_EQ(SystemPath(u"E:"_s), L"\\\\?\\E:\\");
+    EXPECT_EQ(SystemPath(u"\\\\server\\share\\Music"_s), L"\\\\?\\UNC\\server\\share\\Music");
 }
 
 TEST(WindowsPath, LeadsNowhereByANameThatWouldMeanSomethingElse) {
@@ -52,7 +54,7 @@ TEST(WindowsPath, LeadsNowhereByANameThatWouldMeanSomethingElse) {
                              "/home/ana", "\\\\?\\E:\\x", "\\\\.\\E:", "\\\\server"}) {
         EXPECT_FALSE(SystemPath(Text(path))) << path;
     }
-    EXPECT_FALSE(SystemPath(Text("E:\\") + QChar(0xd83c)));
+    EXPECT_FALSE(SystemPath(u"E:\\"_s + QChar(0xd83c)));
 }
 
 TEST(WindowsError, HasTheNumberThatTheJobDecidesBy) {
@@ -73,21 +75,21 @@ TEST_F(WindowsFiles, ACopyHasTheBytesAndTheTimeOfItsSource) {
     EXPECT_EQ(ReadFile(Copy), bytes);
     EXPECT_EQ(control.BytesDone(), 3'000'001);
     EXPECT_EQ(QFileInfo(Copy).lastModified(), QFileInfo(Song).lastModified());
-    EXPECT_EQ(NamesIn(Folder), QStringList({Text("Copy.mp3"), Text("Song.mp3")}));
+    EXPECT_EQ(NamesIn(Folder), QStringList({u"Copy.mp3"_s, u"Song.mp3"_s}));
 }
 
 TEST_F(WindowsFiles, AStoppedCopyLeavesNothing) {
     const CopyControl control;
     control.Stop();
     EXPECT_FALSE(Files.CopyFile(Song, Copy, Existing::Keep, control));
-    EXPECT_EQ(NamesIn(Folder), QStringList(Text("Song.mp3")));
+    EXPECT_EQ(NamesIn(Folder), QStringList(u"Song.mp3"_s));
 }
 
 TEST_F(WindowsFiles, AFileThatAnotherProgramHoldsIsNotReplacedAndToldBeforeTheCopy) {
     const WindowsHandle held = Hold(Copy, GENERIC_READ, FILE_SHARE_READ);
     EXPECT_EQ(CopyError(Copy, Existing::Replace), 70);
     EXPECT_EQ(NumberOf([&] { Files.RequireTarget(Copy, Existing::Replace); }), 70);
-    EXPECT_EQ(NamesIn(Folder), QStringList({Text("Copy.mp3"), Text("Song.mp3")}));
+    EXPECT_EQ(NamesIn(Folder), QStringList({u"Copy.mp3"_s, u"Song.mp3"_s}));
 }
 
 TEST_F(WindowsFiles, ASourceThatAnotherProgramLocksIsRefused) {
@@ -105,8 +107,8 @@ TEST_F(WindowsFiles, AReadOnlyFileIsNotReplaced) {
 }
 
 TEST_F(WindowsFiles, NamesDifferInMoreThanLetterCase) {
-    EXPECT_TRUE(Files.WouldReplace(Disk.Native(Text("SONG.MP3"))));
-    EXPECT_EQ(CopyError(Disk.Native(Text("SONG.MP3")), Existing::Keep), 58);
+    EXPECT_TRUE(Files.WouldReplace(Disk.Native(u"SONG.MP3"_s)));
+    EXPECT_EQ(CopyError(Disk.Native(u"SONG.MP3"_s), Existing::Keep), 58);
 }
 
 TEST_F(WindowsFiles, WhatAKilledCopyLeftGoesWithTheNextOneButNotWhileItsCopyRuns) {
@@ -131,37 +133,37 @@ TEST_F(WindowsFiles, AFileThatIsBeingWrittenIsNobodyElses) {
 }
 
 TEST_F(WindowsFiles, AFolderIsMadeOnlyUnderANameThatDrivesCanHold) {
-    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Paths::Join(Folder, Text("a:b"))); }), 52);
-    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(Text("AUX"))); }), 70);
+    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Paths::Join(Folder, u"a:b"_s)); }), 52);
+    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(u"AUX"_s)); }), 70);
     EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Part); }), 70);
-    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(Text("x"))); }), 0);
-    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(Text("x"))); }), 58);
-    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(Text("nix\\x"))); }), 76);
+    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(u"x"_s)); }), 0);
+    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(u"x"_s)); }), 58);
+    EXPECT_EQ(NumberOf([&] { Files.CreateFolder(Disk.Native(u"nix\\x"_s)); }), 76);
 }
 
 TEST_F(WindowsFiles, AFolderIsDeletedWithAllItHoldsButWhatIsHeld) {
-    const QString deep = Disk.Native(Text("x\\y\\z"));
+    const QString deep = Disk.Native(u"x\\y\\z"_s);
     Files.CreateFolderChain(deep);
-    WriteFile(deep + Text("\\a.mp3"), "a");
+    WriteFile(deep + u"\\a.mp3"_s, "a");
     {
-        const WindowsHandle held = Hold(Disk.Native(Text("x\\y\\held")), GENERIC_READ, 0);
-        EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(Text("x")), {}); }), 70);
+        const WindowsHandle held = Hold(Disk.Native(u"x\\y\\held"_s), GENERIC_READ, 0);
+        EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(u"x"_s), {}); }), 70);
         EXPECT_FALSE(Files.FolderExists(deep));
     }
-    EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(Text("x")), {}); }), 0);
-    EXPECT_EQ(NamesIn(Folder), QStringList(Text("Song.mp3")));
-    EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(Text("x")), {}); }), 76);
+    EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(u"x"_s), {}); }), 0);
+    EXPECT_EQ(NamesIn(Folder), QStringList(u"Song.mp3"_s));
+    EXPECT_EQ(NumberOf([&] { Files.DeleteFolder(Disk.Native(u"x"_s), {}); }), 76);
 }
 
 TEST_F(WindowsFiles, NamesGoByTheRulesOfWindows) {
-    const NameLimits limits = Files.LimitsOf(Disk.Native(Text("nix\\x")));
+    const NameLimits limits = Files.LimitsOf(Disk.Native(u"nix\\x"_s));
     EXPECT_EQ(limits.Longest, 255);
     EXPECT_EQ(limits.CountedIn, NameLimits::Unit::Utf16Units);
     EXPECT_TRUE(limits.IsForWindows);
 }
 
 TEST_F(WindowsFiles, TheDriveIsItsLetterOrItsShare) {
-    EXPECT_EQ(Files.DriveOf(Text("C:\\Music\\x")), Text("C:"));
-    EXPECT_EQ(Files.DriveOf(Text("\\\\server\\share\\x")), Text("\\\\server\\share"));
-    EXPECT_GT(Files.FreeBytes(Disk.Native(Text("nix\\x"))), 0);
+    EXPECT_EQ(Files.DriveOf(u"C:\\Music\\x"_s), u"C:"_s);
+    EXPECT_EQ(Files.DriveOf(u"\\\\server\\share\\x"_s), u"\\\\server\\share"_s);
+    EXPECT_GT(Files.FreeBytes(Disk.Native(u"nix\\x"_s)), 0);
 }

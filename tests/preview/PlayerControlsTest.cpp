@@ -36,7 +36,7 @@ TEST_F(PlayerControls, HaveSpokenNamesAndTheTimeBesideThePosition) {
     EXPECT_EQ(PlayButton().accessibleName(), u"Pause"_s);
     EXPECT_EQ(Position().accessibleName(), u"Position"_s);
     EXPECT_EQ(Volume().accessibleName(), u"Volume"_s);
-    EXPECT_TRUE(Becomes([&] { return TimeText() == "0:01 / 0:20"_L1; }));
+    EXPECT_TRUE(Becomes([&] { return TimeText() == u"0:01 / 0:20"_s; }));
 }
 
 TEST_F(PlayerControls, TheButtonPausesAndPlays) {

@@ -209,13 +209,13 @@ TEST_P(ContrastOfWindow, TheControlWithTheFocusStandsOut) {
          {"Combo1", "txtSearch", "cmdSearch", "tbsFilter", "lstArtists", "lstSongs", "chkArtist",
           "chkTrackNum", "txtDestination", "cmdBrowse", "cmdCopy"}) {
         QWidget& widget = Widget(name);
-        Focus(widget.objectName() == "cmdBrowse"_L1 ? "cmdCopy" : "cmdBrowse");
+        Focus(widget.objectName() == u"cmdBrowse"_s ? "cmdCopy" : "cmdBrowse");
         const QImage before = Painted(widget);
         Focus(name);
         const QImage after = Painted(widget);
         // In a list it is the current row that shows it, and the copy button has that colour.
         const bool isBright = qobject_cast<const QListView*>(&widget) != nullptr ||
-                              widget.objectName() == "cmdCopy"_L1;
+                              widget.objectName() == u"cmdCopy"_s;
         const QColor ground =
             Top().palette().color(isBright ? QPalette::Highlight : QPalette::Window);
         const int ring = Count(after, [&](int x, int y) {

@@ -39,7 +39,7 @@ bool MayOverlap(const QWidget& one, const QWidget& other) {
 
 void ExpectCaptionFits(const QWidget& widget) {
     // The full name is shortened to fit, with a tool tip.
-    if (widget.objectName() == "lblFullName"_L1) {
+    if (widget.objectName() == u"lblFullName"_s) {
         return;
     }
     QSize needed(0, 0);

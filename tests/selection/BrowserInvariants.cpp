@@ -67,7 +67,7 @@ public:
     void State() const {
         const Search& search = m_browser.WordSearch;
         const bool narrowed =
-            search.SearchingText() || m_form.tbsFilter.SelectedCaption() != "All Files"_L1;
+            search.SearchingText() || m_form.tbsFilter.SelectedCaption() != u"All Files"_s;
         EXPECT_FALSE(m_browser.Linked.Building || m_browser.Linked.Restoring);
         EXPECT_FALSE(search.SearchRunning() || search.SearchPending());
         EXPECT_FALSE(m_browser.Linked.RefreshAlbums() || m_browser.Linked.RefreshSongs());
@@ -130,8 +130,8 @@ public:
             m_form.lstAlbums, albums, [this](int row) -> auto& { return Album(row); }, u"Album"_s);
         ExpectRows(
             m_form.lstSongs, songs, [this](int row) -> auto& { return Track(row); },
-            tab == "All Files"_L1 ? u"Item"_s
-            : tab == "Audio"_L1   ? u"Song"_s
+            tab == u"All Files"_s ? u"Item"_s
+            : tab == u"Audio"_s   ? u"Song"_s
                                   : u"Video"_s);
         EXPECT_EQ(m_browser.Linked.LastArtistRow(), artistRow);
         EXPECT_EQ(m_browser.Linked.LastAlbumRow(), albumRow);

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
+
 namespace ITunesDBChunks {
 
 namespace {
@@ -91,8 +93,7 @@ QString TextOf(const SampleTrack& track, quint32 type) {
     case 2:
         return track.Location.isEmpty()
                    ? QString()
-                   : QStringLiteral(":iPod_Control:Music:") +
-                         QString(track.Location).replace(QLatin1Char('/'), QLatin1Char(':'));
+                   : u":iPod_Control:Music:"_s + QString(track.Location).replace(u'/', u':');
     case 3:
         return track.Album;
     case 4:
@@ -100,7 +101,7 @@ QString TextOf(const SampleTrack& track, quint32 type) {
     case 6:
         return track.TypeText;
     default:
-        return QStringLiteral("Other");
+        return u"Other"_s;
     }
 }
 
@@ -129,7 +130,7 @@ QByteArray AlbumList(const std::vector<SampleTrack>& tracks, const ITunesDBLayou
 }
 
 QByteArray Playlist(size_t trackCount, const ITunesDBLayout& layout) {
-    QByteArray entries = Item(1, QStringLiteral("MY IPOD"));
+    QByteArray entries = Item(1, u"MY IPOD"_s);
     for (size_t i = 0; i < trackCount; ++i) {
         entries += Entry("mhip", 76, quint32(i), {});
     }

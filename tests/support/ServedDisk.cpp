@@ -14,6 +14,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int CannotMount = 77;
@@ -26,7 +28,7 @@ dev_t DeviceOf(const QString& folder) {
 }
 
 QString ControlFile(const QTemporaryDir& folder) {
-    return folder.filePath(QStringLiteral("control"));
+    return folder.filePath(u"control"_s);
 }
 
 void WriteControl(const QTemporaryDir& folder, const char* words) {
@@ -50,7 +52,7 @@ ServedDisk::ServedDisk(const char* program, const QString& folder, const QString
         command.push_back(word.data());
     }
     command.push_back(nullptr);
-    const QByteArray saidFile = QFile::encodeName(m_said.filePath(QStringLiteral("said")));
+    const QByteArray saidFile = QFile::encodeName(m_said.filePath(u"said"_s));
     m_server = fork();
     if (m_server == 0) {
         // Threads of a test that was killed would hang in its files for ever.
@@ -65,9 +67,9 @@ ServedDisk::ServedDisk(const char* program, const QString& folder, const QString
     }
     if (m_server < 0 && WIFEXITED(m_status) && WEXITSTATUS(m_status) == CannotMount) {
         QFile file(QFile::decodeName(saidFile));
-        m_impossible = QStringLiteral("no such disk can be mounted here");
+        m_impossible = u"no such disk can be mounted here"_s;
         if (file.open(QIODevice::ReadOnly)) {
-            m_impossible += QStringLiteral(": ") + QString::fromUtf8(file.readAll()).trimmed();
+            m_impossible += u": "_s + QString::fromUtf8(file.readAll()).trimmed();
         }
     }
 }
@@ -98,7 +100,7 @@ bool ServedDisk::HasEnded(int milliseconds) {
 }
 
 bool ServedDisk::IsMounted() const {
-    return DeviceOf(m_folder) != DeviceOf(m_folder + QStringLiteral("/.."));
+    return DeviceOf(m_folder) != DeviceOf(m_folder + u"/.."_s);
 }
 
 SlowDisk::SlowDisk(const QString& folder)

@@ -8,6 +8,8 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Close {
@@ -94,7 +96,7 @@ QString Stored(const QString& text, const SqliteLibraryLayout& layout) {
     if (!text.isEmpty()) {
         return text;
     }
-    return layout.EmptyAsNull ? QString() : QStringLiteral("");
+    return layout.EmptyAsNull ? QString() : u""_s;
 }
 
 void WriteItems(const Database& library, const std::vector<SampleTrack>& tracks,

@@ -1,21 +1,23 @@
 #include "tools/sample-ipod/Catalogue.h"
 
+using namespace Qt::StringLiterals;
+
 QString FileTypeText(SampleFormat format) {
     switch (format) {
     case SampleFormat::Mp3:
-        return QStringLiteral("MPEG audio file");
+        return u"MPEG audio file"_s;
     case SampleFormat::Aac:
-        return QStringLiteral("AAC audio file");
+        return u"AAC audio file"_s;
     case SampleFormat::AppleLossless:
-        return QStringLiteral("Apple Lossless audio file");
+        return u"Apple Lossless audio file"_s;
     case SampleFormat::Wav:
-        return QStringLiteral("WAV audio file");
+        return u"WAV audio file"_s;
     case SampleFormat::Aiff:
-        return QStringLiteral("AIFF audio file");
+        return u"AIFF audio file"_s;
     case SampleFormat::Mpeg4Video:
-        return QStringLiteral("MPEG-4 video file");
+        return u"MPEG-4 video file"_s;
     case SampleFormat::QuickTimeMovie:
-        return QStringLiteral("QuickTime movie file");
+        return u"QuickTime movie file"_s;
     }
     return QString();
 }
@@ -23,111 +25,109 @@ QString FileTypeText(SampleFormat format) {
 QString FileExtension(SampleFormat format) {
     switch (format) {
     case SampleFormat::Mp3:
-        return QStringLiteral("mp3");
+        return u"mp3"_s;
     case SampleFormat::Aac:
     case SampleFormat::AppleLossless:
-        return QStringLiteral("m4a");
+        return u"m4a"_s;
     case SampleFormat::Wav:
-        return QStringLiteral("wav");
+        return u"wav"_s;
     case SampleFormat::Aiff:
-        return QStringLiteral("aif");
+        return u"aif"_s;
     case SampleFormat::Mpeg4Video:
-        return QStringLiteral("m4v");
+        return u"m4v"_s;
     case SampleFormat::QuickTimeMovie:
-        return QStringLiteral("mov");
+        return u"mov"_s;
     }
     return QString();
 }
 
 std::vector<CatalogueTrack> FullCatalogue() {
     using enum SampleFormat;
-    const auto text = [](const char16_t* literal) { return QString::fromUtf16(literal); };
-    const QString umbrellas = text(u"The Borrowed Umbrellas");
-    const QString volt = text(u"Volt/Ampere");
-    const QString lighthouse = text(u"青い灯台");
-    const QString pier = text(u"Тихая Пристань");
-    const QString lamp = text(u"Μικρό Φανάρι");
-    const QString moon = text(u"قمر الصيف");
-    const QString dots = text(u"...And Then Dots...");
-    const QString society = text(u"Small Screen Society");
-    const QString morning = text(u"Morning Rounds");
-    const QString bestOfA = text(u"Best Of?");
-    const QString bestOfB = text(u"Best Of*");
-    const QString live = text(u"Live: 1999");
-    const QString quoted = text(u"\"Quoted\" Evenings");
-    const QString harbour = text(u"港の歌");
-    const QString winter = text(u"Зимние письма");
-    const QString sea = text(u"Θάλασσα");
-    const QString letters = text(u"رسائل");
-    const QString hebrew = text(u"שירים קטנים");
-    const QString films = text(u"Films & Fields");
-    const QString blank = text(u"  Two Blanks  ");
+    const QString umbrellas = u"The Borrowed Umbrellas"_s;
+    const QString volt = u"Volt/Ampere"_s;
+    const QString lighthouse = u"青い灯台"_s;
+    const QString pier = u"Тихая Пристань"_s;
+    const QString lamp = u"Μικρό Φανάρι"_s;
+    const QString moon = u"قمر الصيف"_s;
+    const QString dots = u"...And Then Dots..."_s;
+    const QString society = u"Small Screen Society"_s;
+    const QString morning = u"Morning Rounds"_s;
+    const QString bestOfA = u"Best Of?"_s;
+    const QString bestOfB = u"Best Of*"_s;
+    const QString live = u"Live: 1999"_s;
+    const QString quoted = u"\"Quoted\" Evenings"_s;
+    const QString harbour = u"港の歌"_s;
+    const QString winter = u"Зимние письма"_s;
+    const QString sea = u"Θάλασσα"_s;
+    const QString letters = u"رسائل"_s;
+    const QString hebrew = u"שירים קטנים"_s;
+    const QString films = u"Films & Fields"_s;
+    const QString blank = u"  Two Blanks  "_s;
 
     return {
-        {umbrellas, morning, text(u"First Light"), 1, Mp3, 4},
-        {umbrellas, morning, text(u"Kettle Song"), 2, Mp3, 4},
-        {umbrellas, morning, text(u"Intro"), 3, Mp3, 2},
-        {umbrellas, morning, text(u"Intro"), 3, Mp3, 2},
-        {umbrellas, morning, text(u"Intro"), 3, Aac, 2},
-        {umbrellas, bestOfA, text(u"What?"), 1, Mp3, 3},
-        {umbrellas, bestOfA, text(u"Who, Where & Why"), 2, Aac, 3},
-        {umbrellas, bestOfB, text(u"What?"), 1, Mp3, 3},
-        {umbrellas, bestOfB, text(u"Stars *** Stripes"), 11, Mp3, 3},
-        {volt, live, text(u"Opening: Part 1/2"), 1, Aac, 3},
-        {volt, live, text(u"Opening: Part 2/2"), 2, Aac, 3},
-        {volt, live, text(u"Volume > Silence | Silence < Volume"), 100, AppleLossless, 3},
-        {volt, live, text(u"C:\\Drive\\Home"), 4, Wav, 2},
-        {volt, quoted, text(u"Say \"Hello\""), 1, Mp3, 3},
-        {volt, quoted, text(u"???"), 2, Mp3, 2},
-        {volt, quoted, text(u"Encore"), 0, Aiff, 2},
-        {lighthouse, harbour, text(u"夜明けの船"), 1, Aac, 3},
-        {lighthouse, harbour, text(u"かもめとラジオ"), 2, Aac, 3},
-        {lighthouse, harbour, text(u"雨の日 (リミックス)"), 3, Mp3, 3},
-        {lighthouse, text(u"星 ★ 月"), text(u"Night Bus 🌙🚌"), 1, AppleLossless, 3},
-        {pier, winter, text(u"Первый снег"), 1, Mp3, 3},
-        {pier, winter, text(u"Дорога домой"), 2, Mp3, 3},
-        {pier, winter, text(u"Ёлка и йод"), 3, Mp3, 3},
-        {lamp, sea, text(u"Καλημέρα"), 1, Aac, 3},
-        {lamp, sea, text(u"Άνεμος"), 2, Aac, 3},
-        {moon, letters, text(u"الرسالة الأولى"), 1, Mp3, 3},
-        {moon, letters, text(u"طريق البيت"), 2, Mp3, 3},
-        {moon, hebrew, text(u"שיר הבוקר"), 1, Aac, 3},
+        {umbrellas, morning, u"First Light"_s, 1, Mp3, 4},
+        {umbrellas, morning, u"Kettle Song"_s, 2, Mp3, 4},
+        {umbrellas, morning, u"Intro"_s, 3, Mp3, 2},
+        {umbrellas, morning, u"Intro"_s, 3, Mp3, 2},
+        {umbrellas, morning, u"Intro"_s, 3, Aac, 2},
+        {umbrellas, bestOfA, u"What?"_s, 1, Mp3, 3},
+        {umbrellas, bestOfA, u"Who, Where & Why"_s, 2, Aac, 3},
+        {umbrellas, bestOfB, u"What?"_s, 1, Mp3, 3},
+        {umbrellas, bestOfB, u"Stars *** Stripes"_s, 11, Mp3, 3},
+        {volt, live, u"Opening: Part 1/2"_s, 1, Aac, 3},
+        {volt, live, u"Opening: Part 2/2"_s, 2, Aac, 3},
+        {volt, live, u"Volume > Silence | Silence < Volume"_s, 100, AppleLossless, 3},
+        {volt, live, u"C:\\Drive\\Home"_s, 4, Wav, 2},
+        {volt, quoted, u"Say \"Hello\""_s, 1, Mp3, 3},
+        {volt, quoted, u"???"_s, 2, Mp3, 2},
+        {volt, quoted, u"Encore"_s, 0, Aiff, 2},
+        {lighthouse, harbour, u"夜明けの船"_s, 1, Aac, 3},
+        {lighthouse, harbour, u"かもめとラジオ"_s, 2, Aac, 3},
+        {lighthouse, harbour, u"雨の日 (リミックス)"_s, 3, Mp3, 3},
+        {lighthouse, u"星 ★ 月"_s, u"Night Bus 🌙🚌"_s, 1, AppleLossless, 3},
+        {pier, winter, u"Первый снег"_s, 1, Mp3, 3},
+        {pier, winter, u"Дорога домой"_s, 2, Mp3, 3},
+        {pier, winter, u"Ёлка и йод"_s, 3, Mp3, 3},
+        {lamp, sea, u"Καλημέρα"_s, 1, Aac, 3},
+        {lamp, sea, u"Άνεμος"_s, 2, Aac, 3},
+        {moon, letters, u"الرسالة الأولى"_s, 1, Mp3, 3},
+        {moon, letters, u"طريق البيت"_s, 2, Mp3, 3},
+        {moon, hebrew, u"שיר הבוקר"_s, 1, Aac, 3},
         {QString(), QString(), QString(), 0, Mp3, 2},
-        {QString(), QString(), text(u"Voice Memo"), 0, Wav, 2},
-        {QString(), text(u"Loose Ends"), text(u"  Untidy.  "), 0, Aac, 2},
-        {dots, text(u".hidden"), text(u"a..b"), 1, Mp3, 2},
-        {dots, text(u".hidden"), text(u".start and end."), 2, Mp3, 2},
-        {dots, blank, text(u"..."), 3, Mp3, 2},
-        {dots, blank, text(u"  Three  Blanks   Inside  "), 4, Aiff, 2},
-        {society, films, text(u"First Reel"), 1, Mpeg4Video, 4},
-        {society, films, text(u"Second Reel"), 2, QuickTimeMovie, 4},
-        {society, films, text(u"Test Card (Sound Only)"), 3, Aac, 3},
-        {society, text(u"Field Recordings"), text(u"Long Tone"), 1, Wav, 290},
-        {society, text(u"Field Recordings"), text(u"Short Tone"), 2, Wav, 2},
+        {QString(), QString(), u"Voice Memo"_s, 0, Wav, 2},
+        {QString(), u"Loose Ends"_s, u"  Untidy.  "_s, 0, Aac, 2},
+        {dots, u".hidden"_s, u"a..b"_s, 1, Mp3, 2},
+        {dots, u".hidden"_s, u".start and end."_s, 2, Mp3, 2},
+        {dots, blank, u"..."_s, 3, Mp3, 2},
+        {dots, blank, u"  Three  Blanks   Inside  "_s, 4, Aiff, 2},
+        {society, films, u"First Reel"_s, 1, Mpeg4Video, 4},
+        {society, films, u"Second Reel"_s, 2, QuickTimeMovie, 4},
+        {society, films, u"Test Card (Sound Only)"_s, 3, Aac, 3},
+        {society, u"Field Recordings"_s, u"Long Tone"_s, 1, Wav, 290},
+        {society, u"Field Recordings"_s, u"Short Tone"_s, 2, Wav, 2},
     };
 }
 
 std::vector<CatalogueTrack> SmallCatalogue() {
     using enum SampleFormat;
-    const auto text = [](const char16_t* literal) { return QString::fromUtf16(literal); };
-    const QString volt = text(u"Volt/Ampere");
-    const QString live = text(u"Live: 1999?");
-    const QString umbrellas = text(u"The Borrowed Umbrellas");
-    const QString dots = text(u"...And Then Dots...");
-    const QString society = text(u"Small Screen Society");
+    const QString volt = u"Volt/Ampere"_s;
+    const QString live = u"Live: 1999?"_s;
+    const QString umbrellas = u"The Borrowed Umbrellas"_s;
+    const QString dots = u"...And Then Dots..."_s;
+    const QString society = u"Small Screen Society"_s;
 
     return {
-        {volt, live, text(u"Opening"), 1, Mp3, 0, 40'000},
-        {volt, live, text(u"Song"), 2, Mp3, 0, 400'001},
-        {volt, live, text(u"Song"), 2, Mp3, 0, 30'000},
-        {volt, text(u"\"Quoted\" Evenings"), text(u"Say \"Hello\""), 7, Aac, 0, 70'000},
-        {umbrellas, text(u"Best Of?"), text(u"  Intro.  "), 0, Mp3, 0, 1},
-        {umbrellas, text(u"Best Of*"), text(u"What?"), 3, AppleLossless, 0, 65'536},
-        {text(u"青い灯台"), text(u"港の歌"), text(u"夜明け 🌅"), 1, Aac, 0, 50'000},
+        {volt, live, u"Opening"_s, 1, Mp3, 0, 40'000},
+        {volt, live, u"Song"_s, 2, Mp3, 0, 400'001},
+        {volt, live, u"Song"_s, 2, Mp3, 0, 30'000},
+        {volt, u"\"Quoted\" Evenings"_s, u"Say \"Hello\""_s, 7, Aac, 0, 70'000},
+        {umbrellas, u"Best Of?"_s, u"  Intro.  "_s, 0, Mp3, 0, 1},
+        {umbrellas, u"Best Of*"_s, u"What?"_s, 3, AppleLossless, 0, 65'536},
+        {u"青い灯台"_s, u"港の歌"_s, u"夜明け 🌅"_s, 1, Aac, 0, 50'000},
         {QString(), QString(), QString(), 0, Wav, 0, 5'000},
-        {dots, text(u".hidden"), text(u"a..b"), 123, Aiff, 0, 8'192},
-        {society, text(u"Films"), text(u"First Reel"), 1, Mpeg4Video, 0, 3'000'000},
-        {society, text(u"Films"), text(u"Second Reel"), 2, QuickTimeMovie, 0, 50'000'001},
-        {society, text(u"Long"), text(u"Whole Night"), 1, Mpeg4Video, 0, 600'000'000},
+        {dots, u".hidden"_s, u"a..b"_s, 123, Aiff, 0, 8'192},
+        {society, u"Films"_s, u"First Reel"_s, 1, Mpeg4Video, 0, 3'000'000},
+        {society, u"Films"_s, u"Second Reel"_s, 2, QuickTimeMovie, 0, 50'000'001},
+        {society, u"Long"_s, u"Whole Night"_s, 1, Mpeg4Video, 0, 600'000'000},
     };
 }

@@ -10,6 +10,8 @@
 #include <memory>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 kPatchBytes = 65'536;
@@ -22,53 +24,45 @@ std::runtime_error Failure(const QString& text) {
 QStringList EncoderOf(SampleFormat format) {
     switch (format) {
     case SampleFormat::Mp3:
-        return {QStringLiteral("-c:a"), QStringLiteral("libmp3lame"), QStringLiteral("-b:a"),
-                QStringLiteral("128k")};
+        return {u"-c:a"_s, u"libmp3lame"_s, u"-b:a"_s, u"128k"_s};
     case SampleFormat::Aac:
-        return {QStringLiteral("-c:a"), QStringLiteral("aac"), QStringLiteral("-f"),
-                QStringLiteral("ipod")};
+        return {u"-c:a"_s, u"aac"_s, u"-f"_s, u"ipod"_s};
     case SampleFormat::AppleLossless:
-        return {QStringLiteral("-c:a"), QStringLiteral("alac"), QStringLiteral("-f"),
-                QStringLiteral("ipod")};
+        return {u"-c:a"_s, u"alac"_s, u"-f"_s, u"ipod"_s};
     case SampleFormat::Wav:
-        return {QStringLiteral("-c:a"), QStringLiteral("pcm_s16le"), QStringLiteral("-f"),
-                QStringLiteral("wav")};
+        return {u"-c:a"_s, u"pcm_s16le"_s, u"-f"_s, u"wav"_s};
     case SampleFormat::Aiff:
-        return {QStringLiteral("-c:a"), QStringLiteral("pcm_s16be"), QStringLiteral("-f"),
-                QStringLiteral("aiff")};
+        return {u"-c:a"_s, u"pcm_s16be"_s, u"-f"_s, u"aiff"_s};
     case SampleFormat::Mpeg4Video:
     case SampleFormat::QuickTimeMovie:
-        return {QStringLiteral("-c:v"),
-                QStringLiteral("libx264"),
-                QStringLiteral("-preset"),
-                QStringLiteral("ultrafast"),
-                QStringLiteral("-pix_fmt"),
-                QStringLiteral("yuv420p"),
-                QStringLiteral("-c:a"),
-                QStringLiteral("aac"),
-                QStringLiteral("-shortest"),
-                QStringLiteral("-f"),
-                format == SampleFormat::Mpeg4Video ? QStringLiteral("mp4") : QStringLiteral("mov")};
+        return {u"-c:v"_s,
+                u"libx264"_s,
+                u"-preset"_s,
+                u"ultrafast"_s,
+                u"-pix_fmt"_s,
+                u"yuv420p"_s,
+                u"-c:a"_s,
+                u"aac"_s,
+                u"-shortest"_s,
+                u"-f"_s,
+                format == SampleFormat::Mpeg4Video ? u"mp4"_s : u"mov"_s};
     }
     return {};
 }
 
 QStringList Arguments(const WantedFile& file, int number) {
     const CatalogueTrack& track = file.first;
-    QStringList arguments{QStringLiteral("-nostdin"), QStringLiteral("-v"), QStringLiteral("error"),
-                          QStringLiteral("-y")};
+    QStringList arguments{u"-nostdin"_s, u"-v"_s, u"error"_s, u"-y"_s};
     if (track.Format == SampleFormat::Mpeg4Video || track.Format == SampleFormat::QuickTimeMovie) {
-        arguments << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
-                  << QStringLiteral("testsrc=size=320x240:rate=25:duration=%1").arg(track.Seconds);
+        arguments << u"-f"_s << u"lavfi"_s << u"-i"_s
+                  << u"testsrc=size=320x240:rate=25:duration=%1"_s.arg(track.Seconds);
     }
-    arguments << QStringLiteral("-f") << QStringLiteral("lavfi") << QStringLiteral("-i")
-              << QStringLiteral("sine=frequency=%1:sample_rate=44100:duration=%2")
-                     .arg(220 + 20 * number)
+    arguments << u"-f"_s << u"lavfi"_s << u"-i"_s
+              << u"sine=frequency=%1:sample_rate=44100:duration=%2"_s.arg(220 + 20 * number)
                      .arg(track.Seconds)
-              << QStringLiteral("-ac") << QStringLiteral("2") << QStringLiteral("-metadata")
-              << QStringLiteral("artist=") + track.Artist << QStringLiteral("-metadata")
-              << QStringLiteral("album=") + track.Album << QStringLiteral("-metadata")
-              << QStringLiteral("title=") + track.Title << EncoderOf(track.Format) << file.second;
+              << u"-ac"_s << u"2"_s << u"-metadata"_s << u"artist="_s + track.Artist
+              << u"-metadata"_s << u"album="_s + track.Album << u"-metadata"_s
+              << u"title="_s + track.Title << EncoderOf(track.Format) << file.second;
     return arguments;
 }
 
@@ -76,16 +70,16 @@ void WritePatch(QFile& file, qint64 position, qint64 length, std::mt19937_64& ge
     QByteArray bytes(length, Qt::Uninitialized);
     std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<char>(generator() >> 56); });
     if (!file.seek(position) || file.write(bytes) != length) {
-        throw Failure(file.fileName() + QStringLiteral(": ") + file.errorString());
+        throw Failure(file.fileName() + u": "_s + file.errorString());
     }
 }
 
 } // namespace
 
 void MakePlayableFiles(const std::vector<WantedFile>& files) {
-    const QString ffmpeg = QStandardPaths::findExecutable(QStringLiteral("ffmpeg"));
+    const QString ffmpeg = QStandardPaths::findExecutable(u"ffmpeg"_s);
     if (ffmpeg.isEmpty()) {
-        throw Failure(QStringLiteral("The program ffmpeg is missing."));
+        throw Failure(u"The program ffmpeg is missing."_s);
     }
     const size_t atOnce = static_cast<size_t>(std::max(1, QThread::idealThreadCount()));
     for (size_t begin = 0; begin < files.size(); begin += atOnce) {
@@ -97,7 +91,7 @@ void MakePlayableFiles(const std::vector<WantedFile>& files) {
         for (const auto& process : running) {
             if (!process->waitForFinished(60'000) ||
                 process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0) {
-                throw Failure(QStringLiteral("ffmpeg failed: ") +
+                throw Failure(u"ffmpeg failed: "_s +
                               QString::fromLocal8Bit(process->readAllStandardError()));
             }
         }
@@ -109,7 +103,7 @@ void MakeStandIns(const std::vector<WantedFile>& files) {
     for (const auto& [track, path] : files) {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || !file.resize(track.StandInBytes)) {
-            throw Failure(path + QStringLiteral(": ") + file.errorString());
+            throw Failure(path + u": "_s + file.errorString());
         }
         const qint64 step = track.StandInBytes > 50'000'000 ? kHoleBytes : kPatchBytes;
         for (qint64 position = 0; position < track.StandInBytes; position += step) {

@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kMusicFolders = 6;
@@ -27,8 +29,7 @@ QString LocationOf(const CatalogueTrack& track, int number) {
         letters.prepend(QChar(u'A' + rest % 26));
         rest /= 26;
     }
-    return QStringLiteral("F%1/%2.%3")
-        .arg(number % kMusicFolders, 2, 10, QLatin1Char('0'))
+    return u"F%1/%2.%3"_s.arg(number % kMusicFolders, 2, 10, QChar(u'0'))
         .arg(letters, FileExtension(track.Format));
 }
 
@@ -44,25 +45,25 @@ QByteArray Fingerprint(const std::vector<CatalogueTrack>& catalogue, SampleModel
                                  FileTypeText(track.Format),
                                  QString::number(track.Seconds),
                                  QString::number(track.StandInBytes)};
-        hash.addData(fields.join(QChar(u'\0')).toUtf8().append('\n'));
+        hash.addData(fields.join(u'\0').toUtf8().append('\n'));
     }
     return hash.result().toHex();
 }
 
 QString MarkFile(const QString& folder) {
-    return folder + QStringLiteral("/iPod_Control/iTunes/sample");
+    return folder + u"/iPod_Control/iTunes/sample"_s;
 }
 
 void WriteFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
-        throw Failure(path + QStringLiteral(": ") + file.errorString());
+        throw Failure(path + u": "_s + file.errorString());
     }
 }
 
 void MakeFolder(const QString& path) {
     if (!QDir().mkpath(path)) {
-        throw Failure(path + QStringLiteral(": cannot be made"));
+        throw Failure(path + u": cannot be made"_s);
     }
 }
 
@@ -74,32 +75,31 @@ QByteArray MarkOf(const QString& folder) {
     }
     QFile mark(MarkFile(folder));
     if (!mark.open(QIODevice::ReadOnly)) {
-        throw Failure(folder + QStringLiteral(": is there already, and is no sample"));
+        throw Failure(folder + u": is there already, and is no sample"_s);
     }
     return mark.readAll();
 }
 
 void WriteDatabases(const QString& folder, const std::vector<SampleTrack>& records,
                     SampleModel model) {
-    const QString binary = folder + QStringLiteral("/iTunesDB");
+    const QString binary = folder + u"/iTunesDB"_s;
     if (model == SampleModel::Classic) {
         WriteFile(binary, WriteITunesDB(records));
         return;
     }
     WriteFile(binary, WriteITunesDB({}));
-    const QString library = folder + QStringLiteral("/iTunes Library.itlp");
+    const QString library = folder + u"/iTunes Library.itlp"_s;
     MakeFolder(library);
-    WriteSqliteLibrary(library + QStringLiteral("/Library.itdb"),
-                       library + QStringLiteral("/Locations.itdb"), records);
+    WriteSqliteLibrary(library + u"/Library.itdb"_s, library + u"/Locations.itdb"_s, records);
 }
 
 void MakeContent(const QString& folder, const std::vector<CatalogueTrack>& catalogue,
                  SampleKind kind, SampleModel model) {
-    const QString music = folder + QStringLiteral("/iPod_Control/Music/");
+    const QString music = folder + u"/iPod_Control/Music/"_s;
     for (int i = 0; i < kMusicFolders; ++i) {
-        MakeFolder(music + QStringLiteral("F%1").arg(i, 2, 10, QLatin1Char('0')));
+        MakeFolder(music + u"F%1"_s.arg(i, 2, 10, QChar(u'0')));
     }
-    MakeFolder(folder + QStringLiteral("/iPod_Control/iTunes"));
+    MakeFolder(folder + u"/iPod_Control/iTunes"_s);
 
     std::vector<WantedFile> files;
     std::vector<SampleTrack> records;
@@ -117,7 +117,7 @@ void MakeContent(const QString& folder, const std::vector<CatalogueTrack>& catal
     for (size_t i = 0; i < files.size(); ++i) {
         records[i].FileSize = QFileInfo(files[i].second).size();
     }
-    WriteDatabases(folder + QStringLiteral("/iPod_Control/iTunes"), records, model);
+    WriteDatabases(folder + u"/iPod_Control/iTunes"_s, records, model);
 }
 
 } // namespace
@@ -133,7 +133,7 @@ void MakeSampleIpod(const QString& folder, SampleKind kind, SampleModel model) {
     }
     // Made under another name, so that a folder of the right name is always complete.
     MakeFolder(QFileInfo(target).path());
-    QTemporaryDir unfinished(target + QStringLiteral(".XXXXXX"));
+    QTemporaryDir unfinished(target + u".XXXXXX"_s);
     if (!unfinished.isValid()) {
         throw Failure(unfinished.errorString());
     }
@@ -143,7 +143,7 @@ void MakeSampleIpod(const QString& folder, SampleKind kind, SampleModel model) {
         QDir(target).removeRecursively();
     }
     if (!QDir().rename(unfinished.path(), target)) {
-        throw Failure(target + QStringLiteral(": cannot be made"));
+        throw Failure(target + u": cannot be made"_s);
     }
     unfinished.setAutoRemove(false);
 }

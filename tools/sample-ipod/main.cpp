@@ -6,24 +6,23 @@
 #include <cstdio>
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Makes a folder that looks like an attached iPod. A folder that this program "
-        "has made before is kept when it is complete; any other is left alone."));
+    parser.setApplicationDescription(
+        u"Makes a folder that looks like an attached iPod. A folder that this program "
+        "has made before is kept when it is complete; any other is left alone."_s);
     parser.addHelpOption();
-    const QCommandLineOption small(
-        QStringLiteral("small"),
-        QStringLiteral("A dozen tracks with meaningless bytes instead of music."));
+    const QCommandLineOption small(u"small"_s,
+                                   u"A dozen tracks with meaningless bytes instead of music."_s);
     parser.addOption(small);
     const QCommandLineOption newer(
-        QStringLiteral("newer"),
-        QStringLiteral("A newer model, whose tracks are listed in its SQLite library."));
+        u"newer"_s, u"A newer model, whose tracks are listed in its SQLite library."_s);
     parser.addOption(newer);
-    parser.addPositionalArgument(
-        QStringLiteral("folder"),
-        QStringLiteral("The folder to make; its name is the iPod's volume name."));
+    parser.addPositionalArgument(u"folder"_s,
+                                 u"The folder to make; its name is the iPod's volume name."_s);
     parser.process(application);
     if (parser.positionalArguments().size() != 1) {
         parser.showHelp(2);

@@ -21,6 +21,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QPalette DarkPalette() {
@@ -60,7 +62,7 @@ public:
         m_shell.Documents = m_target.path();
         m_form.Form_Load();
         m_window.Window().SetSize(980 * 15, 660 * 15);
-        m_window.Controls().txtDestination.SetText(QStringLiteral("/home/ana/Music"));
+        m_window.Controls().txtDestination.SetText(u"/home/ana/Music"_s);
     }
 
     void NoDevice() { m_photographer.Take(*m_window.Window().Widget(), "no-ipod"); }
@@ -81,7 +83,7 @@ public:
     }
 
     void Search() {
-        Controls().txtSearch.SetText(QStringLiteral("the"));
+        Controls().txtSearch.SetText(u"the"_s);
         Controls().txtSearch.Select(3, 0); // as after typing
         m_photographer.Take(*m_window.Window().Widget(), "search");
         Controls().txtSearch.SetText(QString());
@@ -96,7 +98,7 @@ public:
         QObject::connect(&timer, &QTimer::timeout, [&] {
             if (!taken && Controls().prgCopy.Value() > 0.4F * Controls().prgCopy.Max()) {
                 taken = true;
-                Controls().txtDestination.SetText(QStringLiteral("/home/ana/Music"));
+                Controls().txtDestination.SetText(u"/home/ana/Music"_s);
                 m_photographer.Take(*m_window.Window().Widget(), "copying");
             }
         });
@@ -121,13 +123,12 @@ public:
 
     /// The first file of that extension on the sample.
     QString FilmOnSample(const QString& sample) {
-        const QDir music(sample + QStringLiteral("/iPod_Control/Music"));
+        const QDir music(sample + u"/iPod_Control/Music"_s);
         for (const QString& folder : music.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
             const QStringList films =
-                QDir(music.filePath(folder))
-                    .entryList({QStringLiteral("*.m4v"), QStringLiteral("*.mp4")});
+                QDir(music.filePath(folder)).entryList({u"*.m4v"_s, u"*.mp4"_s});
             if (!films.isEmpty()) {
-                return music.filePath(folder + QLatin1Char('/') + films.first());
+                return music.filePath(folder + u'/' + films.first());
             }
         }
         return {};
@@ -175,8 +176,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "make-screenshots <sample iPod> <folder for the pictures>\n");
         return 2;
     }
-    Photograph(arguments[1], arguments[2], QStringLiteral(".png"));
+    Photograph(arguments[1], arguments[2], u".png"_s);
     QApplication::setPalette(WithReadableSelection(DarkPalette()));
-    Photograph(arguments[1], arguments[2], QStringLiteral("-dark.png"));
+    Photograph(arguments[1], arguments[2], u"-dark.png"_s);
     return 0;
 }
