@@ -84,6 +84,9 @@ QChar UpperCase(QChar letter) {
 
 } // namespace
 
+LinuxDrives::LinuxDrives() : LinuxDrives({u"/proc/self/mountinfo"_s, u"/sys"_s, u"/dev/disk"_s}) {
+}
+
 LinuxDrives::LinuxDrives(const LinuxDriveSources& sources)
     : m_sources(sources), m_devices(sources.SysFolder, sources.DiskFolder),
       m_tableWatch(open(QFile::encodeName(sources.MountTable).constData(), O_RDONLY | O_CLOEXEC)) {

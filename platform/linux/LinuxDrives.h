@@ -14,9 +14,9 @@
 
 /// Where the system tells about mounts and block devices.
 struct LinuxDriveSources {
-    QString MountTable = QStringLiteral("/proc/self/mountinfo");
-    QString SysFolder = QStringLiteral("/sys");
-    QString DiskFolder = QStringLiteral("/dev/disk");
+    QString MountTable;
+    QString SysFolder;
+    QString DiskFolder;
 };
 
 /// A folder, by whatever path or mount it was reached.
@@ -37,7 +37,8 @@ struct FolderId {
 /// holds no other up.
 class LinuxDrives : public DriveService, public std::enable_shared_from_this<LinuxDrives> {
 public:
-    explicit LinuxDrives(const LinuxDriveSources& sources = LinuxDriveSources());
+    LinuxDrives();
+    explicit LinuxDrives(const LinuxDriveSources& sources);
 
     /// In the order of their letters.
     std::vector<Drive> Drives() override;

@@ -15,6 +15,10 @@ BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
     m_program = std::make_unique<BenchProgram>();
 }
 
+QString BenchWindow::DeviceFolder() const {
+    return m_folder.filePath(u"one"_s);
+}
+
 void BenchWindow::Reload() {
     ComboControl& devices = Controls().Combo1;
     devices.SetText(devices.List(devices.Text() == devices.List(0) ? 1 : 0));

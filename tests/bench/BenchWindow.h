@@ -18,7 +18,7 @@ public:
     TimedEventLoop& Events() { return m_program->Events(); }
     FakeMessages& MessageBoxes() { return m_program->MessageBoxes(); }
     /// The folder of the first device.
-    QString DeviceFolder() const { return m_folder.filePath(QStringLiteral("one")); }
+    QString DeviceFolder() const;
     /// A folder on the same disk.
     QString Scratch(const QString& name) const { return m_folder.filePath(name); }
     /// Chooses the device that is not loaded, which loads the library afresh.

@@ -4,6 +4,9 @@
 
 using namespace Qt::StringLiterals;
 
+const ShownMessage Completed{u"Copy completed!"_s, u"Songlift"_s, MessageButtons::OK,
+                             MessageIcon::Information};
+
 CopyFixture::CopyFixture() {
     files.AddDrive(u"E:"_s);
     files.AddFolder(u"D:\\Music"_s);
@@ -105,6 +108,10 @@ void CopyFixture::CancelAtYield(int yield) {
 
 void CopyFixture::CloseAtYield(int yield) {
     AtYield(yield, [this] { form.Form1.UserClose(); });
+}
+
+QStringList CopyFixture::Copied() const {
+    return files.FilesBelow(u"D:\\Music"_s);
 }
 
 QStringList CopyFixture::Names() const {

@@ -15,8 +15,7 @@ inline QString Text(const char* text) {
 }
 
 /// What a job says that has come to its end.
-inline const ShownMessage Completed{QStringLiteral("Copy completed!"), QStringLiteral("Songlift"),
-                                    MessageButtons::OK, MessageIcon::Information};
+extern const ShownMessage Completed;
 
 /// What the user does at one prompt for an existing file.
 enum class PromptUse { Replace, Skip, Cancel, ReplaceAll, SkipAll, CancelAll, CloseBox };
@@ -51,7 +50,7 @@ public:
     /// Closes the window when the job yields for the `yield`th time.
     void CloseAtYield(int yield);
 
-    QStringList Copied() const { return files.FilesBelow(Text("D:\\Music")); }
+    QStringList Copied() const;
     /// The paths of Copied below the destination.
     QStringList Names() const;
     QByteArray Bytes(const char* path) const { return files.Bytes(Text(path)); }

@@ -283,6 +283,10 @@ void FakeCheckControl::UserPress() {
     }
 }
 
+FakeTabsControl::FakeTabsControl(std::shared_ptr<FakeFocus> focus)
+    : FakeControlBase(std::move(focus)), Captions{u"All Files"_s, u"Audio"_s, u"Video"_s} {
+}
+
 void FakeTabsControl::Select(int index) {
     FakeFaults::Call();
     RequireIndex(index, Captions.size());

@@ -300,10 +300,9 @@ private:
 
 class FakeTabsControl : public FakeControlBase<TabsControl> {
 public:
-    using FakeControlBase::FakeControlBase;
+    explicit FakeTabsControl(std::shared_ptr<FakeFocus> focus = std::make_shared<FakeFocus>());
 
-    QStringList Captions{QStringLiteral("All Files"), QStringLiteral("Audio"),
-                         QStringLiteral("Video")};
+    QStringList Captions;
 
     QString SelectedCaption() const override { return Captions.value(m_selected); }
     void Select(int index) override;

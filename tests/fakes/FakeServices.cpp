@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The answers of a button set, the most careful one first.
@@ -66,6 +68,10 @@ void FakeEventLoop::Yield() {
     if (OnYield) {
         OnYield(number);
     }
+}
+
+QString FakeSettingsStore::Name() const {
+    return u"/home/ana/settings"_s;
 }
 
 QString FakeSettingsStore::Read(const QString& key, const QString& defaultValue) {

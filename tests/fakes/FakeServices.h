@@ -76,7 +76,7 @@ public:
     int Flushes = 0;
     bool FlushFails = false;
 
-    QString Name() const override { return QStringLiteral("/home/ana/settings"); }
+    QString Name() const override;
     QString Read(const QString& key, const QString& defaultValue) override;
     void Write(const QString& key, const QString& value) override;
     bool Flush() override;

@@ -195,6 +195,10 @@ void RealJob::AnswerBy(Policy policy) {
     };
 }
 
+bool RealJob::IsCompleted() const {
+    return messages.Texts().contains(u"Copy completed!"_s);
+}
+
 void RealJob::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
     EXPECT_FALSE(job.CancelCopy);

@@ -75,7 +75,7 @@ public:
     void Press();
     /// Lets the user answer failures by `policy` from now on; Yes is never answered.
     void AnswerBy(Policy policy);
-    bool IsCompleted() const { return messages.Texts().contains(Text("Copy completed!")); }
+    bool IsCompleted() const;
     /// The window is as it is when no job runs.
     void ExpectIdle() const;
 

@@ -7,20 +7,10 @@
 /// An SQLite library of two tracks that a test makes hostile.
 class HostileSQLiteLibrary : public SqliteDevice {
 protected:
-    /// SQL that makes 32,000 tracks of the two.
-    const QString ManyTracks = QStringLiteral(
-        "Insert Into location With Recursive c(n) As (Select 1 Union All Select n + 1 From c "
-        "Limit 16000) Select item_pid, n, 1, '1', NULL, 1, NULL, 1 From location, c;");
-
     HostileSQLiteLibrary() { Start(); }
 
     /// Writes the two tracks, over whatever is there.
-    void Start() {
-        Write({{QStringLiteral("A"), QStringLiteral("X"), QStringLiteral("first"), 1, 10,
-                QStringLiteral("1")},
-               {QStringLiteral("B"), QStringLiteral("Y"), QStringLiteral("second"), 2, 20,
-                QStringLiteral("2")}});
-    }
+    void Start();
 
     void LoadSoon() {
         const std::clock_t start = std::clock();

@@ -19,12 +19,8 @@ protected:
     LoadMusic Music{{Files, Background, Events, Boxes}, LoadControlsOf(Window.Controls)};
     MusicLibrary& Library = Music.Library;
 
-    static QString DatabasePath() { return QStringLiteral("E:\\iPod_Control\\iTunes\\iTunesDB"); }
-
-    void Load(const QByteArray& database) {
-        Files.AddFile(DatabasePath(), database);
-        Music.LoadITunesDB(QStringLiteral("E:"));
-    }
+    static QString DatabasePath();
+    void Load(const QByteArray& database);
 
     /// A database with track chunks between a head that states `count` and the next data set.
     static QByteArray TrackList(quint32 count, const std::vector<QByteArray>& tracks) {
@@ -40,21 +36,7 @@ protected:
     }
 
     /// The library as "artist: album (titles), album (titles)".
-    QStringList Groups() const {
-        QStringList groups;
-        for (const ArtistRecord& artist : Library.Artists) {
-            QStringList albums;
-            for (const AlbumRecord& album : artist.Albums) {
-                QStringList titles;
-                for (const TrackRecord& track : album.Tracks) {
-                    titles += track.Title;
-                }
-                albums += QStringLiteral("%1 (%2)").arg(album.Name, titles.join(u' '));
-            }
-            groups += QStringLiteral("%1: %2").arg(artist.Name, albums.join(QStringLiteral(", ")));
-        }
-        return groups;
-    }
+    QStringList Groups() const;
 
     QStringList Titles() const {
         QStringList titles;
@@ -76,29 +58,12 @@ protected:
     }
 
     /// The load has ended with this error box, and with nothing else on the screen.
-    void ExpectError(const QString& text) const {
-        ASSERT_EQ(Boxes.Shown.size(), 1U);
-        EXPECT_EQ(Boxes.Shown[0], (ShownMessage{text, QStringLiteral("Error"), MessageButtons::OK,
-                                                MessageIcon::Critical}));
-        ExpectEnded();
-    }
-
-    void ExpectEnded() const {
-        EXPECT_FALSE(Library.LoadingMusic);
-        EXPECT_EQ(Window.prgCopy.Value(), 0);
-        EXPECT_EQ(Window.Form1.Caption(), QStringLiteral("Songlift"));
-    }
+    void ExpectError(const QString& text) const;
+    void ExpectEnded() const;
 };
 
 /// Tracks named by artist and album; their titles are their numbers from 1 on.
-inline std::vector<SampleTrack> NamedTracks(const std::vector<std::pair<QString, QString>>& names) {
-    std::vector<SampleTrack> tracks;
-    for (const auto& [artist, album] : names) {
-        const auto number = qint32(tracks.size() + 1);
-        tracks.push_back({artist, album, QString::number(number), number, 1, QStringLiteral("x")});
-    }
-    return tracks;
-}
+std::vector<SampleTrack> NamedTracks(const std::vector<std::pair<QString, QString>>& names);
 
 /// A track that has nothing but a title.
 inline QByteArray TitledTrack(const QString& title) {

@@ -15,8 +15,8 @@ protected:
 
     SqliteDevice() { PutFilesInto(Folder.path()); }
 
-    QString LibraryFile() const { return m_folder + QStringLiteral("/Library.itdb"); }
-    QString LocationsFile() const { return m_folder + QStringLiteral("/Locations.itdb"); }
+    QString LibraryFile() const;
+    QString LocationsFile() const;
 
     /// From now on the device's two files are those in `folder`.
     void PutFilesInto(const QString& folder) {
@@ -27,10 +27,7 @@ protected:
     void Write(const std::vector<SampleTrack>& tracks, const SqliteLibraryLayout& layout = {}) {
         WriteSqliteLibrary(LibraryFile(), LocationsFile(), tracks, layout);
     }
-    void Load() {
-        Boxes.Shown.clear();
-        Music.LoadSQLiteLibrary(QStringLiteral("E:"));
-    }
+    void Load();
     void Load(const std::vector<SampleTrack>& tracks, const SqliteLibraryLayout& layout = {}) {
         Write(tracks, layout);
         Load();

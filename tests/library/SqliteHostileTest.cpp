@@ -85,6 +85,9 @@ TEST_F(HostileSQLiteLibrary, TheLongestValuesLoad) {
 
 TEST_F(HostileSQLiteLibrary, LongTextsOnManyTracksAreReportedAsOutOfMemory) {
     // 32,000 long texts each from a file of less than a megabyte.
+    const QString tracks =
+        u"Insert Into location With Recursive c(n) As (Select 1 Union All Select n + 1 From c "
+        "Limit 16000) Select item_pid, n, 1, '1', NULL, 1, NULL, 1 From location, c;"_s;
     const struct {
         const char* Rule;
         QString InLibrary, InLocations, Error;
@@ -117,7 +120,7 @@ TEST_F(HostileSQLiteLibrary, LongTextsOnManyTracksAreReportedAsOutOfMemory) {
         SCOPED_TRACE(each.Rule);
         Start();
         InLibrary(each.InLibrary);
-        InLocations(each.InLocations + ManyTracks);
+        InLocations(each.InLocations + tracks);
         LoadSoon();
         ExpectError(each.Error);
         EXPECT_EQ(Library.TrackCount, each.Tracks);

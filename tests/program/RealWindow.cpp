@@ -102,6 +102,10 @@ QStringList RealWindow::Copy() {
     return messages.Texts();
 }
 
+QStringList RealWindow::Copied() const {
+    return files.FilesBelow(u"D:\\Music"_s);
+}
+
 QStringList RealWindow::Rows(const ListControl& list) const {
     QStringList rows;
     for (int row = 0; row < list.ListCount(); ++row) {

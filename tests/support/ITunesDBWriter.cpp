@@ -4,6 +4,10 @@
 
 using namespace Qt::StringLiterals;
 
+QString MpegAudioText() {
+    return u"MPEG audio file"_s;
+}
+
 namespace ITunesDBChunks {
 
 namespace {

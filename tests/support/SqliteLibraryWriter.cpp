@@ -134,7 +134,7 @@ void WriteLocations(const Database& locations, const std::vector<SampleTrack>& t
                     const QStringList& kinds, const SqliteLibraryLayout& layout) {
     Run(locations, LocationTables);
     Insert(locations, "Insert Into base_location (id, path) Values (1, ?)")
-        .Text(layout.BaseFolder)
+        .Text(layout.BaseFolder.isEmpty() ? u"iPod_Control/Music"_s : layout.BaseFolder)
         .Run();
     Insert insert(locations, "Insert Into location (item_pid, base_location_id, location, kind_id, "
                              "file_size) Values (?, 1, ?, ?, ?)");

@@ -8,8 +8,8 @@
 struct SqliteLibraryLayout {
     /// The table of kinds lies in the library's file and not beside the locations.
     bool KindsInLibrary = false;
-    /// Folder of the media files, from the drive's root.
-    QString BaseFolder = QStringLiteral("iPod_Control/Music");
+    /// Folder of the media files, from the drive's root; where it usually is when empty.
+    QString BaseFolder = {};
     /// What an empty text is stored as.
     bool EmptyAsNull = true;
 };

@@ -4,6 +4,16 @@
 
 using namespace Qt::StringLiterals;
 
+void ControlContractTest::ExpectOutOfRange(const std::function<void()>& step) {
+    try {
+        step();
+        ADD_FAILURE() << "nothing was raised";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number, ErrorNumber::SubscriptOutOfRange);
+        EXPECT_EQ(error.Description, u"Subscript out of range"_s);
+    }
+}
+
 namespace {
 
 /// What every control does alike.
