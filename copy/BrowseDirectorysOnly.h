@@ -4,16 +4,16 @@
 
 #include <QString>
 
-/// The picker of a folder of the file system.
+/// Lets the user pick a folder.
 class FolderPicker {
 public:
     explicit FolderPicker(Shell& shell);
 
-    /// The folder to preselect, ended by a NUL character as the desktop's pickers expect it.
+    /// The folder to preselect, with a NUL character at its end.
     QString InitialFolder;
 
-    /// The folder that the user picks over the window `Owner`; empty when cancelled, or when the
-    /// choice has no path.
+    /// Returns the folder that the user picks; empty if cancelled, or if the choice has no path.
+    /// `Owner` is the window below the picker.
     QString BrowseDirectorysOnly(WindowHandle Owner, const QString& Prompt,
                                  const QString& StartFolder);
 

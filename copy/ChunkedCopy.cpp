@@ -21,11 +21,11 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
     EnsureFolder(m_files, Base);
     const qint64 size = m_files.FileLength(Source);
     const std::unique_ptr<BinaryFile> reading = m_files.OpenForReading(Source);
-    // What could not be put in its place is told before a long copy, not after it.
+    // A copy that could not get its final name fails before its bytes are copied, not after.
     m_files.RequireTarget(Destination, existing);
-    // Kept until it stands under its final name: so long no other copy takes it.
+    // Open until it has its final name, so that no other copy takes it.
     const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
-    // The job may go on without this file for hours, or be left by quitting.
+    // Deleted at once: the job may go on for hours, and quitting cleans nothing up.
     ScopeGuard failed([&] { m_files.DeleteFile(*writing); });
     const bool isCopied = CopyChunks(*reading, *writing, size, BytesAtOnce, control) &&
                           m_files.MoveFile(*writing, Destination, existing, control);
@@ -34,7 +34,7 @@ bool ChunkedCopy::NewCopy(const QString& Source, const QString& Destination, con
 }
 
 /// Fills the temporary file with the `size` bytes of `source`, and closes both. False when
-/// cancelled: nothing comes of the bytes, so whoever owns the files may close them unheard.
+/// cancelled; both are then left for their owners to close.
 bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, qint32 bytesAtOnce,
                              const CopyControl& control) {
     qint64 done = 0;

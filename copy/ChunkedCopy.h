@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// Copies one large file in chunks through a temporary file, so that the user sees it move and can
-/// stop it.
+/// Copies one large file in chunks through a temporary file, so that the user sees its progress and
+/// can stop it.
 class ChunkedCopy {
 public:
     /// `AfterChunk` is called once after every chunk but the last, with the bytes of this file that

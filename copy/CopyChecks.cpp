@@ -1,5 +1,5 @@
-// What the copy job makes sure of before it starts. No job runs yet: a check that ends the click
-// leaves nothing to clean up.
+// What the copy job checks before it starts. No job runs yet, so a check that fails leaves nothing
+// to clean up.
 
 #include "copy/CopyJob.h"
 
@@ -16,7 +16,7 @@ bool CopyJob::DestinationIsReady() {
         m_controls.txtDestination.SetFocus();
         return false;
     }
-    // The iPod is only read, whatever path leads there.
+    // The iPod is never written to, whatever path leads there.
     if (m_files.IsOnIpod(folder)) {
         RefuseDestination(folder);
         return false;
@@ -34,13 +34,13 @@ void CopyJob::RefuseDestination(const QString& folder) {
 }
 
 bool CopyJob::OfferToCreate(const QString& folder) {
-    // Nor may the probe of a click that failed unexpectedly be deleted: it may be in use by now.
+    // A folder that an earlier click has left behind is not deleted: it may be in use by now.
     m_destination.ProbeFolder.clear();
     const bool isValid = m_destination.ValidatePath(folder);
-    // Forgotten before it is deleted: should that fail, a later job may have filled the folder.
+    // Cleared first: if the deletion fails, a later job may fill the folder, which must stay then.
     const QString probe = std::exchange(m_destination.ProbeFolder, QString());
     if (!probe.isEmpty()) {
-        m_place = {probe, probe, {}}; // as a failure names it
+        m_place = {probe, probe, {}}; // for the message of a failure
         if (Step([&] { m_files.DeleteFolder(probe, {}); }) != Next::Step) {
             return false;
         }
@@ -54,7 +54,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
             MessageIcon::Question) != MessageAnswer::OK) {
         return false;
     }
-    // This speaks of an earlier attempt: one that failed just now was answered above.
+    // Set by an earlier attempt: a failure just now was reported above.
     if (std::exchange(m_destination.CreateFailed, false)) {
         m_messages.Show(u"Unable to create folder."_s, u"Error"_s, MessageButtons::OK,
                         MessageIcon::Critical);
@@ -63,7 +63,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
     try {
         m_files.CreateFolderChain(folder);
     } catch (const RuntimeError&) {
-        // The first step that needs the folder says so.
+        // The first step that needs the folder reports it.
     }
     return true;
 }

@@ -35,9 +35,9 @@ void CopyJob::cmdCopy_Click() {
         return;
     }
     if (m_search.SearchRunning()) {
-        return; // pressed in one of the search's yields, while neither library is whole
+        return; // pressed while a search runs and neither library is complete
     }
-    // What an earlier job was asked must not turn a stop of this one into the question to quit.
+    // Else a close of the window in an earlier job would turn Cancel into the question to quit.
     CUnload = false;
     m_place = {};
     if (!DestinationIsReady()) {
@@ -54,7 +54,7 @@ void CopyJob::cmdCopy_Click() {
     }
 }
 
-/// The whole job. What fails in it outside of any step cannot be tried again, so it ends the job.
+/// The whole job. A failure outside of any step cannot be tried again, so it ends the job.
 CopyJob::Next CopyJob::Run() {
     try {
         Start();
@@ -68,7 +68,7 @@ CopyJob::Next CopyJob::Run() {
     return Next::Cleanup;
 }
 
-/// A window that closes inside a file leaves no half of it behind.
+/// Quits inside a file, and leaves no half of it behind.
 CopyJob::Next CopyJob::LeaveFile() {
     TryToClearUp();
     return Quit();
@@ -107,7 +107,7 @@ void CopyJob::ExchangeLibraries() {
     m_resultIsAside = !m_resultIsAside;
 }
 
-/// As the boxes stand now; none of them can be changed before the job ends.
+/// The boxes' ticks, which cannot be changed before the job ends.
 CopyOptions CopyJob::Options() const {
     return {.ArtistFolder = m_controls.chkArtist.Value(),
             .AlbumFolder = m_controls.chkAlbum.Value(),
@@ -138,8 +138,8 @@ CopyJob::Next CopyJob::FinishWalk() {
     return Next::Cleanup;
 }
 
-/// Deletes "tmp" in the destination with all it holds. Whoever made it: the README says so, and
-/// what a killed job has left there could be half a film.
+/// Deletes "tmp" in the destination with all it holds, whoever made it, as the README says: a
+/// killed job may have left half a film there.
 void CopyJob::DeleteTemporaryFolder() {
     const QString folder = m_destRoot + u"tmp"_s;
     if (m_files.FolderExists(folder)) {
@@ -147,8 +147,7 @@ void CopyJob::DeleteTemporaryFolder() {
     }
 }
 
-/// What is left of a stopped file goes, unless a disk that hangs keeps it: the user has waited for
-/// that long enough.
+/// Removes what is left of a stopped file, but does not wait long for a disk that hangs.
 void CopyJob::TryToClearUp() {
     try {
         Try([this] { DeleteTemporaryFolder(); });
@@ -158,7 +157,7 @@ void CopyJob::TryToClearUp() {
 }
 
 void CopyJob::Cleanup() {
-    // Whatever the answer, the window must come back to life.
+    // Whatever the user answers, the window must become usable again.
     TryToClearUp();
     m_files.MayGoOn = nullptr;
     m_files.ReadAhead({}); // a device with an open file cannot be unmounted
@@ -169,14 +168,14 @@ void CopyJob::Cleanup() {
         ExchangeLibraries();
     }
     EnableControls(m_controls.Locked, m_search.SearchingText());
-    // With a small d, unlike the design's caption: people know the button by both.
+    // The small d is intentional: from its first job on, the button has this caption.
     m_controls.cmdCopy.SetCaption(u"&Copy to destination"_s);
     m_controls.prgCopy.SetValue(0);
     m_summary.CalculateSize(false);
     m_prompt.OverwriteAll = false;
 }
 
-/// Runs a step until it succeeds (no answer) or the user answers its failure otherwise than with
+/// Runs a step until it succeeds (no answer) or the user answers its failure with anything but
 /// Retry.
 std::optional<ErrorAnswer> CopyJob::Try(const Event& action) {
     for (;;) {
@@ -205,7 +204,8 @@ CopyJob::Next CopyJob::StopRequest() {
     return next == Next::Leave ? Quit() : next;
 }
 
-/// What a stop request leads to: with a closed window the user is asked, and goes on with "No".
+/// What a stop request leads to. If it came from closing the window, the user is asked, and the job
+/// goes on after "No".
 CopyJob::Next CopyJob::AskToStop() {
     if (!CUnload || QuitsUnasked) {
         m_stop = Next::Cleanup;

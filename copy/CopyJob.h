@@ -51,8 +51,7 @@ struct CopyControls {
 
 /// Copies every ticked track of the library into the destination folder. The job runs inside the
 /// click that starts it and yields to the event loop once per file, once per chunk of a large file,
-/// and as often as it must while the files keep it waiting; what the user asks for meanwhile
-/// reaches it through its flags.
+/// and while it waits for the files; its flags tell it what the user asks for meanwhile.
 class CopyJob {
 public:
     CopyJob(const CopyServices& services, const CopyLibrary& library, Destination& destination,
@@ -65,7 +64,7 @@ public:
     bool Copying = false;
     /// The user asked to close the window while the job ran.
     bool CUnload = false;
-    /// Nobody is there to be asked whether to quit: the window closes when a job ends.
+    /// The system ends the program: the window closes after the job, and the user is not asked.
     bool QuitsUnasked = false;
     /// A stop was asked for; the job reads it at each of its yields.
     bool CancelCopy = false;
@@ -79,9 +78,9 @@ private:
     /// Where the job goes on after a step.
     enum class Next {
         Step,      // the step after it
-        SameTrack, // the track at hand once more, from its count on
+        SameTrack, // the same track again, from its count on
         Cleanup,   // the end of a stopped job
-        Leave      // out, touching nothing: the window is gone
+        Leave      // out at once: the window is gone
     };
 
     // Checks before a job.
@@ -146,10 +145,10 @@ private:
     QString m_destRoot;
     /// The folder of the last track.
     QString m_enteredFolder;
-    /// As the plan names its folders, while they are known, and where they are.
+    /// The last track's folders: as the plan names them, if they could be made, and their paths.
     std::optional<QStringList> m_folderNamesOfLast;
     QStringList m_foldersOfLast;
-    /// What a stop request has led to; SameTrack where the job goes on.
+    /// What a stop request has led to; SameTrack while the job goes on.
     Next m_stop = Next::SameTrack;
     /// Until when what is left of a stopped file may be removed.
     QDeadlineTimer m_clearUp;

@@ -9,16 +9,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The extension with its dot. A device's database can say anything; what would lead out of the
-/// folder, or is part of no file name, is dropped.
+/// The extension with its dot. A device's database can say anything, so it loses what would lead
+/// out of the folder or what no file name can hold.
 QString ExtensionOf(const QString& location) {
     QString extension = u'.' + Paths::Extension(location);
     extension.removeIf([](QChar c) { return u"/\\:*?\"<>|"_s.contains(c); });
     return extension;
 }
 
-/// Names of folders that differ only in letter case are one folder on many drives. Safe names have
-/// no blanks at their ends.
+/// Folders whose names differ only in letter case are one on many drives.
 bool IsSameFolder(const QString& name, const QString& otherName) {
     return name.toLower() == otherName.toLower();
 }

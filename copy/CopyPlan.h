@@ -15,16 +15,16 @@ struct CopyOptions {
     bool TrackNumber = false;
 };
 
-/// One track of a job, and how its copy is called wherever the disk can hold the names.
+/// One track of a job, and the names of its copy where the disk can hold them.
 struct PlannedTrack {
     const TrackRecord& Track;
     /// The folders below the destination, the outermost first.
     QStringList Folders;
-    /// The name of the file, without the number that it gets where the name comes again.
+    /// The file's name, without the number that it gets if the name occurs again.
     QString Name;
     /// With its dot.
     QString Extension;
-    /// The file names given so far count no more: another folder has begun.
+    /// Another folder begins: the file names given so far no longer count.
     bool StartsFolder = false;
 };
 

@@ -66,8 +66,8 @@ CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
     return PutFile(planned.Track);
 }
 
-/// Puts a file where the one before it went: mostly the folders are still there, and nothing has
-/// its name. `isSettled` is false where that is not so and there is more to be done.
+/// Puts a file into the folder of the one before: usually that still exists, and holds no file of
+/// that name. `isSettled` is false where this is not so and more has to be done.
 CopyJob::Next CopyJob::PutNewFile(const TrackRecord& track, bool& isSettled) {
     const QString target = m_place.DestFolder + m_place.FileName;
     bool isTaken = false;
@@ -112,10 +112,9 @@ CopyJob::Next CopyJob::MakeFolders(const QStringList& names) {
 CopyJob::Next CopyJob::MakeFolder(const QString& name) {
     const QString fitting = m_folderNames.NameFor(m_place.DestFolder, name);
     const QString folder = m_place.DestFolder + fitting;
-    // A failure names the folder that is being made; a file that is copied once more keeps its
-    // name.
+    // A failure's message names the folder; a file that is copied again keeps its name.
     const QString fileName = std::exchange(m_place.FileName, fitting);
-    // Looked for again by every attempt: a disk that comes back may bring the folder along.
+    // Every attempt looks for the folder again: a disk that is back may have it.
     const Next next = Step([&] { EnsureFolder(m_files, folder); });
     m_place.FileName = fileName;
     if (next != Next::Step) {
@@ -126,8 +125,8 @@ CopyJob::Next CopyJob::MakeFolder(const QString& name) {
     return Next::Step;
 }
 
-/// Removes what a killed job has left in the folder of the track at hand, also where all its files
-/// are going to be skipped, and asks what names the folder can hold.
+/// Removes what a killed job has left in the folder of the track at hand, even if all its files are
+/// going to be skipped, and asks what names the folder can hold.
 void CopyJob::EnterFolder() {
     if (m_place.DestFolder != m_enteredFolder) {
         m_enteredFolder = m_place.DestFolder;
@@ -138,13 +137,13 @@ void CopyJob::EnterFolder() {
 
 void CopyJob::NameFile(const PlannedTrack& planned) {
     if (!m_place.FileName.isEmpty()) {
-        return; // the same track once more: a second name would make a second file of it
+        return; // the same track again: a second name would make a second file of it
     }
     m_place.FileName = m_naming.MakeFileName(planned.Name, planned.Extension);
 }
 
-/// Puts the track's file in its place, unless the user wants to keep one that is there. One that
-/// another program has put there while the bytes were copied is asked about like any other.
+/// Puts the track's file in its place, unless the user wants to keep one that is there. The user is
+/// asked also about one that another program has put there meanwhile.
 CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
     const QString target = m_place.DestFolder + m_place.FileName;
     Existing existing = Existing::Keep;
@@ -168,7 +167,7 @@ CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
     }
 }
 
-/// Leaves the user's answer in the prompt: a new one, or the one that was given for all files.
+/// Leaves the user's answer in the prompt: a new one, or the one given for all files.
 void CopyJob::AskToReplace(const QString& target) {
     if (!m_prompt.OverwriteAll) {
         FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
@@ -177,7 +176,7 @@ void CopyJob::AskToReplace(const QString& target) {
     }
 }
 
-/// `isTaken` tells afterwards whether a file stands in the way that nobody was asked about.
+/// `isTaken` tells afterwards whether a file is in the way that the user was not asked about.
 CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, const Event& copy,
                                 bool& isTaken) {
     m_fileSize = track.FileSize;
@@ -220,13 +219,12 @@ bool CopyJob::AfterChunk(qint64 done) {
     return MayGoOn();
 }
 
-/// Inside a file a stop is asked about there and then, while what is copied so far can still be
-/// kept: a film whose closed window was a mistake goes on where it was.
+/// Inside a file the question to quit is asked at once: after "No" a film goes on where it was.
 bool CopyJob::MayGoOn() {
     return !CancelCopy || AskToStop() == Next::SameTrack;
 }
 
-/// The files keep the job waiting: whether it waits on.
+/// Called while the job waits for its files; returns whether to wait on.
 bool CopyJob::MayWait() {
     m_events.Yield();
     if (m_stop != Next::SameTrack) {
@@ -236,8 +234,8 @@ bool CopyJob::MayWait() {
     return MayGoOn();
 }
 
-/// Moves the bar, on only: bytes that are copied once more were shown, and a file may be larger
-/// than the database says.
+/// Moves the bar, but never back: bytes that are copied again were shown before, and a file may be
+/// larger than the database says.
 void CopyJob::ShowBytes(qint64 done) {
     const double bytes = CopiedBytes + static_cast<double>(std::min(done, m_fileSize));
     if (bytes > m_shownBytes) {

@@ -33,7 +33,7 @@ bool Destination::ValidatePath(const QString& Path) {
     if (Path.size() > LongestPath) {
         return false;
     }
-    // Every level's parent is the beginning of its path, so that a length tells the level.
+    // A level's path is a beginning of the whole, so its length is enough to remember.
     std::vector<qsizetype> levelsBelow;
     QString level = Path;
     for (QString parent = Paths::ParentFolder(level); !m_files.FolderExists(parent);
@@ -72,7 +72,7 @@ bool Destination::IsValidPath(const QString& Path) {
     bool afterSep = drive.endsWith(separator);
     for (const QChar c : rest) {
         if (c == u'.' || c == u' ') {
-            continue; // a component of dots and blanks only is none
+            continue; // a component of only dots and blanks counts as empty
         }
         if (c == separator && afterSep) {
             return false;
@@ -90,7 +90,7 @@ void Destination::CreatePath(const QString& Path) {
     QString current = Paths::DrivePart(Path);
     QStringList pieces = Path.mid(current.size()).split(separator);
     if (pieces.last().isEmpty()) {
-        pieces.removeLast(); // what stands behind a separator at the end names no folder
+        pieces.removeLast(); // a separator at the end begins no further folder
     }
     bool creating = false;
     for (const QString& piece : pieces) {

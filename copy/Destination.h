@@ -5,7 +5,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Window.h"
 
-/// The box of the destination, and the window that it is measured in and picked over.
+/// The destination's box, and the window that owns the picker and has the box's font.
 struct DestinationControls {
     Window& Form1;
     TextControl& txtDestination;
@@ -17,10 +17,10 @@ public:
     Destination(FileSystem& files, Shell& shell, WindowManager& windowManager,
                 const DestinationControls& controls);
 
-    /// The topmost folder that ValidatePath created to try a path; whoever called it deletes that
-    /// folder. Empty when there is none.
+    /// The topmost folder that ValidatePath created to try a path; the caller deletes it. Empty
+    /// when there is none.
     QString ProbeFolder;
-    /// ValidatePath could not create a folder, for another reason than a bad name.
+    /// ValidatePath could not create a folder, and not because of a bad name.
     bool CreateFailed = false;
 
     /// Whether the folder `Path` can be made. Finds out by making it and every folder that is

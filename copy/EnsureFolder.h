@@ -2,6 +2,6 @@
 
 #include "platform/FileSystem.h"
 
-/// Makes one folder unless it exists. That somebody else has made it in the same instant is no
-/// error. Throws RuntimeError.
+/// Makes one folder unless it exists. It is no error if another program makes it in the same
+/// instant. Throws RuntimeError.
 void EnsureFolder(FileSystem& files, const QString& folder);

@@ -57,7 +57,7 @@ QString Cut(const QString& text, int room, const NameLimits& limits) {
     if (end > 0) {
         return text.left(end);
     }
-    // One letter with hundreds of accents: some of them stay.
+    // A letter with hundreds of accents keeps as many as fit.
     end = std::min<qsizetype>(text.size(), room);
     while (Length(text.left(end), limits) > room || text[end - 1].isHighSurrogate()) {
         --end;
@@ -80,13 +80,13 @@ QString FittingName(const QString& text, const QString& ending, const NameLimits
         }
     }
     const int room = limits.Longest - Length(end, limits);
-    if (room < limits.Longest / 2) { // an ending that leaves too little is none
+    if (room < limits.Longest / 2) { // so long an ending is cut like the rest
         begin += std::exchange(end, QString());
     }
     if (Length(begin + end, limits) > limits.Longest) {
         begin = WithoutDotsAndBlanksAtEnd(Cut(begin, limits.Longest - Length(end, limits), limits));
     }
-    if (begin.isEmpty()) { // nothing but what cannot be held, or a cut among dots
+    if (begin.isEmpty()) { // the text had nothing that a name can hold, or only dots before the cut
         begin = UnknownName();
     }
     return begin + end;

@@ -11,8 +11,8 @@
 /// The name for `Text` that file systems accept, never empty.
 QString MakeSafeName(const QString& Text);
 
-/// Numbers the file names that come again in one folder, also those that become equal because its
-/// file system cannot hold them whole.
+/// Numbers file names that occur again in one folder, also those that become equal because its file
+/// system cannot hold them whole.
 class Naming {
 public:
     /// A new destination folder has begun: the next file name forgets the earlier ones and clears
@@ -28,7 +28,7 @@ public:
 
     /// The file names given since the folder changed.
     const std::vector<QString>& UsedNames() const { return m_usedNames; }
-    /// For each of UsedNames, the number to try when that name comes again.
+    /// For each of UsedNames, the number to try when that name occurs again.
     const std::vector<qint32>& UsedCounts() const { return m_usedCounts; }
 
 private:

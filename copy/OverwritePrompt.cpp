@@ -22,7 +22,7 @@ void frmOverwrite::Form_Load() {
 
 void frmOverwrite::cmdOverwrite_Click(OverwritePrompt::Answer answer) {
     m_prompt.OverwriteAnswer = answer;
-    // Cancel ends the job, so there are no later files that it could be kept for.
+    // Cancel ends the job, so there are no later files to keep it for.
     m_prompt.OverwriteAll = m_controls.chkSame.Value() && answer != OverwritePrompt::Cancel;
     m_controls.window.Unload();
 }

@@ -74,7 +74,7 @@ void DeviceSelection::Combo1_Click() {
         hasLibrary = m_look.FileExists(DevicePaths::LibraryDatabase(driveRoot));
     }
     if (!hasLibrary) {
-        // Nothing of this device is loaded: should it come back, choosing it again loads it.
+        // Not loaded, so that choosing the device again loads it once it is back.
         LoadedDevice.clear();
         m_loadMusic.Library.TrackCount = 0;
         ReportLostDevice();
@@ -94,7 +94,7 @@ void DeviceSelection::Combo1_Click() {
     pointer.Run();
 }
 
-/// What failed half loaded is not shown; choosing the device again loads it.
+/// After a load that failed half-way nothing is shown; choosing the device again loads it.
 void DeviceSelection::ForgetDevice() {
     m_loadMusic.Library.TrackCount = 0;
     ResetWindow();
@@ -107,7 +107,7 @@ void DeviceSelection::ListDevices() {
 }
 
 void DeviceSelection::ListDevice(const Drive& drive) {
-    // An iPod whose disk has to start first stays, and with it the ticks made on it.
+    // The iPod that is shown stays while its disk starts, and the ticks with it.
     const bool isLoaded = drive.Path == DriveOfEntry(LoadedDevice);
     if (drive.Letter > u'B' && m_drives.IsRemovable(drive) &&
         HasDatabase(drive.Path).value_or(isLoaded)) {
@@ -117,8 +117,8 @@ void DeviceSelection::ListDevice(const Drive& drive) {
     }
 }
 
-/// Brings the window to its state without a device. Runs at every poll, so what is reset already
-/// stays untouched.
+/// Brings the window to its state without a device. Runs at every poll, so it leaves alone what is
+/// reset already.
 void DeviceSelection::ResetWindow() {
     const bool hadDevice = !LoadedDevice.isEmpty();
     SelectedDevice.clear();

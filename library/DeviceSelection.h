@@ -5,7 +5,7 @@
 #include "platform/Drives.h"
 #include "platform/WindowManager.h"
 
-/// Where the devices are listed, and what tells of them.
+/// The list of devices, and the controls that tell about them.
 struct DeviceControls {
     Window& Form1;
     ComboControl& Combo1;
@@ -30,7 +30,7 @@ public:
     Event DeviceChosen;
     /// Raised after a library with at least one track has been loaded: it is to be shown.
     Event LibraryLoaded;
-    /// Raised in its place when there was no track.
+    /// Raised instead when there was no track.
     Event NoMusicFound;
     /// Raised by every scan after which no device is chosen: nothing is to be shown. Whoever has
     /// done so already leaves the window as it is.

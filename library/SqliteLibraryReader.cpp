@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the paths of the largest library come to many times over. Each begins with the base path,
-/// so that a long one could make gigabytes of a small file.
+/// Many times the length of all paths of the largest library. Every path begins with the base path,
+/// so a long one could turn a small file into gigabytes.
 constexpr qint64 MaxLocationBytes = 256 << 20;
 
 /// The columns of the query for the tracks.
@@ -31,8 +31,8 @@ QString NativeFile(FileSystem& files, const QString& path) {
     return files.NativePath(path);
 }
 
-/// What the file-type texts stand for, from index 1 on in the order of their ids; index 0 is the
-/// empty text's. There is no entry at all when the device knows no kinds.
+/// The kinds that the file-type texts stand for, in the order of their ids, after one for the empty
+/// text; none at all if the device has no such texts.
 std::vector<Kind> ReadKinds(SqliteDatabase& database) {
     const SqliteRows texts = database.Query("Select kind From location_kind_map Order By id");
     std::vector<Kind> kinds;
@@ -56,17 +56,17 @@ QString ReadBasePath(SqliteDatabase& database, const QString& driveRoot) {
     return driveRoot + u'\\' + base + u'\\';
 }
 
-/// What a device's two databases tell.
+/// What was read from a device's two databases.
 struct DeviceRows {
     std::vector<Kind> Kinds;
     QString BasePath;
     SqliteRows Tracks;
-    /// What ended the rows of the tracks before their time.
+    /// The failure after which further tracks are missing; null if there was none.
     std::exception_ptr Failure;
 };
 
-/// The databases are closed again by the end, so that what SQLite keeps of them is gone before the
-/// library is built. `partRead` tells meanwhile how much of them has been read.
+/// The databases are closed at the end, so that SQLite's cache is freed before the library is
+/// built. `partRead` is kept up to date meanwhile.
 DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot, std::atomic<float>& partRead) {
     SqliteDatabase database(NativeFile(files, DevicePaths::LibraryDatabase(driveRoot)));
     database.Attach(NativeFile(files, DevicePaths::LocationsDatabase(driveRoot)), u"main2"_s);
@@ -74,7 +74,8 @@ DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot, std::atomic<f
     device.Kinds = ReadKinds(database);
     device.BasePath = ReadBasePath(database, driveRoot);
     // The number of rows is needed before the first one is shown. Sorting makes SQLite work through
-    // all of them before the first anyway, so keeping them costs less than counting them apart.
+    // all of them before the first anyway, so keeping them costs less than counting them
+    // separately.
     const char* tracks =
         "Select item.title, item.artist, item.album, item.track_number, location.file_size, "
         "location.location, location.kind_id From location Inner Join item On location.item_pid = "
@@ -86,7 +87,7 @@ DeviceRows ReadDevice(FileSystem& files, const QString& driveRoot, std::atomic<f
         if (device.Tracks.RowCount() == 0) {
             throw;
         }
-        device.Failure = std::current_exception(); // told once the rows before it are loaded
+        device.Failure = std::current_exception(); // reported once the rows before it are loaded
     }
     return device;
 }
@@ -186,7 +187,7 @@ bool RowGrouping::BeginsAlbum(qsizetype row) const {
            m_library.Artists.back().Albums.back().Name.toLower() != NameAt(row, Album).toLower();
 }
 
-/// Reads the device, and shows meanwhile how far that is.
+/// Reads the device, and shows the progress.
 std::shared_ptr<const DeviceRows> WaitForDevice(PatientFileSystem& files, const QString& driveRoot,
                                                 LoadProgress& progress) {
     const auto read = std::make_shared<DeviceRows>();

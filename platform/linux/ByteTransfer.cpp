@@ -16,11 +16,11 @@
 namespace {
 
 /// Measured: larger blocks are not read faster, and these stay in the processor's cache until they
-/// are written. Where it can share no blocks the kernel's own copy is no faster within a disk,
-/// slower below some megabytes, and does not work between two kinds of file systems, as an iPod's
-/// and a disk's are.
+/// are written. Where the kernel's own copy cannot share blocks, it is no faster within a disk,
+/// slower below some megabytes, and does not work between two kinds of file systems, such as an
+/// iPod's and a disk's.
 constexpr size_t BlockSize = size_t{512} << 10;
-/// A device that delivers a megabyte a second needs an eighth of one for these.
+/// A device that delivers a megabyte a second needs an eighth of a second for a step of this size.
 constexpr size_t FirstStep = size_t{128} << 10;
 constexpr size_t SmallestStep = size_t{64} << 10;
 
@@ -37,14 +37,14 @@ void WriteAll(int file, const char* buffer, size_t size) {
     }
 }
 
-/// A step is done in about so long: a stop is heeded between two of them.
+/// About how long a step takes: a stop takes effect between two steps.
 constexpr std::chrono::milliseconds LongStep(50);
 
-/// How many bytes to copy in one step, by what the steps before took.
+/// How many bytes to copy in one step, judged by how long the earlier ones took.
 class StepSize {
 public:
     size_t Bytes() const { return m_bytes; }
-    /// A step of this many bytes begins, and it ends.
+    /// To be called around each step.
     void Begin() { m_begin = Clock::now(); }
     void End() {
         const auto took = Clock::now() - m_begin;
@@ -62,14 +62,14 @@ private:
     Clock::time_point m_begin;
 };
 
-/// Lets the target share the source's blocks, where both lie on one disk that can do so (btrfs,
-/// XFS): no bytes are moved then, and no room is taken.
+/// Lets the target share the source's blocks if both lie on one disk that can do so (btrfs, XFS):
+/// then no bytes are moved, and no space is used.
 class SharedBlocks {
 public:
     SharedBlocks(int source, int target, off_t size)
         : m_source(source), m_target(target), m_mayWork(size >= WorthIt) {}
 
-    /// Goes on by up to `size` bytes, and returns by how many.
+    /// Shares up to `size` more bytes, and returns how many.
     off_t Share(off_t size) {
         const off_t position = m_mayWork ? lseek(m_source, 0, SEEK_CUR) : -1;
         struct stat info {};
@@ -94,7 +94,7 @@ public:
         }
         return length;
     }
-    /// After as many bytes more blocks can be shared; 0 where none can.
+    /// How many bytes to copy before blocks can be shared again; 0 if none can.
     off_t BeforeBlock() const { return m_beforeBlock; }
 
 private:

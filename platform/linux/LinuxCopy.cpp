@@ -18,7 +18,7 @@
 
 namespace {
 
-/// The umask takes its bits away. The source's own mode means nothing: on FAT all is executable.
+/// Less the umask. The source's own mode says nothing: on FAT every file is executable.
 constexpr mode_t NewFileMode = 0666;
 
 void SeekTo(int file, off_t position) {
@@ -34,7 +34,7 @@ bool CopyContent(const SourceFile& source, int target, const CopyControl& contro
         return false;
     }
     // File systems that write late (over a network) report what went wrong when a descriptor is
-    // closed. Closing a second one tells it while the target can still be given up.
+    // closed. Closing a second descriptor shows it while the target can still be given up.
     FileDescriptor second(fcntl(target, F_DUPFD_CLOEXEC, 0));
     const int error = second.IsOpen() ? second.Close() : second.Error();
     if (error != 0) {
@@ -46,7 +46,7 @@ bool CopyContent(const SourceFile& source, int target, const CopyControl& contro
 
 /// Gives an open file that has no name yet a name; as linkat.
 int LinkNameless(int folder, int file, const char* name) {
-    // The short way is open to root, and on newer kernels to everyone.
+    // This works for root, and on newer kernels for everyone.
     if (linkat(file, "", folder, name, AT_EMPTY_PATH) == 0) {
         return 0;
     }
@@ -68,7 +68,7 @@ public:
         return fstatat(m_folder.Get(), PartName, &found, AT_SYMLINK_NOFOLLOW) == 0 &&
                (found.st_dev != m_info.st_dev || found.st_ino != m_info.st_ino);
     }
-    /// Once at most: what has the name afterwards is another copy's.
+    /// At most once: afterwards a file of that name belongs to another copy.
     void Remove() {
         if (!m_isGone.exchange(true) && !IsReplaced()) {
             unlinkat(m_folder.Get(), PartName, 0);
@@ -156,7 +156,7 @@ private:
 enum class Outcome {
     Done,
     Stopped,
-    /// Nothing: the file system does not know this way.
+    /// Nothing: the file system does not support this way.
     Refused
 };
 
@@ -203,7 +203,7 @@ bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Exi
 }
 
 void SetModificationTime(int file, const timespec& time) {
-    // Some file systems that run outside the kernel heed no time unless both are set.
+    // Some file systems that run outside the kernel ignore a time unless both are set.
     const timespec times[2] = {{0, UTIME_NOW}, time};
     futimens(file, times);
 }
@@ -253,7 +253,7 @@ void CheckTarget(int folder, const QByteArray& name, Existing existing) {
         }
         ThrowCreationError(errno);
     }
-    // A link itself is replaced, but only where what it leads to might be.
+    // A link itself is replaced, but only if the file that it leads to may be, too.
     const bool leadsNowhere =
         S_ISLNK(info.st_mode) && fstatat(folder, name.constData(), &info, 0) != 0;
     if (!leadsNowhere && !S_ISREG(info.st_mode)) {
@@ -277,8 +277,9 @@ int Rename(int fromFolder, const QByteArray& from, int toFolder, const QByteArra
         if (errno != EINVAL && errno != ENOSYS) {
             return errno;
         }
-        // This file system can only replace (NFS, some that run outside the kernel). A link never
-        // does; where there are none either, one can but look.
+        // This file system cannot rename without replacing (NFS, some that run outside the kernel).
+        // A hard link never replaces; where there are none either, looking first is all that is
+        // left.
         if (linkat(fromFolder, from.constData(), toFolder, to.constData(), 0) == 0) {
             return unlinkat(fromFolder, from.constData(), 0) == 0 ? 0 : errno;
         }

@@ -7,7 +7,7 @@
 
 #include <sys/stat.h>
 
-/// Copying one file whole, so that its target is seen only when all bytes are there.
+/// Copying one file whole: its target appears only when all bytes are there.
 
 /// A regular file that is open for reading, and what the system told about it.
 struct SourceFile {
@@ -26,8 +26,8 @@ bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Exi
 bool CopyUnderPartName(const SourceFile& source, int folder, const QByteArray& name,
                        Existing existing, const CopyControl& control);
 
-/// Gives an open file its modification time. A file system that refuses it (FAT, when another user
-/// mounted it) has the bytes at least.
+/// Gives an open file its modification time. A refusal is no failure (FAT, when another user
+/// mounted it), since the bytes are there.
 void SetModificationTime(int file, const timespec& time);
 
 /// Removes what a killed copy has left in `folder`. Throws PermissionDenied where another copy is

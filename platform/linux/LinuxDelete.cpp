@@ -87,7 +87,7 @@ bool IsMountPoint(int folder, const struct stat& info, const struct stat& parent
 void TreeDeleter::Enter(int folder, const struct stat& folderInfo, const QByteArray& name) {
     FileDescriptor entered(OpenWithoutTrace(folder, name.constData(), O_DIRECTORY | O_NOFOLLOW));
     if (!entered.IsOpen()) {
-        // It may be empty though nobody may look into it; or it has become a link meanwhile.
+        // It may be an empty folder that this user may not read, or have become a link meanwhile.
         const bool isLink = entered.Error() == ENOTDIR || entered.Error() == ELOOP;
         Remove(folder, name, isLink ? 0 : AT_REMOVEDIR);
         return;

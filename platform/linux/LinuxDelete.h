@@ -16,6 +16,6 @@ using FolderTest = std::function<bool(const struct stat& folder)>;
 /// folders above them; that is no error. What cannot be deleted does not keep the rest from it; the
 /// first failure is thrown at the end as RuntimeError. Nesting of any depth takes two open folders
 /// only. Once `control` is stopped nothing more is deleted. fts(3) would change the program's
-/// working folder or go by paths, which can be swapped, and ends where these get too long.
+/// working folder or go by paths, which can be swapped, and fails when these get too long.
 void DeleteTree(int parent, const QByteArray& name, const FolderTest& isKept,
                 const CopyControl& control);

@@ -20,7 +20,7 @@ namespace {
 constexpr char16_t FirstLetter = u'E';
 constexpr char16_t LastLetter = u'Z';
 
-/// Mounts without files of a person, wherever they lie.
+/// Mounts that hold no personal files, wherever they are.
 bool IsPseudo(const QByteArray& type) {
     static const std::array<QByteArray, 24> types = {
         "autofs",    "binfmt_misc", "bpf",        "cgroup",   "cgroup2", "configfs",
@@ -59,16 +59,16 @@ void Add(std::vector<FolderId>& folders, const FileDescriptor& folder) {
     }
 }
 
-/// Whether a drive holds an iPod. One whose database is just being renewed is still one.
+/// Whether a drive holds an iPod. It still does while its database is being replaced.
 bool HoldsIpod(int drive) {
     const QByteArray name = "iPod_Control";
     return faccessat(drive, name.constData(), F_OK, 0) == 0 ||
            !FindNameIgnoringCase(drive, name).isEmpty();
 }
 
-/// Adds the folder of a drive that some other mount shows: going up from there, nobody comes by the
-/// drive's own folder. `shown` is that folder's path in its file system; with how many of its names
-/// it leads to the drive is not known everywhere (in a changed root), and so all are tried.
+/// Adds the folder of a drive that another mount shows: going up from there does not lead through
+/// the drive's own folder. `shown` is that folder's path in its file system. How many of its first
+/// names are above the drive is not always known (in a changed root), so every end of it is tried.
 void AddShownElsewhere(std::vector<FolderId>& folders, int drive, const QByteArray& shown) {
     for (qsizetype at = 0; at >= 0; at = shown.indexOf('/', at + 1)) {
         const QByteArray name = shown.mid(at + 1);
@@ -144,10 +144,10 @@ bool LinuxDrives::IsOnIpod(int folder) {
         m_asked = *asked;
         m_answer = *answer;
     }
-    return answer.value_or(true); // nobody can tell, and nothing is to change on one
+    return answer.value_or(true); // unknown, and on an iPod nothing may be changed
 }
 
-/// Goes up to the root. Paths would not do: the same folder has another one by every mount.
+/// Goes up to the root. Paths are not enough: the same folder has another path by every mount.
 std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folder) {
     const std::vector<FolderId> ipods = table.IpodFolders();
     if (ipods.empty()) {
@@ -175,8 +175,8 @@ std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folde
     return std::nullopt;
 }
 
-/// Whatever is on an iPod lies in or below one of these. They are not remembered: some file systems
-/// (FAT) number a folder anew when it comes back into memory.
+/// Everything on an iPod lies in or below one of these. They are looked up each time: some file
+/// systems (FAT) give a folder another number when it comes back into memory.
 std::vector<FolderId> LinuxDrives::Table::IpodFolders() const {
     std::vector<FolderId> folders;
     for (const Volume& volume : Volumes) {
@@ -201,8 +201,8 @@ bool LinuxDrives::IsRoot(const struct stat& folder) {
     });
 }
 
-/// The file system's identity outlives a new device name after the cable was pulled. It is asked of
-/// the device manager, which may not know it yet or not for a moment: then the device name counts.
+/// The file system's identity stays when the device gets a new name after the cable was pulled. If
+/// the device manager does not know it for the moment, the device name counts.
 bool LinuxDrives::IsSame(const Volume& one, const Volume& other) {
     if (one.Folder != other.Folder) {
         return false;
@@ -234,8 +234,8 @@ void LinuxDrives::AddMounted(std::vector<Volume>& volumes, const std::vector<Mou
             volumes.push_back(
                 {mount.Folder, mount.Root, mount.Source, name, m_devices.UuidOf(name), {}, true});
         } else if (mount.Root.size() < other->Root.size()) {
-            // The first one shows a folder of the device only, perhaps not the one that makes it an
-            // iPod.
+            // The first one shows only a folder of the device, which may not be the one with the
+            // iPod's files.
             other->Folder = mount.Folder;
             other->Root = mount.Root;
             other->Source = mount.Source;
@@ -290,12 +290,12 @@ std::vector<LinuxDrives::Volume> LinuxDrives::Merge(std::vector<Volume> known,
     return known;
 }
 
-/// Looks at the system. A look that hung is overtaken by a later one, and then counts no more.
+/// Asks the system. If that hangs and a later look overtakes it, its result is dropped.
 LinuxDrives::TablePointer LinuxDrives::Refresh() {
     auto table = std::make_shared<Table>();
     {
         const std::lock_guard lock(m_mutex);
-        m_isCurrent = false; // until all of it is known, whatever fails on the way
+        m_isCurrent = false; // until everything is known, whatever fails on the way
         table->Number = ++m_looks;
     }
     table->Mounts = ReadMountTable(m_sources.MountTable);
@@ -311,7 +311,7 @@ LinuxDrives::TablePointer LinuxDrives::Refresh() {
     return m_table;
 }
 
-/// The table as the system would tell it now.
+/// The table as it is now.
 LinuxDrives::TablePointer LinuxDrives::Current() {
     if (!TableHasChanged()) {
         const std::lock_guard lock(m_mutex);
@@ -348,7 +348,7 @@ const LinuxDrives::Volume* LinuxDrives::Table::Present(QChar letter) const {
     return volume == Volumes.end() ? nullptr : &*volume;
 }
 
-/// As far as it is known: the drives were listed a moment ago.
+/// Does not ask the system: the drives were listed a moment ago.
 LinuxDrives::Volume LinuxDrives::Require(QChar letter) {
     const std::lock_guard lock(m_mutex);
     const Volume* volume = m_table->Present(letter);

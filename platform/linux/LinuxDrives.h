@@ -12,7 +12,7 @@
 #include <optional>
 #include <sys/types.h>
 
-/// Where the system tells about mounts and block devices.
+/// Where the system reports mounts and block devices.
 struct LinuxDriveSources {
     QString MountTable;
     QString SysFolder;
@@ -28,13 +28,13 @@ struct FolderId {
 
 /// The removable volumes that are mounted, then the folders that the environment variable
 /// SONGLIFT_DRIVES attaches, under the letters "E" to "Z". The computer's own disks get no letter:
-/// their files have native paths, and an iPod's letter should not depend on how they are divided.
-/// A volume keeps its letter while it stays mounted, and finds it again when it comes back; another
-/// one gets it only when no fresh letter is left, so that an iPod that is exchanged for another
+/// their files have native paths, and an iPod's letter should not depend on how they are divided. A
+/// volume keeps its letter while it stays mounted, and finds it again when it comes back; another
+/// one gets it only when no unused letter is left, so that an iPod that is swapped for another
 /// between two looks is not taken for the first. Volumes past "Z" are not listed.
 ///
-/// May be used by several threads, each of which asks the disks on its own: one that hangs there
-/// holds no other up.
+/// May be used by several threads. Each asks the disks on its own, so that one that hangs does not
+/// block the others.
 class LinuxDrives : public DriveService, public std::enable_shared_from_this<LinuxDrives> {
 public:
     LinuxDrives();
@@ -76,7 +76,7 @@ private:
         /// How many looks had begun before.
         unsigned Number = 0;
         std::vector<Mount> Mounts;
-        /// Every volume that has a letter, also those that are gone.
+        /// Every volume that has a letter, including those that are gone.
         std::vector<Volume> Volumes;
 
         const Volume* Present(QChar letter) const;
@@ -104,10 +104,10 @@ private:
     std::mutex m_mutex;
     unsigned m_looks = 0;
     TablePointer m_table = std::make_shared<Table>();
-    /// The table is what the system last told.
+    /// The table is what the system last reported.
     bool m_isCurrent = false;
-    /// The folder that IsOnIpod was last asked about, and the answer: one file after the other goes
-    /// into the same folder.
+    /// The folder that IsOnIpod was last asked about, and the answer: a job copies many files into
+    /// one folder.
     FolderId m_asked;
     bool m_answer = false;
 };

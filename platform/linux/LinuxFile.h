@@ -8,7 +8,7 @@ class LinuxFile : public BinaryFile {
 public:
     explicit LinuxFile(FileDescriptor file) : m_file(std::move(file)) {}
     /// A locked file that was opened for writing as `path`. `kept` is a second descriptor of it,
-    /// which keeps the lock until this ends, whether closed before or not.
+    /// which keeps the lock beyond Close.
     LinuxFile(FileDescriptor file, FileDescriptor kept, const QString& path)
         : m_file(std::move(file)), m_kept(std::move(kept)), m_path(path) {}
 
@@ -18,7 +18,7 @@ public:
     void Close() override;
     void TakeModificationTime(BinaryFile& source) override;
 
-    /// Of a file that was opened for writing: its path, and a descriptor that outlives Close.
+    /// For a file that was opened for writing: its path, and a descriptor that outlives Close.
     const QString& Path() const { return m_path; }
     int Kept() const { return m_kept.Get(); }
 
@@ -28,7 +28,7 @@ private:
     QString m_path;
 };
 
-/// The one service that makes files here makes no others. Throws std::bad_cast for any other.
+/// A service is given only files that it has opened itself. Throws std::bad_cast for others.
 inline LinuxFile& AsLinuxFile(BinaryFile& file) {
     return dynamic_cast<LinuxFile&>(file);
 }

@@ -29,7 +29,7 @@ constexpr mode_t NewFileMode = 0666;
 constexpr mode_t NewFolderMode = 0777;
 /// Longer texts are no paths.
 constexpr qsizetype LongestPath = 32767;
-/// So many bytes need no reading ahead.
+/// Files up to this size are read at once anyway.
 constexpr off_t ReadAtOnce = off_t{256} << 10;
 /// What is read of a file before its turn: enough for the time that the file before takes to be
 /// written to its end and given its name. The rest is then read ahead by the kernel.
@@ -39,13 +39,13 @@ constexpr std::chrono::seconds LongestOpening(2);
 void CheckFolderName(const QString& path) {
     RequireFolderName(path);
     if (!EncodeName(path)) {
-        // As for a file: one odd name must not end a whole job.
+        // As for a file: one odd name must not end the whole job.
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
 }
 
-/// What is already under the name of a file that is to be written must be a file of that name
-/// alone: neither a pipe nor the second name of some other file may take the bytes.
+/// A file that is to be written may exist already, but only as a regular file with no other name:
+/// the bytes must not go into a pipe, nor into a file that is known by another name.
 void RequireOwnFile(const FileDescriptor& file) {
     struct stat info {};
     if (fstat(file.Get(), &info) != 0) {
@@ -122,7 +122,7 @@ void LinuxFileSystem::DeleteFolder(const QString& path, const CopyControl& contr
     if (!isFolder || !entry.Folder.IsOpen()) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
-    // A folder that is attached as a drive is as good as a mount point.
+    // A folder that is attached as a drive counts as a mount point.
     DeleteTree(
         entry.Folder.Get(), entry.Name,
         [this](const struct stat& folder) { return m_drives.IsRoot(folder); }, control);
@@ -153,7 +153,7 @@ void LinuxFileSystem::ReadAhead(const QString& path) {
         file = OpenAnew(path, info);
         posix_fadvise(file.Get(), 0, std::min(info.st_size, ReadAheadSize), POSIX_FADV_WILLNEED);
     } catch (const std::exception&) {
-        file.Close(); // told in its turn
+        file.Close(); // reported when its turn comes
     }
     const std::lock_guard lock(m_aheadMutex);
     if (m_aheadPath == path) {
@@ -163,8 +163,8 @@ void LinuxFileSystem::ReadAhead(const QString& path) {
     m_aheadHasOpened.notify_all();
 }
 
-/// The file that was read ahead, if it is still the one at `path`. Where it is just being opened,
-/// that is not done twice; but a device that hangs need not hang here.
+/// The file that was read ahead, if it is still the one at `path`. Waits while it is being opened,
+/// but not for a device that hangs.
 FileDescriptor LinuxFileSystem::TakeAhead(const QString& path, struct stat& info) {
     FileDescriptor file;
     {
@@ -242,7 +242,7 @@ void LinuxFileSystem::RemoveLeftovers(const QString& folder) {
     try {
         RemoveLeftover(opened.Get());
     } catch (const RuntimeError&) {
-        // The next copy into this folder says what is wrong with it.
+        // The next copy into this folder reports it.
     }
 }
 
@@ -269,7 +269,7 @@ std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReading(const QString& path)
 std::unique_ptr<BinaryFile> LinuxFileSystem::OpenForReadingAndWriting(const QString& path) {
     const FolderEntry entry = RequireEntry(path);
     RequireNoLink(Paths::ParentFolder(path));
-    // A link that someone has planted under the name must not lead the bytes elsewhere.
+    // A link that somebody has planted under the name must not lead the bytes elsewhere.
     FileDescriptor file(openat(entry.Folder.Get(), entry.Name.constData(),
                                O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
                                NewFileMode));
@@ -402,7 +402,8 @@ void LinuxFileSystem::RequireNoLink(const QString& folder) {
     }
 }
 
-/// Throws what reading a file raises: a file is missing in a folder that exists, or its folder is.
+/// Throws the error of opening a file; a missing one is FileNotFound, or PathNotFound if its folder
+/// is missing.
 void LinuxFileSystem::ThrowOpeningError(const QString& path, int error) {
     if (!IsMissing(error)) {
         ThrowError(error);

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// As statfs(2) tells the types of file systems.
+/// Types of file systems, as statfs(2) reports them.
 enum FileSystemType : quint32 {
     Fat = 0x4d44,
     ExFat = 0x2011bab0,
@@ -23,10 +23,11 @@ enum FileSystemType : quint32 {
     Fuse = 0x65735546,
 };
 
-/// No file system in use holds less. One that says so, as some outside the kernel do, does not
+/// No file system in use holds less: one that reports less, as some outside the kernel do, does not
 /// know.
 constexpr int LeastName = 30;
-/// Of file systems that keep names as UTF-16; for them Linux tells the bytes that may come of it.
+/// For file systems that keep names as UTF-16, for which Linux reports the bytes that such a name
+/// may need.
 constexpr int LongestUtf16Name = 255;
 
 bool IsAscii(const QByteArray& name) {
@@ -38,8 +39,8 @@ bool LiesOnBlockDevice(int folder) {
     return fstat(folder, &info) == 0 && major(info.st_dev) != 0;
 }
 
-/// What two names have in common that differ only in case or in composition. Empty for bytes that
-/// are no UTF-8: they equal no text.
+/// The same text for names that differ only in case or in how accents are composed. Empty for bytes
+/// that are not UTF-8, which equal no text.
 QString FoldedName(const QByteArray& name) {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(name);

@@ -7,9 +7,9 @@
 
 #include <optional>
 
-/// The text as the system's bytes (UTF-8). Nothing for a text that they cannot hold exactly: one
-/// with half a surrogate pair or a NUL. Writing such a name some other way would let two titles
-/// meet in one file.
+/// The text as the system's bytes (UTF-8). Nothing for a text that they cannot hold exactly, with
+/// half a surrogate pair or a NUL: written some other way, the names of two titles could become
+/// equal.
 std::optional<QByteArray> EncodeName(const QString& text);
 
 /// What names the file system of an open folder can hold.

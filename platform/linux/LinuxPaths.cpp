@@ -90,8 +90,8 @@ FolderEntry Failed(int error) {
     return {FileDescriptor::Failed(error), {}};
 }
 
-/// Below an open folder a longer path could be made, but nobody would find it again: the next copy
-/// would replace it without a question.
+/// Below an open folder a longer path could be made, but it would not be found again, and the next
+/// copy would replace it without a question.
 bool IsTooLong(const QString& path) {
     return path.size() >= PATH_MAX || path.toUtf8().size() >= PATH_MAX;
 }

@@ -27,7 +27,7 @@ public:
 
     /// Opens what exists at `path`, with the flags of open(2).
     FileDescriptor Open(const QString& path, int flags);
-    /// What the system tells about what exists at `path`; nothing where nothing does.
+    /// What the system reports about what exists at `path`; nothing where nothing does.
     std::optional<struct stat> Look(const QString& path);
     /// Opens the file at `path` for reading, without a trace on its device. Does not wait for the
     /// other end of a pipe.

@@ -15,7 +15,7 @@ struct IteratorCloser {
     void operator()(libmnt_iter* iterator) const { mnt_free_iter(iterator); }
 };
 
-/// 0 for two mounts at the same folder, as libmount wants it told.
+/// 0 for two mounts at the same folder, as libmount expects it.
 int DiffersInFolder(libmnt_table*, libmnt_fs* one, libmnt_fs* other) {
     return qstrcmp(mnt_fs_get_target(one), mnt_fs_get_target(other));
 }

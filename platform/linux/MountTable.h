@@ -19,7 +19,7 @@ struct Mount {
 };
 
 /// The mounts in mount order, without those that a later one at the same folder hides. Lines that
-/// make no sense are passed over; a table that cannot be read is empty. No mount is asked about
-/// itself, as QStorageInfo::mountedVolumes does: one whose server or disk hangs would stop the
-/// window.
+/// make no sense are skipped; a table that cannot be read is empty. Unlike
+/// QStorageInfo::mountedVolumes this asks no mount itself: one whose server or disk hangs would
+/// block the window.
 std::vector<Mount> ReadMountTable(const QString& file);

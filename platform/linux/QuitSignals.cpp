@@ -11,7 +11,7 @@ volatile std::sig_atomic_t writeEnd = -1;
 
 void Tell(int) {
     const int error = errno;
-    // A full pipe has told it already.
+    // If the pipe is full, an earlier signal is about to be reported.
     [[maybe_unused]] const ssize_t written = ::write(writeEnd, "", 1);
     errno = error;
 }
@@ -32,7 +32,7 @@ void Handle(int signal, void (*handler)(int)) {
 QuitSignals::QuitSignals(std::function<void()> asked) : m_asked(std::move(asked)) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
-        return; // the signals end the program at once
+        return; // the signals then end the program at once
     }
     m_readEnd = FileDescriptor(ends[0]);
     m_writeEnd = FileDescriptor(ends[1]);

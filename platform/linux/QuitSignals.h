@@ -18,7 +18,7 @@ public:
     QuitSignals& operator=(const QuitSignals&) = delete;
 
 private:
-    /// A pipe: next to nothing may be done where a signal strikes, but a byte may be written.
+    /// A pipe: a signal handler may do next to nothing, but it may write a byte.
     FileDescriptor m_readEnd, m_writeEnd;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::function<void()> m_asked;

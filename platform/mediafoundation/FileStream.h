@@ -5,5 +5,5 @@
 
 #include <memory>
 
-/// A file as COM reads it. It can be closed under COM's hands at any moment.
+/// A file for COM to read. It can be closed at any moment, even during a read.
 ComPointer<IStream> NewFileStream(std::shared_ptr<MediaFile> file);

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// Releases what COM has given.
+/// Releases an object of COM.
 struct Release {
     template <class Object>
     void operator()(Object* object) const {
@@ -18,8 +18,8 @@ struct Release {
 template <class Object>
 using ComPointer = std::unique_ptr<Object, Release>;
 
-/// Media Foundation's functions, found when the program runs: there are editions of Windows
-/// without.
+/// Media Foundation's functions, looked up when they are needed: some editions of Windows lack
+/// them.
 struct MediaFoundation {
     decltype(&::MFStartup) Startup = nullptr;
     decltype(&::MFShutdown) Shutdown = nullptr;
@@ -28,6 +28,6 @@ struct MediaFoundation {
     HRESULT(WINAPI* CreateByteStream)(IStream*, IMFByteStream**) = nullptr;
     decltype(&::MFCreateSourceReaderFromByteStream) CreateSourceReader = nullptr;
 
-    /// Null where this Windows has none.
+    /// Null where this Windows lacks them.
     static const MediaFoundation* Find();
 };

@@ -27,6 +27,6 @@ public:
 private:
     std::shared_ptr<MediaSession> m_session;
     int m_volume = 100;
-    /// As it was when it was last asked for.
+    /// What State has last returned.
     mutable Playback m_state;
 };

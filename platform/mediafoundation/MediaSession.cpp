@@ -86,7 +86,7 @@ void MediaSession::SetVolume(int percent) {
     m_woken.notify_all();
 }
 
-/// The thread.
+/// What the thread runs.
 void MediaSession::Run() {
     const MediaFoundation* functions = MediaFoundation::Find();
     const HRESULT entered = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
@@ -148,7 +148,7 @@ void MediaSession::Play(MediaSource& source) {
     }
 }
 
-/// Does what the user wished meanwhile. False where nothing is played any more.
+/// Does what the user has asked for meanwhile. False once nothing is to be played any more.
 bool MediaSession::TakeWishes(MediaSource& source, SoundOutput* sound) {
     std::unique_lock lock(m_mutex);
     if (m_isStopped) {
@@ -214,7 +214,7 @@ void MediaSession::ShowFilm(MediaSource& source) {
     }
 }
 
-/// What is heard, or would be, at this moment.
+/// The position that is heard at this moment, or would be if there were sound.
 double MediaSession::Clock(const SoundOutput* sound) const {
     if (sound != nullptr && !(m_soundEnded && sound->Waiting() == 0 && !m_filmEnded)) {
         return std::max(0.0, m_queuedTo - sound->Waiting());

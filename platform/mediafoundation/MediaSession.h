@@ -13,8 +13,8 @@
 #include <mutex>
 #include <optional>
 
-/// Plays one file, on a thread of its own, which shares it and may outlive its user where a device
-/// keeps it waiting.
+/// Plays one file on a thread of its own. The thread shares the session, and may outlive its user
+/// while a device hangs.
 class MediaSession {
 public:
     /// `changed` and `frameReady` are called in the thread that makes this, until Stop.
@@ -47,7 +47,7 @@ private:
     const QString m_suffix;
     const std::function<void()> m_changed, m_frameReady;
 
-    /// Guards what both threads use, down to the gap.
+    /// Guards what both threads use, down to the blank line.
     mutable std::mutex m_mutex;
     std::condition_variable m_woken;
     /// Brings events to the user's thread; null after Stop.
@@ -60,11 +60,11 @@ private:
     bool m_volumeIsNew = true;
     std::optional<double> m_wishedPosition;
 
-    // The thread's own: what was read but is not to be heard or seen yet, and what there is no more
-    // of.
+    // Used by the thread alone: the picture that was read but is not due yet, and which streams
+    // have ended.
     std::optional<MediaSource::Frame> m_nextFrame;
     bool m_soundEnded = false, m_filmEnded = false;
-    /// Up to where sound was queued; and, without sound, the position at a moment.
+    /// Up to where sound was queued; the position, and at which moment it was reached.
     double m_queuedTo = 0;
     double m_position = 0;
     qint64 m_positionAt = 0;

@@ -6,8 +6,8 @@
 #include <condition_variable>
 #include <mutex>
 
-/// A file that the player's threads read, and that can be closed under their hands at any moment.
-/// It is opened for reading only.
+/// A file that the player's threads read. It can be closed at any moment, even during a read. It is
+/// opened for reading only.
 class MediaFile {
 public:
     /// Opens the file of that path of the operating system.
@@ -23,8 +23,8 @@ public:
     /// Goes to a 0-based position; returns it, or -1.
     qint64 Seek(qint64 position);
 
-    /// Closes the file. A read that a dying device keeps waiting is not waited for long: the file
-    /// is then closed as soon as it ends, and this is false.
+    /// Closes the file. Does not wait long for a read that hangs: then the file is closed when the
+    /// read ends, and this returns false.
     bool Close();
 
 private:

@@ -14,8 +14,7 @@ struct Playback {
     enum class Picture { None, Film, Cover };
 
     Stage At = Stage::Empty;
-    /// What the user can do about it where the file cannot be played; empty where that is not
-    /// known.
+    /// What the user can do about a file that cannot be played; empty where that is not known.
     QString Why;
     Picture Shows = Picture::None;
     /// The natural size in pixels, as the picture is to be seen; empty until its first frame has

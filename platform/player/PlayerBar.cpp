@@ -32,12 +32,12 @@ QString TimeText(double time) {
                       : QString::number(hours) + u':' + twoDigits(minutes) + end;
 }
 
-/// What the slider makes of seconds.
+/// The slider counts milliseconds.
 int Milliseconds(double time) {
     return static_cast<int>(std::min(time * 1000, 2e9));
 }
 
-/// The style's own icons are black, which a dark window would swallow.
+/// The style's own icons are black, and could not be seen in a dark window.
 QPixmap TintedIcon(const QWidget& widget, QStyle::StandardPixmap which) {
     const QIcon icon = widget.style()->standardIcon(which, nullptr, &widget);
     QPixmap pixmap = icon.pixmap(QSize(iconSize, iconSize), widget.devicePixelRatio());
@@ -119,7 +119,7 @@ void PlayerBar::Show(const Playback& playback) {
     m_play->setEnabled(open);
     m_position->setEnabled(open && playback.Duration > 0);
     ShowPlaying(open && !playback.Paused);
-    // The last picture begins before the end, at which the slider belongs all the same.
+    // The last picture begins before the end, but the slider is to stand at the end.
     const double position = playback.AtEnd ? playback.Duration : playback.Position;
     ShowTime(open ? position : 0, open ? playback.Duration : 0);
     ShowFittingControls();
@@ -148,7 +148,7 @@ void PlayerBar::ShowTime(double position, double duration) {
 
     const QString ofAll = duration > 0 ? u" / "_s + TimeText(duration) : QString();
     m_time->setText(TimeText(position) + ofAll);
-    // The slider must not twitch with every digit.
+    // Room for the widest time, so that the slider keeps its width.
     const QString widest = TimeText(std::max(position, duration)) + ofAll;
     m_time->setMinimumWidth(m_time->fontMetrics().horizontalAdvance(widest) + 2);
 }

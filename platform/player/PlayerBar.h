@@ -11,7 +11,7 @@ class QLabel;
 class QToolButton;
 
 /// The bar below the picture: play and pause, the position, the time and the volume; or a message
-/// in their place. In a narrow bar the less needed of them are missing.
+/// in their place. A narrow bar leaves out the volume, and then the time.
 class PlayerBar : public QWidget {
 public:
     std::function<void()> PlayPausePressed;
@@ -46,6 +46,6 @@ private:
     QLabel* m_message;
     bool m_playing = false;
     bool m_failed = false;
-    /// The position is being shown, not chosen.
+    /// The position is being shown, not chosen by the user.
     bool m_showingTime = false;
 };

@@ -9,8 +9,9 @@
 #include <functional>
 #include <memory>
 
-/// What plays behind the player's window. It reads the one file it is given through us and opens
-/// nothing else, whatever that file refers to. Nothing here waits, except where it says so.
+/// What plays behind the player's window. It reads the one file that it is given, through
+/// MediaFile, and opens nothing else, whatever that file refers to. No function waits unless it
+/// says so.
 class PlayerEngine {
 public:
     /// Raised when State has changed, in the thread that creates the engine.

@@ -104,7 +104,7 @@ void PlayerWidget::Stop() {
     ShowState();
     if (hangs) {
         m_area->SetEngine(nullptr);
-        m_player.reset(); // the next file gets another one
+        m_player.reset(); // the next file gets a new one
     }
 }
 

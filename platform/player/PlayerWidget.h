@@ -17,7 +17,7 @@ class PlayerWidget : public QWidget {
 public:
     /// How long Open waits until the file is known, in milliseconds.
     int Patience = 2000;
-    /// The file became known after Open had given up waiting; its size may be another one now.
+    /// The file became known after Open had given up waiting; its size may have changed.
     std::function<void()> KnownLate;
     /// The widget that holds the player has another size.
     std::function<void()> ParentResized;

@@ -23,7 +23,7 @@ void VideoArea::SetContent(const Playback& playback) {
 void VideoArea::FrameReady() {
     m_stale = true;
     if (visibleRegion().isEmpty() || window()->isMinimized()) {
-        m_engine->Skip(); // nobody will ask for it, and the player would wait
+        m_engine->Skip(); // nothing will draw it, and the player would wait
     } else {
         update();
     }

@@ -4,7 +4,8 @@
 
 namespace {
 
-/// Files that are fetched from the network when they are first read are marked as links are.
+/// Not every tag is a link's: files that are fetched from the network when they are first read have
+/// one, too.
 bool IsLink(HANDLE file) {
     FILE_ATTRIBUTE_TAG_INFO info{};
     return !GetFileInformationByHandleEx(file, FileAttributeTagInfo, &info, sizeof info) ||

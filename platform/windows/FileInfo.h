@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-/// What the system tells about an open file or folder.
+/// What the system reports about an open file or folder.
 struct FileInfo {
     BY_HANDLE_FILE_INFORMATION Facts{};
     /// A symbolic link or a junction, or a folder at which another volume is mounted.
@@ -25,11 +25,11 @@ struct FileInfo {
 
 enum class Links { Follow, Keep };
 
-/// Opens what stands at `path` to be asked about, but neither read nor written.
+/// Opens what is at `path` only to ask about it, not to read or write.
 WindowsHandle OpenToLook(const std::wstring& path, Links links);
 
-/// Throws RuntimeError where the system does not tell.
+/// Throws RuntimeError where the system does not report it.
 FileInfo InfoOf(HANDLE file);
 
-/// What stands at `path`; nothing where nothing does, or where the system does not tell.
+/// What is at `path`; nothing where nothing is, or where the system does not report it.
 std::optional<FileInfo> Look(const std::wstring& path, Links links = Links::Follow);

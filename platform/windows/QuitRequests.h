@@ -8,7 +8,7 @@
 /// close the windows only after the system has stopped waiting.
 class QuitRequests {
 public:
-    /// Calls `asked`, which must have ended all that must not be torn off when it returns.
+    /// Calls `asked`; once that returns, the system may end the program at any moment.
     explicit QuitRequests(std::function<void()> asked);
 
 private:

@@ -29,7 +29,7 @@ std::wstring FinalPathOf(const std::wstring& folder) {
     return size > 0 && size < path.size() ? std::wstring(path.data(), size) : folder;
 }
 
-/// Drives of USB say of themselves that they stay, but can be taken out all the same.
+/// USB drives may call themselves fixed, but can be taken out all the same.
 bool HangsOnUsb(const std::wstring& root) {
     std::array<wchar_t, 64> volume{};
     if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume.data(), volume.size())) {
@@ -74,9 +74,9 @@ bool IsRemovableVolume(const std::wstring& root) {
 bool IsOnIpodVolume(const std::wstring& folder) {
     const std::wstring root = VolumeOf(folder);
     if (root.empty()) {
-        return true; // nobody can tell, and nothing is to change on one
+        return true; // unknown, and on an iPod nothing may be changed
     }
-    // Another computer's share may be an iPod, too; this computer's own disks are none.
+    // Another computer's share may be an iPod, too; this computer's own disks are not.
     if (GetDriveTypeW(root.c_str()) != DRIVE_REMOTE && !IsRemovableVolume(root)) {
         return false;
     }

@@ -5,10 +5,10 @@
 /// The volumes that hold folders, by whatever path, link or mounted folder they are reached.
 
 /// The topmost folder of the volume that holds an existing folder, as "E:\"; empty where the system
-/// does not tell.
+/// does not report it.
 std::wstring VolumeOf(const std::wstring& folder);
 
-/// Whether the volume of that topmost folder can be taken out or hangs on USB.
+/// Whether the volume of that topmost folder can be taken out or is connected by USB.
 bool IsRemovableVolume(const std::wstring& root);
 
 /// Whether an existing folder lies on an iPod.

@@ -1,7 +1,7 @@
 #pragma once
 
-// The system's header, with as little of it as it lets one ask for. What it defines as macros in
-// the names of our own functions is taken back; the functions that it means end in "W".
+// The system's header, cut down as far as it allows. Macros with the names of our own functions are
+// undefined again; the system's functions behind them end in "W".
 
 #ifndef NOMINMAX
 #define NOMINMAX

@@ -17,8 +17,8 @@
 
 namespace {
 
-/// A device that delivers a megabyte a second needs a quarter of one for these, and a stop is
-/// heeded between two of them; larger ones are not copied faster.
+/// A device that delivers a megabyte a second needs a quarter of a second for such a block, and a
+/// stop takes effect between two; larger blocks are not copied faster.
 constexpr DWORD BlockSize = 256 << 10;
 
 std::wstring PartPath(const std::wstring& folder) {
@@ -61,8 +61,8 @@ qint64 TransferBytes(HANDLE source, const WriteBlock& write, qint64 size,
     return copied;
 }
 
-/// The file, beside the target, into which a copy goes. It goes when it is closed, be it by the end
-/// of a program that was killed, unless it has got its final name.
+/// The file, beside the target, into which a copy is written. Unless it has its final name, the
+/// system deletes it when it is closed, even by a kill.
 class PartFile {
 public:
     explicit PartFile(const std::wstring& folder) {
@@ -85,7 +85,7 @@ public:
         }
     }
 
-    /// Closes it, and with that removes it, unless its thread hangs in writing it.
+    /// Closes and so deletes it, unless its thread hangs in writing it.
     void GiveUp() {
         const std::unique_lock lock(m_mutex, std::try_to_lock);
         if (lock.owns_lock() && m_file.IsOpen()) {
@@ -97,8 +97,8 @@ public:
     void TakeTime(const FileInfo& source) {
         SetFileTime(m_file.Get(), nullptr, nullptr, &source.Facts.ftLastWriteTime);
     }
-    /// Over a network what went wrong in writing is told only now. On the computer's own disks this
-    /// would wait for the disk.
+    /// Over a network, failed writes are reported only now. On the computer's own disks this would
+    /// wait for the disk.
     void RequireWritten(const std::wstring& folder) {
         const bool isFarAway = folder.starts_with(L"\\\\?\\UNC\\") ||
                                GetDriveTypeW(folder.substr(4, 3).c_str()) == DRIVE_REMOTE;
@@ -115,7 +115,7 @@ public:
     }
 
 private:
-    /// Nobody else may open it, so that no other copy writes it or takes its name away.
+    /// No other program may open it, so that no other copy writes it or takes its name away.
     static WindowsHandle Create(const std::wstring& path) {
         constexpr DWORD access = GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE;
         return WindowsHandle(CreateFileW(path.c_str(), access, 0, nullptr, CREATE_NEW,
@@ -147,7 +147,7 @@ bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing exi
         source.File, [&part](const char* bytes, DWORD size) { part->Write(bytes, size); },
         std::numeric_limits<qint64>::max(), control);
     if (!control.IsStopped() && copied < source.Info.Length()) {
-        throw RuntimeError(ErrorNumber::DeviceIOError); // it has lost its end meanwhile
+        throw RuntimeError(ErrorNumber::DeviceIOError); // it has become shorter meanwhile
     }
     if (control.IsStopped()) {
         return false;
@@ -182,7 +182,7 @@ void CheckTarget(const TargetPlace& target, Existing existing) {
     if (!found.IsOpen()) {
         ThrowCreationError(found.Error());
     }
-    // A link itself is replaced, but only where what it leads to might be.
+    // A link itself is replaced, but only if the file that it leads to may be, too.
     FileInfo info = InfoOf(found.Get());
     bool leadsNowhere = false;
     if (info.IsLink) {
@@ -199,7 +199,7 @@ void CheckTarget(const TargetPlace& target, Existing existing) {
     if (!leadsNowhere && info.IsReadOnly()) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
-    // What a replacement takes: also that no program holds the file open.
+    // What a replacement needs; it fails also while another program holds the file open.
     const WindowsHandle held(
         CreateFileW(path.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                     nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));

@@ -5,7 +5,7 @@
 
 #include <string>
 
-/// Copying one file whole, so that its target is seen only when all bytes are there.
+/// Copying one file whole: its target appears only when all bytes are there.
 
 /// Where something is to be made or replaced.
 struct TargetPlace {
@@ -16,7 +16,7 @@ struct TargetPlace {
     std::wstring Path() const;
 };
 
-/// A regular file that is open for reading, and what the system told about it.
+/// A regular file that is open for reading, and what the system reported about it.
 struct OpenSource {
     HANDLE File;
     const FileInfo& Info;
@@ -45,5 +45,5 @@ void RemoveLeftover(const std::wstring& folder);
 /// same, but wine cannot.
 DWORD Rename(HANDLE file, const std::wstring& target, Existing existing);
 
-/// Whether an open file goes when it is closed, be it because its program was killed.
+/// Sets whether an open file is deleted when it is closed, even by a kill.
 bool SetGoesWhenClosed(HANDLE file, bool goes);

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Opens something to be deleted. Of a folder nobody can make a link, or put one in its place, as
-/// long as it is open so.
+/// Opens something to be deleted. As long as a folder is open like this, it cannot be replaced by a
+/// link.
 WindowsHandle OpenToDelete(const std::wstring& path) {
     constexpr DWORD access = FILE_LIST_DIRECTORY | FILE_READ_ATTRIBUTES | DELETE | SYNCHRONIZE;
     constexpr DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;

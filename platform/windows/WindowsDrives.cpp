@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What a drive may take to answer; its motor may have to start first, but the window waits.
+/// How long a drive may take to answer. A motor that starts may take longer, but the window waits.
 constexpr auto Patience = 300ms;
 
 std::wstring RootOf(QChar letter) {
@@ -23,7 +23,7 @@ std::wstring RootOf(QChar letter) {
 } // namespace
 
 WindowsDrives::WindowsDrives() {
-    // A drive without a medium shall be an error and no box over the window.
+    // A drive without a medium is to be an error, not a box over the window.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
@@ -35,7 +35,7 @@ std::vector<Drive> WindowsDrives::Drives() {
         if ((letters & (1u << i)) == 0) {
             continue;
         }
-        // Floppy drives are left alone: each look would start their motor.
+        // Not floppy drives: each look would start their motor.
         const bool isAsked = letter > u'B' && IsRemovableVolume(RootOf(letter));
         if (!isAsked || Ask(letter) != nullptr) {
             drives.push_back({letter, letter + u":"_s});
@@ -60,8 +60,8 @@ QString WindowsDrives::VolumeName(const Drive& drive) {
     return answer->Label;
 }
 
-/// What a drive answers; null where it does not in time. Then the answer counts when it comes, and
-/// the drive is not asked again before.
+/// A drive's answer; null if it does not come in time. The drive is then not asked again before it
+/// has answered.
 std::shared_ptr<const WindowsDrives::Answer> WindowsDrives::Ask(QChar letter) {
     if (const auto open = m_open.value(letter)) {
         return open->IsThere ? m_open.take(letter) : nullptr;

@@ -8,16 +8,16 @@
 #include <atomic>
 #include <memory>
 
-/// The drives that have a letter. What has to be read from a removable drive is asked on a thread:
-/// one that does not answer within a moment is not listed until it has.
+/// The drives that have a letter. What has to be read from a removable drive is read on a thread:
+/// one that does not answer at once is not listed until it has.
 class WindowsDrives : public DriveService {
 public:
     WindowsDrives();
 
     /// In the order of their letters.
     std::vector<Drive> Drives() override;
-    /// Whether it can be taken out, or hangs on USB. Throws DeviceUnavailable for a drive that is
-    /// gone.
+    /// Whether it can be taken out, or is connected by USB. Throws DeviceUnavailable for a drive
+    /// that is gone.
     bool IsRemovable(const Drive& drive) override;
     /// The file system's label. Throws DeviceUnavailable for a drive that is gone or does not
     /// answer.

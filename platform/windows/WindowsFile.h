@@ -15,15 +15,15 @@ public:
     void Read(char* buffer, qint64 size) override;
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override;
     void Truncate(qint64 size) override;
-    /// One that was opened for writing stays open beneath, so that nobody else takes it before it
-    /// has its final name.
+    /// A file that was opened for writing stays open for the system, so that no other program takes
+    /// it before it has its final name.
     void Close() override;
     void TakeModificationTime(BinaryFile& source) override;
 
     HANDLE Get() const { return m_file.Get(); }
-    /// Whether it stands under the name that it was opened by.
+    /// Whether it still has the name that it was opened by.
     bool HasItsName() const { return m_file.IsOpen(); }
-    /// It was renamed or deleted, and is everybody's from now on.
+    /// To be called when it was renamed or deleted: from now on other programs may open it.
     void LetGo() { m_file.Close(); }
 
 private:
@@ -31,7 +31,7 @@ private:
     Use m_use;
 };
 
-/// The one service that makes files here makes no others. Throws std::bad_cast for any other.
+/// A service is given only files that it has opened itself. Throws std::bad_cast for others.
 inline WindowsFile& AsWindowsFile(BinaryFile& file) {
     return dynamic_cast<WindowsFile&>(file);
 }

@@ -75,7 +75,7 @@ void WindowsFileSystem::DeleteFolder(const QString& path, const CopyControl& con
     if (!FolderExists(path)) {
         throw RuntimeError(ErrorNumber::PathNotFound);
     }
-    if (!Paths::ParentFolder(path).isEmpty()) { // else it is a drive's topmost one, and stays
+    if (!Paths::ParentFolder(path).isEmpty()) { // a drive's topmost folder stays
         DeleteTree(PlaceToChange(path).Path(), control);
     }
 }
@@ -92,13 +92,13 @@ void WindowsFileSystem::ReadAhead(const QString& path) {
     try {
         if (!path.isEmpty()) {
             file = OpenRegular(path);
-            std::vector<char> beginning(size_t{256} << 10); // goes into the system's own memory
+            std::vector<char> beginning(size_t{256} << 10); // read only for the system's cache
             DWORD count = 0;
             ReadFile(file.Get(), beginning.data(), static_cast<DWORD>(beginning.size()), &count,
                      nullptr);
         }
     } catch (const RuntimeError&) {
-        file.Close(); // it is told in its turn
+        file.Close(); // reported when its turn comes
     }
     const std::lock_guard lock(m_mutex);
     std::swap(m_ahead, file);
@@ -160,7 +160,7 @@ void WindowsFileSystem::RemoveLeftovers(const QString& folder) {
     try {
         RemoveLeftover(*place);
     } catch (const RuntimeError&) {
-        // The next copy into this folder says what is wrong with it.
+        // The next copy into this folder reports it.
     }
 }
 
@@ -196,7 +196,7 @@ std::unique_ptr<BinaryFile> WindowsFileSystem::OpenForReadingAndWriting(const QS
         ThrowCreationError(file.Error());
     }
     const FileInfo info = InfoOf(file.Get());
-    // Neither where a link leads nor the second name of some other file may take the bytes.
+    // The bytes must not go where a link leads, nor into a file that is known by another name.
     if (info.IsLink || info.Facts.nNumberOfLinks > 1) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
@@ -235,7 +235,7 @@ double WindowsFileSystem::FreeBytes(const QString& path) {
     return static_cast<double>(bytes.QuadPart);
 }
 
-/// The file as it was opened ahead, else opened now, at its beginning.
+/// The file that was opened ahead, or else opened now, at its beginning.
 WindowsHandle WindowsFileSystem::TakeRegular(const QString& path) {
     WindowsHandle file;
     {
@@ -297,7 +297,8 @@ std::optional<std::wstring> WindowsFileSystem::NearestFolder(const QString& path
     return SystemPath(folder);
 }
 
-/// Throws what reading a file raises: a file is missing in a folder that exists, or its folder is.
+/// Throws the error of opening a file; a missing one is FileNotFound, or PathNotFound if its folder
+/// is missing.
 void WindowsFileSystem::ThrowOpeningError(const QString& path, DWORD error) {
     if (!IsMissing(error)) {
         ThrowError(error);

@@ -14,8 +14,7 @@ std::optional<std::wstring> SystemPath(const QString& path);
 
 /// Whether every program could open a file of that name, and would open no other: no character that
 /// the system refuses, no half of a surrogate pair, no dot or blank at the end, no device's name.
-/// Literal paths reach more than these, but "..", "NUL.mp3" or "song.mp3:stream" shall lead
-/// nowhere.
+/// Literal paths reach more than these, but "..", "NUL.mp3" or "song.mp3:stream" must lead nowhere.
 bool IsUsableName(const QString& name);
 
 /// The topmost folder of the drive or share of a path, as the system is given it and as some of its

@@ -30,7 +30,7 @@ TEST(ListWidths, AListBelowItsFloorTakesFromTheOthers) {
         {"the floor wins over the window's width", {320, 320, 100}, {320, 320, 315}},
         {"the artists ask the songs first", {215, 330, 1000}, {315, 330, 900}},
         {"the albums ask the songs, then the artists", {1000, 215, 330}, {900, 315, 330}},
-        // The songs have enough. The artists take their 110 from them; nobody is left for the
+        // The songs have enough. The artists take their 110 from them; none is left to give to the
         // albums. Any other order of the three ends with other widths.
         {"songs, artists, albums", {205, 235, 415}, {315, 315, 305}},
     };

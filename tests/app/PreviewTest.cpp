@@ -115,7 +115,7 @@ TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRowInAWindowOfItsSizeAndName) {
     EXPECT_TRUE(messages.Shown.empty());
 }
 
-TEST_F(PreviewTest, AWindowThatIsClosedWhileTheDeviceIsAskedPlaysAndTellsNothing) {
+TEST_F(PreviewTest, AWindowThatIsClosedWhileTheDeviceIsAskedPlaysAndReportsNothing) {
     files.BeforeCall = [](const FakeFileSystem::RecordedCall&) { throw OperationStopped(); };
     PreviewRow(1);
     EXPECT_EQ(player.Sources, QStringList());

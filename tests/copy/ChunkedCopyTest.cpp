@@ -58,7 +58,7 @@ protected:
 
 } // namespace
 
-TEST_F(ChunkedCopyTest, AFileIsCopiedInChunksOfWhichTheLastOneYieldsNoMore) {
+TEST_F(ChunkedCopyTest, AFileIsCopiedInChunksWithAYieldAfterEachButTheLast) {
     struct Case {
         qint64 Length;
         std::vector<qint64> Chunks, Ends;
@@ -82,7 +82,7 @@ TEST_F(ChunkedCopyTest, AFileIsCopiedInChunksOfWhichTheLastOneYieldsNoMore) {
     }
 }
 
-TEST_F(ChunkedCopyTest, CancelDuringAChunkWritesThatChunkWholeAndLeavesTheDestination) {
+TEST_F(ChunkedCopyTest, ACancelledCopyEndsAfterItsChunkAndLeavesTheDestination) {
     files.AddFile(Source, "0123456789");
     files.AddFile(Target, "old film");
     for (const auto& [yield, written] : {std::pair(1, "0123"), std::pair(2, "01234567")}) {

@@ -36,7 +36,7 @@ protected:
         }
     }
 
-    /// The user has closed the window by the first call of this kind.
+    /// The user closes the window before the first call of this kind.
     void CloseBefore(FileCall kind) {
         files.BeforeCall = [this, kind](const FakeFileSystem::RecordedCall& call) {
             job.CUnload = job.CUnload || call.Call == kind;

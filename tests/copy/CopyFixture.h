@@ -14,7 +14,7 @@ inline QString Text(const char* text) {
     return QString::fromUtf8(text);
 }
 
-/// What a job says that has come to its end.
+/// The message of a completed job.
 extern const ShownMessage Completed;
 
 /// What the user does at one prompt for an existing file.

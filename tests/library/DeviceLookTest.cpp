@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The iPods E and F, of which E takes its time to answer.
+/// The iPods E and F. E does not answer until Answers is set.
 class DeviceLooks : public DevicesWindow {
 protected:
     DeviceLooks() {
@@ -29,7 +29,7 @@ protected:
         };
     }
 
-    /// Nobody asks any more when the files go.
+    /// The files must outlive every question.
     ~DeviceLooks() override {
         Answers = true;
         while (Answered < Asked) {
@@ -61,7 +61,7 @@ protected:
                          DeviceControlsOf(Window.Controls)};
 };
 
-TEST_F(DeviceLooks, ADriveThatDoesNotAnswerIsPassedOverAndAskedAgainWhenItHasAnswered) {
+TEST_F(DeviceLooks, ADriveThatDoesNotAnswerIsSkippedAndAskedAgainOnceItHasAnswered) {
     EXPECT_EQ(Listed(), QStringList{u"(F:) OTHER"_s});
     EXPECT_EQ(Listed(), QStringList{u"(F:) OTHER"_s});
     EXPECT_EQ(Asked, 1);
@@ -78,7 +78,7 @@ TEST_F(DeviceLooks, ADriveWhoseLibraryIsShownStaysWhileItsDiskStarts) {
     EXPECT_EQ(Music.Library.TrackCount, 1);
 }
 
-TEST_F(DeviceLooks, AChosenDriveThatDoesNotAnswerIsLostAndOneOfAClosedWindowIsNotTold) {
+TEST_F(DeviceLooks, AChosenDriveThatDoesNotAnswerIsReportedLostUnlessTheWindowIsClosed) {
     Answers = true;
     EXPECT_EQ(Listed().size(), 2);
     Answers = false;

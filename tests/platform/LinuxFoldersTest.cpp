@@ -178,5 +178,5 @@ TEST_F(FoldersFixture, NoFolderIsCreatedWhosePathWouldBeTooLongToFindAgain) {
     const qsizetype room = 4095 - nativePath.size();
     EXPECT_EQ(CreationError(nativePath + u'/' + QString(room, u'f')), 70);
     EXPECT_EQ(CreationError(nativePath + u'/' + QString(room - 1, u'f')), 0);
-    m_files.DeleteFolder(u"E:\\"_s + QString(250, u'd'), {}); // nobody else could
+    m_files.DeleteFolder(u"E:\\"_s + QString(250, u'd'), {}); // too deep for others to delete
 }

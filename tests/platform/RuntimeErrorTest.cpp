@@ -43,7 +43,7 @@ TEST(RuntimeErrorText, IsFixedForEveryNumberInUse) {
     EXPECT_EQ(TextOf(76), "Path not found");
 }
 
-TEST(RuntimeErrorText, CanBeGivenInItsPlace) {
+TEST(RuntimeErrorText, CanBeAnotherThanThatOfTheNumber) {
     const RuntimeError error(ErrorNumber(11), u"database disk image is malformed"_s);
     EXPECT_EQ(int(error.Number), 11);
     EXPECT_EQ(error.Description, u"database disk image is malformed"_s);

@@ -85,7 +85,7 @@ TEST_F(WindowsFiles, AStoppedCopyLeavesNothing) {
     EXPECT_EQ(NamesIn(Folder), QStringList(u"Song.mp3"_s));
 }
 
-TEST_F(WindowsFiles, AFileThatAnotherProgramHoldsIsNotReplacedAndToldBeforeTheCopy) {
+TEST_F(WindowsFiles, AFileThatAnotherProgramHoldsIsNotReplacedAndThatIsReportedBeforeTheCopy) {
     const WindowsHandle held = Hold(Copy, GENERIC_READ, FILE_SHARE_READ);
     EXPECT_EQ(CopyError(Copy, Existing::Replace), 70);
     EXPECT_EQ(NumberOf([&] { Files.RequireTarget(Copy, Existing::Replace); }), 70);
