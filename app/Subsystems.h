@@ -39,9 +39,9 @@ struct Subsystems {
     SelectionSummary Summary;
     Search WordSearch;
     CheckPropagation Checks;
+    PatientFileSystem CopyFiles;
     Destination Target;
     OverwritePrompt Prompt;
-    PatientFileSystem CopyFiles;
     CopyJob Job;
 
 private:

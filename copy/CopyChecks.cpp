@@ -4,10 +4,22 @@
 #include "copy/CopyJob.h"
 
 #include "platform/Paths.h"
+#include "platform/ScopeGuard.h"
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+/// Keeps the window alive meanwhile: the destination's disk may have to start first, or hang.
+bool CopyJob::ChecksPass() {
+    m_files.MayGoOn = [this] { return m_events.YieldHoldingInput(); };
+    const ScopeGuard over([this] { m_files.MayGoOn = nullptr; });
+    try {
+        return DestinationIsReady();
+    } catch (const OperationStopped&) {
+        return false; // the window is about to close
+    }
+}
 
 bool CopyJob::DestinationIsReady() {
     const QString folder = m_controls.txtDestination.Text();

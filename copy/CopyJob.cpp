@@ -40,7 +40,7 @@ void CopyJob::cmdCopy_Click() {
     // Else a close of the window in an earlier job would turn Cancel into the question to quit.
     CUnload = false;
     m_place = {};
-    if (!DestinationIsReady()) {
+    if (!ChecksPass()) {
         return;
     }
     ScopeGuard cleanup([this] { Cleanup(); });

@@ -84,6 +84,7 @@ private:
     };
 
     // Checks before a job.
+    bool ChecksPass();
     bool DestinationIsReady();
     void RefuseDestination(const QString& folder);
     bool OfferToCreate(const QString& folder);

@@ -38,6 +38,7 @@ protected:
             }
             ASSERT_TRUE(disk->IsMounted());
         }
+        MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     }
 
     void AddSongAndFilm(qsizetype length) {
@@ -93,7 +94,6 @@ protected:
 } // namespace
 
 TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
-    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const char* speed : {"speed=1000000", "speed=8000000", "speed=30000000"}) {
         SCOPED_TRACE(speed);
@@ -108,7 +108,6 @@ TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
 }
 
 TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
-    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const char* folder : {"Abba", "Abba/Live"}) {
         for (const char* stall : {"speed=1000000", "stall=read", "stall=write", "stall=change"}) {
@@ -140,8 +139,23 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
     m_folders.ExpectAllCopied();
 }
 
+TEST_F(SlowJob, ACloseDuringTheChecksIsNotHeldUpByADestinationThatHangs) {
+    AddSongAndFilm(10);
+    m_target.Be("stall=change");
+    RealJob job(m_folders, &m_worker);
+    job.form.txtDestination.SetText(m_folders.Destination + u"/new"_s);
+    job.events.IsClosed = true;
+    QElapsedTimer clock;
+    clock.start();
+    job.Press();
+    EXPECT_LT(clock.elapsed(), Soon + OfOthers);
+    EXPECT_EQ(job.messages.Texts(), QStringList());
+    EXPECT_FALSE(job.job.Copying);
+    m_target.Be("");
+    LetHangingThreadsEnd(job);
+}
+
 TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
-    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     m_device.Be("speed=2000000");
     RealJob job(m_folders, &m_worker);
@@ -161,7 +175,6 @@ TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
 }
 
 TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
-    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     AddSongAndFilm(1500000);
     for (const bool isSmall : {true, false}) {
         m_folders.Library.Artists[0].Albums[0].Checked = isSmall;
@@ -186,7 +199,6 @@ TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
 
 // SONGLIFT_WALKS says how many jobs, SONGLIFT_SEED repeats a run.
 TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow) {
-    MakeFolder(m_folders.Device + u"/iPod_Control/Music/F00"_s);
     for (int number = 0; number < 4; ++number) {
         AddSongAndFilm(300000);
     }
