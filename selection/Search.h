@@ -16,7 +16,8 @@ struct SearchControls {
     TabsControl& tbsFilter;
 };
 
-/// Whether every blank-separated word of `FindText` occurs in `InText`; case matters.
+/// Whether every blank-separated word of `FindText` occurs in `InText`; case matters. A search
+/// finds by the same rule, in names that it has lowered and words that it has split once.
 bool SplitSearch(const QString& FindText, const QString& InText);
 
 /// Narrows the lists to the records whose name holds every word typed and whose kind passes the
