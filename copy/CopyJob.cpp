@@ -86,6 +86,9 @@ void CopyJob::Start() {
     m_fileSize = 0;
     m_copying = {};
     m_copyMilliseconds = 0;
+    m_copiedAhead = 0;
+    m_namesAhead.clear();
+    m_failureAhead = nullptr;
     m_stop = Next::SameTrack;
     m_files.MayGoOn = [this] { return MayWait(); };
     m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());
@@ -118,8 +121,8 @@ CopyOptions CopyJob::Options() const {
 
 CopyJob::Next CopyJob::Walk(const std::vector<PlannedTrack>& plan) {
     for (auto planned = plan.begin(); planned != plan.end(); ++planned) {
-        const auto following = planned + 1;
-        m_ahead = following != plan.end() ? following->Track.Location : QString();
+        m_following = {planned + 1, plan.end()};
+        m_ahead = m_following.empty() ? QString() : m_following.front().Track.Location;
         if (const Next next = CopyTrack(*planned); next != Next::Step) {
             return next;
         }

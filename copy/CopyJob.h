@@ -16,7 +16,10 @@
 
 #include <QDeadlineTimer>
 
+#include <exception>
 #include <optional>
+#include <span>
+#include <vector>
 
 /// What the job needs of the platform.
 struct CopyServices {
@@ -106,8 +109,10 @@ private:
     Next CopyTrack(const PlannedTrack& planned);
     Next CountTrack();
     Next PutTrack(const PlannedTrack& planned);
-    Next PutNewFile(const TrackRecord& track, bool& isSettled);
-    Next MakeFolders(const QStringList& names);
+    Next PutNewFile(const PlannedTrack& planned, bool& isSettled);
+    bool CopyNewFile(const PlannedTrack& planned);
+    std::vector<FileToCopy> FilesToCopy(const PlannedTrack& planned);
+    Next EnterFolders(const QStringList& names);
     Next MakeFolder(const QString& name);
     void EnterFolder();
     void NameFile(const PlannedTrack& planned);
@@ -146,9 +151,8 @@ private:
     QString m_destRoot;
     /// The folder of the last track.
     QString m_enteredFolder;
-    /// The last track's folders: as the plan names them, if they could be made, and their paths.
+    /// The last track's folders as the plan names them, if they could be made.
     std::optional<QStringList> m_folderNamesOfLast;
-    QStringList m_foldersOfLast;
     /// What a stop request has led to; SameTrack while the job goes on.
     Next m_stop = Next::SameTrack;
     /// Until when what is left of a stopped file may be removed.
@@ -158,6 +162,13 @@ private:
     qint64 m_fileSize = 0;
     /// The file of the next track, until the copying of this one begins.
     QString m_ahead;
+    /// The tracks after the one at hand.
+    std::span<const PlannedTrack> m_following;
+    /// So many of them are copied, and their names and those of perhaps more.
+    size_t m_copiedAhead = 0;
+    QStringList m_namesAhead;
+    /// Why the next one is not.
+    std::exception_ptr m_failureAhead;
     /// How long the last file took.
     qint64 m_copyMilliseconds = 0;
     /// The bytes that the bar shows.

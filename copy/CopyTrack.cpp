@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,9 @@ constexpr qint32 LargeFileLimit = 50000000;
 /// Where a file takes fewer milliseconds than this, the next one is opened sooner than another
 /// thread has woken up to do it.
 constexpr qint64 ReadingAheadPays = 5;
+
+/// So many files at most are named before their turn: about as many as come until the next yield.
+constexpr size_t MostAhead = 100;
 
 } // namespace
 
@@ -48,36 +52,82 @@ CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
 
 /// Makes the folders of a track and puts its file there.
 CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
-    if (planned.Folders == m_folderNamesOfLast && planned.Track.FileSize <= LargeFileLimit) {
-        m_place.DestFolder = m_enteredFolder;
-        NameFile(planned);
+    const bool isSmall = planned.Track.FileSize <= LargeFileLimit;
+    bool isMade = false;
+    if (planned.Folders != m_folderNamesOfLast || !isSmall) {
+        if (const Next next = EnterFolders(planned.Folders); next != Next::Step) {
+            return next;
+        }
+        isMade = true;
+    }
+    m_place.DestFolder = m_enteredFolder;
+    NameFile(planned);
+    if (isSmall) {
         bool isSettled = false;
-        const Next next = PutNewFile(planned.Track, isSettled);
+        const Next next = PutNewFile(planned, isSettled);
         if (isSettled || next != Next::Step) {
             return next;
         }
     }
-    if (const Next next = MakeFolders(planned.Folders); next != Next::Step) {
-        return next;
+    if (!isMade) {
+        if (const Next next = EnterFolders(planned.Folders); next != Next::Step) {
+            return next;
+        }
     }
-    EnterFolder();
-    m_folderNamesOfLast = planned.Folders;
-    NameFile(planned);
     return PutFile(planned.Track);
 }
 
-/// Puts a file into the folder of the one before: usually that still exists, and holds no file of
-/// that name. `isSettled` is false where this is not so and more has to be done.
-CopyJob::Next CopyJob::PutNewFile(const TrackRecord& track, bool& isSettled) {
-    const QString target = m_place.DestFolder + m_place.FileName;
+/// Puts a file into a folder that usually exists and holds no file of that name. `isSettled` is
+/// false where this is not so and more has to be done.
+CopyJob::Next CopyJob::PutNewFile(const PlannedTrack& planned, bool& isSettled) {
     bool isTaken = false;
     bool isNew = true;
-    const auto copy = [&] {
-        isNew = m_files.CopyNewFile(m_foldersOfLast, track.Location, target, m_copying);
-    };
-    const Next next = CopyFile(track, Existing::Keep, copy, isTaken);
+    const auto copy = [&] { isNew = CopyNewFile(planned); };
+    const Next next = CopyFile(planned.Track, Existing::Keep, copy, isTaken);
     isSettled = isNew && !isTaken;
     return next;
+}
+
+/// False where the file would replace something, or its folder is gone. Together with it those that
+/// follow into the same folder are copied, as far as nobody could see or stop anything in between;
+/// when it is their turn they are there.
+bool CopyJob::CopyNewFile(const PlannedTrack& planned) {
+    if (m_copiedAhead == 0 && !m_failureAhead) {
+        const CopiedFiles copied =
+            m_files.CopyNewFiles(FilesToCopy(planned), m_events.MillisecondsToYield(), m_copying);
+        m_copiedAhead = copied.Count;
+        m_failureAhead = copied.Failure;
+    }
+    if (m_copiedAhead > 0) {
+        --m_copiedAhead;
+        return true;
+    }
+    if (m_failureAhead) {
+        std::rethrow_exception(std::exchange(m_failureAhead, nullptr));
+    }
+    return false;
+}
+
+/// The file at hand, and those that may be copied together with it.
+std::vector<FileToCopy> CopyJob::FilesToCopy(const PlannedTrack& planned) {
+    std::vector<FileToCopy> files = {
+        {planned.Track.Location, m_place.DestFolder + m_place.FileName}};
+    if (m_events.MillisecondsToYield() == 0 || m_copyMilliseconds >= ReadingAheadPays) {
+        return files;
+    }
+    for (const PlannedTrack& next : m_following.first(std::min(m_following.size(), MostAhead))) {
+        if (next.StartsFolder || next.Folders != planned.Folders ||
+            next.Track.FileSize > LargeFileLimit) {
+            break;
+        }
+        if (m_namesAhead.size() < static_cast<qsizetype>(files.size())) {
+            m_namesAhead += m_naming.MakeFileName(next.Name, next.Extension);
+        }
+        const QString& name = m_namesAhead[static_cast<qsizetype>(files.size()) - 1];
+        files.push_back({next.Track.Location, m_place.DestFolder + name});
+        m_fileSize += next.Track.FileSize;
+    }
+    return files;
 }
 
 CopyJob::Next CopyJob::CountTrack() {
@@ -85,8 +135,8 @@ CopyJob::Next CopyJob::CountTrack() {
     if (next != Next::Step) {
         return next;
     }
-    m_controls.prgCopy.SetValue(static_cast<float>(CopiedBytes));
     m_shownBytes = std::max(m_shownBytes, CopiedBytes);
+    m_controls.prgCopy.SetValue(static_cast<float>(m_shownBytes));
     const QString text = u"Copying files... "_s + QString::number(m_fileIndex) + u" of "_s +
                          QString::number(m_fileTotal);
     m_controls.lblMessage.SetCaption(text);
@@ -96,15 +146,16 @@ CopyJob::Next CopyJob::CountTrack() {
     return Next::Step;
 }
 
-CopyJob::Next CopyJob::MakeFolders(const QStringList& names) {
+CopyJob::Next CopyJob::EnterFolders(const QStringList& names) {
     m_place.DestFolder = m_destRoot;
     m_folderNamesOfLast.reset();
-    m_foldersOfLast.clear();
     for (const QString& name : names) {
         if (const Next next = MakeFolder(name); next != Next::Step) {
             return next;
         }
     }
+    EnterFolder();
+    m_folderNamesOfLast = names;
     return Next::Step;
 }
 
@@ -115,12 +166,12 @@ CopyJob::Next CopyJob::MakeFolder(const QString& name) {
     // A failure's message names the folder; a file that is copied again keeps its name.
     const QString fileName = std::exchange(m_place.FileName, fitting);
     // Every attempt looks for the folder again: a disk that is back may have it.
-    const Next next = Step([&] { EnsureFolder(m_files, folder); });
+    const Next next =
+        Step([&] { m_files.Do([folder](FileSystem& files) { EnsureFolder(files, folder); }); });
     m_place.FileName = fileName;
     if (next != Next::Step) {
         return next;
     }
-    m_foldersOfLast += folder;
     m_place.DestFolder = Paths::WithSeparator(folder);
     return Next::Step;
 }
@@ -130,8 +181,12 @@ CopyJob::Next CopyJob::MakeFolder(const QString& name) {
 void CopyJob::EnterFolder() {
     if (m_place.DestFolder != m_enteredFolder) {
         m_enteredFolder = m_place.DestFolder;
-        m_files.RemoveLeftovers(m_enteredFolder);
-        m_naming.Limits = m_files.LimitsOf(m_enteredFolder);
+        const auto limits = std::make_shared<NameLimits>();
+        m_files.Do([limits, folder = m_enteredFolder](FileSystem& files) {
+            files.RemoveLeftovers(folder);
+            *limits = files.LimitsOf(folder);
+        });
+        m_naming.Limits = *limits;
     }
 }
 
@@ -139,7 +194,9 @@ void CopyJob::NameFile(const PlannedTrack& planned) {
     if (!m_place.FileName.isEmpty()) {
         return; // the same track again: a second name would make a second file of it
     }
-    m_place.FileName = m_naming.MakeFileName(planned.Name, planned.Extension);
+    m_place.FileName = m_namesAhead.isEmpty()
+                           ? m_naming.MakeFileName(planned.Name, planned.Extension)
+                           : m_namesAhead.takeFirst();
 }
 
 /// Puts the track's file in its place, unless the user wants to keep one that is there. The user is
@@ -179,10 +236,11 @@ void CopyJob::AskToReplace(const QString& target) {
 /// `isTaken` tells afterwards whether a file is in the way that the user was not asked about.
 CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, const Event& copy,
                                 bool& isTaken) {
-    m_fileSize = track.FileSize;
+    const bool isCopied = m_copiedAhead > 0;
     const Next next = Step([&] {
         isTaken = false;
         m_copying = {};
+        m_fileSize = track.FileSize;
         if (!m_ahead.isEmpty() && m_copyMilliseconds >= ReadingAheadPays) {
             m_files.ReadAhead(std::exchange(m_ahead, QString()));
         }
@@ -190,7 +248,10 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, con
             QElapsedTimer clock;
             clock.start();
             copy();
-            m_copyMilliseconds = clock.elapsed();
+            if (!isCopied) {
+                const auto count = static_cast<qint64>(m_copiedAhead) + 1;
+                m_copyMilliseconds = clock.elapsed() / count;
+            }
         } catch (const RuntimeError& error) {
             isTaken = existing == Existing::Keep && error.Number == ErrorNumber::FileAlreadyExists;
             if (!isTaken) {

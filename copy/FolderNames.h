@@ -19,6 +19,8 @@ public:
 
 private:
     FileSystem& m_files;
+    /// By the folder's path. Asking costs a wait.
+    QHash<QString, NameLimits> m_limits;
     /// By the folder's path with its safe name.
     QHash<QString, QString> m_names;
     /// Which name has a folder, by its path. Letter case makes no difference, as on many drives.

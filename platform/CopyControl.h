@@ -32,7 +32,7 @@ public:
     /// All bytes are there, and the file is about to get its final name. False when it must not any
     /// more.
     bool BeginPlacing() const;
-    /// The file has not got its final name after all.
+    /// The file has its final name and another one may follow, or it has not got it after all.
     void EndPlacing() const { m_state->Flags &= ~Placing; }
     /// Sets what RemoveLeftover does; null once nothing is left over. `remove` may be called on any
     /// thread, and must spare a file of the same name that belongs to another operation.

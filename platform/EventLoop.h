@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 /// The user interface's event loop, as long work sees it.
 class EventLoop {
 public:
@@ -11,6 +13,8 @@ public:
     /// Lets the window handle what the user has done, then returns. Cheap when called more often
     /// than a person can act.
     virtual void Yield() = 0;
+    /// How many milliseconds from now yields do nothing.
+    virtual qint64 MillisecondsToYield() const = 0;
     /// Lets the window be painted and answer the desktop during work that must not be disturbed:
     /// what the user does is lost, and only handlers of the window's size run. False once the user
     /// has closed the window, which then closes after that work.

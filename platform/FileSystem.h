@@ -2,6 +2,7 @@
 
 #include "platform/CopyControl.h"
 #include "platform/NameLimits.h"
+#include "platform/Paths.h"
 
 #include <QString>
 #include <QtGlobal>
@@ -66,6 +67,13 @@ public:
     /// `control` stopped it before all bytes were there: nothing is left of it then either.
     virtual bool CopyFile(const QString& source, const QString& target, Existing existing,
                           const CopyControl& control) = 0;
+    /// The same for a file that replaces nothing, into a folder that exists. False without an error
+    /// also where the folder is missing or something has the name.
+    virtual bool CopyNewFile(const QString& source, const QString& target,
+                             const CopyControl& control) {
+        return FolderExists(Paths::ParentFolder(target)) && !WouldReplace(target) &&
+               CopyFile(source, target, Existing::Keep, control);
+    }
     /// Opens a file that will be copied or opened next, and has the system read its beginning. The
     /// file stays open until then or until the next call; an empty path only closes it. Never
     /// throws: a file that cannot be read is reported when its turn comes.

@@ -3,8 +3,8 @@
 #include "platform/ScopeGuard.h"
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 
-#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <mutex>
@@ -57,7 +57,7 @@ auto PatientFileSystem::Ask(Operation operation, const CopyControl& control) {
 
 /// The result of an operation that may leave something beside its target when it is stopped.
 template <class Operation>
-bool PatientFileSystem::AskToCopy(Operation operation, const CopyControl& control) {
+auto PatientFileSystem::AskToCopy(Operation operation, const CopyControl& control) {
     try {
         return Ask(std::move(operation), control);
     } catch (const OperationStopped&) {
@@ -150,17 +150,33 @@ bool PatientFileSystem::CopyFile(const QString& source, const QString& target, E
                      control);
 }
 
-bool PatientFileSystem::CopyNewFile(const QStringList& folders, const QString& source,
-                                    const QString& target, const CopyControl& control) {
-    const auto copy = [files = m_files, folders, source, target, control] {
-        const auto isThere = [&files](const QString& folder) {
-            return files->FolderExists(folder);
-        };
-        return std::all_of(folders.begin(), folders.end(), isThere) &&
-               !files->WouldReplace(target) &&
-               files->CopyFile(source, target, Existing::Keep, control);
+bool PatientFileSystem::CopyNewFile(const QString& source, const QString& target,
+                                    const CopyControl& control) {
+    return AskToCopy([files = m_files, source, target,
+                      control] { return files->CopyNewFile(source, target, control); },
+                     control);
+}
+
+CopiedFiles PatientFileSystem::CopyNewFiles(const std::vector<FileToCopy>& copies,
+                                            qint64 milliseconds, const CopyControl& control) {
+    const auto copyAll = [files = m_files, copies, control, end = QDeadlineTimer(milliseconds)] {
+        CopiedFiles copied;
+        try {
+            for (const FileToCopy& copy : copies) {
+                const bool isOver = end.hasExpired() || control.IsStopped();
+                if ((copied.Count > 0 && isOver) ||
+                    !files->CopyNewFile(copy.Source, copy.Target, control)) {
+                    break;
+                }
+                control.EndPlacing();
+                ++copied.Count;
+            }
+        } catch (const std::exception&) {
+            copied.Failure = std::current_exception();
+        }
+        return copied;
     };
-    return AskToCopy(copy, control);
+    return AskToCopy(copyAll, control);
 }
 
 void PatientFileSystem::ReadAhead(const QString& path) {

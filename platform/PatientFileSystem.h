@@ -3,14 +3,27 @@
 #include "platform/FileSystem.h"
 #include "platform/Worker.h"
 
-#include <QStringList>
-
+#include <exception>
 #include <functional>
 #include <memory>
+#include <vector>
 
 /// Thrown by an operation that MayGoOn has stopped. Nothing has failed and there is nothing to
 /// report, so it is not a std::exception.
 struct OperationStopped {};
+
+struct FileToCopy {
+    QString Source;
+    QString Target;
+};
+
+/// What became of several copies.
+struct CopiedFiles {
+    /// So many were copied, from the first on.
+    size_t Count = 0;
+    /// What the next one has thrown.
+    std::exception_ptr Failure = {};
+};
 
 /// The files of another service, for work that the user can stop at any moment: a worker does each
 /// operation, while the caller's thread keeps the window alive. An operation that does not return
@@ -37,11 +50,13 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    /// Copies a file that replaces nothing into one of `folders`, if they are all there and nothing
-    /// has its name; false if not. Asks all that in one go, since each wait for the worker costs
-    /// about a tenth of copying a small file.
-    bool CopyNewFile(const QStringList& folders, const QString& source, const QString& target,
-                     const CopyControl& control);
+    bool CopyNewFile(const QString& source, const QString& target,
+                     const CopyControl& control) override;
+    /// The same for several files, one after the other for so many milliseconds, but at least for
+    /// the first, and up to one that cannot be copied so. In one go, since a wait for the worker
+    /// can cost as much as copying a small file.
+    CopiedFiles CopyNewFiles(const std::vector<FileToCopy>& copies, qint64 milliseconds,
+                             const CopyControl& control);
     void ReadAhead(const QString& path) override;
     void RequireTarget(const QString& target, Existing existing) override;
     bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
@@ -66,7 +81,7 @@ private:
     template <class Operation>
     auto Ask(Operation operation, const CopyControl& control = {});
     template <class Operation>
-    bool AskToCopy(Operation operation, const CopyControl& control);
+    auto AskToCopy(Operation operation, const CopyControl& control);
 
     std::shared_ptr<FileSystem> m_files;
     Worker& m_worker;

@@ -136,6 +136,19 @@ bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
     return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing, control);
 }
 
+/// What the folder holds is looked at in the open folder that the file then goes to.
+bool LinuxFileSystem::CopyNewFile(const QString& source, const QString& target,
+                                  const CopyControl& control) {
+    const FolderEntry entry = m_paths.EntryOf(target);
+    struct stat info {};
+    if (!entry.Folder.IsOpen() || m_drives.IsOnIpod(entry.Folder.Get()) ||
+        fstatat(entry.Folder.Get(), entry.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
+        return false;
+    }
+    const FileDescriptor file = OpenRegular(source, info);
+    return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, Existing::Keep, control);
+}
+
 void LinuxFileSystem::ReadAhead(const QString& path) {
     FileDescriptor file; // closed without the lock
     {

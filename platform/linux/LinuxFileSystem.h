@@ -24,6 +24,8 @@ public:
 
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
+    bool CopyNewFile(const QString& source, const QString& target,
+                     const CopyControl& control) override;
     void ReadAhead(const QString& path) override;
     void RequireTarget(const QString& target, Existing existing) override;
     bool MoveFile(BinaryFile& file, const QString& target, Existing existing,

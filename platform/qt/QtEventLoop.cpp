@@ -4,15 +4,17 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 void QtEventLoop::Yield() {
-    if (IsDue()) {
+    if (MillisecondsToYield() == 0) {
         QCoreApplication::processEvents();
         m_sinceYield.start();
     }
 }
 
 bool QtEventLoop::YieldHoldingInput() {
-    if (!IsDue()) {
+    if (MillisecondsToYield() > 0) {
         return true;
     }
     const bool goesOn = HeldInput::ProcessEvents();
@@ -20,9 +22,10 @@ bool QtEventLoop::YieldHoldingInput() {
     return goesOn;
 }
 
-bool QtEventLoop::IsDue() const {
+qint64 QtEventLoop::MillisecondsToYield() const {
     // Handling events costs more than copying a small file, and nobody acts a hundred times a
     // second.
     constexpr qint64 pauseMilliseconds = 10;
-    return !m_sinceYield.isValid() || m_sinceYield.elapsed() >= pauseMilliseconds;
+    return m_sinceYield.isValid() ? std::max(pauseMilliseconds - m_sinceYield.elapsed(), qint64{0})
+                                  : 0;
 }

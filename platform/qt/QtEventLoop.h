@@ -10,10 +10,9 @@ public:
     void BeginWork() override { m_sinceYield.start(); }
     /// Handles events about every 10 ms; calls in between do nothing.
     void Yield() override;
+    qint64 MillisecondsToYield() const override;
     bool YieldHoldingInput() override;
 
 private:
-    bool IsDue() const;
-
     QElapsedTimer m_sinceYield;
 };

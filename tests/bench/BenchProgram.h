@@ -19,6 +19,7 @@ public:
     TimedEventLoop();
     void BeginWork() override { m_events.BeginWork(); }
     void Yield() override;
+    qint64 MillisecondsToYield() const override { return m_events.MillisecondsToYield(); }
     bool YieldHoldingInput() override { return m_events.YieldHoldingInput(); }
 
     /// Seconds spent in yields: painting, and looking for what the user does.

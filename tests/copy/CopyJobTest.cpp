@@ -25,6 +25,34 @@ TEST_F(CopyJobTest, OnlyTickedRecordsAreCopiedInTheLibrarysOrderWithOneYieldAFil
     EXPECT_EQ(events.Yields, 2);
 }
 
+TEST_F(CopyJobTest, UntilAYieldIsDueTheFilesOfOneFolderAreCopiedTogether) {
+    events.ToYield = 1000;
+    SetOptions("B");
+    AddTracks({"Two", "One", "One"});
+    AddTrack("Abba", "Live", "Three", "three");
+    AtYield(2, [this] {
+        EXPECT_EQ(Names(), QStringList({u"Arrival\\One (2).mp3"_s, u"Arrival\\One.mp3"_s,
+                                        u"Arrival\\Two.mp3"_s}));
+    });
+    Press();
+    EXPECT_EQ(events.Yields, 4);
+    EXPECT_EQ(Copied().size(), 4);
+}
+
+TEST_F(CopyJobTest, AFailureAmongFilesThatAreCopiedTogetherIsAskedAboutInItsTurn) {
+    events.ToYield = 1000;
+    AddTracks({"One", "Two", "Three"});
+    files.FailNthCall(FileCall::CopyFile, 2, ErrorNumber::FileNotFound);
+    messages.WhileShown = [this](const ShownMessage& message) {
+        EXPECT_TRUE(message == Completed || events.Yields == 2);
+    };
+    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
+    Press();
+    EXPECT_EQ(messages.Shown.size(), 2U);
+    EXPECT_EQ(files.CountOf(FileCall::CopyFile), 3);
+    EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s}));
+}
+
 TEST_F(CopyJobTest, NothingIsWalkedWithoutALoadedLibrary) {
     AddTracks({"Tiger"});
     library.TrackCount = 0;

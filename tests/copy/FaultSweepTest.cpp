@@ -40,6 +40,7 @@ public:
         files.AddFile(u"D:\\Music\\tmp\\copy.tmp"_s, "left behind");
         files.AddFile(u"D:\\other.txt"_s, "other");
         SetOptions("AB");
+        events.ToYield = 1000;
         promptUses = {PromptUse::ReplaceAll};
         ShowFirstArtistOnly();
         messages.WhileShown = [this, policy](const ShownMessage& message) {

@@ -51,9 +51,12 @@ public:
     std::function<void(int)> OnYield;
     /// The user has closed the window.
     bool IsClosed = false;
+    /// How long the program may work without a yield.
+    qint64 ToYield = 0;
 
     void BeginWork() override;
     void Yield() override;
+    qint64 MillisecondsToYield() const override { return ToYield; }
     bool YieldHoldingInput() override { return !IsClosed; }
 };
 

@@ -113,6 +113,7 @@ TEST_P(DeviceFault, PulledBetweenTwoFilesIsMissedUntilItIsBack) {
     const QString away = m_folders.Device + u" away"_s;
     for (const MessageAnswer answer : {MessageAnswer::Abort, MessageAnswer::Retry}) {
         RealJob job(m_folders);
+        job.events.ToYield = 0;
         job.events.OnYield = [&](int number) {
             if (number == 2) {
                 ASSERT_TRUE(QDir().rename(m_folders.Device, away));

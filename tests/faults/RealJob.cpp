@@ -141,6 +141,7 @@ void JobFolders::ExpectAllCopied() const {
 
 RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
     : worker(otherWorker != nullptr ? *otherWorker : inlineWorker) {
+    events.ToYield = 10;
     library = folders.Library;
     qputenv("SONGLIFT_DRIVES", folders.Device.toUtf8());
     QString root;
