@@ -123,6 +123,7 @@ private:
     bool AfterChunk(qint64 done);
     bool MayGoOn();
     bool MayWait();
+    void ReadNextAhead();
     void ShowBytes(qint64 done);
 
     std::optional<ErrorAnswer> Try(const Event& action);
@@ -160,7 +161,7 @@ private:
     /// The file that is being copied, and the bytes that the database says it has.
     CopyControl m_copying;
     qint64 m_fileSize = 0;
-    /// The file of the next track, until the copying of this one begins.
+    /// The file of the next track, until it is read ahead.
     QString m_ahead;
     /// The tracks after the one at hand.
     std::span<const PlannedTrack> m_following;

@@ -19,9 +19,9 @@ namespace {
 /// Tracks above this many bytes are copied in chunks of this size.
 constexpr qint32 LargeFileLimit = 50000000;
 
-/// Where a file takes fewer milliseconds than this, the next one is opened sooner than another
-/// thread has woken up to do it.
-constexpr qint64 ReadingAheadPays = 5;
+/// Where files take more milliseconds than this each, they are copied one by one, and the next one
+/// is opened while the one before is copied.
+constexpr qint64 Slow = 5;
 
 /// So many files at most are named before their turn: about as many as come until the next yield.
 constexpr size_t MostAhead = 100;
@@ -112,9 +112,10 @@ bool CopyJob::CopyNewFile(const PlannedTrack& planned) {
 std::vector<FileToCopy> CopyJob::FilesToCopy(const PlannedTrack& planned) {
     std::vector<FileToCopy> files = {
         {planned.Track.Location, m_place.DestFolder + m_place.FileName}};
-    if (m_events.MillisecondsToYield() == 0 || m_copyMilliseconds >= ReadingAheadPays) {
+    if (m_events.MillisecondsToYield() == 0 || m_copyMilliseconds >= Slow) {
         return files;
     }
+    m_ahead.clear();
     for (const PlannedTrack& next : m_following.first(std::min(m_following.size(), MostAhead))) {
         if (next.StartsFolder || next.Folders != planned.Folders ||
             next.Track.FileSize > LargeFileLimit) {
@@ -241,9 +242,6 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, con
         isTaken = false;
         m_copying = {};
         m_fileSize = track.FileSize;
-        if (!m_ahead.isEmpty() && m_copyMilliseconds >= ReadingAheadPays) {
-            m_files.ReadAhead(std::exchange(m_ahead, QString()));
-        }
         try {
             QElapsedTimer clock;
             clock.start();
@@ -292,7 +290,15 @@ bool CopyJob::MayWait() {
         return !m_clearUp.hasExpired();
     }
     ShowBytes(m_copying.BytesDone());
+    ReadNextAhead();
     return MayGoOn();
+}
+
+/// Once most of a file is there: earlier, a disk would have to go to and fro between the two.
+void CopyJob::ReadNextAhead() {
+    if (!m_ahead.isEmpty() && m_copying.BytesDone() > m_fileSize / 2) {
+        m_files.ReadAhead(std::exchange(m_ahead, QString()));
+    }
 }
 
 /// Moves the bar, but never back: bytes that are copied again were shown before, and a file may be

@@ -115,8 +115,11 @@ void ThreadWorker::Start(std::shared_ptr<Job> job) {
         m_thread = std::thread([queue] { queue->Run(); });
         m_queue = queue;
     }
-    const std::lock_guard lock(m_queue->Mutex);
-    m_queue->Jobs.push_back(std::move(job));
+    {
+        const std::lock_guard lock(m_queue->Mutex);
+        m_queue->Jobs.push_back(std::move(job));
+    }
+    // Without the lock, which the thread that wakes needs at once.
     m_queue->HasWork.notify_all();
 }
 

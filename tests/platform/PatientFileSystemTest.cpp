@@ -94,6 +94,16 @@ TEST_P(WaitingFiles, ACopyIsStoppedAnywhereInItsFileAndLeavesNothing) {
     EXPECT_LT(control.BytesDone(), Length);
 }
 
+TEST_P(WaitingFiles, AFileThatWasReadAheadIsNotOpenedAgain) {
+    m_patient.ReadAhead(At(u"from/a"));
+    m_ahead.Do([] {}, [] { return true; });
+    Hanging().Be("stall=open");
+    QElapsedTimer clock;
+    clock.start();
+    m_patient.MayGoOn = [&clock] { return clock.elapsed() < 2000; };
+    EXPECT_TRUE(m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}));
+}
+
 TEST_P(WaitingFiles, ACopyThatHangsIsGivenUpAndNothingAppearsWhenItComesBack) {
     Hanging().Be(Stall());
     EXPECT_LT(Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); }),
