@@ -59,7 +59,10 @@ void ThreadWorker::Queue::Run() {
         job->Work = nullptr;
         lock.lock();
         job->IsDone = true;
+        // Without the lock, which the thread that wakes needs at once.
+        lock.unlock();
         HasEnded.notify_all();
+        lock.lock();
     }
     ThreadHasEnded = true;
     HasEnded.notify_all();
@@ -119,7 +122,6 @@ void ThreadWorker::Start(std::shared_ptr<Job> job) {
         const std::lock_guard lock(m_queue->Mutex);
         m_queue->Jobs.push_back(std::move(job));
     }
-    // Without the lock, which the thread that wakes needs at once.
     m_queue->HasWork.notify_all();
 }
 
