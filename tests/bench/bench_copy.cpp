@@ -15,8 +15,10 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -43,7 +45,7 @@ class Job {
 public:
     /// `disk` tells how slow the device is; null for one as fast as the disk that it lies on.
     Job(int count, int bytes, const char* disk = nullptr)
-        : m_window(Tracks(count, bytes), false), m_isLarge(double(count) * bytes > 5e8) {
+        : m_window(Tracks(count, bytes), false), m_bytes(double(count) * bytes) {
         if (disk != nullptr) {
             QDir().mkpath(MusicFolder());
             m_disk = std::make_unique<SlowDisk>(MusicFolder());
@@ -63,7 +65,7 @@ public:
     /// An empty folder, and no bytes waiting for the disk. Always another one: for some seconds the
     /// inodes of deleted files cost some file systems more than all that is measured here.
     QString NewTarget() {
-        if (m_isLarge && !m_target.isEmpty()) {
+        if (m_bytes > 5e8 && !m_target.isEmpty()) {
             QDir(m_target).removeRecursively();
         }
         m_target = m_window.Scratch(u"copy"_s + QString::number(++m_targets));
@@ -72,11 +74,18 @@ public:
         return m_target;
     }
 
+    /// How much of the disk the last job took, in percent of its files.
+    double DiskTaken() const { return m_diskTaken; }
+
     /// Copies into an empty folder; returns the seconds that it took.
     double Run() {
         m_window.Controls().txtDestination.SetText(NewTarget());
         m_window.Events().Start();
-        return Seconds([this] { Raise(m_window.Controls().cmdCopy.Click); });
+        const double before = FreeBytes();
+        const double time = Seconds([this] { Raise(m_window.Controls().cmdCopy.Click); });
+        sync();
+        m_diskTaken = (before - FreeBytes()) / std::max(m_bytes, 1.0) * 100;
+        return time;
     }
 
     const TimedEventLoop& Events() { return m_window.Events(); }
@@ -88,6 +97,11 @@ public:
     QString MusicFolder() const { return m_window.DeviceFolder() + u"/iPod_Control/Music"_s; }
 
 private:
+    double FreeBytes() const {
+        struct statvfs info {};
+        statvfs(QFile::encodeName(m_target).constData(), &info);
+        return static_cast<double>(info.f_bfree) * static_cast<double>(info.f_frsize);
+    }
     static std::vector<SampleTrack> Tracks(int count, int bytes) {
         std::vector<SampleTrack> tracks = MakeLibrary(count);
         for (SampleTrack& track : tracks) {
@@ -98,7 +112,8 @@ private:
 
     BenchWindow m_window;
     std::unique_ptr<SlowDisk> m_disk;
-    bool m_isLarge;
+    double m_bytes;
+    double m_diskTaken = 0;
     QString m_target;
     int m_targets = 0;
 };
@@ -124,6 +139,7 @@ void InTurn(benchmark::State& state, Job& job,
     state.counters["painting_percent"] = Median(paintings);
     state.counters["longest_pause_ms"] = Median(pauses);
     state.counters["speed"] = Median(speeds);
+    state.counters["disk_percent"] = job.DiskTaken();
 }
 
 void BesideCp(benchmark::State& state, Job& job) {
@@ -138,7 +154,7 @@ void CopyFiles(benchmark::State& state) {
 }
 BENCHMARK(CopyFiles)
     ->ArgNames({"files", "bytes"})
-    ->Args({2000, 200000})
+    ->Args({1500, 200000})
     ->Args({500, 2000000})
     ->Args({3, 300000000})
     ->UseManualTime()
