@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxFileSystem.h"
 
+#include "platform/MissingPaths.h"
 #include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
@@ -13,7 +14,6 @@
 
 #include <QFile>
 #include <QStorageInfo>
-#include <QStringList>
 
 #include <algorithm>
 #include <chrono>
@@ -98,14 +98,8 @@ void LinuxFileSystem::CreateFolder(const QString& path) {
 }
 
 void LinuxFileSystem::CreateFolderChain(const QString& path) {
-    QStringList missing;
-    for (QString folder = path; !FolderExists(folder); folder = Paths::ParentFolder(folder)) {
-        if (folder.isEmpty()) {
-            throw RuntimeError(ErrorNumber::PathNotFound);
-        }
-        CheckFolderName(folder); // before anything is made
-        missing.prepend(folder);
-    }
+    const QStringList missing = MissingFolders(*this, path);
+    std::for_each(missing.begin(), missing.end(), CheckFolderName); // before anything is made
     for (const QString& folder : missing) {
         if (!FolderExists(folder)) { // "x/.." exists by now
             CreateFolder(folder);
@@ -421,6 +415,5 @@ void LinuxFileSystem::ThrowOpeningError(const QString& path, int error) {
     if (!IsMissing(error)) {
         ThrowError(error);
     }
-    throw RuntimeError(FolderExists(Paths::ParentFolder(path)) ? ErrorNumber::FileNotFound
-                                                               : ErrorNumber::PathNotFound);
+    ThrowMissing(*this, path);
 }

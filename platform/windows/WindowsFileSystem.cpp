@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include "platform/MissingPaths.h"
 #include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
@@ -10,8 +11,7 @@
 #include "platform/windows/WindowsFile.h"
 #include "platform/windows/WindowsPaths.h"
 
-#include <QStringList>
-
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -58,14 +58,8 @@ void WindowsFileSystem::CreateFolder(const QString& path) {
 }
 
 void WindowsFileSystem::CreateFolderChain(const QString& path) {
-    QStringList missing;
-    for (QString folder = path; !FolderExists(folder); folder = Paths::ParentFolder(folder)) {
-        if (folder.isEmpty()) {
-            throw RuntimeError(ErrorNumber::PathNotFound);
-        }
-        RequireFolderName(folder); // before anything is made
-        missing.prepend(folder);
-    }
+    const QStringList missing = MissingFolders(*this, path);
+    std::for_each(missing.begin(), missing.end(), RequireFolderName); // before anything is made
     for (const QString& folder : missing) {
         CreateFolder(folder);
     }
@@ -303,6 +297,5 @@ void WindowsFileSystem::ThrowOpeningError(const QString& path, DWORD error) {
     if (!IsMissing(error)) {
         ThrowError(error);
     }
-    throw RuntimeError(FolderExists(Paths::ParentFolder(path)) ? ErrorNumber::FileNotFound
-                                                               : ErrorNumber::PathNotFound);
+    ThrowMissing(*this, path);
 }
