@@ -98,7 +98,7 @@ public:
     off_t BeforeBlock() const { return m_beforeBlock; }
 
 private:
-    static constexpr off_t WorthIt = off_t{1} << 20;
+    static constexpr off_t WorthIt = off_t{128} << 10;
     static constexpr off_t AtOnce = off_t{64} << 20;
     /// A multiple of the blocks of any disk.
     static constexpr off_t Block = off_t{64} << 10;
