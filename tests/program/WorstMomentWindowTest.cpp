@@ -211,6 +211,7 @@ private:
 
     void BeginWork() override {}
     bool YieldHoldingInput() override { return HeldInput::ProcessEvents(); }
+    qint64 MillisecondsToYield() const override { return 0; }
     void Yield() override {
         if (m_hasty && m_depth <= 2 && Below(2) != 0 && !IsClosed()) {
             ++Meanwhiles;
