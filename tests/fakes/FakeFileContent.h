@@ -4,9 +4,7 @@
 #include <QtGlobal>
 
 #include <algorithm>
-#include <array>
 #include <cstring>
-#include <vector>
 
 /// Bytes that follow from their position alone, so that a large file need not be kept. The period
 /// is a prime: no two blocks of a round size begin alike, and a block that got lost, doubled or
@@ -42,158 +40,78 @@ inline void Fill(char* buffer, qint64 size, qint64 phase) {
     }
 }
 
-inline bool Matches(const char* buffer, qint64 size, qint64 phase) {
-    while (size > 0) {
-        const qint64 from = phase % Period;
-        const qint64 part = std::min(size, Period - from);
-        if (std::memcmp(buffer, Table().constData() + from, static_cast<size_t>(part)) != 0) {
-            return false;
-        }
-        buffer += part;
-        phase += part;
-        size -= part;
-    }
-    return true;
-}
-
 } // namespace FilePattern
 
-/// What a fake file holds: runs of real bytes and runs of the pattern.
+/// What a fake file holds: real bytes, or a pattern that takes no memory until it is written over.
 class FakeFileContent {
 public:
-    FakeFileContent() = default;
-
     static FakeFileContent OfBytes(const QByteArray& bytes) {
         FakeFileContent content;
-        content.Append({bytes.size(), -1, bytes});
+        content.m_length = bytes.size();
+        content.m_bytes = bytes;
         return content;
     }
 
     /// `length` bytes of the pattern; files of different `seed` differ.
     static FakeFileContent OfPattern(qint64 length, qint64 seed) {
         FakeFileContent content;
-        content.Append({length, seed % FilePattern::Period, {}});
+        content.m_length = length;
+        content.m_phase = seed % FilePattern::Period;
         return content;
     }
 
-    qint64 Length() const {
-        qint64 length = 0;
-        for (const Run& run : m_runs) {
-            length += run.Length;
-        }
-        return length;
-    }
+    qint64 Length() const { return m_length; }
 
     /// Copies `size` bytes from `position` on, which must be there.
     void Read(char* buffer, qint64 position, qint64 size) const {
-        for (const Run& run : Part(position, size).m_runs) {
-            if (run.Phase < 0) {
-                std::memcpy(buffer, run.Bytes.constData(), static_cast<size_t>(run.Length));
-            } else {
-                FilePattern::Fill(buffer, run.Length, run.Phase);
-            }
-            buffer += run.Length;
+        if (IsPattern()) {
+            FilePattern::Fill(buffer, size, m_phase + position);
+        } else {
+            std::memcpy(buffer, m_bytes.constData() + position, static_cast<size_t>(size));
         }
     }
 
     /// Writes over or behind the bytes at `position`, which is at most the length.
     void Write(const char* buffer, qint64 position, qint64 size) {
-        const qint64 length = Length();
-        FakeFileContent result = Part(0, position);
-        result.Append(Recognised(buffer, size));
-        if (position + size < length) {
-            result.Append(Part(position + size, length - position - size));
+        if (IsPattern()) {
+            *this = OfBytes(Bytes());
         }
-        m_runs = std::move(result.m_runs);
+        m_length = std::max(m_length, position + size);
+        m_bytes.resize(m_length);
+        std::memcpy(m_bytes.data() + position, buffer, static_cast<size_t>(size));
     }
 
-    void Truncate(qint64 size) { m_runs = Part(0, std::min(size, Length())).m_runs; }
+    void Truncate(qint64 size) {
+        m_length = std::min(size, m_length);
+        m_bytes.truncate(m_length);
+    }
 
     QByteArray Bytes() const {
-        QByteArray bytes(Length(), Qt::Uninitialized);
-        Read(bytes.data(), 0, bytes.size());
+        QByteArray bytes = m_bytes;
+        if (IsPattern()) {
+            bytes.resize(m_length);
+            Read(bytes.data(), 0, m_length);
+        }
         return bytes;
     }
 
     bool operator==(const FakeFileContent& other) const {
-        const qint64 length = Length();
-        if (length != other.Length()) {
-            return false;
+        bool isEqual = m_length == other.m_length;
+        char mine[FilePattern::Period];
+        char others[FilePattern::Period];
+        for (qint64 position = 0; isEqual && position < m_length; position += sizeof mine) {
+            const qint64 size = std::min<qint64>(sizeof mine, m_length - position);
+            Read(mine, position, size);
+            other.Read(others, position, size);
+            isEqual = std::memcmp(mine, others, static_cast<size_t>(size)) == 0;
         }
-        if (m_runs.size() == 1 && other.m_runs.size() == 1 && m_runs[0].Phase >= 0 &&
-            m_runs[0].Phase == other.m_runs[0].Phase) {
-            return true;
-        }
-        constexpr qint64 blockSize = 1 << 20;
-        QByteArray mine(blockSize, Qt::Uninitialized);
-        QByteArray others(blockSize, Qt::Uninitialized);
-        for (qint64 position = 0; position < length; position += blockSize) {
-            const qint64 size = std::min(blockSize, length - position);
-            Read(mine.data(), position, size);
-            other.Read(others.data(), position, size);
-            if (std::memcmp(mine.constData(), others.constData(), static_cast<size_t>(size)) != 0) {
-                return false;
-            }
-        }
-        return true;
+        return isEqual;
     }
 
 private:
-    struct Run {
-        qint64 Length = 0;
-        qint64 Phase = -1; // where in the pattern it begins, -1 for real bytes
-        QByteArray Bytes;
-    };
+    bool IsPattern() const { return m_phase >= 0; }
 
-    FakeFileContent Part(qint64 position, qint64 size) const {
-        FakeFileContent part;
-        qint64 start = 0;
-        for (const Run& run : m_runs) {
-            const qint64 from = std::max(position, start);
-            const qint64 to = std::min(position + size, start + run.Length);
-            if (from < to) {
-                const qint64 skip = from - start;
-                part.Append({to - from,
-                             run.Phase < 0 ? -1 : (run.Phase + skip) % FilePattern::Period,
-                             run.Phase < 0 ? run.Bytes.mid(skip, to - from) : QByteArray()});
-            }
-            start += run.Length;
-        }
-        return part;
-    }
-
-    void Append(const Run& run) {
-        if (run.Length == 0) {
-            return;
-        }
-        if (!m_runs.empty() && run.Phase >= 0 && m_runs.back().Phase >= 0 &&
-            (m_runs.back().Phase + m_runs.back().Length) % FilePattern::Period == run.Phase) {
-            m_runs.back().Length += run.Length;
-            return;
-        }
-        m_runs.push_back(run);
-    }
-
-    void Append(const FakeFileContent& other) {
-        for (const Run& run : other.m_runs) {
-            Append(run);
-        }
-    }
-
-    /// Large blocks are kept as pattern runs where every byte of them fits.
-    static Run Recognised(const char* buffer, qint64 size) {
-        constexpr qint64 worthwhile = 4096;
-        constexpr qsizetype clue = 16;
-        if (size >= worthwhile) {
-            const QByteArray& table = FilePattern::Table();
-            const QByteArray doubled = table + table.left(clue);
-            const qsizetype phase = doubled.indexOf(QByteArray::fromRawData(buffer, clue));
-            if (phase >= 0 && FilePattern::Matches(buffer, size, phase)) {
-                return {size, phase, {}};
-            }
-        }
-        return {size, -1, QByteArray(buffer, size)};
-    }
-
-    std::vector<Run> m_runs;
+    qint64 m_length = 0;
+    qint64 m_phase = -1; // where in the pattern it begins, -1 for real bytes
+    QByteArray m_bytes;
 };
