@@ -4,6 +4,7 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 /// Bytes that follow from their position alone, so that a large file need not be kept. The period
@@ -56,7 +57,7 @@ public:
     static FakeFileContent OfPattern(qint64 length, qint64 seed) {
         FakeFileContent content;
         content.m_length = length;
-        content.m_phase = seed % FilePattern::Period;
+        content.m_phase = std::abs(seed % FilePattern::Period);
         return content;
     }
 

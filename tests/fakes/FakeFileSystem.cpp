@@ -117,9 +117,6 @@ private:
             throw std::logic_error("a closed file was used");
         }
         m_files.Record(call, m_path, {}, size);
-        if (m_entry->Pulled) {
-            throw RuntimeError(ErrorNumber::DeviceIOError);
-        }
     }
 
     void Release() {
@@ -253,9 +250,6 @@ void FakeFileSystem::CreateFolderChain(const QString& path) {
         if (Paths::ParentFolder(folder).isEmpty() || HasFile(folder)) {
             throw RuntimeError(ErrorNumber::PathNotFound);
         }
-        if (HoldsAny(Paths::FileName(folder), ":*?\"<>|")) {
-            throw RuntimeError(ErrorNumber::BadFileName);
-        }
         missing.push_back(folder);
     }
     std::for_each(missing.rbegin(), missing.rend(),
@@ -266,9 +260,6 @@ void FakeFileSystem::DeleteFolder(const QString& path, const CopyControl&) {
     Record(FileCall::DeleteFolder, path);
     if (!HasFolder(path)) {
         throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-    if (m_drives.count(Key(path)) != 0) {
-        return; // mount points are left alone
     }
     Drop(Key(path));
 }

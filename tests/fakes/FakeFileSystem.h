@@ -54,7 +54,7 @@ public:
     /// Attaches a drive ("E:") or mounts a volume at a folder ("/media/stick"). Bytes written count
     /// against its free space, and a full drive raises DiskFull.
     void AddDrive(const QString& root, double freeBytes = 1e15);
-    /// Pulls a drive: what it held is gone, and files still open on it raise DeviceIOError.
+    /// Pulls a drive ("E:") with all it holds.
     void RemoveDrive(const QString& root);
     void SetFreeBytes(const QString& root, double freeBytes);
     void AddFolder(const QString& path);
@@ -129,7 +129,6 @@ public:
     /// FileAlreadyExists where there is one, PermissionDenied where something else has the name.
     void CreateFolder(const QString& path) override;
     void CreateFolderChain(const QString& path) override;
-    /// A drive's root is left alone.
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
@@ -161,7 +160,6 @@ private:
         bool IsFolder = false;
         FakeFileContent Content;
         qint64 ModificationTime = 0;
-        bool Pulled = false;
     };
     using EntryPointer = std::shared_ptr<Entry>;
 

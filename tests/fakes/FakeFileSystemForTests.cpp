@@ -50,17 +50,8 @@ void FakeFileSystem::AddDrive(const QString& root, double freeBytes) {
 }
 
 void FakeFileSystem::RemoveDrive(const QString& root) {
-    const QString rootKey = Key(root);
-    for (auto entry = m_entries.begin(); entry != m_entries.end();) {
-        const bool isMountPoint = entry->first == rootKey && !Paths::IsDriveForm(root);
-        if (IsBelow(entry->first, rootKey) || (entry->first == rootKey && !isMountPoint)) {
-            entry->second->Pulled = true;
-            entry = m_entries.erase(entry);
-        } else {
-            ++entry;
-        }
-    }
-    m_drives.erase(rootKey);
+    m_drives.erase(Key(root));
+    Remove(root);
 }
 
 void FakeFileSystem::SetFreeBytes(const QString& root, double freeBytes) {
