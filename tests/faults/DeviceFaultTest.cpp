@@ -141,9 +141,7 @@ TEST_P(DeviceFault, PulledBetweenTwoFilesIsMissedUntilItIsBack) {
 TEST_P(DeviceFault, UnmountedInsideAFileIsReadToItsEndAndMissedAfterwards) {
     const QString files = m_folders.Device + u"/iPod_Control"_s;
     TestMount device = TestMount::Memory(files, "size=4m");
-    if (!device.IsMounted()) {
-        GTEST_SKIP() << "no device can be mounted here";
-    }
+    SKIP_UNLESS(device.IsMounted(), "no device can be mounted here");
     MakeFolder(files + u"/Music/F00"_s);
     for (const TrackRecord& track : m_folders.Library.Artists[0].Albums[0].Tracks) {
         WriteFile(m_folders.FileOf(track),

@@ -164,9 +164,7 @@ TEST(SmallDisk, OfAnySizeHoldsWholeFilesOnlyAndRoomLetsTheJobGoOn) {
         folders.AddFilm("Abba", "Live", "Film", Pattern(60000));
         const TestMount disk = TestMount::Memory(
             folders.Destination, QByteArray("size=" + QByteArray::number(4096 * 60)).constData());
-        if (!disk.IsMounted()) {
-            GTEST_SKIP() << "no small disk can be mounted here";
-        }
+        SKIP_UNLESS(disk.IsMounted(), "no small disk can be mounted here");
         const QString ballast = folders.Destination + u"/ballast"_s;
         WriteFile(ballast, QByteArray(4096 * (60 - pages), 'x'));
         RealJob job(folders);
@@ -192,9 +190,7 @@ TEST(SmallDisk, OfAnySizeHoldsWholeFilesOnlyAndRoomLetsTheJobGoOn) {
 
 TEST_F(TargetFault, AReadOnlyDiskIsADeniedPermissionUntilItCanBeWritten) {
     TestMount disk = TestMount::Bind(m_folders.Destination, m_folders.Destination, true);
-    if (!disk.IsMounted()) {
-        GTEST_SKIP() << "no disk can be mounted here";
-    }
+    SKIP_UNLESS(disk.IsMounted(), "no disk can be mounted here");
     RealJob job(m_folders);
     RetryAfter(job, [&] { disk.Unmount(); });
     job.Press();
@@ -209,9 +205,7 @@ TEST_F(TargetFault, AReadOnlyDiskIsADeniedPermissionUntilItCanBeWritten) {
 TEST_F(TargetFault, AReadOnlyDiskOnWhichEveryFailureIsIgnoredStaysAsItIs) {
     {
         const TestMount disk = TestMount::Bind(m_folders.Destination, m_folders.Destination, true);
-        if (!disk.IsMounted()) {
-            GTEST_SKIP() << "no disk can be mounted here";
-        }
+        SKIP_UNLESS(disk.IsMounted(), "no disk can be mounted here");
         RealJob job(m_folders);
         job.AnswerBy(Policy::Ignore);
         job.Press();
@@ -288,9 +282,7 @@ TEST_F(TargetFault, AFolderThatMayNotBeWrittenIsLeftOutAndRetryComesBackToIt) {
             }
         }
         SetMode(closed, 0755);
-        if (!isNobody) {
-            GTEST_SKIP() << "this process cannot become another user";
-        }
+        SKIP_UNLESS(isNobody, "this process cannot become another user");
         EXPECT_EQ(
             job.messages.Shown.front(),
             (ShownMessage{u"Unable to create file: \""_s + closed + u"/One.mp3\""_s, u"Error"_s,

@@ -165,9 +165,7 @@ using HostileFiles = JobOnDisk;
 
 TEST_F(HostileFiles, OneThatOnlyClaimsToBeHugeFillsTheDriveAndLeavesNothingThere) {
     const TestMount mount = TestMount::Memory(Destination(), "size=2m");
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     for (const qint64 size : {qint64{5}, InChunks}) {
         tracks.clear();
         AddSong(u"Huge"_s, "begin", size);

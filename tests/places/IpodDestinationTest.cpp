@@ -49,9 +49,7 @@ TEST_F(IpodDestination, ItsOwnDriveIsRefusedInEveryForm) {
 TEST_F(IpodDestination, ItsOwnDriveIsRefusedThroughASecondMount) {
     MakeFolder(World("mounted"));
     const TestMount mount = TestMount::Bind(Ipod("Notes"), World("mounted"));
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no folder can be mounted twice here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no folder can be mounted twice here");
     form.txtDestination.SetText(u"E:\\"_s);
     Run();
     ExpectRefused(World("mounted"));

@@ -142,9 +142,7 @@ TEST_F(CopyFixture, AnEarlierFileThatMayNotBeWrittenIsKept) {
     SetMode(Target(u"Song.mp3"_s), 0444);
     const int number = NumberOfNobody(
         [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
     EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), "old");
     EXPECT_EQ(NamesIn(Target()), QStringList(u"Song.mp3"_s));
@@ -156,9 +154,7 @@ TEST_F(CopyFixture, ATargetFolderThatMayNotBeWrittenIsADeniedPermission) {
     SetMode(Target(), 0555);
     const int number = NumberOfNobody(
         [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
 }
 
@@ -169,9 +165,7 @@ TEST_F(CopyFixture, AnotherUsersFileIsCopiedWithoutBeingOpenedForWriting) {
     SetMode(Target(), 0777);
     const int number = NumberOfNobody(
         [this] { m_files.CopyFile(Source(u"a"_s), Target(u"Song.mp3"_s), Existing::Replace, {}); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 0);
     EXPECT_EQ(ReadFile(Target(u"Song.mp3"_s)), "music");
 }
@@ -202,9 +196,7 @@ TEST_F(CopyFixture, AFileThatReportsNoLengthIsCopiedToItsEnd) {
 
 TEST_F(CopyFixture, AFileIsCopiedBetweenTwoDisks) {
     const TestMount mount = TestMount::Memory(Target(), "size=8m");
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no second disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no second disk can be mounted here");
     for (const qsizetype size : {0, 1, 262144, 262145, 1048576, 1048577, 3000000}) {
         WriteFile(Source(u"a"_s), Pattern(size));
         m_files.CopyFile(Source(u"a"_s), Target(u"b"_s), Existing::Replace, {});
@@ -317,9 +309,7 @@ TEST_P(CopyInEitherWay, AFileOrALinkToNothingThatIsToBeKeptStays) {
 
 TEST_P(CopyInEitherWay, AFullDiskLeavesNothingBehind) {
     const TestMount mount = TestMount::Memory(Target());
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     WriteFile(Source(u"a"_s), Pattern(2000000));
     EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 61);
     EXPECT_EQ(NamesIn(Target()), QStringList());
@@ -328,9 +318,7 @@ TEST_P(CopyInEitherWay, AFullDiskLeavesNothingBehind) {
 
 TEST_P(CopyInEitherWay, AnEarlierFileOutlivesAFullDisk) {
     const TestMount mount = TestMount::Memory(Target());
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     WriteFile(Target(u"b"_s), "old");
     WriteFile(Source(u"a"_s), Pattern(2000000));
     EXPECT_EQ(CopyError(Source(u"a"_s), u"b"_s), 61);
@@ -340,9 +328,7 @@ TEST_P(CopyInEitherWay, AnEarlierFileOutlivesAFullDisk) {
 
 TEST_P(CopyInEitherWay, ADiskWithoutRoomForOneMoreFileIsFull) {
     const TestMount mount = TestMount::Memory(Target(), "size=1m,nr_inodes=3");
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     WriteFile(Source(u"a"_s), "x");
     WriteFile(Target(u"one"_s), "1");
     WriteFile(Target(u"two"_s), "2");

@@ -143,9 +143,7 @@ TEST_F(DeleteFixture, ASharedTemporaryFolderInsideIsLeftAloneAndTheRestIsDeleted
 TEST_F(DeleteFixture, AMountPointIsLeftAlone) {
     MakeFolder(Native(u"tmp"_s));
     const TestMount mount = TestMount::Memory(Native(u"tmp"_s));
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no disk can be mounted here");
     SetMode(Native(u"tmp"_s), 0755);
     WriteFile(Native(u"tmp/file"_s), "x");
     EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
@@ -161,9 +159,7 @@ TEST_F(DeleteFixture, MountPointsInsideAreLeftAloneAndTheRestIsDeleted) {
     // A folder of the same disk: its device number does not tell.
     const TestMount folder = TestMount::Bind(Native(u"precious"_s), Native(u"tmp/a/mounted"_s));
     const TestMount file = TestMount::Bind(Native(u"precious/letter"_s), Native(u"tmp/file"_s));
-    if (!folder.IsMounted() || !file.IsMounted()) {
-        GTEST_SKIP() << "nothing can be mounted here";
-    }
+    SKIP_UNLESS(folder.IsMounted() && file.IsMounted(), "nothing can be mounted here");
     EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
     EXPECT_EQ(ReadFile(Native(u"precious/letter"_s)), "x");
     EXPECT_EQ(NamesIn(Native(u"tmp"_s)), QStringList({u"a"_s, u"file"_s}));
@@ -192,9 +188,7 @@ TEST_F(DeleteFixture, AnEntryThatMayNotBeDeletedDoesNotProtectTheRest) {
     SetMode(Native(u"tmp/open"_s), 0777);
     SetMode(Native(u"tmp/closed"_s), 0555);
     const int number = NumberOfNobody([this] { m_files.DeleteFolder(Native(u"tmp"_s), {}); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
     EXPECT_EQ(NamesIn(Native(u"tmp"_s)), QStringList(u"closed"_s));
     EXPECT_EQ(ReadFile(Native(u"tmp/closed/file"_s)), "x");
@@ -207,9 +201,7 @@ TEST_F(DeleteFixture, AnEmptyFolderThatMayNotBeReadIsDeleted) {
     SetMode(Native(u"tmp"_s), 0777);
     SetMode(Native(u"tmp/dark"_s), 0);
     const int number = NumberOfNobody([this] { m_files.DeleteFolder(Native(u"tmp"_s), {}); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 0);
     EXPECT_EQ(NamesIn(Native()), QStringList());
 }

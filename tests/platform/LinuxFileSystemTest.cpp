@@ -109,9 +109,7 @@ TEST_F(FilesFixture, AFileThatMayNotBeReadIsADeniedPermission) {
     SetMode(Native(), 0755);
     SetMode(Native(u"song.mp3"_s), 0);
     const int number = NumberOfNobody([this] { m_files.OpenForReading(Native(u"song.mp3"_s)); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
 }
 
@@ -216,9 +214,7 @@ TEST_F(FilesFixture, NothingIsCreatedOnAReadOnlyDisk) {
     MakeFolder(Native(u"shown"_s));
     WriteFile(Native(u"disk/song.mp3"_s), "x");
     const TestMount mount = TestMount::Bind(Native(u"disk"_s), Native(u"shown"_s), true);
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "a read-only folder cannot be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "a read-only folder cannot be mounted here");
     const QString song = Native(u"shown/song.mp3"_s);
     EXPECT_EQ(CreationError(Native(u"shown/new"_s)), 70);
     EXPECT_EQ(WritingError(Native(u"shown/copy.tmp"_s)), 70);
@@ -233,9 +229,7 @@ TEST_F(FilesFixture, NothingIsCreatedOnAReadOnlyDisk) {
 
 TEST_F(FilesFixture, WritingToAFullDiskRaisesDiskFull) {
     const TestMount mount = TestMount::Memory(Native());
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     const std::unique_ptr<BinaryFile> file =
         m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
     const QByteArray bytes = Pattern(2000000);
@@ -255,9 +249,7 @@ TEST_F(FilesFixture, TheDriveOfANativePathIsItsMountFolder) {
     const QString before = m_files.DriveOf(disk);
     EXPECT_TRUE(disk.startsWith(before)) << qPrintable(before);
     const TestMount mount = TestMount::Memory(disk);
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no disk can be mounted here");
     EXPECT_EQ(m_files.DriveOf(disk), disk);
     EXPECT_EQ(m_files.DriveOf(disk + u"/not/there/yet"_s), disk);
     EXPECT_EQ(m_files.DriveOf(Native(u"link/x"_s)), disk);
@@ -279,9 +271,7 @@ TEST_F(FilesFixture, ATextOfNeitherFormIsOnNoDrive) {
 
 TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
     const TestMount mount = TestMount::Memory(Native());
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no small disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no small disk can be mounted here");
     EXPECT_EQ(m_files.FreeBytes(Native()), 1048576.0);
     EXPECT_EQ(m_files.FreeBytes(Native(u"not/there/yet"_s)), 1048576.0);
     EXPECT_EQ(m_files.FreeBytes(u"E:"_s), 1048576.0);

@@ -12,6 +12,12 @@
 
 #include <functional>
 
+/// Ends the test where this machine does not let it have what it needs.
+#define SKIP_UNLESS(possible, reason)                                                              \
+    if (possible) {                                                                                \
+    } else                                                                                         \
+        GTEST_SKIP() << (reason)
+
 /// A real folder that is attached as drive E:, and the services on it.
 class LinuxFixture : public testing::Test {
 protected:

@@ -131,9 +131,7 @@ TEST_F(FoldersFixture, AFolderThatMayNotBeCreatedIsADeniedPermission) {
     SetMode(Native(), 0755);
     SetMode(Native(u"closed"_s), 0555);
     const int number = NumberOfNobody([this] { m_files.CreateFolder(Native(u"closed/new"_s)); });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
 }
 

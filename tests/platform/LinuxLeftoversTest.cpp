@@ -68,9 +68,7 @@ TEST_F(LinuxLeftovers, AMissingOrForbiddenFolderIsNotAFailure) {
     SetMode(Native(), 0555);
     const int number = NumberOfNobody([this] { m_files.RemoveLeftovers(Native()); });
     SetMode(Native(), 0755);
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 0);
     EXPECT_TRUE(IsThere(Native(Part)));
 }

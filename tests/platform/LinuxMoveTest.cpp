@@ -45,9 +45,7 @@ TEST_F(MoveFixture, OnADriveAMovedFileReplacesOneInAnotherCase) {
 TEST_F(MoveFixture, AFileIsMovedToAnotherDiskToo) {
     MakeFolder(Native(u"disk"_s));
     const TestMount mount = TestMount::Memory(Native(u"disk"_s));
-    if (!mount.IsMounted()) {
-        GTEST_SKIP() << "no second disk can be mounted here";
-    }
+    SKIP_UNLESS(mount.IsMounted(), "no second disk can be mounted here");
     WriteFile(Native(u"copy.tmp"_s), Pattern(500000));
     const QString target = Native(u"disk/Song.mp3"_s);
     EXPECT_EQ(MoveError(Native(u"copy.tmp"_s), target), 0);
@@ -83,9 +81,7 @@ TEST_F(MoveFixture, AMoveLeavesAnEarlierFileThatMayNotBeWritten) {
         m_files.MoveFile(*m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s)),
                          Native(u"Song.mp3"_s), Existing::Replace, {});
     });
-    if (number == -1) {
-        GTEST_SKIP() << "this process cannot become another user";
-    }
+    SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
     EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "old");
 }
