@@ -90,92 +90,45 @@ TEST_F(SettingsTest, TheWindowComesBackWhereTheScreensShowItAndIsCentredElsewher
     const ScreenArea one = {0, 0, 28800, 16200};
     const ScreenArea two = {0, 0, 57600, 16200};
     const ScreenArea moved = {-600, -300, 29400, 16500};
+    const ScreenArea wide = {0, -16200, 57600, 32400};
+    const ScreenArea bars = {600, 300, 28000, 15900}; // the desktop has bars
     const struct {
         const char* Rule;
         ScreenArea Work, Screens;
-        const char *Left, *Top, *Width, *Height;     // saved; null if not
-        double NewLeft, NewTop, NewWidth, NewHeight; // restored
+        struct {
+            const char *Left = nullptr, *Top = nullptr, *Width = nullptr, *Height = nullptr;
+        } Saved;
+        ScreenArea Restored;
     } cases[] = {
-        {"a first start", one, one, {}, {}, {}, {}, 8400, 3600, 12000, 9000},
-        {"beside the desktop's bars",
-         {1200, 600, 27600, 15600},
-         one,
-         {},
-         {},
-         {},
-         {},
-         9000,
-         3900,
-         12000,
-         9000},
-        {"larger than the screen",
-         {600, 300, 9000, 7500},
-         one,
-         {},
-         {},
-         {},
-         {},
-         600,
-         300,
-         12000,
-         9000},
-        {"right of the screen", one, one, "28801", "1500", {}, {}, 8400, 1500, 12000, 9000},
-        {"below the screen", one, one, "1500", "16201", {}, {}, 1500, 3600, 12000, 9000},
-        {"just on the screen", one, one, "28800", "16200", {}, {}, 28800, 16200, 12000, 9000},
+        {"a first start", one, one, {}, {8400, 3600, 12000, 9000}},
+        {"beside bars", {1200, 600, 27600, 15600}, one, {}, {9000, 3900, 12000, 9000}},
+        {"larger than the screen", {600, 300, 9000, 7500}, one, {}, {600, 300, 12000, 9000}},
+        {"right of the screen", one, one, {"28801", "1500"}, {8400, 1500, 12000, 9000}},
+        {"below the screen", one, one, {"1500", "16201"}, {1500, 3600, 12000, 9000}},
+        {"just on the screen", one, one, {"28800", "16200"}, {28800, 16200, 12000, 9000}},
         // Its right and its lower edge are where the screens begin.
-        {"left of all screens, and above",
-         one,
-         moved,
-         "-12600",
-         "-9300",
-         {},
-         {},
-         8400,
-         3600,
-         12000,
-         9000},
-        {"just right of there", one, moved, "-12599", "-9299", {}, {}, -12599, -9299, 12000, 9000},
-        {"on screens at the right and above",
-         one,
-         {0, -16200, 57600, 32400},
-         "57600",
-         "-15000",
-         {},
-         {},
-         57600,
-         -15000,
-         12000,
-         9000},
-        {"another size", one, one, {}, {}, "14400", "9600.5", 7200, 3299.75, 14400, 9600.5},
-        {"over two screens but 2 and 20 pixels", one, two, "15", "30", "57570", "15900", 15, 30,
-         57570, 15900},
+        {"left of all, and above", one, moved, {"-12600", "-9300"}, {8400, 3600, 12000, 9000}},
+        {"just right of there", one, moved, {"-12599", "-9299"}, {-12599, -9299, 12000, 9000}},
+        {"at the right and above", one, wide, {"57600", "-15000"}, {57600, -15000, 12000, 9000}},
+        {"another size", one, one, {{}, {}, "14400", "9600.5"}, {7200, 3299.75, 14400, 9600.5}},
+        {"over two screens", one, two, {"15", "30", "57570", "15900"}, {15, 30, 57570, 15900}},
         // 95 and 90 percent of the work area
-        {"one twip more",
-         {600, 300, 28000, 15900},
-         two,
-         "15",
-         "30",
-         "57571",
-         "15901",
-         1300,
-         1095,
-         26600,
-         14310},
+        {"one twip more", bars, two, {"15", "30", "57571", "15901"}, {1300, 1095, 26600, 14310}},
     };
     for (const auto& start : cases) {
         SCOPED_TRACE(start.Rule);
         SettingsScene fresh;
         fresh.form.WindowManager.Work = start.Work;
         fresh.form.WindowManager.Screens = start.Screens;
-        fresh.PutUnlessNull("Left", start.Left);
-        fresh.PutUnlessNull("Top", start.Top);
-        fresh.PutUnlessNull("Width", start.Width);
-        fresh.PutUnlessNull("Height", start.Height);
+        fresh.PutUnlessNull("Left", start.Saved.Left);
+        fresh.PutUnlessNull("Top", start.Saved.Top);
+        fresh.PutUnlessNull("Width", start.Saved.Width);
+        fresh.PutUnlessNull("Height", start.Saved.Height);
         fresh.Restore();
-        EXPECT_DOUBLE_EQ(fresh.form.Form1.Left(), start.NewLeft);
-        EXPECT_DOUBLE_EQ(fresh.form.Form1.Top(), start.NewTop);
-        EXPECT_DOUBLE_EQ(fresh.form.Form1.Width(), start.NewWidth);
-        EXPECT_DOUBLE_EQ(fresh.form.Form1.Height(), start.NewHeight);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Left(), start.Restored.Left);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Top(), start.Restored.Top);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Width(), start.Restored.Width);
+        EXPECT_DOUBLE_EQ(fresh.form.Form1.Height(), start.Restored.Height);
         EXPECT_EQ(fresh.form.Form1.State(), WindowState::Normal);
     }
 }

@@ -7,26 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Rows, indices and names all differ in their order: Abba is artist 1 and row 1, Queen artist 0
-/// and row 2; each has an album with the index 0, and that a song with the index 0.
-const char* const TwoArtists = R"(
-Queen
-  Jazz
-    Mustapha | 1
-    Bicycle Race | 4
-  Innuendo
-    Headlong | 5
-    Bijou | 11
-Abba
-  Arrival
-    Tiger | 2
-    Money | 1
-)";
-
-} // namespace
-
 TEST(ArtistList, ALibraryIsShownWithTheAlbumsOfItsFirstArtist) {
     BrowserFixture browser(TwoArtists);
     EXPECT_EQ(browser.Rows(), "All (2 Artists), Abba, Queen | All (1 Album), Arrival | "

@@ -5,6 +5,8 @@
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 /// The records that a text describes: a line for each artist, under it, indented by two blanks, a
@@ -86,4 +88,32 @@ public:
 
 private:
     void DoStep(const QString& verb, const QString& what);
+};
+
+/// Rows, indices, names and numbers all differ in their order: Abba is artist 1 and row 1, Queen
+/// artist 0 and row 2; each has an album with the index 0, and that a song with the index 0.
+inline const char* const TwoArtists = R"(
+Queen
+  Jazz
+    Mustapha | 1 | 1024
+    Bicycle Race | 4 | 2048
+  Innuendo
+    Headlong | 5 | 4096
+    Bijou | 11 | 8192
+Abba
+  Arrival
+    Tiger | 2 | 16384
+    Money | 1 | 32768
+)";
+
+/// A test of what a window does that shows a library.
+class BrowserTest : public testing::Test {
+protected:
+    explicit BrowserTest(const char* description = TwoArtists) : browser(description) {}
+
+    BrowserFixture browser;
+    FakeForm1& form = browser.Form;
+    FakeListControl& artists = browser.lstArtists;
+    FakeListControl& albums = browser.lstAlbums;
+    FakeListControl& songs = browser.lstSongs;
 };

@@ -4,32 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const char* const TwoArtists = R"(
-Queen
-  Jazz
-    Mustapha | 1
-    Bicycle Race | 4
-  Innuendo
-    Headlong | 5
-    Bijou | 11
-Abba
-  Arrival
-    Tiger | 2
-    Money | 1
-)";
-
-class LinkedListsTest : public testing::Test {
-protected:
-    BrowserFixture browser{TwoArtists};
-    FakeForm1& form = browser.Form;
-    FakeListControl& artists = browser.lstArtists;
-    FakeListControl& albums = browser.lstAlbums;
-    FakeListControl& songs = browser.lstSongs;
-};
-
-} // namespace
+class LinkedListsTest : public BrowserTest {};
 
 // ---- the albums follow the artist, and the songs the album
 
@@ -178,12 +153,12 @@ TEST_F(LinkedListsTest, RowsShowTheRecordsMarksAndAllIsTickedWhenEveryOtherRowIs
 // ---- the list of all songs
 
 TEST_F(LinkedListsTest, BuildingTheListOfAllSongsIsAnnouncedAndTheEarlierTextPutBack) {
-    ASSERT_EQ(browser.Message(), "Selected: 0 KB of 6 KB");
+    ASSERT_EQ(browser.Message(), "Selected: 0 KB of 63 KB");
     form.lblMessage.Captions.clear();
     form.Form1.MousePointers.clear();
     const int repaints = form.lblMessage.RefreshCount;
     browser.Do("artist All");
-    EXPECT_EQ(form.lblMessage.Captions.join(u'|'), u"Building lists...|Selected: 0 KB of 6 KB"_s);
+    EXPECT_EQ(form.lblMessage.Captions.join(u'|'), u"Building lists...|Selected: 0 KB of 63 KB"_s);
     EXPECT_EQ(form.lblMessage.RefreshCount, repaints + 1);
     EXPECT_EQ(form.Form1.MousePointers,
               (std::vector{MousePointer::Hourglass, MousePointer::Default}));

@@ -8,22 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Abba is artist 1 and row 1, Queen artist 0 and row 2. By number, Queen's albums stand the other
-/// way round than by row, and so do the songs.
-const char* const TwoArtists = R"(
-Queen
-  Jazz
-    Mustapha | 1 | 1024
-    Bicycle Race | 4 | 2048
-  Innuendo
-    Headlong | 5 | 4096
-    Bijou | 11 | 8192
-Abba
-  Arrival
-    Tiger | 2 | 16384
-    Money | 1 | 32768
-)";
-
 const std::string Jazz = "Queen, Queen/Jazz, Queen/Jazz/Mustapha, Queen/Jazz/Bicycle Race";
 const std::string Queen = Jazz + ", Queen/Innuendo, Queen/Innuendo/Headlong, Queen/Innuendo/Bijou";
 const std::string Innuendo = "Queen, Queen/Innuendo, Queen/Innuendo/Headlong, Queen/Innuendo/Bijou";
@@ -43,12 +27,8 @@ struct Case {
     std::string Checked;
 };
 
-class CheckPropagationTest : public testing::Test {
+class CheckPropagationTest : public BrowserTest {
 protected:
-    BrowserFixture browser{TwoArtists};
-    FakeListControl& artists = browser.lstArtists;
-    FakeListControl& albums = browser.lstAlbums;
-    FakeListControl& songs = browser.lstSongs;
     FakeButtonControl& cmdCopy = browser.Form.cmdCopy;
 
     static void ExpectEach(const std::vector<Case>& cases) {

@@ -2,8 +2,6 @@
 
 #include "tests/browser/BrowserFixture.h"
 
-#include <gtest/gtest.h>
-
 /// Abba is artist 2 and row 1, Blue River artist 0 and row 2, Queen artist 1 and row 3.
 inline const char* const ThreeArtists = R"(
 Blue River
@@ -26,13 +24,9 @@ Abba
     Money | 1 | 524288
 )";
 
-class SearchFixture : public testing::Test {
+class SearchFixture : public BrowserTest {
 protected:
-    BrowserFixture browser{ThreeArtists};
-    FakeForm1& form = browser.Form;
-    FakeListControl& artists = browser.lstArtists;
-    FakeListControl& albums = browser.lstAlbums;
-    FakeListControl& songs = browser.lstSongs;
+    SearchFixture() : BrowserTest(ThreeArtists) {}
 
     void ExpectFullLibrary() {
         EXPECT_EQ(Texts(artists), "All (3 Artists), Abba, Blue River, Queen");

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char* const TwoArtists = R"(
+const char* const WithFilm = R"(
 Queen
   Jazz
     Mustapha
@@ -22,13 +22,9 @@ Abba
     Money
 )";
 
-class SearchRunTest : public testing::Test {
+class SearchRunTest : public BrowserTest {
 protected:
-    BrowserFixture browser{TwoArtists};
-    FakeForm1& form = browser.Form;
-    FakeListControl& artists = browser.lstArtists;
-    FakeListControl& albums = browser.lstAlbums;
-    FakeListControl& songs = browser.lstSongs;
+    SearchRunTest() : BrowserTest(WithFilm) {}
 
     /// Does something in one yield, counted from 1 and from now on.
     void InYield(int number, Event action) {
@@ -100,7 +96,7 @@ TEST_F(SearchRunTest, TypingQuicklyEndsWithTheResultForTheLastText) {
 
 TEST_F(SearchRunTest, ATextTypedAtAnyYieldIsSearchedForAndNoOutdatedResultIsShown) {
     for (int yield = 1; yield <= 8; ++yield) {
-        BrowserFixture fresh(TwoArtists);
+        BrowserFixture fresh(WithFilm);
         fresh.Events.OnYield = [&](int now) {
             if (now == yield) {
                 fresh.Do("type tiger, type money");
