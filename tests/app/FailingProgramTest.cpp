@@ -10,10 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Q(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 const char* const Targets[][2] = {
     {"D:\\Music\\Blue River\\Deep\\01 Source.mp3", "E:\\iPod_Control\\Music\\F00\\AAAA.mp3"},
     {"D:\\Music\\Blue River\\Deep\\02 Delta.mp3", "E:\\iPod_Control\\Music\\F00\\AAAB.mp3"},
@@ -90,7 +86,7 @@ public:
         form.cmdCopy.UserPress();
         EXPECT_EQ(messages.Texts(), QStringList({u"Copy completed!"_s}));
         for (const auto& [target, source] : Targets) {
-            EXPECT_TRUE(files.HasFile(Q(target))) << target;
+            EXPECT_TRUE(files.HasFile(Text(target))) << target;
         }
         ExpectAtRest();
         form.Form1.UserClose();
@@ -104,8 +100,8 @@ public:
 private:
     bool IsWhole(const QString& file) {
         for (const auto& [target, source] : Targets) {
-            if (Q(target) == file) {
-                return files.SameContent(file, Q(source));
+            if (Text(target) == file) {
+                return files.SameContent(file, Text(source));
             }
         }
         return false;

@@ -3,7 +3,7 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 #include "tests/support/SampleTrack.h"
 
 /// The whole program on fakes: every subsystem, wired as it is delivered.

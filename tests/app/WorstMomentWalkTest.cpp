@@ -16,10 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Q(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 /// A song with a title of its own, so that a row's text tells which one it is.
 struct Song {
     QString Artist, Album, Title;
@@ -110,7 +106,7 @@ private:
                               QLatin1Char(letter) + u"00/"_s + song.File,
                               song.IsVideo ? u"MPEG-4 video file"_s : u"MPEG audio file"_s});
         }
-        PlugIn(QLatin1Char(letter), Q(letter == 'E' ? "ONE" : "TWO"), tracks);
+        PlugIn(QLatin1Char(letter), Text(letter == 'E' ? "ONE" : "TWO"), tracks);
     }
 
     bool IsPlugged(char letter) {
@@ -472,7 +468,7 @@ private:
     void CheckFiles() {
         EXPECT_EQ(files.OpenFiles, 0);
         for (const char* device : {"E:", "F:"}) {
-            EXPECT_EQ(files.ChangesBelow(Q(device)), QStringList());
+            EXPECT_EQ(files.ChangesBelow(Text(device)), QStringList());
         }
         for (const QString& file : files.FilesBelow(u"D:\\Music"_s)) {
             bool whole = false;

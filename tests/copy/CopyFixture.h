@@ -4,15 +4,11 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The message of a completed job.
 extern const ShownMessage Completed;

@@ -1,5 +1,5 @@
 #include "copy/FittingName.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +10,6 @@ namespace {
 const NameLimits Ext4;
 const NameLimits Fat{255, NameLimits::Unit::Utf16Units, true};
 const NameLimits HfsPlus{255, NameLimits::Unit::DecomposedUtf16Units, false};
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 QString Times(int count, const char* text) {
     return Text(text).repeated(count);

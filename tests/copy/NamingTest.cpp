@@ -1,5 +1,7 @@
 #include "copy/Naming.h"
 
+#include "tests/fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
@@ -10,10 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 class NamingInOneFolder : public testing::Test {
 protected:

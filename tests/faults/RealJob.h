@@ -4,14 +4,11 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// What the user answers when something fails.
 enum class Policy { Retry, Ignore, Stop };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 #include "tests/library/LibraryLines.h"
 
 #include <gtest/gtest.h>

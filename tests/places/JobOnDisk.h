@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/Text.h"
 #include "tests/places/TreeListing.h"
 #include "tests/platform/LinuxFixture.h"
 #include "tests/support/SampleTrack.h"
@@ -12,10 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
-
-inline QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 /// The length of file in the database from which on a track is copied in chunks.
 constexpr qint64 InChunks = 50000001;

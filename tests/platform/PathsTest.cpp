@@ -1,16 +1,10 @@
 #include "platform/Paths.h"
 
+#include "tests/fakes/Text.h"
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 TEST(PathForm, ALetterAndAColonBeginTheDriveForm) {
     EXPECT_TRUE(Paths::IsDriveForm(u"E:"_s));

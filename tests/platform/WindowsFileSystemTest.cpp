@@ -4,6 +4,7 @@
 #include "platform/Paths.h"
 #include "platform/windows/WindowsErrors.h"
 #include "platform/windows/WindowsPaths.h"
+#include "tests/fakes/Text.h"
 #include "tests/platform/RealDisk.h"
 
 #include <QDateTime>
@@ -14,10 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
 
 class WindowsFiles : public testing::Test {
 protected:

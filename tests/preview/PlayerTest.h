@@ -3,7 +3,7 @@
 #include "platform/player/MediaPlayer.h"
 #include "platform/player/VideoArea.h"
 #include "tests/fakes/FakeFileSystem.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 #include "tests/preview/MediaSamples.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 
 #include "platform/Controls.h"
 #include "platform/RuntimeError.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "platform/qt/QtButtonControl.h"
 #include "platform/qt/QtTextControl.h"
-#include "tests/fakes/PrintText.h"
+#include "tests/fakes/Text.h"
 #include "tests/window/QtInput.h"
 
 #include <QDir>
