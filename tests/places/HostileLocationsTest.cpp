@@ -21,8 +21,12 @@ struct HostileLocation {
     QString Message;
 };
 
-QString NotFound(const char* file) {
+QString NotFound(const QByteArray& file) {
     return u"Error: File not found: \""_s + Text(file) + u"\""_s;
+}
+
+HostileLocation NotFoundInF00(const QByteArray& name) {
+    return {Text("F00/" + name), NotFound("E:\\iPod_Control\\Music\\F00\\" + name)};
 }
 
 QString NoFolder(const QString& folder) {
@@ -75,7 +79,7 @@ TEST_P(HostileLocations, PathsThatWouldLeaveTheIpodLeadNowhere) {
         {u"F00/../../../../secret.mp3"_s, NoFolder(MusicFolder + u"F00\\..\\..\\..\\.."_s)},
         {u"../../../secret.mp3"_s, NoFolder(MusicFolder + u"..\\..\\.."_s)},
         {u"F00/./../F00/nix.mp3"_s, NoFolder(MusicFolder + u"F00\\.\\..\\F00"_s)},
-        {u"F00/.."_s, NotFound("E:\\iPod_Control\\Music\\F00\\..")},
+        NotFoundInF00(".."),
         {u"F00\\..\\..\\secret.mp3"_s, NoFolder(MusicFolder + u"F00\\..\\.."_s)},
         {world + u"/secret.mp3"_s, NoFolder(MusicFolder + QString(world).replace(u'/', u'\\'))},
         {u"C:\\Windows\\win.ini"_s, NoFolder(MusicFolder + u"C\\\\Windows"_s)},
@@ -83,7 +87,7 @@ TEST_P(HostileLocations, PathsThatWouldLeaveTheIpodLeadNowhere) {
         {QString(200, u'a') + u"/"_s + QString(300, u'b') + u".mp3"_s,
          NoFolder(MusicFolder + QString(200, u'a'))},
         {u"F00/"_s + QString(300, u'b'),
-         NotFound(("E:\\iPod_Control\\Music\\F00\\" + QByteArray(300, 'b')).constData())},
+         NotFound("E:\\iPod_Control\\Music\\F00\\" + QByteArray(300, 'b'))},
         {QString(5000, u'a') + u"/b"_s, NoFolder(MusicFolder + QString(5000, u'a'))},
     });
 }
@@ -100,17 +104,17 @@ TEST_P(HostileLocations, LinksThatLeaveTheIpodLeadNowhere) {
     MakeLink(u"round.mp3"_s, Music("round.mp3"));
     MakeLink(u"nix"_s, Music("dead.mp3"));
     RunOver({
-        {u"F00/absolute.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\absolute.mp3")},
-        {u"F00/relative.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\relative.mp3")},
+        NotFoundInF00("absolute.mp3"),
+        NotFoundInF00("relative.mp3"),
         {u"F00/up/secret.mp3"_s, NoFolder(MusicFolder + u"F00\\up"_s)},
         {u"F00/private/secret.mp3"_s, NoFolder(MusicFolder + u"F00\\private"_s)},
         {u"F00/PRIVATE/SECRET.mp3"_s, NoFolder(MusicFolder + u"F00\\PRIVATE"_s)},
-        {u"F00/zero.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")},
-        {u"F00/maps.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\maps.mp3")},
-        {u"F00/input.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\input.mp3")},
-        {u"F00/copy.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\copy.mp3")},
-        {u"F00/round.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\round.mp3")},
-        {u"F00/dead.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\dead.mp3")},
+        NotFoundInF00("zero.mp3"),
+        NotFoundInF00("maps.mp3"),
+        NotFoundInF00("input.mp3"),
+        NotFoundInF00("copy.mp3"),
+        NotFoundInF00("round.mp3"),
+        NotFoundInF00("dead.mp3"),
     });
 }
 
@@ -120,11 +124,11 @@ TEST_P(HostileLocations, WhatIsNoFileIsNeitherReadNorWaitedFor) {
     MakeFolder(Music("folder.mp3"));
     MakeLink(u"pipe.mp3"_s, Music("link.mp3"));
     std::vector<HostileLocation> locations = {
-        {u"F00/pipe.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\pipe.mp3")},
-        {u"F00/PIPE.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\PIPE.mp3")},
-        {u"F00/link.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\link.mp3")},
-        {u"F00/socket.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\socket.mp3")},
-        {u"F00/folder.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3")},
+        NotFoundInF00("pipe.mp3"),
+        NotFoundInF00("PIPE.mp3"),
+        NotFoundInF00("link.mp3"),
+        NotFoundInF00("socket.mp3"),
+        NotFoundInF00("folder.mp3"),
         {u"F00/folder.mp3/"_s, NotFound("E:\\iPod_Control\\Music\\F00\\folder.mp3\\")},
         {u"F00"_s, NotFound("E:\\iPod_Control\\Music\\F00")},
         {u"F00/pipe.mp3/x"_s, NoFolder(MusicFolder + u"F00\\pipe.mp3"_s)},
@@ -132,9 +136,8 @@ TEST_P(HostileLocations, WhatIsNoFileIsNeitherReadNorWaitedFor) {
     // Only root may make devices: an endless one, and the terminal.
     if (mknod(Music("zero.mp3").toUtf8().constData(), S_IFCHR | 0666, makedev(1, 5)) == 0 &&
         mknod(Music("tty.mp3").toUtf8().constData(), S_IFCHR | 0666, makedev(5, 0)) == 0) {
-        locations.push_back(
-            {u"F00/zero.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\zero.mp3")});
-        locations.push_back({u"F00/tty.mp3"_s, NotFound("E:\\iPod_Control\\Music\\F00\\tty.mp3")});
+        locations.push_back(NotFoundInF00("zero.mp3"));
+        locations.push_back(NotFoundInF00("tty.mp3"));
     }
     RunOver(locations);
 }

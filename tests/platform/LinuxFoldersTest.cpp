@@ -22,27 +22,24 @@ mode_t ModeOf(const QString& path) {
 
 } // namespace
 
-TEST_F(FoldersFixture, OnlyRegularFilesAreFiles) {
+TEST_F(FoldersFixture, OnlyRegularFilesAreFilesAndOnlyFoldersAreFolders) {
+    WriteFile(Native(u"file"_s), "x");
     MakeFolder(Native(u"folder"_s));
+    MakeLink(u"file"_s, Native(u"to file"_s));
+    MakeLink(u"folder"_s, Native(u"to folder"_s));
     ASSERT_TRUE(MakePipe(Native(u"pipe"_s)));
-    WriteFile(Native(u"file"_s), "x");
-    MakeLink(u"file"_s, Native(u"link"_s));
-    EXPECT_TRUE(m_files.FileExists(Native(u"file"_s)));
-    EXPECT_TRUE(m_files.FileExists(Native(u"link"_s)));
-    EXPECT_FALSE(m_files.FileExists(Native(u"folder"_s)));
-    EXPECT_FALSE(m_files.FileExists(Native(u"pipe"_s)));
-    EXPECT_FALSE(m_files.FileExists(Native(u"nix"_s)));
-}
-
-TEST_F(FoldersFixture, OnlyFoldersAreFolders) {
-    MakeFolder(Native(u"folder"_s));
-    WriteFile(Native(u"file"_s), "x");
-    MakeLink(u"folder"_s, Native(u"link"_s));
-    EXPECT_TRUE(m_files.FolderExists(Native(u"folder"_s)));
-    EXPECT_TRUE(m_files.FolderExists(Native(u"folder/"_s)));
-    EXPECT_TRUE(m_files.FolderExists(Native(u"link"_s)));
-    EXPECT_FALSE(m_files.FolderExists(Native(u"file"_s)));
-    EXPECT_FALSE(m_files.FolderExists(Native(u"nix"_s)));
+    for (const QString& name : {u"file"_s, u"to file"_s}) {
+        EXPECT_TRUE(m_files.FileExists(Native(name)));
+        EXPECT_FALSE(m_files.FolderExists(Native(name)));
+    }
+    for (const QString& name : {u"folder"_s, u"folder/"_s, u"to folder"_s}) {
+        EXPECT_FALSE(m_files.FileExists(Native(name)));
+        EXPECT_TRUE(m_files.FolderExists(Native(name)));
+    }
+    for (const QString& name : {u"pipe"_s, u"nix"_s}) {
+        EXPECT_FALSE(m_files.FileExists(Native(name)));
+        EXPECT_FALSE(m_files.FolderExists(Native(name)));
+    }
 }
 
 TEST_F(FoldersFixture, AFolderIsCreatedInEitherForm) {
