@@ -3,42 +3,22 @@
 // window must show what a plain model of the library says, and be at rest.
 
 #include "tests/app/ProgramFixture.h"
+#include "tests/app/WalkModel.h"
 #include "tests/support/Walks.h"
-
-#include "selection/SelectionSummary.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A song with a title of its own, so that a row's text tells which one it is.
-struct Song {
-    QString Artist, Album, Title;
-    qint64 Size = 0;
-    bool IsVideo = false;
-    bool Ticked = false;
-    QString File;
-};
-
-bool HoldsEveryWord(const QString& text, const QString& words) {
-    for (const QString& word : words.split(u' ')) {
-        if (!text.toLower().contains(word)) {
-            return false;
-        }
-    }
-    return true;
-}
-
 class Walker : public ProgramFixture {
 public:
     explicit Walker(unsigned seed) : m_random(seed) {
         for (const char letter : {'E', 'F'}) {
-            m_libraries[letter] = RandomLibrary(seed % 16 == 0 && letter == 'E');
+            m_model.Devices[letter] = RandomSongs(m_random, seed % 16 == 0 && letter == 'E');
             Plug(letter);
         }
         files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) { Hear(call); };
@@ -82,26 +62,9 @@ public:
 private:
     unsigned Below(unsigned limit) { return static_cast<unsigned>(m_random() % limit); }
 
-    std::vector<Song> RandomLibrary(bool withLargeFile) {
-        std::vector<Song> songs;
-        for (unsigned a = 0, artists = 1 + Below(4); a < artists; ++a) {
-            for (unsigned b = 0, albums = 1 + Below(3); b < albums; ++b) {
-                for (unsigned s = 0, count = 1 + Below(4); s < count; ++s) {
-                    songs.push_back({u"Artist a%1"_s.arg(a), u"Album a%1b%2"_s.arg(a).arg(b),
-                                     u"Song a%1b%2s%3"_s.arg(a).arg(b).arg(s), Below(3000000),
-                                     Below(3) == 0, false, u"%1.mp3"_s.arg(songs.size())});
-                }
-            }
-        }
-        if (withLargeFile) {
-            songs.front().Size = 50000001;
-        }
-        return songs;
-    }
-
     void Plug(char letter) {
         std::vector<SampleTrack> tracks;
-        for (const Song& song : m_libraries[letter]) {
+        for (const WalkSong& song : m_model.Devices[letter]) {
             tracks.push_back({song.Artist, song.Album, song.Title, 0, song.Size,
                               QLatin1Char(letter) + u"00/"_s + song.File,
                               song.IsVideo ? u"MPEG-4 video file"_s : u"MPEG audio file"_s});
@@ -115,33 +78,14 @@ private:
             [letter](const auto& drive) { return drive.Letter == QLatin1Char(letter); });
     }
 
-    // ---- the model
-
     bool IsCopying() const { return form.cmdCopy.Caption() == u"&Cancel"_s; }
 
-    std::vector<Song>& Loaded() { return m_libraries[m_loaded]; }
+    QString Tab() const { return form.tbsFilter.SelectedCaption(); }
 
-    bool IsShown(const Song& song) {
-        const QString tab = form.tbsFilter.SelectedCaption();
-        return (tab == u"All Files"_s || song.IsVideo == (tab == u"Video"_s)) &&
-               (HoldsEveryWord(song.Artist, m_inForce) || HoldsEveryWord(song.Album, m_inForce) ||
-                HoldsEveryWord(song.Title, m_inForce));
-    }
-
-    void TextChanges(const QString& text) {
-        if (form.txtSearch.Usable() && form.txtSearch.Text() != text) {
-            m_inForce = text.trimmed().isEmpty() ? QString() : text;
-        }
-    }
-
-    /// A database that is opened is loaded, and the old ticks are gone.
+    /// A database that is opened is loaded.
     void Hear(const FakeFileSystem::RecordedCall& call) {
         if (call.Call == FileCall::OpenForReading && call.Path.endsWith(u"iTunesDB"_s)) {
-            m_loaded = call.Path[0].toLatin1();
-            m_inForce.clear();
-            for (Song& song : Loaded()) {
-                song.Ticked = false;
-            }
+            m_model.Load(call.Path[0].toLatin1());
         }
     }
 
@@ -176,7 +120,9 @@ private:
             break;
         case 5:
         case 6:
-            TextChanges(text);
+            if (form.txtSearch.Usable() && form.txtSearch.Text() != text) {
+                m_model.Narrow(text);
+            }
             form.txtSearch.UserReplace(text);
             break;
         case 7:
@@ -204,18 +150,19 @@ private:
         MoveWindow();
     }
 
-    /// The songs that a row stands for. Ticks in a search's yield are in vain: the lists are about
+    WalkModel::Name NameIn(const FakeListControl& list) const {
+        return &list == &form.lstArtists  ? &WalkSong::Artist
+               : &list == &form.lstAlbums ? &WalkSong::Album
+                                          : &WalkSong::Title;
+    }
+
+    /// Ticks in a search's yield are in vain: the lists are about
     /// to be filled anew.
     void Tick(FakeListControl& list, int row) {
         const bool ticked = !list.Selected(row);
         const QStringList texts = row == 0 ? list.Texts() : QStringList(list.List(row));
         if (list.Usable() && !m_yielding) {
-            for (Song& song : Loaded()) {
-                const QString& name = &list == &form.lstArtists  ? song.Artist
-                                      : &list == &form.lstAlbums ? song.Album
-                                                                 : song.Title;
-                song.Ticked = IsShown(song) && texts.contains(name) ? ticked : song.Ticked;
-            }
+            m_model.Tick(NameIn(list), texts, Tab(), ticked);
         }
         list.UserToggle(row);
     }
@@ -223,11 +170,10 @@ private:
     void PressSearchOrClear() {
         const bool clears = Below(2) == 0;
         if (!m_yielding && clears && form.cmdClear.Usable()) {
-            m_inForce.clear();
+            m_model.Narrow({});
         }
         if (!m_yielding && !clears && form.cmdSearch.Usable()) {
-            const QString text = form.txtSearch.Text();
-            m_inForce = text.trimmed().isEmpty() ? QString() : text;
+            m_model.Narrow(form.txtSearch.Text());
         }
         (clears ? form.cmdClear : form.cmdSearch).UserPress();
     }
@@ -238,8 +184,8 @@ private:
             return;
         }
         const bool starts = form.cmdCopy.Usable();
-        const std::vector<Song> songs = Loaded();
-        m_undisturbed = IsPlugged(m_loaded);
+        const std::vector<WalkSong> songs = m_model.Loaded();
+        m_undisturbed = IsPlugged(m_model.LoadedDevice);
         form.cmdCopy.UserPress();
         Copies += starts ? 1 : 0;
         const QStringList texts = messages.Texts();
@@ -248,14 +194,14 @@ private:
         Questions += static_cast<int>(asked);
         EXPECT_LE(texts.count(u"Copy completed!"_s), 1);
         if (texts.contains(u"Copy completed!"_s) && m_undisturbed) {
-            for (const Song& song : songs) {
+            for (const WalkSong& song : songs) {
                 EXPECT_TRUE(!song.Ticked || files.HasFile(TargetOf(song)))
                     << TargetOf(song).toStdString();
             }
         }
     }
 
-    QString TargetOf(const Song& song) const {
+    QString TargetOf(const WalkSong& song) const {
         return u"D:\\Music\\"_s + (form.chkArtist.Value() ? song.Artist + u"\\"_s : QString()) +
                (form.chkAlbum.Value() ? song.Album + u"\\"_s : QString()) + song.Title + u".mp3"_s;
     }
@@ -401,45 +347,28 @@ private:
     }
 
     void CheckLists() {
-        std::set<QString> artists, albums, titles;
         const QString artist = Current(form.lstArtists);
-        const QString album = Current(form.lstAlbums);
-        for (const Song& song : Loaded()) {
-            if (!IsShown(song)) {
-                continue;
-            }
-            artists.insert(song.Artist);
-            if (artist.isEmpty() || song.Artist == artist) {
-                albums.insert(song.Album);
-                if (album.isEmpty() || song.Album == album) {
-                    titles.insert(song.Title);
-                }
-            }
-        }
-        CheckList(form.lstArtists, artists, &Song::Artist);
-        CheckList(form.lstAlbums, albums, &Song::Album);
-        CheckList(form.lstSongs, titles, &Song::Title);
+        CheckList(form.lstArtists, {}, {});
+        CheckList(form.lstAlbums, artist, {});
+        CheckList(form.lstSongs, artist, Current(form.lstAlbums));
     }
 
     static QString Current(const FakeListControl& list) {
         return list.ListIndex() >= 1 ? list.List(list.ListIndex()) : QString();
     }
 
-    /// A parent in a result may be ticked for a song that the result leaves out.
-    void CheckList(const FakeListControl& list, const std::set<QString>& names,
-                   QString Song::*name) {
+    void CheckList(const FakeListControl& list, const QString& artist, const QString& album) {
+        const WalkModel::Name name = NameIn(list);
+        const std::set<QString> names = m_model.Rows(name, Tab(), artist, album);
         ASSERT_EQ(list.ListCount(), names.empty() ? 0 : static_cast<int>(names.size()) + 1);
         bool allTicked = true;
         for (int row = 1; row < list.ListCount(); ++row) {
             const QString text = list.List(row);
             EXPECT_EQ(names.count(text), 1U) << text.toStdString();
-            bool shown = false, any = false;
-            for (const Song& song : Loaded()) {
-                any = any || (song.*name == text && song.Ticked);
-                shown = shown || (song.*name == text && song.Ticked && IsShown(song));
-            }
-            EXPECT_TRUE(list.Selected(row) || !shown) << text.toStdString();
-            EXPECT_TRUE(!list.Selected(row) || any) << text.toStdString();
+            EXPECT_TRUE(list.Selected(row) || !m_model.MustBeTicked(name, text, Tab()))
+                << text.toStdString();
+            EXPECT_TRUE(!list.Selected(row) || m_model.MayBeTicked(name, text))
+                << text.toStdString();
             allTicked = allTicked && list.Selected(row);
         }
         if (list.ListCount() > 0) {
@@ -450,43 +379,24 @@ private:
     }
 
     void CheckSummary() {
-        double ticked = 0, total = 0;
-        for (const Song& song : Loaded()) {
-            total += static_cast<double>(song.Size);
-            ticked += song.Ticked ? static_cast<double>(song.Size) : 0;
-        }
-        EXPECT_EQ(form.lblMessage.Caption(),
-                  u"Selected: "_s + GetSizeInText(ticked) + u" of "_s + GetSizeInText(total));
-        const bool any = std::any_of(Loaded().begin(), Loaded().end(),
-                                     [](const Song& song) { return song.Ticked; });
-        EXPECT_EQ(form.cmdCopy.Enabled(), any);
-        EXPECT_EQ(form.cmdClear.Enabled(), !m_inForce.isEmpty());
+        EXPECT_EQ(form.lblMessage.Caption(), m_model.Summary());
+        EXPECT_EQ(form.cmdCopy.Enabled(), m_model.HasTicks());
+        EXPECT_EQ(form.cmdClear.Enabled(), !m_model.InForce.isEmpty());
     }
 
-    /// The devices are untouched and every copy is whole; equal titles of the two devices have
-    /// sizes of their own.
+    /// The devices are untouched and every copy is whole.
     void CheckFiles() {
         EXPECT_EQ(files.OpenFiles, 0);
         for (const char* device : {"E:", "F:"}) {
             EXPECT_EQ(files.ChangesBelow(Text(device)), QStringList());
         }
         for (const QString& file : files.FilesBelow(u"D:\\Music"_s)) {
-            bool whole = false;
-            for (const auto& [letter, songs] : m_libraries) {
-                for (const Song& song : songs) {
-                    whole = whole || (file.endsWith(song.Title + u".mp3"_s) &&
-                                      files.Length(file) == song.Size);
-                }
-            }
-            EXPECT_TRUE(whole) << file.toStdString();
+            EXPECT_TRUE(m_model.IsWhole(file, files.Length(file))) << file.toStdString();
         }
     }
 
     std::mt19937 m_random;
-    std::map<char, std::vector<Song>> m_libraries;
-    char m_loaded = 'E';
-    /// The text that narrows the lists.
-    QString m_inForce;
+    WalkModel m_model;
     bool m_yielding = false;
     /// No device came or went, and nothing failed, since the job began.
     bool m_undisturbed = true;
