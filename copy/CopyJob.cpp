@@ -86,9 +86,8 @@ void CopyJob::Start() {
     m_fileSize = 0;
     m_copying = {};
     m_copyMilliseconds = 0;
-    m_copiedAhead = 0;
+    m_copied = {};
     m_namesAhead.clear();
-    m_failureAhead = nullptr;
     m_stop = Next::SameTrack;
     m_files.MayGoOn = [this] { return MayWait(); };
     m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());

@@ -16,7 +16,6 @@
 
 #include <QDeadlineTimer>
 
-#include <exception>
 #include <optional>
 #include <span>
 #include <vector>
@@ -165,11 +164,9 @@ private:
     QString m_ahead;
     /// The tracks after the one at hand.
     std::span<const PlannedTrack> m_following;
-    /// So many of them are copied, and their names and those of perhaps more.
-    size_t m_copiedAhead = 0;
+    /// What is known of the first of them, and the names of those or more.
+    CopiedFiles m_copied;
     QStringList m_namesAhead;
-    /// Why the next one is not.
-    std::exception_ptr m_failureAhead;
     /// How long the last file took.
     qint64 m_copyMilliseconds = 0;
     /// The bytes that the bar shows.

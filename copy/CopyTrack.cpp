@@ -92,18 +92,17 @@ CopyJob::Next CopyJob::PutNewFile(const PlannedTrack& planned, bool& isSettled) 
 /// follow into the same folder are copied, as far as nobody could see or stop anything in between;
 /// when it is their turn they are there.
 bool CopyJob::CopyNewFile(const PlannedTrack& planned) {
-    if (m_copiedAhead == 0 && !m_failureAhead) {
-        const CopiedFiles copied =
+    if (m_copied.Count == 0 && !m_copied.Failure && !m_copied.IsRefused) {
+        m_copied =
             m_files.CopyNewFiles(FilesToCopy(planned), m_events.MillisecondsToYield(), m_copying);
-        m_copiedAhead = copied.Count;
-        m_failureAhead = copied.Failure;
     }
-    if (m_copiedAhead > 0) {
-        --m_copiedAhead;
+    if (m_copied.Count > 0) {
+        --m_copied.Count;
         return true;
     }
-    if (m_failureAhead) {
-        std::rethrow_exception(std::exchange(m_failureAhead, nullptr));
+    const CopiedFiles none = std::exchange(m_copied, {});
+    if (none.Failure) {
+        std::rethrow_exception(none.Failure);
     }
     return false;
 }
@@ -237,7 +236,7 @@ void CopyJob::AskToReplace(const QString& target) {
 /// `isTaken` tells afterwards whether a file is in the way that the user was not asked about.
 CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, const Event& copy,
                                 bool& isTaken) {
-    const bool isCopied = m_copiedAhead > 0;
+    const bool isCopied = m_copied.Count > 0;
     const Next next = Step([&] {
         isTaken = false;
         m_copying = {};
@@ -247,7 +246,7 @@ CopyJob::Next CopyJob::CopyFile(const TrackRecord& track, Existing existing, con
             clock.start();
             copy();
             if (!isCopied) {
-                const auto count = static_cast<qint64>(m_copiedAhead) + 1;
+                const auto count = static_cast<qint64>(m_copied.Count) + 1;
                 m_copyMilliseconds = clock.elapsed() / count;
             }
         } catch (const RuntimeError& error) {

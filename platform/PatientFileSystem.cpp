@@ -163,9 +163,11 @@ CopiedFiles PatientFileSystem::CopyNewFiles(const std::vector<FileToCopy>& copie
         CopiedFiles copied;
         try {
             for (const FileToCopy& copy : copies) {
-                const bool isOver = end.hasExpired() || control.IsStopped();
-                if ((copied.Count > 0 && isOver) ||
-                    !files->CopyNewFile(copy.Source, copy.Target, control)) {
+                if (copied.Count > 0 && (end.hasExpired() || control.IsStopped())) {
+                    break;
+                }
+                copied.IsRefused = !files->CopyNewFile(copy.Source, copy.Target, control);
+                if (copied.IsRefused) {
                     break;
                 }
                 control.EndPlacing();

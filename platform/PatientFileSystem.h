@@ -23,6 +23,8 @@ struct CopiedFiles {
     size_t Count = 0;
     /// What the next one has thrown.
     std::exception_ptr Failure = {};
+    /// The next one cannot be copied so.
+    bool IsRefused = false;
 };
 
 /// The files of another service, for work that the user can stop at any moment: a worker does each
