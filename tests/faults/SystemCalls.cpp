@@ -1,5 +1,6 @@
 #include "tests/faults/SystemCalls.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <dirent.h>
@@ -14,11 +15,13 @@
 namespace {
 
 SystemCallHook theHook;
+/// A thread of an earlier test, given up because it hung, may still end and close its files.
+std::atomic<bool> isHooked = false;
 bool isAsking = false;
 
 /// Whether the hook wants the call to fail; errno then says how.
 bool Fails(SystemCall& call) {
-    if (!theHook || isAsking) {
+    if (!isHooked || isAsking) {
         return false;
     }
     const int before = errno;
@@ -37,9 +40,11 @@ bool Fails(SystemCall&& call) {
 
 HookedSystemCalls::HookedSystemCalls(SystemCallHook hook) {
     theHook = std::move(hook);
+    isHooked = true;
 }
 
 HookedSystemCalls::~HookedSystemCalls() {
+    isHooked = false;
     theHook = nullptr;
 }
 
