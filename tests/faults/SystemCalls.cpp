@@ -40,7 +40,7 @@ bool Fails(SystemCall&& call) {
 
 HookedSystemCalls::HookedSystemCalls(SystemCallHook hook) {
     theHook = std::move(hook);
-    isHooked = true;
+    isHooked = theHook != nullptr;
 }
 
 HookedSystemCalls::~HookedSystemCalls() {
