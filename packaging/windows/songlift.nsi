@@ -9,9 +9,11 @@ Name "Songlift ${VERSION}"
 OutFile "${OUT}"
 InstallDir "$LOCALAPPDATA\Programs\Songlift"
 
+!include FileFunc.nsh
 !include LogicLib.nsh
 !include MUI2.nsh
 !define KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Songlift"
+InstallDirRegKey HKCU "${KEY}" "InstallLocation"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\songlift.exe"
@@ -29,6 +31,11 @@ VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "LegalCopyright" "Songlift developers"
 
 Section
+  ; Files of the same names may stand in a folder that the user has named.
+  ${GetFileName} "$INSTDIR" $0
+  ${If} $0 != "Songlift"
+    StrCpy $INSTDIR "$INSTDIR\Songlift"
+  ${EndIf}
   SetOutPath "$INSTDIR"
   ClearErrors
   SetOverwrite try

@@ -16,8 +16,10 @@ struct FileInfo {
     bool IsFolder() const { return (Facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
     bool IsReadOnly() const { return (Facts.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0; }
     qint64 Length() const { return qint64{Facts.nFileSizeHigh} << 32 | Facts.nFileSizeLow; }
+    /// False where the disk does not number its files, as some servers do not.
     bool IsSameAs(const FileInfo& other) const {
-        return Facts.dwVolumeSerialNumber == other.Facts.dwVolumeSerialNumber &&
+        return (Facts.nFileIndexHigh != 0 || Facts.nFileIndexLow != 0) &&
+               Facts.dwVolumeSerialNumber == other.Facts.dwVolumeSerialNumber &&
                Facts.nFileIndexHigh == other.Facts.nFileIndexHigh &&
                Facts.nFileIndexLow == other.Facts.nFileIndexLow;
     }

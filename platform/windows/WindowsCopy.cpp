@@ -97,17 +97,12 @@ public:
     void TakeTime(const FileInfo& source) {
         SetFileTime(m_file.Get(), nullptr, nullptr, &source.Facts.ftLastWriteTime);
     }
-    /// Over a network, failed writes are reported only now. On the computer's own disks this would
-    /// wait for the disk.
-    void RequireWritten(const std::wstring& folder) {
-        const bool isFarAway = folder.starts_with(L"\\\\?\\UNC\\") ||
-                               GetDriveTypeW(folder.substr(4, 3).c_str()) == DRIVE_REMOTE;
-        if (isFarAway && !FlushFileBuffers(m_file.Get())) {
-            ThrowError(GetLastError());
-        }
-    }
+    void RequireWritten(const std::wstring& folder) { ::RequireWritten(m_file.Get(), folder); }
     void TakePlaceOf(const TargetPlace& target, Existing existing) {
-        SetGoesWhenClosed(m_file.Get(), false);
+        // Otherwise the file would be deleted under the name that it is about to get.
+        if (!SetGoesWhenClosed(m_file.Get(), false)) {
+            ThrowPlacingError(GetLastError());
+        }
         if (const DWORD error = Rename(m_file.Get(), target.Path(), existing)) {
             SetGoesWhenClosed(m_file.Get(), true);
             ThrowPlacingError(error);
@@ -170,6 +165,14 @@ bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& c
         throw RuntimeError(ErrorNumber::DeviceIOError);
     }
     return false;
+}
+
+void RequireWritten(HANDLE file, const std::wstring& folder) {
+    const bool isFarAway = folder.starts_with(L"\\\\?\\UNC\\") ||
+                           GetDriveTypeW(folder.substr(4, 3).c_str()) == DRIVE_REMOTE;
+    if (isFarAway && !FlushFileBuffers(file)) {
+        ThrowError(GetLastError());
+    }
 }
 
 void CheckTarget(const TargetPlace& target, Existing existing) {

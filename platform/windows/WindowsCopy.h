@@ -32,6 +32,10 @@ bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing exi
 /// earlier. False when `control` has stopped it.
 bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& control);
 
+/// Over a network, failed writes are reported only by this. On the computer's own disks it would
+/// only wait, and does nothing. `folder` holds the file.
+void RequireWritten(HANDLE file, const std::wstring& folder);
+
 /// Looks at `target`. Throws PermissionDenied where a file cannot be made there: for a folder, for
 /// a file that this user may not replace or another program holds, and for PartName.
 /// FileAlreadyExists for a file, or a link to one or to nothing, that is to be kept.

@@ -116,6 +116,7 @@ bool WindowsFileSystem::MoveFile(BinaryFile& file, const QString& target, Existi
         return true;
     }
     CheckTarget(place, existing);
+    RequireWritten(moved.Get(), place.Folder);
     if (!control.BeginPlacing()) {
         return false;
     }
