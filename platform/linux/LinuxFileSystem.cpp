@@ -133,9 +133,9 @@ bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
 /// What the folder holds is looked at in the open folder that the file then goes to.
 bool LinuxFileSystem::CopyNewFile(const QString& source, const QString& target,
                                   const CopyControl& control) {
-    const FolderEntry entry = m_paths.EntryOf(target);
+    const FolderEntry entry = EntryToChange(target);
     struct stat info {};
-    if (!entry.Folder.IsOpen() || m_drives.IsOnIpod(entry.Folder.Get()) ||
+    if (!entry.Folder.IsOpen() ||
         fstatat(entry.Folder.Get(), entry.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
         return false;
     }
