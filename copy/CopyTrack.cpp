@@ -53,12 +53,11 @@ CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
 /// Makes the folders of a track and puts its file there.
 CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
     const bool isSmall = planned.Track.FileSize <= LargeFileLimit;
-    bool isMade = false;
-    if (planned.Folders != m_folderNamesOfLast || !isSmall) {
+    const bool staysInFolder = isSmall && planned.Folders == m_folderNamesOfLast;
+    if (!staysInFolder) {
         if (const Next next = EnterFolders(planned.Folders); next != Next::Step) {
             return next;
         }
-        isMade = true;
     }
     m_place.DestFolder = m_enteredFolder;
     NameFile(planned);
@@ -69,7 +68,7 @@ CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
             return next;
         }
     }
-    if (!isMade) {
+    if (staysInFolder) { // which may be gone
         if (const Next next = EnterFolders(planned.Folders); next != Next::Step) {
             return next;
         }

@@ -150,13 +150,6 @@ bool PatientFileSystem::CopyFile(const QString& source, const QString& target, E
                      control);
 }
 
-bool PatientFileSystem::CopyNewFile(const QString& source, const QString& target,
-                                    const CopyControl& control) {
-    return AskToCopy([files = m_files, source, target,
-                      control] { return files->CopyNewFile(source, target, control); },
-                     control);
-}
-
 CopiedFiles PatientFileSystem::CopyNewFiles(const std::vector<FileToCopy>& copies,
                                             qint64 milliseconds, const CopyControl& control) {
     const auto copyAll = [files = m_files, copies, control, end = QDeadlineTimer(milliseconds)] {
