@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Large = 64 << 20;
+constexpr int Large = 16 << 20;
 
 QByteArray SmallDatabase() {
     return WriteITunesDB(
@@ -74,7 +74,7 @@ TEST_F(ITunesDBDamage, ALargeHostileFileIsReadInBoundedTime) {
         const std::clock_t start = std::clock();
         Load(each.Bytes);
         // A walk that goes back, or scans ahead at each step, takes much longer.
-        EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
+        EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 3);
         EXPECT_EQ(Boxes.Shown.size(), each.Error != 0 ? 1U : 0U);
         EXPECT_TRUE(each.Error == 0 ||
                     Boxes.Texts().value(0).startsWith(u"Error %1: "_s.arg(each.Error)));
