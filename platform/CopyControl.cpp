@@ -3,8 +3,13 @@
 #include <utility>
 
 bool CopyControl::BeginPlacing() const {
-    int flags = 0;
-    return m_state->Flags.compare_exchange_strong(flags, Placing);
+    int flags = m_state->Flags;
+    while ((flags & Stopped) == 0) {
+        if (m_state->Flags.compare_exchange_weak(flags, flags | Placing)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void CopyControl::SetRemover(std::function<void()> remove) const {

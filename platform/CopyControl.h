@@ -24,9 +24,9 @@ public:
 
     // ---- for the operation
 
-    /// Enclose the writing of each block.
-    void BeginWriting() const { m_state->Flags |= Writing; }
-    void EndWriting() const { m_state->Flags &= ~Writing; }
+    /// Enclose the writing of each block; several threads may write at once.
+    void BeginWriting() const { m_state->Flags += Writing; }
+    void EndWriting() const { m_state->Flags -= Writing; }
     void AddBytes(qint64 bytes) const { m_state->BytesDone += bytes; }
     bool IsStopped() const { return (m_state->Flags & Stopped) != 0; }
     /// All bytes are there, and the file is about to get its final name. False when it must not any
@@ -39,6 +39,7 @@ public:
     void SetRemover(std::function<void()> remove) const;
 
 private:
+    /// The bits from Writing on count those who write.
     enum Flag : int { Stopped = 1, Placing = 2, Writing = 4 };
 
     struct State {

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <functional>
 #include <memory>
 
 /// An open file, read and written in blocks at its current position. Closed by its destructor.
@@ -73,6 +74,12 @@ public:
                              const CopyControl& control) {
         return FolderExists(Paths::ParentFolder(target)) && !WouldReplace(target) &&
                CopyFile(source, target, Existing::Keep, control);
+    }
+    /// Begins CopyNewFile, as far as nothing of it is seen, and returns the rest. Nothing is left
+    /// of a file whose rest is never called.
+    virtual std::function<bool()> BeginNewFile(const QString& source, const QString& target,
+                                               const CopyControl& control) {
+        return [this, source, target, control] { return CopyNewFile(source, target, control); };
     }
     /// Opens a file that will be copied or opened next, and has the system read its beginning. The
     /// file stays open until then or until the next call; an empty path only closes it. Never

@@ -3,7 +3,6 @@
 #include "platform/ScopeGuard.h"
 
 #include <QByteArray>
-#include <QDeadlineTimer>
 
 #include <cstring>
 #include <exception>
@@ -152,26 +151,11 @@ bool PatientFileSystem::CopyFile(const QString& source, const QString& target, E
 
 CopiedFiles PatientFileSystem::CopyNewFiles(const std::vector<FileToCopy>& copies,
                                             qint64 milliseconds, const CopyControl& control) {
-    const auto copyAll = [files = m_files, copies, control, end = QDeadlineTimer(milliseconds)] {
-        CopiedFiles copied;
-        try {
-            for (const FileToCopy& copy : copies) {
-                if (copied.Count > 0 && (end.hasExpired() || control.IsStopped())) {
-                    break;
-                }
-                copied.IsRefused = !files->CopyNewFile(copy.Source, copy.Target, control);
-                if (copied.IsRefused) {
-                    break;
-                }
-                control.EndPlacing();
-                ++copied.Count;
-            }
-        } catch (const std::exception&) {
-            copied.Failure = std::current_exception();
-        }
-        return copied;
-    };
-    return AskToCopy(copyAll, control);
+    const auto copy = std::make_shared<JointCopy>(m_files, copies, milliseconds, control);
+    if (MayGoOn && copies.size() > 1) {
+        m_ahead.DoLater([copy] { copy->TakePart(); });
+    }
+    return AskToCopy([copy] { return copy->Finish(); }, control);
 }
 
 void PatientFileSystem::ReadAhead(const QString& path) {

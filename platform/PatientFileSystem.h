@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/JointCopy.h"
 #include "platform/Worker.h"
 
-#include <exception>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -12,27 +12,12 @@
 /// report, so it is not a std::exception.
 struct OperationStopped {};
 
-struct FileToCopy {
-    QString Source;
-    QString Target;
-};
-
-/// What became of several copies.
-struct CopiedFiles {
-    /// So many were copied, from the first on.
-    size_t Count = 0;
-    /// What the next one has thrown.
-    std::exception_ptr Failure = {};
-    /// The next one cannot be copied so.
-    bool IsRefused = false;
-};
-
 /// The files of another service, for work that the user can stop at any moment: a worker does each
 /// operation, while the caller's thread keeps the window alive. An operation that does not return
 /// is given up; what it still does if it returns later is harmless.
 class PatientFileSystem : public FileSystem {
 public:
-    /// `ahead` reads files ahead; `worker` does everything else.
+    /// `ahead` reads files ahead and takes part in copying several; `worker` does everything else.
     PatientFileSystem(FileSystem& files, Worker& worker, Worker& ahead)
         : m_files(KeptAlive(files)), m_worker(worker), m_ahead(ahead) {}
 
@@ -52,9 +37,9 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    /// CopyNewFile for several files, one after the other for so many milliseconds, but at least
-    /// for the first, and up to one that cannot be copied so. In one go, since a wait for the
-    /// worker can cost as much as copying a small file.
+    /// CopyNewFile for several files, in their order for so many milliseconds, but at least for the
+    /// first, and up to one that cannot be copied so. In one go, since a wait for the worker can
+    /// cost as much as copying a small file.
     CopiedFiles CopyNewFiles(const std::vector<FileToCopy>& copies, qint64 milliseconds,
                              const CopyControl& control);
     void ReadAhead(const QString& path) override;

@@ -152,43 +152,6 @@ private:
     std::shared_ptr<PartEntry> m_entry;
 };
 
-/// What became of a copy.
-enum class Outcome {
-    Done,
-    Stopped,
-    /// Nothing: the file system does not support this way.
-    Refused
-};
-
-/// Copies into a file that has no name until it is whole, so that not even a killed program leaves
-/// anything behind. Refused where the file system knows no such files.
-Outcome CopyNameless(const SourceFile& source, int folder, const QByteArray& name,
-                     Existing existing, const CopyControl& control) {
-    const FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
-    if (!file.IsOpen()) {
-        return Outcome::Refused;
-    }
-    if (!CopyContent(source, file.Get(), control) || !control.BeginPlacing()) {
-        return Outcome::Stopped;
-    }
-    if (existing == Existing::Keep) {
-        if (LinkNameless(folder, file.Get(), name.constData()) == 0) {
-            return Outcome::Done;
-        }
-        if (errno == EEXIST) {
-            ThrowPlacingError(errno);
-        }
-    } else {
-        PartFile part(folder, control);
-        if (part.Link(file.Get())) {
-            part.TakePlaceOf(name, existing);
-            return Outcome::Done;
-        }
-    }
-    control.EndPlacing();
-    return Outcome::Refused;
-}
-
 } // namespace
 
 bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Existing existing,
@@ -197,9 +160,42 @@ bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Exi
     if (existing == Existing::Replace && IsSameFile(source.Info, folder, name.constData(), 0)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
-    const Outcome outcome = CopyNameless(source, folder, name, existing, control);
-    return outcome == Outcome::Refused ? CopyUnderPartName(source, folder, name, existing, control)
-                                       : outcome == Outcome::Done;
+    const FileDescriptor copy = CopyWithoutName(source, folder, control);
+    return PlaceCopy(copy, source, folder, name, existing, control);
+}
+
+FileDescriptor CopyWithoutName(const SourceFile& source, int folder, const CopyControl& control) {
+    FileDescriptor file(openat(folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, NewFileMode));
+    if (file.IsOpen()) {
+        CopyContent(source, file.Get(), control);
+    }
+    return file;
+}
+
+bool PlaceCopy(const FileDescriptor& copy, const SourceFile& source, int folder,
+               const QByteArray& name, Existing existing, const CopyControl& control) {
+    if (!copy.IsOpen()) {
+        return CopyUnderPartName(source, folder, name, existing, control);
+    }
+    if (!control.BeginPlacing()) {
+        return false;
+    }
+    if (existing == Existing::Keep) {
+        if (LinkNameless(folder, copy.Get(), name.constData()) == 0) {
+            return true;
+        }
+        if (errno == EEXIST) {
+            ThrowPlacingError(errno);
+        }
+    } else {
+        PartFile part(folder, control);
+        if (part.Link(copy.Get())) {
+            part.TakePlaceOf(name, existing);
+            return true;
+        }
+    }
+    control.EndPlacing();
+    return CopyUnderPartName(source, folder, name, existing, control);
 }
 
 void SetModificationTime(int file, const timespec& time) {

@@ -2,6 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/NameRules.h"
+#include "platform/linux/FileDescriptor.h"
 
 #include <QByteArray>
 
@@ -22,7 +23,15 @@ struct SourceFile {
 bool CopyWhole(const SourceFile& source, int folder, const QByteArray& name, Existing existing,
                const CopyControl& control);
 
-/// What CopyWhole does on file systems that know no files without a name (FAT).
+/// The two steps of CopyWhole. The first copies the bytes into a file without a name, so that not
+/// even a killed program leaves anything behind; it is not open where the file system knows no such
+/// files (FAT). The second gives it its name, or copies under a part name; false when `control` has
+/// stopped either.
+FileDescriptor CopyWithoutName(const SourceFile& source, int folder, const CopyControl& control);
+bool PlaceCopy(const FileDescriptor& copy, const SourceFile& source, int folder,
+               const QByteArray& name, Existing existing, const CopyControl& control);
+
+/// What CopyWhole does on file systems that know no files without a name.
 bool CopyUnderPartName(const SourceFile& source, int folder, const QByteArray& name,
                        Existing existing, const CopyControl& control);
 

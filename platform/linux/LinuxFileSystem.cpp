@@ -130,17 +130,33 @@ bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
     return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing, control);
 }
 
-/// What the folder holds is looked at in the open folder that the file then goes to.
 bool LinuxFileSystem::CopyNewFile(const QString& source, const QString& target,
                                   const CopyControl& control) {
-    const FolderEntry entry = EntryToChange(target);
-    struct stat info {};
-    if (!entry.Folder.IsOpen() ||
-        fstatat(entry.Folder.Get(), entry.Name.constData(), &info, AT_SYMLINK_NOFOLLOW) == 0) {
-        return false;
+    return BeginNewFile(source, target, control)();
+}
+
+/// What the folder holds is looked at in the open folder that the file then goes to.
+std::function<bool()> LinuxFileSystem::BeginNewFile(const QString& source, const QString& target,
+                                                    const CopyControl& control) {
+    struct NewFile {
+        FolderEntry Entry;
+        struct stat Info {};
+        FileDescriptor Source = {};
+        FileDescriptor Copy = {};
+    };
+    const auto file = std::make_shared<NewFile>(NewFile{EntryToChange(target)});
+    const int folder = file->Entry.Folder.Get();
+    if (!file->Entry.Folder.IsOpen() ||
+        fstatat(folder, file->Entry.Name.constData(), &file->Info, AT_SYMLINK_NOFOLLOW) == 0) {
+        return [] { return false; };
     }
-    const FileDescriptor file = OpenRegular(source, info);
-    return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, Existing::Keep, control);
+    file->Source = OpenRegular(source, file->Info);
+    CheckTarget(folder, file->Entry.Name, Existing::Keep);
+    file->Copy = CopyWithoutName({file->Source.Get(), file->Info}, folder, control);
+    return [file, folder, control] {
+        return PlaceCopy(file->Copy, {file->Source.Get(), file->Info}, folder, file->Entry.Name,
+                         Existing::Keep, control);
+    };
 }
 
 void LinuxFileSystem::ReadAhead(const QString& path) {

@@ -26,6 +26,8 @@ public:
                   const CopyControl& control) override;
     bool CopyNewFile(const QString& source, const QString& target,
                      const CopyControl& control) override;
+    std::function<bool()> BeginNewFile(const QString& source, const QString& target,
+                                       const CopyControl& control) override;
     void ReadAhead(const QString& path) override;
     void RequireTarget(const QString& target, Existing existing) override;
     bool MoveFile(BinaryFile& file, const QString& target, Existing existing,

@@ -153,6 +153,29 @@ TEST_P(WaitingFiles, AFileThatIsOpenedTooLateIsNotLeftBehind) {
     EXPECT_FALSE(IsThere(file));
 }
 
+class JointFiles : public LinuxFixture {};
+
+TEST_F(JointFiles, ThatAreCopiedOnTwoThreadsArriveWholeUpToTheFirstThatCannot) {
+    std::vector<FileToCopy> copies;
+    for (int i = 0; i < 300; ++i) {
+        const QString source = Native(u"from %1"_s.arg(i));
+        WriteFile(source, QByteArray(1000 * i, static_cast<char>('a' + i % 26)));
+        copies.push_back({source, Native(u"to %1"_s.arg(i))});
+    }
+    WriteFile(copies[299].Target, "earlier");
+    ThreadWorker worker;
+    ThreadWorker ahead;
+    PatientFileSystem files(m_files, worker, ahead);
+    files.MayGoOn = [] { return true; };
+    const CopiedFiles copied = files.CopyNewFiles(copies, 60'000, {});
+    EXPECT_EQ(copied.Count, 299U);
+    EXPECT_TRUE(copied.IsRefused);
+    for (size_t i = 0; i < copied.Count; ++i) {
+        ASSERT_EQ(ReadFile(copies[i].Target), ReadFile(copies[i].Source)) << i;
+    }
+    EXPECT_EQ(ReadFile(copies[299].Target), "earlier");
+}
+
 INSTANTIATE_TEST_SUITE_P(Disks, WaitingFiles, testing::Values(Slow::Source, Slow::Target),
                          [](const auto& slow) {
                              return slow.param == Slow::Source ? "OfASlowSource" : "OfASlowTarget";

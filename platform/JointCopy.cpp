@@ -1,0 +1,106 @@
+#include "platform/JointCopy.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace {
+
+/// So many files at most wait for their names behind one that takes longer: each keeps files open.
+constexpr size_t MostWaiting = 8;
+/// A stop is looked for so often.
+constexpr std::chrono::milliseconds BetweenLooks(10);
+
+} // namespace
+
+JointCopy::JointCopy(std::shared_ptr<FileSystem> files, std::vector<FileToCopy> copies,
+                     qint64 milliseconds, const CopyControl& control)
+    : m_files(std::move(files)), m_copies(std::move(copies)), m_end(milliseconds),
+      m_control(control), m_rests(m_copies.size()) {
+}
+
+void JointCopy::TakePart() {
+    while (const std::optional<size_t> index = Take()) {
+        Put(*index, Begin(*index));
+    }
+}
+
+CopiedFiles JointCopy::Finish() {
+    do {
+        TakePart();
+    } while (WaitForOthers());
+    const std::lock_guard lock(m_mutex);
+    // The others have taken room on the disk, or whatever else it was that had run out.
+    if (m_copied.Failure && m_begun > m_copied.Count + 1 && !m_control.IsStopped()) {
+        CopyAlone();
+    }
+    return m_copied;
+}
+
+/// Waits a moment for the files that others copy. False when there are none to wait for; then
+/// nobody begins another one either.
+bool JointCopy::WaitForOthers() {
+    std::unique_lock lock(m_mutex);
+    const bool isDone = m_underWay == 0 || m_control.IsStopped();
+    m_hasEnded = m_hasEnded || isDone;
+    if (!isDone) {
+        m_changed.wait_for(lock, BetweenLooks);
+    }
+    return !isDone;
+}
+
+/// The place of the next file to begin, if there is one.
+std::optional<size_t> JointCopy::Take() {
+    const std::lock_guard lock(m_mutex);
+    const bool isOver = m_begun > 0 && (m_end.hasExpired() || m_control.IsStopped());
+    if (m_hasEnded || isOver || m_begun == m_copies.size() ||
+        m_begun > m_copied.Count + MostWaiting) {
+        return {};
+    }
+    ++m_underWay;
+    return m_begun++;
+}
+
+JointCopy::Rest JointCopy::Begin(size_t index) {
+    const FileToCopy& copy = m_copies[index];
+    try {
+        return m_files->BeginNewFile(copy.Source, copy.Target, m_control);
+    } catch (const std::exception&) {
+        return [failure = std::current_exception()]() -> bool { std::rethrow_exception(failure); };
+    }
+}
+
+/// Names this file and those that have waited for it.
+void JointCopy::Put(size_t index, Rest rest) {
+    const std::lock_guard lock(m_mutex);
+    m_rests[index] = std::move(rest);
+    --m_underWay;
+    while (!m_hasEnded && m_copied.Count < m_rests.size() && m_rests[m_copied.Count]) {
+        Place(std::exchange(m_rests[m_copied.Count], nullptr));
+    }
+    if (m_hasEnded) {
+        std::fill(m_rests.begin(), m_rests.end(), nullptr);
+    }
+    m_changed.notify_all();
+}
+
+void JointCopy::Place(const Rest& place) {
+    try {
+        m_copied.IsRefused = !place();
+    } catch (const std::exception&) {
+        m_copied.Failure = std::current_exception();
+    }
+    if (m_copied.IsRefused || m_copied.Failure) {
+        m_hasEnded = true;
+    } else {
+        m_control.EndPlacing();
+        ++m_copied.Count;
+    }
+}
+
+/// Tries the file that failed once more, with nothing beside it.
+void JointCopy::CopyAlone() {
+    m_copied.Failure = nullptr;
+    const FileToCopy& copy = m_copies[m_copied.Count];
+    Place([&] { return m_files->CopyNewFile(copy.Source, copy.Target, m_control); });
+}

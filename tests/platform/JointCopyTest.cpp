@@ -1,0 +1,95 @@
+#include "platform/JointCopy.h"
+
+#include "platform/RuntimeError.h"
+#include "tests/fakes/FakeFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <map>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Files of which nothing but the names is kept.
+class NamedFiles : public FakeFileSystem {
+public:
+    std::function<bool()> BeginNewFile(const QString& source, const QString&,
+                                       const CopyControl& control) override {
+        CopyBytes(source);
+        return [this, source, control] {
+            const bool isPlaced = control.BeginPlacing();
+            Names += isPlaced ? QStringList(source) : QStringList();
+            return isPlaced;
+        };
+    }
+    bool CopyNewFile(const QString& source, const QString&, const CopyControl&) override {
+        Names += source + u" alone"_s;
+        return true;
+    }
+
+    std::function<void(const QString&)> CopyBytes;
+    /// In the order in which they were given.
+    QStringList Names;
+};
+
+class JointCopyTest : public testing::Test {
+protected:
+    /// Copies the files "1", "2" and "3" on two threads. The other one begins the first file, with
+    /// `copyFirst`, and this one the second.
+    CopiedFiles Copy(const std::function<void()>& copyFirst) {
+        std::promise<void> firstHasBegun;
+        files->CopyBytes = [&](const QString& source) {
+            if (source == u"1"_s) {
+                firstHasBegun.set_value();
+                copyFirst();
+            } else {
+                begun.at(source).set_value();
+            }
+        };
+        std::thread other([this] { copy.TakePart(); });
+        firstHasBegun.get_future().wait();
+        const CopiedFiles copied = copy.Finish();
+        hasFinished.set_value();
+        other.join();
+        return copied;
+    }
+
+    std::shared_ptr<NamedFiles> files = std::make_shared<NamedFiles>();
+    CopyControl control;
+    JointCopy copy{files, {{u"1"_s, {}}, {u"2"_s, {}}, {u"3"_s, {}}}, 60'000, control};
+    std::map<QString, std::promise<void>> begun;
+    std::future<void> secondHasBegun = begun[u"2"_s].get_future();
+    std::future<void> thirdHasBegun = begun[u"3"_s].get_future();
+    std::promise<void> hasFinished;
+};
+
+TEST_F(JointCopyTest, NamesAreGivenInOrderWhicheverFileIsReadyFirst) {
+    const CopiedFiles copied = Copy([&] { thirdHasBegun.wait(); });
+    EXPECT_EQ(copied.Count, 3U);
+    EXPECT_EQ(files->Names, QStringList({u"1"_s, u"2"_s, u"3"_s}));
+}
+
+TEST_F(JointCopyTest, AFileThatFailsBesideOthersIsTriedAloneAndThoseGetNoName) {
+    const CopiedFiles copied = Copy([&] {
+        secondHasBegun.wait();
+        throw RuntimeError(ErrorNumber::DiskFull);
+    });
+    EXPECT_EQ(copied.Count, 1U);
+    EXPECT_FALSE(copied.Failure);
+    EXPECT_EQ(files->Names, QStringList(u"1 alone"_s));
+}
+
+TEST_F(JointCopyTest, AStopDoesNotWaitForAFileThatHangsAndItGetsNoNameLater) {
+    const CopiedFiles copied = Copy([&] {
+        secondHasBegun.wait();
+        control.Stop();
+        hasFinished.get_future().wait();
+    });
+    EXPECT_EQ(copied.Count, 0U);
+    EXPECT_EQ(files->Names, QStringList());
+}
+
+} // namespace
