@@ -17,6 +17,8 @@ VIDEO_TAB = (170, 65)
 ALL_ARTISTS = (21, 96)
 FIRST_SONG = (700, 116)
 DESTINATION = (558, 551)
+# Behind what is typed there; grey while a job runs.
+DESTINATION_END = (860, 551)
 COPY = (896, 587)
 
 
@@ -71,6 +73,11 @@ class Wine:
         return said.split("REG_SZ", 1)[1].strip() if "REG_SZ" in said else None
 
 
+def around(place):
+    """A small area of the window."""
+    return f"16x16+{place[0] - 8}+{place[1] - 8}"
+
+
 class Program:
     """The program in its window."""
 
@@ -84,22 +91,27 @@ class Program:
 
     def wait_for_library(self):
         """Waits for the first row's check box, which stands in an area that is plain without a library."""
-        area = f"16x16+{ALL_ARTISTS[0] - 8}+{ALL_ARTISTS[1] - 8}"
-        wait_for("the library", lambda: self._colours(self._main, area) > 1, pause=0.3)
+        wait_for("the library", lambda: self._colours(self._main, around(ALL_ARTISTS)) > 1, pause=0.3)
 
     def wait_for_film(self):
         """Waits for a picture of many colours in the preview."""
         wait_for("the preview", lambda: self.windows() == 2)
         wait_for("the film", lambda: self._colours(self._preview(), "280x200+10+10") > 50, pause=0.3)
 
+    def looks(self, place):
+        """What stands around a place of the window, as something to compare."""
+        return self._shown(self._main, around(place), "%#")
+
     def _preview(self):
         return next(window for window in self._search() if window != self._main)
 
     def _colours(self, window, area):
-        shown = subprocess.run(
-            ["import", "-window", window, "-crop", area, "-format", "%k", "info:-"],
-            env=self._desktop.environment, capture_output=True, text=True, timeout=PATIENCE, check=True)
-        return int(shown.stdout)
+        return int(self._shown(window, area, "%k"))
+
+    def _shown(self, window, area, what):
+        return subprocess.run(
+            ["import", "-window", window, "-crop", area, "-format", what, "info:-"],
+            env=self._desktop.environment, capture_output=True, text=True, timeout=PATIENCE, check=True).stdout
 
     def windows(self):
         """How many windows it shows."""
@@ -152,8 +164,19 @@ class Program:
         self._desktop.close_window(self._main)
         return self._process.wait(PATIENCE)
 
+    def freeze(self):
+        """Stops the program, so that it finds what is clicked meanwhile when it goes on."""
+        self._signal(signal.SIGSTOP)
+
+    def thaw(self):
+        self._signal(signal.SIGCONT)
+
     def kill(self):
         """Ends the program as a power cut would."""
+        self._signal(signal.SIGKILL)
+        self._process.wait(PATIENCE)
+
+    def _signal(self, number):
         for folder in Path("/proc").glob("[0-9]*"):
             try:
                 isIt = (b"songlift.exe" in (folder / "cmdline").read_bytes()
@@ -161,8 +184,7 @@ class Program:
             except OSError:
                 continue
             if isIt:
-                os.kill(int(folder.name), signal.SIGKILL)
-        self._process.wait(PATIENCE)
+                os.kill(int(folder.name), number)
 
     def _is_below(self, process):
         while process > 1 and process != self._process.pid:

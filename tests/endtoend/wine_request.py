@@ -1,7 +1,8 @@
 """The program for Windows, under wine, with a real mouse: an iPod at E: is copied whole, with every byte
-and nothing written to it; a second start knows its settings, asks before it replaces and can be cancelled;
-one that is killed in the middle leaves nothing half under a final name, and neither does a disk that is full;
-and the installer installs a program that lists, plays and copies real music and films."""
+and nothing written to it; a second start knows its settings, replaces or keeps what is there as it is told,
+and can be cancelled; one that is killed in the middle leaves nothing half under a final name, and neither
+does a disk that is full; and the installer installs a program that lists, plays and copies real music and
+films."""
 
 import sys
 from pathlib import Path
@@ -10,8 +11,9 @@ import trace
 from desktop import wait_for
 from full_disk import small_disk
 from ipod import MUSIC, assert_copied, same_bytes, tree
-from scenario import WHOLE_SMALL_SAMPLE, Skipped, main
-from wine import ALL_ARTISTS, ALL_FILES_TAB, COPY, FIRST_SONG, VIDEO_TAB, Program, Wine
+from overwriting import FILES
+from scenario import WHOLE_SMALL_SAMPLE, Skipped, freeze_in_large_file, main
+from wine import ALL_ARTISTS, ALL_FILES_TAB, COPY, DESTINATION_END, FIRST_SONG, VIDEO_TAB, Program, Wine
 
 # Windows counts time in steps of so many nanoseconds.
 FILE_TIME = 100
@@ -50,13 +52,48 @@ def check_a_copy(stage, wine, ipod, music):
 
 
 def check_a_second_start(stage, wine, ipod, music):
-    """Nothing is typed: the destination is known, so that the first file stands there already."""
+    """Nothing is typed: the destination is known, so that files stand there already. What is asked about them
+    is done; then a job is cancelled in the middle of the large file, and another one begun."""
     window = Program(wine, stage.program)
-    copy_all(window)
+    window.wait_for_library()
+    at_rest = window.looks(DESTINATION_END)
+
+    def wait_for_rest():
+        wait_for("the job to end", lambda: window.windows() == 1 and window.looks(DESTINATION_END) == at_rest)
+
+    check_the_questions(window, ipod, music / "new")
+    wait_for_rest()
+    window.type_destination(r"C:\music\cancelled")
+    window.click(COPY)
+    window.answer("the question whether to create the folder", "Return")
+    freeze_in_large_file(window, music / "cancelled")
+    while_copying = window.looks(DESTINATION_END)
+    window.click(COPY)
+    window.thaw()
+    assert while_copying != at_rest
+    wait_for_rest()
+    *before, large = WHOLE_SMALL_SAMPLE
+    assert tree(music / "cancelled") == sorted([*before, str(Path(large).parent)])
+    assert_whole(ipod, music / "cancelled", before)
+
+    window.click(COPY)
     window.answer("the question whether to replace", "Escape")
-    wait_for("the job to end", lambda: window.windows() == 1)
+    wait_for_rest()
     assert window.close() == 0
-    assert_copied(ipod, music / "new", WHOLE_SMALL_SAMPLE, FILE_TIME)
+
+
+def check_the_questions(window, ipod, folder):
+    """Only the file whose question is answered by Replace changes."""
+    old = {file: f"older than {file}".encode() for file in FILES}
+    for file in FILES:
+        (folder / file).write_bytes(old[file])
+    copy_all(window)
+    for key in ("alt+r", "alt+s", "Escape"): # Replace, Skip, Cancel
+        window.answer("the question whether to replace", key)
+    replaced, *kept = FILES
+    assert same_bytes(folder / replaced, ipod.file(FILES[replaced]))
+    assert [(folder / file).read_bytes() for file in kept] == [old[file] for file in kept]
+    assert tree(folder) == sorted(WHOLE_SMALL_SAMPLE)
 
 
 def check_a_kill(stage, wine, ipod, music):
@@ -65,7 +102,7 @@ def check_a_kill(stage, wine, ipod, music):
     window.type_destination(r"C:\music\killed")
     copy_all(window)
     window.answer("the question whether to create the folder", "Return")
-    wait_for("the large file to be begun", (music / "killed/tmp/copy.tmp").exists, patience=300, pause=0.001)
+    freeze_in_large_file(window, music / "killed")
     window.kill()
     wine.end()
     killed = music / "killed"
