@@ -66,13 +66,14 @@ def check_a_second_start(stage, wine, ipod, music):
     window.type_destination(r"C:\music\cancelled")
     window.click(COPY)
     window.answer("the question whether to create the folder", "Return")
+    *before, large = WHOLE_SMALL_SAMPLE
+    wait_for("the file before the large one", (music / "cancelled" / before[-1]).exists)
     freeze_in_large_file(window, music / "cancelled")
     while_copying = window.looks(DESTINATION_END)
     window.click(COPY)
     window.thaw()
     assert while_copying != at_rest
     wait_for_rest()
-    *before, large = WHOLE_SMALL_SAMPLE
     assert tree(music / "cancelled") == sorted([*before, str(Path(large).parent)])
     assert_whole(ipod, music / "cancelled", before)
 
