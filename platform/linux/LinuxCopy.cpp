@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxCopy.h"
 
+#include "platform/FileRules.h"
 #include "platform/RuntimeError.h"
 #include "platform/linux/BeneathOpen.h"
 #include "platform/linux/ByteTransfer.h"
@@ -252,12 +253,7 @@ void CheckTarget(int folder, const QByteArray& name, Existing existing) {
     // A link itself is replaced, but only if the file that it leads to may be, too.
     const bool leadsNowhere =
         S_ISLNK(info.st_mode) && fstatat(folder, name.constData(), &info, 0) != 0;
-    if (!leadsNowhere && !S_ISREG(info.st_mode)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    if (existing == Existing::Keep) {
-        throw RuntimeError(ErrorNumber::FileAlreadyExists);
-    }
+    RequireReplaceable(leadsNowhere || S_ISREG(info.st_mode), existing);
     if (!leadsNowhere && faccessat(folder, name.constData(), W_OK, AT_EACCESS) != 0) {
         ThrowCreationError(errno);
     }

@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxFileSystem.h"
 
-#include "platform/MissingPaths.h"
+#include "platform/FileRules.h"
 #include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
@@ -16,8 +16,6 @@
 #include <QStorageInfo>
 
 #include <algorithm>
-#include <chrono>
-#include <exception>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -27,14 +25,11 @@ namespace {
 
 constexpr mode_t NewFileMode = 0666;
 constexpr mode_t NewFolderMode = 0777;
-/// Longer texts are no paths.
-constexpr qsizetype LongestPath = 32767;
 /// Files up to this size are read at once anyway.
 constexpr off_t ReadAtOnce = off_t{256} << 10;
 /// What is read of a file before its turn: enough for the time that the file before takes to be
 /// written to its end and given its name. The rest is then read ahead by the kernel.
 constexpr off_t ReadAheadSize = off_t{512} << 10;
-constexpr std::chrono::seconds LongestOpening(2);
 
 void CheckFolderName(const QString& path) {
     RequireFolderName(path);
@@ -98,13 +93,7 @@ void LinuxFileSystem::CreateFolder(const QString& path) {
 }
 
 void LinuxFileSystem::CreateFolderChain(const QString& path) {
-    const QStringList missing = MissingFolders(*this, path);
-    std::for_each(missing.begin(), missing.end(), CheckFolderName); // before anything is made
-    for (const QString& folder : missing) {
-        if (!FolderExists(folder)) { // "x/.." exists by now
-            CreateFolder(folder);
-        }
-    }
+    MakeFolderChain(*this, path, CheckFolderName);
 }
 
 void LinuxFileSystem::DeleteFolder(const QString& path, const CopyControl& control) {
@@ -160,47 +149,17 @@ std::function<bool()> LinuxFileSystem::BeginNewFile(const QString& source, const
 }
 
 void LinuxFileSystem::ReadAhead(const QString& path) {
-    FileDescriptor file; // closed without the lock
-    {
-        const std::lock_guard lock(m_aheadMutex);
-        file = std::exchange(m_ahead, FileDescriptor());
-        m_aheadPath = path;
-        m_isOpeningAhead = !path.isEmpty();
-    }
-    file.Close();
-    if (path.isEmpty()) {
-        return;
-    }
-    try {
+    m_ahead.Open(path, [&] {
         struct stat info {};
-        file = OpenAnew(path, info);
+        FileDescriptor file = OpenAnew(path, info);
         posix_fadvise(file.Get(), 0, std::min(info.st_size, ReadAheadSize), POSIX_FADV_WILLNEED);
-    } catch (const std::exception&) {
-        file.Close(); // reported when its turn comes
-    }
-    const std::lock_guard lock(m_aheadMutex);
-    if (m_aheadPath == path) {
-        std::swap(m_ahead, file);
-        m_isOpeningAhead = false;
-    }
-    m_aheadHasOpened.notify_all();
+        return file;
+    });
 }
 
-/// The file that was read ahead, if it is still the one at `path`. Waits while it is being opened,
-/// but not for a device that hangs.
+/// The file that was read ahead, if it is still the one at `path`.
 FileDescriptor LinuxFileSystem::TakeAhead(const QString& path, struct stat& info) {
-    FileDescriptor file;
-    {
-        std::unique_lock lock(m_aheadMutex);
-        m_aheadHasOpened.wait_for(lock, LongestOpening,
-                                  [&] { return m_aheadPath != path || !m_isOpeningAhead; });
-        if (m_aheadPath != path) {
-            return file;
-        }
-        m_aheadPath.clear();
-        m_isOpeningAhead = false;
-        file = std::exchange(m_ahead, FileDescriptor());
-    }
+    FileDescriptor file = m_ahead.Take(path);
     const std::optional<struct stat> found = file.IsOpen() ? m_paths.Look(path) : std::nullopt;
     const bool isSame = found && fstat(file.Get(), &info) == 0 && found->st_dev == info.st_dev &&
                         found->st_ino == info.st_ino;
@@ -383,16 +342,7 @@ FileDescriptor LinuxFileSystem::OpenAnew(const QString& path, struct stat& info)
 
 /// The folder at `path`, or the nearest one above it that exists.
 FileDescriptor LinuxFileSystem::OpenNearestFolder(const QString& path) {
-    FileDescriptor folder = m_paths.Open(path, O_PATH | O_DIRECTORY);
-    const bool isHopeless = path.size() > LongestPath || !FolderExists(Paths::DrivePart(path));
-    if (isHopeless) { // trying thousands of folders would take minutes
-        return folder;
-    }
-    for (QString above = Paths::ParentFolder(path); !folder.IsOpen() && !above.isEmpty();
-         above = Paths::ParentFolder(above)) {
-        folder = m_paths.Open(above, O_PATH | O_DIRECTORY);
-    }
-    return folder;
+    return m_paths.Open(NearestFolder(*this, path), O_PATH | O_DIRECTORY);
 }
 
 /// The place for something to be changed, which is never on an iPod.

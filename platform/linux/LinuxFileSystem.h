@@ -1,11 +1,9 @@
 #pragma once
 
+#include "platform/AheadFile.h"
 #include "platform/FileSystem.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxPaths.h"
-
-#include <condition_variable>
-#include <mutex>
 
 /// The files of the system, by paths in native form or on the drives of a LinuxDrives.
 class LinuxFileSystem : public FileSystem {
@@ -60,11 +58,5 @@ private:
     LinuxDrives& m_drives;
     LinuxPaths m_paths;
 
-    /// Guards what follows.
-    std::mutex m_aheadMutex;
-    std::condition_variable m_aheadHasOpened;
-    /// The file that was read ahead, and its path; not open while it is being opened.
-    QString m_aheadPath;
-    FileDescriptor m_ahead;
-    bool m_isOpeningAhead = false;
+    AheadFile<FileDescriptor> m_ahead;
 };

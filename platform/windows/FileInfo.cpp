@@ -12,14 +12,6 @@ bool IsLink(HANDLE file) {
            IsReparseTagNameSurrogate(info.ReparseTag);
 }
 
-bool Fill(HANDLE file, FileInfo& info) {
-    if (!GetFileInformationByHandle(file, &info.Facts)) {
-        return false;
-    }
-    info.IsLink = (info.Facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsLink(file);
-    return true;
-}
-
 } // namespace
 
 WindowsHandle OpenToLook(const std::wstring& path, Links links) {
@@ -30,19 +22,24 @@ WindowsHandle OpenToLook(const std::wstring& path, Links links) {
                                      nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
-FileInfo InfoOf(HANDLE file) {
+std::optional<FileInfo> Look(HANDLE file) {
     FileInfo info;
-    if (!Fill(file, info)) {
+    if (!GetFileInformationByHandle(file, &info.Facts)) {
+        return std::nullopt;
+    }
+    info.IsLink = (info.Facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsLink(file);
+    return info;
+}
+
+FileInfo InfoOf(HANDLE file) {
+    const std::optional<FileInfo> info = Look(file);
+    if (!info) {
         ThrowError(GetLastError());
     }
-    return info;
+    return *info;
 }
 
 std::optional<FileInfo> Look(const std::wstring& path, Links links) {
     const WindowsHandle file = OpenToLook(path, links);
-    FileInfo info;
-    if (!file.IsOpen() || !Fill(file.Get(), info)) {
-        return std::nullopt;
-    }
-    return info;
+    return file.IsOpen() ? Look(file.Get()) : std::nullopt;
 }

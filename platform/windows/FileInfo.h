@@ -30,7 +30,10 @@ enum class Links { Follow, Keep };
 /// Opens what is at `path` only to ask about it, not to read or write.
 WindowsHandle OpenToLook(const std::wstring& path, Links links);
 
-/// Throws RuntimeError where the system does not report it.
+/// What is open; nothing where the system does not report it any more.
+std::optional<FileInfo> Look(HANDLE file);
+
+/// The same; throws RuntimeError where the system does not report it.
 FileInfo InfoOf(HANDLE file);
 
 /// What is at `path`; nothing where nothing is, or where the system does not report it.

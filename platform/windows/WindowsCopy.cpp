@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsCopy.h"
 
+#include "platform/FileRules.h"
 #include "platform/NameRules.h"
 #include "platform/RuntimeError.h"
 #include "platform/ScopeGuard.h"
@@ -193,12 +194,7 @@ void CheckTarget(const TargetPlace& target, Existing existing) {
         leadsNowhere = !behind && !info.IsFolder();
         info = behind.value_or(info);
     }
-    if (info.IsFolder()) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    if (existing == Existing::Keep) {
-        throw RuntimeError(ErrorNumber::FileAlreadyExists);
-    }
+    RequireReplaceable(!info.IsFolder(), existing);
     if (!leadsNowhere && info.IsReadOnly()) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }

@@ -1,6 +1,6 @@
 #include "platform/windows/WindowsFileSystem.h"
 
-#include "platform/MissingPaths.h"
+#include "platform/FileRules.h"
 #include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
@@ -11,7 +11,6 @@
 #include "platform/windows/WindowsFile.h"
 #include "platform/windows/WindowsPaths.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -58,11 +57,7 @@ void WindowsFileSystem::CreateFolder(const QString& path) {
 }
 
 void WindowsFileSystem::CreateFolderChain(const QString& path) {
-    const QStringList missing = MissingFolders(*this, path);
-    std::for_each(missing.begin(), missing.end(), RequireFolderName); // before anything is made
-    for (const QString& folder : missing) {
-        CreateFolder(folder);
-    }
+    MakeFolderChain(*this, path, RequireFolderName);
 }
 
 void WindowsFileSystem::DeleteFolder(const QString& path, const CopyControl& control) {
@@ -82,21 +77,14 @@ bool WindowsFileSystem::CopyFile(const QString& source, const QString& target, E
 }
 
 void WindowsFileSystem::ReadAhead(const QString& path) {
-    WindowsHandle file;
-    try {
-        if (!path.isEmpty()) {
-            file = OpenRegular(path);
-            std::vector<char> beginning(size_t{256} << 10); // read only for the system's cache
-            DWORD count = 0;
-            ReadFile(file.Get(), beginning.data(), static_cast<DWORD>(beginning.size()), &count,
-                     nullptr);
-        }
-    } catch (const RuntimeError&) {
-        file.Close(); // reported when its turn comes
-    }
-    const std::lock_guard lock(m_mutex);
-    std::swap(m_ahead, file);
-    m_aheadPath = path;
+    m_ahead.Open(path, [&] {
+        WindowsHandle file = OpenRegular(path);
+        std::vector<char> beginning(size_t{256} << 10); // read only for the system's cache
+        DWORD count = 0;
+        ReadFile(file.Get(), beginning.data(), static_cast<DWORD>(beginning.size()), &count,
+                 nullptr);
+        return file;
+    });
 }
 
 void WindowsFileSystem::RequireTarget(const QString& target, Existing existing) {
@@ -199,13 +187,13 @@ std::unique_ptr<BinaryFile> WindowsFileSystem::OpenForReadingAndWriting(const QS
 }
 
 bool WindowsFileSystem::IsOnIpod(const QString& path) {
-    const std::optional<std::wstring> folder = NearestFolder(path);
+    const std::optional<std::wstring> folder = SystemPath(NearestFolder(*this, path));
     return folder && IsOnIpodVolume(*folder);
 }
 
 NameLimits WindowsFileSystem::LimitsOf(const QString& path) {
     NameLimits limits{255, NameLimits::Unit::Utf16Units, true};
-    const std::optional<std::wstring> folder = NearestFolder(path);
+    const std::optional<std::wstring> folder = SystemPath(NearestFolder(*this, path));
     DWORD longest = 0;
     if (folder && GetVolumeInformationW(VolumeOf(*folder).c_str(), nullptr, 0, nullptr, &longest,
                                         nullptr, nullptr, 0)) {
@@ -219,7 +207,7 @@ QString WindowsFileSystem::DriveOf(const QString& path) {
 }
 
 double WindowsFileSystem::FreeBytes(const QString& path) {
-    const std::optional<std::wstring> folder = NearestFolder(path);
+    const std::optional<std::wstring> folder = SystemPath(NearestFolder(*this, path));
     if (!folder) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
     }
@@ -230,18 +218,15 @@ double WindowsFileSystem::FreeBytes(const QString& path) {
     return static_cast<double>(bytes.QuadPart);
 }
 
-/// The file that was opened ahead, or else opened now, at its beginning.
+/// The file that was opened ahead, if it is still the one at `path`, or else opened now; at its
+/// beginning.
 WindowsHandle WindowsFileSystem::TakeRegular(const QString& path) {
-    WindowsHandle file;
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_aheadPath == path) {
-            file = std::exchange(m_ahead, WindowsHandle());
-        }
-    }
-    const bool isAtBeginning =
-        file.IsOpen() && SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN);
-    return isAtBeginning ? std::move(file) : OpenRegular(path);
+    WindowsHandle file = m_ahead.Take(path);
+    const std::optional<FileInfo> info = file.IsOpen() ? ::Look(file.Get()) : std::nullopt;
+    const std::optional<FileInfo> found = info ? Look(path) : std::nullopt;
+    const bool isSame = found && found->IsSameAs(*info) &&
+                        SetFilePointerEx(file.Get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN);
+    return isSame ? std::move(file) : OpenRegular(path);
 }
 
 /// Opens a file for reading. A folder counts as missing.
@@ -277,19 +262,6 @@ TargetPlace WindowsFileSystem::PlaceToChange(const QString& path) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     return {*place, name};
-}
-
-/// The folder at `path`, or the nearest one above it that exists.
-std::optional<std::wstring> WindowsFileSystem::NearestFolder(const QString& path) {
-    const bool isHopeless = !FolderExists(Paths::DrivePart(path));
-    if (isHopeless) { // trying thousands of folders would take minutes
-        return std::nullopt;
-    }
-    QString folder = path;
-    while (!folder.isEmpty() && !FolderExists(folder)) {
-        folder = Paths::ParentFolder(folder);
-    }
-    return SystemPath(folder);
 }
 
 /// Throws the error of opening a file; a missing one is FileNotFound, or PathNotFound if its folder

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "platform/AheadFile.h"
 #include "platform/FileSystem.h"
 #include "platform/windows/FileInfo.h"
-
-#include <mutex>
 
 struct TargetPlace;
 
@@ -43,11 +42,7 @@ private:
     WindowsHandle TakeRegular(const QString& path);
     WindowsHandle OpenRegular(const QString& path);
     TargetPlace PlaceToChange(const QString& path);
-    std::optional<std::wstring> NearestFolder(const QString& path);
     [[noreturn]] void ThrowOpeningError(const QString& path, DWORD error);
 
-    std::mutex m_mutex;
-    /// The file that was opened before its turn.
-    WindowsHandle m_ahead;
-    QString m_aheadPath;
+    AheadFile<WindowsHandle> m_ahead;
 };
