@@ -95,10 +95,14 @@ public:
         }
     }
 
-    void TakeTime(const FileInfo& source) {
-        SetFileTime(m_file.Get(), nullptr, nullptr, &source.Facts.ftLastWriteTime);
+    /// All bytes are there.
+    void Complete(const FileInfo& source, const std::wstring& folder) {
+        const std::lock_guard lock(m_mutex);
+        if (m_file.IsOpen()) { // else it was given up
+            RequireWritten(m_file.Get(), folder);
+            SetFileTime(m_file.Get(), nullptr, nullptr, &source.Facts.ftLastWriteTime);
+        }
     }
-    void RequireWritten(const std::wstring& folder) { ::RequireWritten(m_file.Get(), folder); }
     void TakePlaceOf(const TargetPlace& target, Existing existing) {
         // Otherwise the file would be deleted under the name that it is about to get.
         if (!SetGoesWhenClosed(m_file.Get(), false)) {
@@ -148,8 +152,7 @@ bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing exi
     if (control.IsStopped()) {
         return false;
     }
-    part->RequireWritten(target.Folder);
-    part->TakeTime(source.Info);
+    part->Complete(source.Info, target.Folder);
     if (!control.BeginPlacing()) {
         return false;
     }
