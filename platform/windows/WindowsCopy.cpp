@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -24,19 +23,6 @@ constexpr DWORD BlockSize = 256 << 10;
 
 std::wstring PartPath(const std::wstring& folder) {
     return TargetPlace{folder, QString::fromLatin1(PartName)}.Path();
-}
-
-using WriteBlock = std::function<void(const char* bytes, DWORD size)>;
-
-void WriteAll(HANDLE file, const char* bytes, DWORD size) {
-    DWORD written = 0;
-    while (size > 0) {
-        if (!WriteFile(file, bytes, size, &written, nullptr)) {
-            ThrowError(GetLastError());
-        }
-        bytes += written;
-        size -= written;
-    }
 }
 
 /// Copies up to `size` bytes; returns how many: fewer only where the source ends or `control` has
@@ -160,8 +146,7 @@ bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing exi
     return true;
 }
 
-bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& control) {
-    const auto write = [target](const char* bytes, DWORD count) { WriteAll(target, bytes, count); };
+bool TransferAll(HANDLE source, const WriteBlock& write, qint64 size, const CopyControl& control) {
     if (TransferBytes(source, write, size, control) == size) {
         return true;
     }
@@ -169,6 +154,17 @@ bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& c
         throw RuntimeError(ErrorNumber::DeviceIOError);
     }
     return false;
+}
+
+void WriteAll(HANDLE file, const char* bytes, DWORD size) {
+    DWORD written = 0;
+    while (size > 0) {
+        if (!WriteFile(file, bytes, size, &written, nullptr)) {
+            ThrowError(GetLastError());
+        }
+        bytes += written;
+        size -= written;
+    }
 }
 
 void RequireWritten(HANDLE file, const std::wstring& folder) {

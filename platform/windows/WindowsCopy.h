@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/windows/FileInfo.h"
 
+#include <functional>
 #include <string>
 
 /// Copying one file whole: its target appears only when all bytes are there.
@@ -28,9 +29,13 @@ struct OpenSource {
 bool CopyWhole(const OpenSource& source, const TargetPlace& target, Existing existing,
                const CopyControl& control);
 
-/// Copies `size` bytes from one open file to another. Throws DeviceIOError where the source ends
+using WriteBlock = std::function<void(const char* bytes, DWORD size)>;
+
+/// Has `write` write `size` bytes of an open file. Throws DeviceIOError where the source ends
 /// earlier. False when `control` has stopped it.
-bool TransferAll(HANDLE source, HANDLE target, qint64 size, const CopyControl& control);
+bool TransferAll(HANDLE source, const WriteBlock& write, qint64 size, const CopyControl& control);
+
+void WriteAll(HANDLE file, const char* bytes, DWORD size);
 
 /// Over a network, failed writes are reported only by this. On the computer's own disks it would
 /// only wait, and does nothing. `folder` holds the file.

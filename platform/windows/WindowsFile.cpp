@@ -23,7 +23,13 @@ void WindowsFile::Read(char* buffer, qint64 size) {
 }
 
 bool WindowsFile::WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) {
-    return TransferAll(AsWindowsFile(source).Get(), Get(), size, control);
+    const auto write = [this](const char* bytes, DWORD count) {
+        const auto lock = Lock();
+        if (HasItsName()) { // else it was deleted, for a caller that has gone
+            WriteAll(Get(), bytes, count);
+        }
+    };
+    return TransferAll(AsWindowsFile(source).Get(), write, size, control);
 }
 
 void WindowsFile::Truncate(qint64 size) {
@@ -37,6 +43,13 @@ void WindowsFile::Truncate(qint64 size) {
 void WindowsFile::Close() {
     if (m_use == Use::Reading) {
         m_file.Close();
+    }
+}
+
+void WindowsFile::Delete() {
+    if (HasItsName()) {
+        SetGoesWhenClosed(Get(), true);
+        LetGo();
     }
 }
 

@@ -3,7 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/windows/WindowsHandle.h"
 
-#include <string>
+#include <mutex>
 
 /// An open file of the system.
 class WindowsFile : public BinaryFile {
@@ -21,12 +21,17 @@ public:
     void TakeModificationTime(BinaryFile& source) override;
 
     HANDLE Get() const { return m_file.Get(); }
+    /// To be held while it is moved or deleted: a thread that was given up may still be at it.
+    std::unique_lock<std::mutex> Lock() { return std::unique_lock(m_mutex); }
     /// Whether it still has the name that it was opened by.
     bool HasItsName() const { return m_file.IsOpen(); }
-    /// To be called when it was renamed or deleted: from now on other programs may open it.
+    /// To be called when it was renamed: from now on other programs may open it.
     void LetGo() { m_file.Close(); }
+    /// Does nothing where it has been renamed.
+    void Delete();
 
 private:
+    std::mutex m_mutex;
     WindowsHandle m_file;
     Use m_use;
 };

@@ -95,6 +95,7 @@ bool WindowsFileSystem::MoveFile(BinaryFile& file, const QString& target, Existi
                                  const CopyControl& control) {
     WindowsFile& moved = AsWindowsFile(file);
     const TargetPlace place = PlaceToChange(target);
+    const auto lock = moved.Lock();
     if (!moved.HasItsName()) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
@@ -123,16 +124,14 @@ bool WindowsFileSystem::MoveFile(BinaryFile& file, const QString& target, Existi
     if (!CopyWhole({moved.Get(), info}, place, existing, control)) {
         return false;
     }
-    DeleteFile(file);
+    moved.Delete();
     return true;
 }
 
 void WindowsFileSystem::DeleteFile(BinaryFile& file) {
     WindowsFile& deleted = AsWindowsFile(file);
-    if (deleted.HasItsName()) {
-        SetGoesWhenClosed(deleted.Get(), true);
-        deleted.LetGo();
-    }
+    const auto lock = deleted.Lock();
+    deleted.Delete();
 }
 
 void WindowsFileSystem::RemoveLeftovers(const QString& folder) {
