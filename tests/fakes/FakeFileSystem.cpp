@@ -1,5 +1,6 @@
 #include "tests/fakes/FakeFileSystem.h"
 
+#include "platform/NameRules.h"
 #include "platform/Paths.h"
 #include "platform/RuntimeError.h"
 
@@ -228,16 +229,13 @@ void FakeFileSystem::CreateFolder(const QString& path) {
         throw RuntimeError(entry->IsFolder ? ErrorNumber::FileAlreadyExists
                                            : ErrorNumber::PermissionDenied);
     }
+    RequireFolderName(path);
+    RequireParent(path);
     QString trimmed = path;
     while (trimmed.endsWith(Paths::Separator(path))) {
         trimmed.chop(1);
     }
-    const QString name = Paths::FileName(trimmed);
-    if (HoldsAny(name, ":*?\"<>|")) {
-        throw RuntimeError(ErrorNumber::BadFileName);
-    }
-    RequireParent(path);
-    if (IsRefused(name, Limits)) {
+    if (IsRefused(Paths::FileName(trimmed), Limits)) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
     }
     MakeFolder(path);
@@ -252,6 +250,7 @@ void FakeFileSystem::CreateFolderChain(const QString& path) {
         }
         missing.push_back(folder);
     }
+    std::for_each(missing.begin(), missing.end(), RequireFolderName);
     std::for_each(missing.rbegin(), missing.rend(),
                   [this](const QString& folder) { MakeFolder(folder); });
 }

@@ -1,127 +1,255 @@
-// What the real file system of each system and the fake one answer; the tests of the copy engine
-// rest on it.
+#include "tests/platform/FileContract.h"
 
-#include "platform/Paths.h"
-#include "tests/fakes/FakeFileSystem.h"
-#include "tests/platform/RealDisk.h"
+#include "platform/NameRules.h"
 
-#include <gtest/gtest.h>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Kind { Real, Fake };
+const QString Part = QString::fromLatin1(PartName);
 
-class FileSystemContract : public testing::TestWithParam<Kind> {
-protected:
-    FileSystemContract() {
-        MakeFolder(Folder);
-        m_fake.AddFolder(Folder);
-        for (const QString& file : {Song, Other}) {
-            WriteFile(file, file.toUtf8());
-            m_fake.AddFile(file, file.toUtf8());
-        }
-    }
+class FileSystemContract : public FileContract {};
 
-    FileSystem& Files() { return GetParam() == Kind::Real ? m_disk.Files() : m_fake; }
-    int CopyError(const QString& source, const QString& target, Existing existing) {
-        return NumberOf([&] { Files().CopyFile(source, target, existing, {}); });
-    }
-    int MoveError(const QString& source, const QString& target, Existing existing) {
-        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(source);
-        return NumberOf([&] { Files().MoveFile(*file, target, existing, {}); });
-    }
-    int TargetError(const QString& target, Existing existing) {
-        return NumberOf([&] { Files().RequireTarget(target, existing); });
-    }
-    QByteArray Bytes(const QString& path) {
-        return GetParam() == Kind::Real ? ReadFile(path) : m_fake.Bytes(path);
-    }
-
-    QString Native(const QString& name) const { return m_disk.Native(name); }
-
-private:
-    RealDisk m_disk;
-    FakeFileSystem m_fake;
-
-protected:
-    const QString Folder = Native(u"folder"_s);
-    const QString Song = Native(u"Song.mp3"_s);
-    const QString Other = Native(u"Other.mp3"_s);
-    const QString Missing = Native(u"Missing.mp3"_s);
-};
+/// What only a real disk can show.
+class RealFileContract : public FileContract {};
 
 } // namespace
 
 TEST_P(FileSystemContract, AFolderIsRefusedAsASource) {
-    EXPECT_EQ(CopyError(Folder, Missing, Existing::Keep), 53);
-    EXPECT_EQ(NumberOf([this] { Files().FileLength(Folder); }), 53);
-    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(Folder); }), 53);
+    Files().CreateFolder(At(u"folder"));
+    EXPECT_EQ(CopyError(u"folder", u"new.mp3", Existing::Keep), 53);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"folder")); }), 53);
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"folder")); }), 53);
 }
 
 TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
+    Files().CreateFolder(At(u"folder"));
     for (const Existing existing : {Existing::Keep, Existing::Replace}) {
-        EXPECT_EQ(CopyError(Song, Folder, existing), 70);
-        EXPECT_EQ(MoveError(Song, Folder, existing), 70);
-        EXPECT_EQ(TargetError(Folder, existing), 70);
+        EXPECT_EQ(CopyError(u"Song.mp3", u"folder", existing), 70);
+        EXPECT_EQ(MoveError(u"Song.mp3", u"folder", existing), 70);
+        EXPECT_EQ(TargetError(At(u"folder"), existing), 70);
     }
-    EXPECT_EQ(NumberOf([this] { Files().OpenForReadingAndWriting(Folder); }), 70);
-    EXPECT_FALSE(Files().WouldReplace(Folder));
-    EXPECT_TRUE(Files().FolderExists(Folder));
+    EXPECT_EQ(WritingError(u"folder"), 70);
+    EXPECT_FALSE(Files().WouldReplace(At(u"folder")));
+    EXPECT_TRUE(Files().FolderExists(At(u"folder")));
 }
 
 TEST_P(FileSystemContract, AFileIsNotCopiedOntoItself) {
-    EXPECT_EQ(CopyError(Song, Song, Existing::Keep), 58);
-    EXPECT_EQ(CopyError(Song, Song, Existing::Replace), 70);
-    EXPECT_EQ(MoveError(Song, Song, Existing::Replace), 0);
-    EXPECT_EQ(Bytes(Song), Song.toUtf8());
+    EXPECT_EQ(CopyError(u"Song.mp3", u"Song.mp3", Existing::Keep), 58);
+    EXPECT_EQ(CopyError(u"Song.mp3", u"Song.mp3", Existing::Replace), 70);
+    EXPECT_EQ(MoveError(u"Song.mp3", u"Song.mp3", Existing::Replace), 0);
+    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
 }
 
 TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
-    EXPECT_TRUE(Files().WouldReplace(Other));
-    EXPECT_FALSE(Files().WouldReplace(Missing));
-    EXPECT_EQ(CopyError(Song, Other, Existing::Keep), 58);
-    EXPECT_EQ(MoveError(Song, Other, Existing::Keep), 58);
-    EXPECT_EQ(TargetError(Other, Existing::Keep), 58);
-    EXPECT_EQ(TargetError(Other, Existing::Replace), 0);
-    EXPECT_EQ(TargetError(Missing, Existing::Keep), 0);
-    EXPECT_EQ(Bytes(Other), Other.toUtf8());
-    EXPECT_EQ(CopyError(Song, Missing, Existing::Keep), 0);
-    EXPECT_EQ(MoveError(Missing, Other, Existing::Replace), 0);
-    EXPECT_EQ(Bytes(Other), Song.toUtf8());
+    EXPECT_TRUE(Files().WouldReplace(At(u"Other.mp3")));
+    EXPECT_FALSE(Files().WouldReplace(At(u"new.mp3")));
+    EXPECT_EQ(CopyError(u"Song.mp3", u"Other.mp3", Existing::Keep), 58);
+    EXPECT_EQ(MoveError(u"Song.mp3", u"Other.mp3", Existing::Keep), 58);
+    EXPECT_EQ(TargetError(At(u"Other.mp3"), Existing::Keep), 58);
+    EXPECT_EQ(TargetError(At(u"Other.mp3"), Existing::Replace), 0);
+    EXPECT_EQ(TargetError(At(u"new.mp3"), Existing::Keep), 0);
+    EXPECT_EQ(Bytes(u"Other.mp3"), "other");
+    EXPECT_EQ(CopyError(u"Song.mp3", u"new.mp3", Existing::Keep), 0);
+    EXPECT_EQ(MoveError(u"new.mp3", u"Other.mp3", Existing::Replace), 0);
+    EXPECT_EQ(Bytes(u"Other.mp3"), "song");
 }
 
 TEST_P(FileSystemContract, ATargetNeedsItsFolderAndANameThatTheDiskCanHold) {
-    EXPECT_EQ(TargetError(Paths::Join(Native(u"nix"_s), u"x"_s), Existing::Replace), 76);
-    EXPECT_EQ(TargetError(Native(QString(256, u'a')), Existing::Replace), 70);
+    EXPECT_EQ(TargetError(At(u"nix/x"), Existing::Replace), 76);
+    EXPECT_EQ(TargetError(At(QString(256, u'a')), Existing::Replace), 70);
+    EXPECT_EQ(CopyError(u"Song.mp3", u"nix/x", Existing::Replace), 76);
+    EXPECT_EQ(MoveError(u"Song.mp3", u"nix/x", Existing::Replace), 76);
+    EXPECT_EQ(WritingError(u"nix/x"), 76);
+    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+}
+
+TEST_P(FileSystemContract, AMissingFileIsDistinguishedFromAMissingFolder) {
+    EXPECT_EQ(Files().FileLength(At(u"Other.mp3")), 5);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix.mp3")); }), 53);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix/nix.mp3")); }), 76);
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"Song.mp3/x")); }), 76);
+    EXPECT_EQ(CopyError(u"nix.mp3", u"x", Existing::Keep), 53);
+    EXPECT_EQ(CopyError(u"nix/nix.mp3", u"x", Existing::Keep), 76);
+}
+
+TEST_P(FileSystemContract, AStoppedCopyLeavesNothing) {
+    const CopyControl control;
+    control.Stop();
+    EXPECT_FALSE(Files().CopyFile(At(u"Song.mp3"), At(u"x"), Existing::Keep, control));
+    EXPECT_FALSE(Files().WouldReplace(At(u"x")));
+    EXPECT_FALSE(Files().WouldReplace(At(Part)));
+}
+
+TEST_P(FileSystemContract, BlocksAreReadOneAfterTheOtherUpToTheEnd) {
+    const std::unique_ptr<BinaryFile> file = Files().OpenForReading(At(u"Other.mp3"));
+    char bytes[4] = {};
+    file->Read(bytes, 3);
+    EXPECT_EQ(QByteArray(bytes, 3), "oth");
+    file->Read(bytes, 0);
+    file->Read(bytes, 2);
+    EXPECT_EQ(QByteArray(bytes, 2), "er");
+    EXPECT_EQ(NumberOf([&] { file->Read(bytes, 1); }), 57);
+}
+
+TEST_P(FileSystemContract, AFileIsWrittenFromAnotherStepByStep) {
+    for (const qsizetype step : {7, 300000, 3000000}) {
+        const QByteArray bytes = Pattern(2 * step);
+        Add(u"film.m4v", bytes);
+        {
+            const auto from = Files().OpenForReading(At(u"film.m4v"));
+            const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+            to->WriteFrom(*from, step, {});
+            to->WriteFrom(*from, step, {});
+        }
+        EXPECT_EQ(Bytes(u"copy.tmp"), bytes);
+        const auto from = Files().OpenForReading(At(u"film.m4v"));
+        const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+        EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, 2 * step + 1, {}); }), 57);
+    }
+}
+
+TEST_P(FileSystemContract, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
+    Add(u"copy.tmp", "old content");
+    {
+        const auto from = Files().OpenForReading(At(u"Song.mp3"));
+        const auto file = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+        file->WriteFrom(*from, 4, {});
+        char rest[7] = {};
+        file->Read(rest, 7);
+        EXPECT_EQ(QByteArray(rest, 7), "content");
+        file->Truncate(6);
+        file->Close();
+    }
+    EXPECT_EQ(Bytes(u"copy.tmp"), "songco");
 }
 
 TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
     for (const bool isMoved : {true, false}) {
-        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
+        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(u"Song.mp3"));
         file->Close();
         if (isMoved) {
-            Files().MoveFile(*file, Missing, Existing::Keep, {});
+            Files().MoveFile(*file, At(u"new.mp3"), Existing::Keep, {});
         }
         Files().DeleteFile(*file);
-        EXPECT_FALSE(Files().FileExists(Song));
-        EXPECT_TRUE(Files().FileExists(Missing));
+        EXPECT_FALSE(Files().FileExists(At(u"Song.mp3")));
+        EXPECT_TRUE(Files().FileExists(At(u"new.mp3")));
     }
 }
 
 // Windows lets nobody take the name of a file that is open for writing; elsewhere it may go.
 TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted) {
-    const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(Song);
-    const bool isTaken = MoveError(Other, Song, Existing::Replace) == 0;
-    const int error = NumberOf([&] { Files().MoveFile(*file, Missing, Existing::Keep, {}); });
+    const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(u"Song.mp3"));
+    const bool isTaken = MoveError(u"Other.mp3", u"Song.mp3", Existing::Replace) == 0;
+    const int error =
+        NumberOf([&] { Files().MoveFile(*file, At(u"new.mp3"), Existing::Keep, {}); });
     Files().DeleteFile(*file);
     EXPECT_EQ(error, isTaken ? 70 : 0);
-    EXPECT_EQ(Bytes(isTaken ? Song : Missing), (isTaken ? Other : Song).toUtf8());
-    EXPECT_EQ(Files().FileExists(Missing), !isTaken);
+    EXPECT_EQ(Bytes(isTaken ? u"Song.mp3" : u"new.mp3"), isTaken ? "other" : "song");
+    EXPECT_EQ(Files().FileExists(At(u"new.mp3")), !isTaken);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract, testing::Values(Kind::Real, Kind::Fake),
-                         [](const auto& kind) {
-                             return kind.param == Kind::Real ? "Real" : "Fake";
-                         });
+TEST_P(RealFileContract, WhatIsOpenForReadingCannotBeWritten) {
+    const auto from = Files().OpenForReading(At(u"Other.mp3"));
+    const auto file = Files().OpenForReading(At(u"Song.mp3"));
+    EXPECT_NE(NumberOf([&] { file->WriteFrom(*from, 5, {}); }), 0);
+    EXPECT_NE(NumberOf([&] { file->Truncate(0); }), 0);
+    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+}
+
+TEST_P(RealFileContract, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
+    {
+        const auto writing = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+        EXPECT_EQ(WritingError(u"copy.tmp"), 70);
+        writing->Close();
+        EXPECT_EQ(WritingError(u"copy.tmp"), 70);
+        Files().MoveFile(*writing, At(u"film.m4v"), Existing::Replace, {});
+        EXPECT_EQ(WritingError(u"copy.tmp"), 0);
+    }
+    EXPECT_EQ(WritingError(u"film.m4v"), 0);
+}
+
+TEST_P(RealFileContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
+    const QDateTime time = QDateTime::fromMSecsSinceEpoch(1234567890000);
+    Add(u"Song.mp3", Pattern(3'000'001));
+    QFile song(m_disk.Native(u"Song.mp3"_s));
+    ASSERT_TRUE(song.open(QIODevice::ReadWrite) &&
+                song.setFileTime(time, QFileDevice::FileModificationTime));
+    song.close();
+    const CopyControl control;
+    EXPECT_TRUE(Files().CopyFile(At(u"Song.mp3"), At(u"Copy.mp3"), Existing::Keep, control));
+    EXPECT_EQ(control.BytesDone(), 3'000'001);
+    {
+        const auto from = Files().OpenForReading(At(u"Song.mp3"));
+        const auto to = Files().OpenForReadingAndWriting(At(u"Other.mp3"));
+        to->WriteFrom(*from, 3'000'001, {});
+        to->Close();
+        to->TakeModificationTime(*from);
+    }
+    for (const QString& copy : {u"Copy.mp3"_s, u"Other.mp3"_s}) {
+        EXPECT_EQ(ReadFile(m_disk.Native(copy)), Pattern(3'000'001));
+        EXPECT_EQ(QFileInfo(m_disk.Native(copy)).lastModified(), time);
+    }
+}
+
+TEST_P(RealFileContract, AFileThatWasOpenedAheadIsTakenOnlyIfItIsStillTheOneAtItsPath) {
+    Files().ReadAhead(At(u"Song.mp3"));
+    EXPECT_EQ(CopyError(u"Song.mp3", u"same", Existing::Keep), 0);
+    Files().ReadAhead(At(u"Song.mp3"));
+    ASSERT_TRUE(QFile::rename(m_disk.Native(u"Song.mp3"_s), m_disk.Native(u"elsewhere"_s)));
+    ASSERT_TRUE(QFile::rename(m_disk.Native(u"Other.mp3"_s), m_disk.Native(u"Song.mp3"_s)));
+    EXPECT_EQ(CopyError(u"Song.mp3", u"changed", Existing::Keep), 0);
+    EXPECT_EQ(Bytes(u"same"), "song");
+    EXPECT_EQ(Bytes(u"changed"), "other");
+}
+
+TEST_P(RealFileContract, NothingIsGivenThePartName) {
+    // Blanks and dots at the end are lost on the drives people carry away.
+    for (const char16_t* name :
+         {u".songlift.part", u".SongLift.PART", u".songlift.part.", u".songlift.part. "}) {
+        EXPECT_EQ(CopyError(u"Song.mp3", name, Existing::Replace), 70);
+        EXPECT_EQ(MoveError(u"Song.mp3", name, Existing::Replace), 70);
+        EXPECT_EQ(CreationError(At(name)), 70);
+    }
+}
+
+TEST_P(RealFileContract, OnlyWhatAKilledCopyHasLeftIsRemoved) {
+    MakeFolder(m_disk.Native(u"below"_s));
+    WriteFile(m_disk.Native(Part), "half of a song");
+    WriteFile(m_disk.Native(u"below/"_s + Part), "of another folder");
+    Files().RemoveLeftovers(At(QString()));
+    EXPECT_EQ(NamesIn(m_disk.Native(QString())),
+              QStringList({u"Other.mp3"_s, u"Song.mp3"_s, u"below"_s}));
+    EXPECT_EQ(NamesIn(m_disk.Native(u"below"_s)), QStringList(Part));
+    Files().RemoveLeftovers(At(u"below/"));
+    EXPECT_EQ(NamesIn(m_disk.Native(u"below"_s)), QStringList());
+    Files().RemoveLeftovers(At(u"nix"));
+    Files().RemoveLeftovers(QString());
+}
+
+TEST(DriveFileContract, OnADriveNamesDifferInMoreThanLetterCase) {
+    RealDisk disk;
+    FileSystem& files = disk.Files();
+    WriteFile(disk.Native(u"Song.mp3"_s), "old");
+    WriteFile(disk.Native(u"new"_s), "new");
+    const QString upper = disk.OnDrive(u"SONG.MP3"_s);
+    EXPECT_TRUE(files.WouldReplace(upper));
+    EXPECT_EQ(NumberOf([&] { files.CopyFile(upper, upper, Existing::Replace, {}); }), 70);
+    files.CopyFile(disk.OnDrive(u"NEW"_s), upper, Existing::Replace, {});
+    EXPECT_EQ(ReadFile(disk.Native(u"Song.mp3"_s)), "new");
+    for (const QString& source : {u"new"_s, u"Song.mp3"_s}) { // the second onto itself
+        files.MoveFile(*files.OpenForReadingAndWriting(disk.OnDrive(source)), upper,
+                       Existing::Replace, {});
+        EXPECT_EQ(NamesIn(disk.Native(QString())).join(u' ').toLower(), u"song.mp3"_s);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract,
+                         testing::Values(Kind::Native, Kind::OnDrive, Kind::Fake), NameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, RealFileContract, testing::Values(Kind::Native, Kind::OnDrive),
+                         NameOf);

@@ -34,25 +34,6 @@ void MakeNest(const QString& path, int depth) {
 
 } // namespace
 
-TEST_F(DeleteFixture, AFolderIsDeletedWithAllItHolds) {
-    MakeFolder(Native(u"tmp/a/b"_s));
-    MakeFolder(Native(u"tmp/c"_s));
-    WriteFile(Native(u"tmp/copy.tmp"_s), "x");
-    WriteFile(Native(u"tmp/.hidden"_s), "x");
-    WriteFile(Native(u"tmp/a/b/file"_s), "x");
-    ASSERT_TRUE(MakePipe(Native(u"tmp/c/pipe"_s)));
-    WriteFile(Native(u"other"_s), "x");
-    EXPECT_EQ(DeleteError(Native(u"tmp"_s)), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList(u"other"_s));
-}
-
-TEST_F(DeleteFixture, AFolderIsDeletedByADrivePath) {
-    MakeFolder(Native(u"New/Sub"_s));
-    EXPECT_EQ(DeleteError(u"E:\\NEW\\sub\\"_s), 0);
-    EXPECT_EQ(DeleteError(u"E:\\new"_s), 0);
-    EXPECT_EQ(NamesIn(Native()), QStringList());
-}
-
 TEST_F(DeleteFixture, AFolderOfManyFilesIsDeleted) {
     const TestMount mount = TestMount::Memory(Native(), "size=64m"); // faster, where it can be had
     MakeFolder(Native(u"tmp"_s));

@@ -1,6 +1,8 @@
 #include "platform/linux/LinuxFileSystem.h"
 #include "tests/platform/RealDisk.h"
 
+using namespace Qt::StringLiterals;
+
 struct RealDisk::Services {
     LinuxDrives Drives;
     LinuxFileSystem Files{Drives};
@@ -15,7 +17,16 @@ RealDisk::~RealDisk() {
 }
 
 QString RealDisk::Native(const QString& name) const {
-    return m_folder.filePath(name);
+    return name.isEmpty() ? m_folder.path() : m_folder.filePath(name);
+}
+
+QString RealDisk::OnDrive(const QString& name) const {
+    return u"E:\\"_s + QString(name).replace(u'/', u'\\');
+}
+
+QString RealDisk::Attach(const QString& name) {
+    qputenv("SONGLIFT_DRIVES", (Native({}) + u':' + Native(name)).toUtf8());
+    return u"F:"_s;
 }
 
 DriveService& RealDisk::Drives() {

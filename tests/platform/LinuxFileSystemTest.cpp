@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryFile>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -24,84 +22,12 @@ protected:
     }
 };
 
-mode_t ModeOf(const QString& path) {
-    struct stat info {};
-    EXPECT_EQ(stat(path.toUtf8().constData(), &info), 0);
-    return info.st_mode & 07777;
-}
-
 } // namespace
-
-TEST_F(FilesFixture, TheLengthOfAFileIsInBytes) {
-    WriteFile(Native(u"song.mp3"_s), Pattern(12345));
-    EXPECT_EQ(m_files.FileLength(u"E:\\SONG.mp3"_s), 12345);
-    EXPECT_EQ(NumberOf([this] { m_files.FileLength(u"E:\\nix.mp3"_s); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.FileLength(u"E:\\nix\\nix.mp3"_s); }), 76);
-    EXPECT_EQ(NumberOf([this] { m_files.FileLength(Native()); }), 53);
-}
 
 TEST_F(FilesFixture, ALengthPastFourGigabytesIsExact) {
     WriteFile(Native(u"film.m4v"_s), "x");
     ASSERT_EQ(truncate(Native(u"film.m4v"_s).toUtf8().constData(), 5000000001), 0);
     EXPECT_EQ(m_files.FileLength(Native(u"film.m4v"_s)), 5000000001);
-}
-
-TEST_F(FilesFixture, BlocksAreReadOneAfterTheOther) {
-    WriteFile(Native(u"song.mp3"_s), "abcdefgh");
-    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
-    char bytes[5] = {};
-    file->Read(bytes, 5);
-    EXPECT_EQ(QByteArray(bytes, 5), "abcde");
-    file->Read(bytes, 0);
-    file->Read(bytes, 3);
-    EXPECT_EQ(QByteArray(bytes, 3), "fgh");
-}
-
-TEST_F(FilesFixture, AFileThatEndsEarlyIsADeviceError) {
-    WriteFile(Native(u"song.mp3"_s), "abc");
-    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
-    char bytes[4] = {};
-    EXPECT_EQ(NumberOf([&] { file->Read(bytes, 4); }), 57);
-}
-
-TEST_F(FilesFixture, AFileIsWrittenFromAnotherStepByStep) {
-    for (const qsizetype step : {qsizetype{7}, qsizetype{300000}, qsizetype{3000000}}) {
-        QByteArray bytes(2 * step, Qt::Uninitialized);
-        for (qsizetype i = 0; i < bytes.size(); ++i) {
-            bytes[i] = static_cast<char>(i * 7 + i / 1000);
-        }
-        WriteFile(Native(u"film.m4v"_s), bytes);
-        const auto from = m_files.OpenForReading(Native(u"film.m4v"_s));
-        const auto to = m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
-        to->WriteFrom(*from, step, {});
-        EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)).left(step), bytes.left(step));
-        to->WriteFrom(*from, step, {});
-        EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), bytes);
-    }
-}
-
-TEST_F(FilesFixture, ASourceThatEndsEarlyIsADeviceError) {
-    for (const qsizetype size : {qsizetype{10}, qsizetype{3000000}}) {
-        WriteFile(Native(u"film.m4v"_s), QByteArray(size, 'x'));
-        const auto from = m_files.OpenForReading(Native(u"film.m4v"_s));
-        const auto to = m_files.OpenForReadingAndWriting(Native(u"copy.tmp"_s));
-        EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, size + 1, {}); }), 57);
-    }
-}
-
-TEST_F(FilesFixture, WhatIsOpenForReadingCannotBeWritten) {
-    WriteFile(Native(u"song.mp3"_s), "abc");
-    const std::unique_ptr<BinaryFile> file = m_files.OpenForReading(Native(u"song.mp3"_s));
-    EXPECT_NE(NumberOf([&] { Write(*file, "x"); }), 0);
-    EXPECT_NE(NumberOf([&] { file->Truncate(0); }), 0);
-    EXPECT_EQ(ReadFile(Native(u"song.mp3"_s)), "abc");
-}
-
-TEST_F(FilesFixture, OnlyRegularFilesAreOpenedForReading) {
-    ASSERT_TRUE(MakePipe(Native(u"pipe"_s)));
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"pipe"_s)); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native()); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(u"/dev/zero"_s); }), 53);
 }
 
 TEST_F(FilesFixture, AFileThatMayNotBeReadIsADeniedPermission) {
@@ -111,45 +37,6 @@ TEST_F(FilesFixture, AFileThatMayNotBeReadIsADeniedPermission) {
     const int number = NumberOfNobody([this] { m_files.OpenForReading(Native(u"song.mp3"_s)); });
     SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 70);
-}
-
-TEST_F(FilesFixture, AMissingFileIsCreatedForWriting) {
-    const mode_t before = umask(027);
-    const std::unique_ptr<BinaryFile> file = m_files.OpenForReadingAndWriting(u"E:\\copy.tmp"_s);
-    umask(before);
-    Write(*file, "abcdef");
-    file->Truncate(4);
-    file->Close();
-    file->Close(); // once more is nothing
-    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), "abcd");
-    EXPECT_EQ(ModeOf(Native(u"copy.tmp"_s)), 0640U);
-}
-
-TEST_F(FilesFixture, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
-    WriteFile(Native(u"copy.tmp"_s), "old content");
-    const std::unique_ptr<BinaryFile> file = m_files.OpenForReadingAndWriting(u"E:\\COPY.tmp"_s);
-    Write(*file, "new");
-    char rest[8] = {};
-    file->Read(rest, 8);
-    file->Close();
-    EXPECT_EQ(QByteArray(rest, 8), " content");
-    EXPECT_EQ(ReadFile(Native(u"copy.tmp"_s)), "new content");
-}
-
-TEST_F(FilesFixture, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
-    const QString temp = Native(u"copy.tmp"_s);
-    {
-        const std::unique_ptr<BinaryFile> writing = m_files.OpenForReadingAndWriting(temp);
-        Write(*writing, "first");
-        EXPECT_EQ(WritingError(temp), 70);
-        writing->Close();
-        EXPECT_EQ(WritingError(temp), 70);
-        m_files.MoveFile(*writing, Native(u"film.m4v"_s), Existing::Replace, {});
-        EXPECT_EQ(WritingError(Native(u"film.m4v"_s)), 70);
-        EXPECT_EQ(WritingError(temp), 0);
-    }
-    EXPECT_EQ(ReadFile(Native(u"film.m4v"_s)), "first");
-    EXPECT_EQ(WritingError(Native(u"film.m4v"_s)), 0);
 }
 
 TEST_F(FilesFixture, APlantedLinkIsNotWrittenThrough) {
@@ -187,11 +74,6 @@ TEST_F(FilesFixture, OnlyRegularFilesAreOpenedForWriting) {
     EXPECT_EQ(WritingError(Native(u"pipe"_s)), 70);
     EXPECT_EQ(WritingError(Native()), 70);
     EXPECT_EQ(WritingError(u"E:\\"_s), 70);
-}
-
-TEST_F(FilesFixture, AFileForWritingNeedsItsFolder) {
-    EXPECT_EQ(WritingError(Native(u"nix/copy.tmp"_s)), 76);
-    EXPECT_EQ(WritingError(u"Q:\\copy.tmp"_s), 76);
 }
 
 TEST_F(FilesFixture, AFileNameThatTheDiskRefusesIsADeniedPermission) {
@@ -278,10 +160,6 @@ TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
     EXPECT_EQ(m_files.FreeBytes(u"E:\\not\\there\\yet"_s), 1048576.0);
     WriteFile(Native(u"x"_s), Pattern(4096));
     EXPECT_EQ(m_files.FreeBytes(Native()), 1044480.0);
-}
-
-TEST_F(FilesFixture, AMissingDriveHasNoFreeBytes) {
-    EXPECT_EQ(NumberOf([this] { m_files.FreeBytes(u"Q:\\Music"_s); }), 68);
 }
 
 TEST_F(FilesFixture, TheLimitsOfNamesAreThoseOfTheFileSystem) {

@@ -15,19 +15,6 @@ class LinuxLeftovers : public LinuxFixture {};
 
 } // namespace
 
-TEST_F(LinuxLeftovers, OnlyWhatAKilledCopyHasLeftIsRemoved) {
-    WriteFile(Native(Part), "half of a song");
-    WriteFile(Native(u"Song.mp3"_s), "song");
-    MakeFolder(Native(u"below"_s));
-    WriteFile(Native(u"below/"_s + Part), "of another folder");
-    m_files.RemoveLeftovers(Native());
-    EXPECT_EQ(NamesIn(Native()), QStringList({u"Song.mp3"_s, u"below"_s}));
-    EXPECT_EQ(ReadFile(Native(u"Song.mp3"_s)), "song");
-    EXPECT_EQ(NamesIn(Native(u"below"_s)), QStringList(Part));
-    m_files.RemoveLeftovers(Native(u"below/"_s));
-    EXPECT_EQ(NamesIn(Native(u"below"_s)), QStringList());
-}
-
 TEST_F(LinuxLeftovers, ACopyThatRunsElsewhereKeepsItsPartFile) {
     WriteFile(Native(Part), "being written");
     {
@@ -71,11 +58,4 @@ TEST_F(LinuxLeftovers, AMissingOrForbiddenFolderIsNotAFailure) {
     SKIP_UNLESS(number != -1, "this process cannot become another user");
     EXPECT_EQ(number, 0);
     EXPECT_TRUE(IsThere(Native(Part)));
-}
-
-TEST_F(LinuxLeftovers, AFolderOnADriveIsClearedToo) {
-    MakeFolder(Native(u"Music"_s));
-    WriteFile(Native(u"Music/"_s + Part), "half");
-    m_files.RemoveLeftovers(u"E:\\MUSIC\\"_s);
-    EXPECT_EQ(NamesIn(Native(u"Music"_s)), QStringList());
 }

@@ -60,11 +60,6 @@ protected:
 
 } // namespace
 
-TEST_F(PathsFixture, AnExactNameIsFound) {
-    EXPECT_TRUE(Exists("E:\\iPod_Control\\Music\\F12\\ABCD.mp3"));
-    EXPECT_TRUE(IsFolder("E:\\iPod_Control\\Music"));
-}
-
 TEST_F(PathsFixture, AMissingNameIsLookedForWithoutRegardToCase) {
     EXPECT_TRUE(Exists("E:\\IPOD_CONTROL\\music\\f12\\abcd.MP3"));
     EXPECT_TRUE(IsFolder("e:\\ipod_control"));
@@ -225,17 +220,6 @@ TEST_F(PathsFixture, NamesThatNoDiskCanHoldAreNotFound) {
     EXPECT_EQ(NumberOf([&] { m_files.FileLength(cut); }), 53);
     EXPECT_EQ(ReadingError(("E:\\" + QByteArray(300, 'a')).constData()), 53);
     EXPECT_EQ(ReadingError(("E:\\" + QByteArray(5000, 'a') + "\\b").constData()), 76);
-}
-
-TEST_F(PathsFixture, AMissingFileIsDistinguishedFromAMissingFolder) {
-    EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F12\\nix.mp3"), 53);
-    EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F13\\ABCD.mp3"), 76);
-    EXPECT_EQ(ReadingError("E:\\iPod_Control\\Music\\F12\\ABCD.mp3\\x"), 76);
-    EXPECT_EQ(ReadingError("E:\\nix.mp3"), 53);
-    EXPECT_EQ(ReadingError("Q:\\nix.mp3"), 76);
-    EXPECT_EQ(ReadingError("E:\\iPod_Control\\..\\nix.mp3"), 76);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"nix"_s)); }), 53);
-    EXPECT_EQ(NumberOf([this] { m_files.OpenForReading(Native(u"nix/x"_s)); }), 76);
 }
 
 TEST_F(PathsFixture, AnEntryIsSpelledAsTheDiskSpellsIt) {

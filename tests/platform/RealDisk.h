@@ -14,8 +14,13 @@ public:
     RealDisk();
     ~RealDisk();
 
-    /// The path of something in the folder, as the program writes it.
+    /// The path of something in the folder; names are separated by "/".
     QString Native(const QString& name) const;
+    /// The same by the letter of a drive.
+    QString OnDrive(const QString& name) const;
+    /// Puts a folder in the folder into a drive that can be taken out; returns "F:", or nothing
+    /// where this system cannot do that.
+    QString Attach(const QString& name);
 
     DriveService& Drives();
     FileSystem& Files();

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "tests/fakes/FakeFileSystem.h"
+#include "tests/platform/RealDisk.h"
+
+#include <gtest/gtest.h>
+
+/// The files of the system, by paths in either form, and the fake ones: what all of them answer
+/// alike. The tests of the copy engine rest on it.
+enum class Kind { Native, OnDrive, Fake };
+
+class FileContract : public testing::TestWithParam<Kind> {
+protected:
+    FileContract() {
+        m_fake.AddFolder(m_disk.Native(QString()));
+        Add(u"Song.mp3", "song");
+        Add(u"Other.mp3", "other");
+    }
+
+    FileSystem& Files() { return IsReal() ? m_disk.Files() : m_fake; }
+    bool IsReal() const { return GetParam() != Kind::Fake; }
+    /// The path of something in the folder; names are separated by "/".
+    QString At(const QString& name) const {
+        return GetParam() == Kind::OnDrive ? m_disk.OnDrive(name) : m_disk.Native(name);
+    }
+    QString At(const char16_t* name) const { return At(QString::fromUtf16(name)); }
+
+    void Add(const char16_t* name, const QByteArray& bytes) {
+        const QString path = m_disk.Native(QString::fromUtf16(name));
+        if (IsReal()) {
+            WriteFile(path, bytes);
+        } else {
+            m_fake.AddFile(path, bytes);
+        }
+    }
+    QByteArray Bytes(const char16_t* name) const {
+        const QString path = m_disk.Native(QString::fromUtf16(name));
+        return IsReal() ? ReadFile(path) : m_fake.Bytes(path);
+    }
+
+    // The numbers of the errors that the operations raise, 0 where they raise none.
+
+    int CopyError(const char16_t* source, const char16_t* target, Existing existing) {
+        return NumberOf([&] { Files().CopyFile(At(source), At(target), existing, {}); });
+    }
+    int MoveError(const char16_t* source, const char16_t* target, Existing existing) {
+        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(source));
+        return NumberOf([&] { Files().MoveFile(*file, At(target), existing, {}); });
+    }
+    int TargetError(const QString& path, Existing existing) {
+        return NumberOf([&] { Files().RequireTarget(path, existing); });
+    }
+    int WritingError(const char16_t* name) {
+        return NumberOf([&] { Files().OpenForReadingAndWriting(At(name)); });
+    }
+    int CreationError(const QString& path) {
+        return NumberOf([&] { Files().CreateFolder(path); });
+    }
+    int ChainError(const QString& path) {
+        return NumberOf([&] { Files().CreateFolderChain(path); });
+    }
+    int DeleteError(const QString& path) {
+        return NumberOf([&] { Files().DeleteFolder(path, {}); });
+    }
+
+    RealDisk m_disk;
+    FakeFileSystem m_fake;
+};
+
+inline std::string NameOf(const testing::TestParamInfo<Kind>& kind) {
+    return kind.param == Kind::Native ? "Native" : kind.param == Kind::OnDrive ? "OnDrive" : "Fake";
+}
