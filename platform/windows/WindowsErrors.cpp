@@ -32,6 +32,11 @@ ErrorNumber ErrorNumberOf(DWORD error) {
     case ERROR_FILE_TOO_LARGE: // past the longest file of the file system, on FAT 4 GB
     case VirusInfected:
     case ERROR_NETWORK_ACCESS_DENIED:
+    // A share for which this user's name or password does not do (any more).
+    case ERROR_INVALID_PASSWORD:
+    case ERROR_SESSION_CREDENTIAL_CONFLICT:
+    case ERROR_NO_SUCH_LOGON_SESSION:
+    case ERROR_LOGON_FAILURE:
         return ErrorNumber::PermissionDenied;
     case ERROR_CRC:
     case ERROR_SEEK:
@@ -57,11 +62,18 @@ ErrorNumber ErrorNumberOf(DWORD error) {
     case ERROR_NO_MEDIA_IN_DRIVE:
     case ERROR_UNRECOGNIZED_VOLUME:
     case ERROR_WRONG_DISK:
+    case ERROR_REM_NOT_LIST:
     case ERROR_BAD_NETPATH:
     case ERROR_BAD_NET_NAME:
     case ERROR_NETNAME_DELETED:
+    case ERROR_NETWORK_BUSY:
+    case ERROR_REQ_NOT_ACCEP:
+    case ERROR_NO_NETWORK:
     case ERROR_NETWORK_UNREACHABLE:
     case ERROR_HOST_UNREACHABLE:
+    case ERROR_VC_DISCONNECTED:
+    case ERROR_CONNECTION_ABORTED:
+    case ERROR_NOT_CONNECTED:
     case ERROR_UNEXP_NET_ERR:
     case ERROR_SEM_TIMEOUT:
         return ErrorNumber::DeviceUnavailable;
