@@ -29,8 +29,8 @@ std::wstring FinalPathOf(const std::wstring& folder) {
     return size > 0 && size < path.size() ? std::wstring(path.data(), size) : folder;
 }
 
-/// USB drives may call themselves fixed, but can be taken out all the same.
-bool HangsOnUsb(const std::wstring& root) {
+/// Drives on USB or FireWire may call themselves fixed, but can be taken out all the same.
+bool HangsOnCable(const std::wstring& root) {
     std::array<wchar_t, 64> volume{};
     if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume.data(), volume.size())) {
         return false;
@@ -47,7 +47,17 @@ bool HangsOnUsb(const std::wstring& root) {
            DeviceIoControl(handle.Get(), IOCTL_STORAGE_QUERY_PROPERTY, &query, sizeof query, &found,
                            sizeof found, &size, nullptr) &&
            size >= offsetof(STORAGE_DEVICE_DESCRIPTOR, RawPropertiesLength) &&
-           found.BusType == BusTypeUsb;
+           (found.BusType == BusTypeUsb || found.BusType == BusType1394);
+}
+
+/// The volume that Windows itself is on.
+const std::wstring& SystemVolume() {
+    static const std::wstring volume = [] {
+        std::array<wchar_t, MAX_PATH> folder{};
+        GetSystemWindowsDirectoryW(folder.data(), folder.size());
+        return VolumeOf(folder.data());
+    }();
+    return volume;
 }
 
 } // namespace
@@ -65,7 +75,7 @@ bool IsRemovableVolume(const std::wstring& root) {
     case DRIVE_REMOVABLE:
         return true;
     case DRIVE_FIXED:
-        return HangsOnUsb(root);
+        return HangsOnCable(root);
     default:
         return false;
     }
@@ -76,8 +86,8 @@ bool IsOnIpodVolume(const std::wstring& folder) {
     if (root.empty()) {
         return true; // unknown, and on an iPod nothing may be changed
     }
-    // Another computer's share may be an iPod, too; this computer's own disks are not.
-    if (GetDriveTypeW(root.c_str()) != DRIVE_REMOTE && !IsRemovableVolume(root)) {
+    // Whatever the drive calls itself: an iPod may say that it is fixed, or be another computer's.
+    if (root == SystemVolume()) {
         return false;
     }
     return GetFileAttributesW((root + L"iPod_Control").c_str()) != INVALID_FILE_ATTRIBUTES ||

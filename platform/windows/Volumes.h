@@ -8,7 +8,8 @@
 /// does not report it.
 std::wstring VolumeOf(const std::wstring& folder);
 
-/// Whether the volume of that topmost folder can be taken out or is connected by USB.
+/// Whether the volume of that topmost folder can be taken out or is connected by USB or
+/// FireWire.
 bool IsRemovableVolume(const std::wstring& root);
 
 /// Whether an existing folder lies on an iPod.

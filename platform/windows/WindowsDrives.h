@@ -16,8 +16,8 @@ public:
 
     /// In the order of their letters.
     std::vector<Drive> Drives() override;
-    /// Whether it can be taken out, or is connected by USB. Throws DeviceUnavailable for a drive
-    /// that is gone.
+    /// Whether it can be taken out, or is connected by USB or FireWire. Throws DeviceUnavailable
+    /// for a drive that is gone.
     bool IsRemovable(const Drive& drive) override;
     /// The file system's label. Throws DeviceUnavailable for a drive that is gone or does not
     /// answer.

@@ -24,7 +24,10 @@ QString RealDisk::OnDrive(const QString& name) const {
     return u"E:\\"_s + QString(name).replace(u'/', u'\\');
 }
 
-QString RealDisk::Attach(const QString& name) {
+QString RealDisk::Attach(const QString& name, bool isRemovable) {
+    if (!isRemovable) {
+        return {};
+    }
     qputenv("SONGLIFT_DRIVES", (Native({}) + u':' + Native(name)).toUtf8());
     return u"F:"_s;
 }

@@ -18,9 +18,9 @@ public:
     QString Native(const QString& name) const;
     /// The same by the letter of a drive.
     QString OnDrive(const QString& name) const;
-    /// Puts a folder in the folder into a drive that can be taken out; returns "F:", or nothing
-    /// where this system cannot do that.
-    QString Attach(const QString& name);
+    /// Puts a folder in the folder into a drive that can be taken out, or into a fixed one; returns
+    /// "F:", or nothing where this system cannot do that.
+    QString Attach(const QString& name, bool isRemovable = true);
 
     DriveService& Drives();
     FileSystem& Files();

@@ -19,7 +19,7 @@ namespace {
 /// drives takes, with the folder behind it.
 struct WineDrive {
     ULONG Size = sizeof(WineDrive);
-    ULONG Type = DRIVE_REMOVABLE;
+    ULONG Type = 0;
     ULONG FileSystem = 0;
     DWORD Serial = 0;
     ULONGLONG Device = 0;
@@ -38,10 +38,11 @@ QByteArray FolderBehind(const QString& folder) {
 }
 
 /// Takes the drive away where `folder` is empty.
-bool SetDrive(const QByteArray& folder) {
+bool SetDrive(const QByteArray& folder, ULONG type = DRIVE_REMOVABLE) {
     constexpr DWORD defineDrive =
         CTL_CODE('m', 32, METHOD_BUFFERED, FILE_READ_ACCESS | FILE_WRITE_ACCESS);
     WineDrive drive;
+    drive.Type = type;
     drive.Folder = folder.isEmpty() ? 0 : sizeof drive;
     drive.Size += static_cast<ULONG>(folder.size()) + 1;
     QByteArray input(reinterpret_cast<const char*>(&drive), sizeof drive);
@@ -81,9 +82,10 @@ QString RealDisk::OnDrive(const QString& name) const {
     return Native(name).toLower(); // every path is on a drive; this is another one to the same
 }
 
-QString RealDisk::Attach(const QString& name) {
+QString RealDisk::Attach(const QString& name, bool isRemovable) {
     const QByteArray folder = FolderBehind(Native(name));
-    m_services->IsAttached = !folder.isEmpty() && SetDrive(folder);
+    m_services->IsAttached =
+        !folder.isEmpty() && SetDrive(folder, isRemovable ? DRIVE_REMOVABLE : DRIVE_FIXED);
     // Wine looks for new drives once a second.
     const QDeadlineTimer end(5000);
     while (m_services->IsAttached && VolumeOf(L"\\\\?\\F:\\") != L"F:\\" && !end.hasExpired()) {

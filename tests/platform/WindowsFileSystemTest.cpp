@@ -7,7 +7,7 @@
 #include "platform/windows/WindowsFile.h"
 #include "platform/windows/WindowsPaths.h"
 #include "tests/fakes/Text.h"
-#include "tests/platform/RealDisk.h"
+#include "tests/platform/IpodFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +39,8 @@ protected:
     const QString Part = Disk.Native(Text(PartName));
     const QString Folder = Paths::ParentFolder(Song);
 };
+
+class WindowsIpod : public IpodFixture {};
 
 } // namespace
 
@@ -153,4 +155,10 @@ TEST_F(WindowsFiles, TheDriveIsItsLetterOrItsShare) {
     EXPECT_EQ(Files.DriveOf(u"C:\\Music\\x"_s), u"C:"_s);
     EXPECT_EQ(Files.DriveOf(u"\\\\server\\share\\x"_s), u"\\\\server\\share"_s);
     EXPECT_GT(Files.FreeBytes(Disk.Native(u"nix/x"_s)), 0);
+}
+
+TEST_F(WindowsIpod, IsProtectedThoughItsDriveSaysThatItIsFixed) {
+    ASSERT_EQ(m_disk.Attach(u"IPOD"_s, false), m_drive);
+    EXPECT_FALSE(m_disk.Drives().IsRemovable({m_drive[0], m_drive}));
+    ExpectReadOnly(m_drive + u"\\Notes"_s);
 }
