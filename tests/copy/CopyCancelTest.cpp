@@ -7,7 +7,6 @@ namespace {
 const ShownMessage QuitQuestion{u"Are you sure you want to quit?"_s, u"Songlift"_s,
                                 MessageButtons::YesNo, MessageIcon::Question};
 const QString Film = u"D:\\Music\\Film.mp3"_s;
-const QString Tmp = u"D:\\Music\\tmp"_s;
 
 class CopyCancelTest : public CopyFixture, public testing::Test {
 protected:

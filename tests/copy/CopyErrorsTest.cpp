@@ -22,7 +22,6 @@ const ShownMessage PermissionDenied =
     ErrorBox(u"Unable to create file: \"D:\\Music\\Two.mp3\""_s, MessageButtons::AbortRetryIgnore,
              MessageIcon::Critical);
 const QString Quit = u"Are you sure you want to quit?"_s;
-const QString Tmp = u"D:\\Music\\tmp"_s;
 
 /// Three tracks, of which the second one fails.
 class CopyErrorsTest : public CopyFixture, public testing::Test {

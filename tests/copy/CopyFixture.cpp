@@ -4,6 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
+const QString Tmp = u"D:\\Music\\tmp"_s;
 const ShownMessage Completed{u"Copy completed!"_s, u"Songlift"_s, MessageButtons::OK,
                              MessageIcon::Information};
 

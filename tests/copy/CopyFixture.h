@@ -16,6 +16,9 @@ extern const ShownMessage Completed;
 /// What the user does at one prompt for an existing file.
 enum class PromptUse { Replace, Skip, Cancel, ReplaceAll, SkipAll, CancelAll, CloseBox };
 
+/// Where a job puts half a film.
+extern const QString Tmp;
+
 /// The copy engine on fakes, wired as the main window wires it: an iPod at E:, the destination
 /// D:\Music, no folder and name option ticked.
 class CopyFixture {

@@ -61,10 +61,6 @@ QString LineOf(const path& file) {
 
 } // namespace
 
-void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toUtf8().constData() << '"';
-}
-
 QStringList ListTree(const QString& folder, const QString& except) {
     QStringList lines;
     Walk(path(folder.toStdString()), path(except.toStdString()),

@@ -1,12 +1,9 @@
 #pragma once
 
+#include "tests/fakes/Text.h"
+
 #include <QString>
 #include <QStringList>
-
-#include <ostream>
-
-/// How the test library writes a text in its complaints.
-void PrintTo(const QString& text, std::ostream* out);
 
 /// Everything below `folder` but `except` and what lies in it: names, kinds, modes, inodes, numbers
 /// of names, times of the last change, bytes and link targets, one line each, sorted. Links are not

@@ -16,7 +16,7 @@ double Number(const char* text) {
     return TextToNumber(QString::fromUtf8(text));
 }
 
-int ErrorOf(const char* text) {
+int ErrorNumberOf(const char* text) {
     return NumberOf([text] { Number(text); });
 }
 
@@ -92,12 +92,12 @@ TEST(NumberInAText, IsReadWithADecimalPoint) {
 }
 
 TEST(NumberInAText, OtherTextsAreATypeMismatch) {
-    EXPECT_EQ(ErrorOf(""), 13);
-    EXPECT_EQ(ErrorOf("  "), 13);
-    EXPECT_EQ(ErrorOf("abc"), 13);
-    EXPECT_EQ(ErrorOf("12 px"), 13);
-    EXPECT_EQ(ErrorOf("1,5"), 13);
-    EXPECT_EQ(ErrorOf("nan"), 13);
-    EXPECT_EQ(ErrorOf("inf"), 13);
-    EXPECT_EQ(ErrorOf("1e999"), 13);
+    EXPECT_EQ(ErrorNumberOf(""), 13);
+    EXPECT_EQ(ErrorNumberOf("  "), 13);
+    EXPECT_EQ(ErrorNumberOf("abc"), 13);
+    EXPECT_EQ(ErrorNumberOf("12 px"), 13);
+    EXPECT_EQ(ErrorNumberOf("1,5"), 13);
+    EXPECT_EQ(ErrorNumberOf("nan"), 13);
+    EXPECT_EQ(ErrorNumberOf("inf"), 13);
+    EXPECT_EQ(ErrorNumberOf("1e999"), 13);
 }

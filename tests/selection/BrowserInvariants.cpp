@@ -15,11 +15,11 @@ bool AnyTicked(const Records& records) {
                        [](const auto& record) { return record.Checked; });
 }
 
-struct Ticked {
+struct TickedTracks {
     int Tracks = 0;
     double Bytes = 0;
 
-    explicit Ticked(const std::vector<ArtistRecord>& artists) {
+    explicit TickedTracks(const std::vector<ArtistRecord>& artists) {
         for (const ArtistRecord& artist : artists) {
             for (const AlbumRecord& album : artist.Albums) {
                 for (const TrackRecord& track : album.Tracks) {
@@ -139,7 +139,7 @@ public:
 
     /// The summary speaks of the whole library, whatever part of it is shown.
     void Summary() const {
-        const double bytes = Ticked(m_whole).Bytes;
+        const double bytes = TickedTracks(m_whole).Bytes;
         const double total = m_browser.Library.TotalSize;
         EXPECT_EQ(m_browser.Summary.SelectedSize, bytes);
         EXPECT_EQ(m_form.prgCopy.Value(), static_cast<float>(bytes));
@@ -148,13 +148,13 @@ public:
         EXPECT_EQ(m_form.lblMessage.Caption(),
                   u"Selected: %1 KB of %2 KB"_s.arg(int(bytes) / 1024).arg(int(total) / 1024));
         if (m_browser.Result.Search()) {
-            EXPECT_EQ(m_browser.Summary.SearchBaseSize, Ticked(m_artists).Bytes);
+            EXPECT_EQ(m_browser.Summary.SearchBaseSize, TickedTracks(m_artists).Bytes);
         }
     }
 
     void CopyButton() const {
         EXPECT_EQ(m_browser.Result.CheckedHidden(),
-                  Ticked(m_whole).Tracks > Ticked(m_artists).Tracks);
+                  TickedTracks(m_whole).Tracks > TickedTracks(m_artists).Tracks);
         EXPECT_EQ(m_form.cmdCopy.Enabled(),
                   AnyTicked(m_artists) || m_browser.Result.CheckedHidden());
     }

@@ -36,20 +36,20 @@ void PrintTo(const Failing& failing, std::ostream* out) {
     *out << failing.Prepare << ", and then " << failing.Handler;
 }
 
-const char* const Abba = "artist Abba";
-const char* const Guero = "artist Beck, tick album Guero";
+const char* const OnAbba = "artist Abba";
+const char* const OnGuero = "artist Beck, tick album Guero";
 const char* const Result =
     "artist Beck, tick album Guero, type river, artist Blue River, tick song Delta";
 const char* const Filtered = "artist Beck, tick album Guero, tab Audio, tick song River";
 
 const Failing ClicksAndSearches[] = {
-    {Abba, "artist Beck"},
-    {Abba, "artist All"},
+    {OnAbba, "artist Beck"},
+    {OnAbba, "artist All"},
     {"artist All", "artist Abba"},
-    {Abba, "album Arrival"},
-    {Abba, "song Tiger"},
-    {Guero, "type river"},
-    {Guero, "type nowhere"},
+    {OnAbba, "album Arrival"},
+    {OnAbba, "song Tiger"},
+    {OnGuero, "type river"},
+    {OnGuero, "type nowhere"},
     {Result, "type river l"},
     {Result, "type money"},
     {Result, "type nowhere"},
@@ -57,7 +57,7 @@ const Failing ClicksAndSearches[] = {
     {Result, "type money", "type abba"},
     {Result, "type"},
     {Result, "clear"},
-    {Guero, "tab Audio"},
+    {OnGuero, "tab Audio"},
     {Filtered, "tab Video"},
     {Filtered, "tab All Files"},
     {Filtered, "type river"},
@@ -65,8 +65,8 @@ const Failing ClicksAndSearches[] = {
 };
 
 const Failing Ticks[] = {
-    {Abba, "tick artist Beck"},         {Guero, "tick artist All"},
-    {Abba, "tick album Arrival"},       {Guero, "untick album Guero"},
+    {OnAbba, "tick artist Beck"},       {OnGuero, "tick artist All"},
+    {OnAbba, "tick album Arrival"},     {OnGuero, "untick album Guero"},
     {"artist All", "tick album All"},   {"artist All", "tick song Girl"},
     {"album Arrival", "tick song All"}, {Result, "tick song Source"},
 };
