@@ -5,9 +5,11 @@
 
 namespace {
 
+/// `File` is MediaFile, or has what that has.
+template <class File>
 class FileStream : public IStream {
 public:
-    explicit FileStream(std::shared_ptr<MediaFile> file) : m_file(std::move(file)) {}
+    explicit FileStream(std::shared_ptr<File> file) : m_file(std::move(file)) {}
     virtual ~FileStream() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -78,12 +80,16 @@ public:
 
 private:
     std::atomic<ULONG> m_users = 1;
-    std::shared_ptr<MediaFile> m_file;
+    std::shared_ptr<File> m_file;
     qint64 m_position = 0;
 };
 
 } // namespace
 
 ComPointer<IStream> NewFileStream(std::shared_ptr<MediaFile> file) {
+    return ComPointer<IStream>(new FileStream(std::move(file)));
+}
+
+ComPointer<IStream> NewFileStream(std::shared_ptr<WaveOfAiff> file) {
     return ComPointer<IStream>(new FileStream(std::move(file)));
 }

@@ -91,7 +91,7 @@ void MediaSession::Run() {
     const MediaFoundation* functions = MediaFoundation::Find();
     const HRESULT entered = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     try {
-        if (functions == nullptr || IsCopyProtected(*m_file) || m_file->Seek(0) != 0) {
+        if (functions == nullptr || IsCopyProtected(*m_file)) {
             throw RuntimeError(ErrorNumber::DeviceUnavailable);
         }
         MediaSource source(*functions, m_file, m_suffix);

@@ -6,6 +6,7 @@
 #include <propvarutil.h>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,21 @@ ComPointer<IMFMediaType> FormatOf(IMFSourceReader& reader, DWORD stream) {
 int NumberIn(IMFMediaType& type, const GUID& key) {
     UINT32 number = 0;
     return SUCCEEDED(type.GetUINT32(key, &number)) ? static_cast<int>(number) : 0;
+}
+
+/// The file as the system can read it, which knows no AIFF; and the ending by which it recognises
+/// it.
+std::pair<ComPointer<IStream>, QString> StreamOf(std::shared_ptr<MediaFile> file,
+                                                 const QString& suffix) {
+    if (WaveOfAiff::IsAiff(*file)) {
+        return {NewFileStream(std::make_shared<WaveOfAiff>(std::move(file))), u"wav"_s};
+    }
+    if (file->Seek(0) != 0) {
+        throw RuntimeError(ErrorNumber::DeviceUnavailable);
+    }
+    // An audio book is the same under a name of its own.
+    const bool isBook = suffix.compare(u"m4b"_s, Qt::CaseInsensitive) == 0;
+    return {NewFileStream(std::move(file)), isBook ? u"m4a"_s : suffix};
 }
 
 /// Lets the system recognise the file by its name, too.
@@ -67,12 +83,12 @@ QImage FromBrightnessAndColour(const uchar* brightness, const uchar* colour, qsi
 
 MediaSource::MediaSource(const MediaFoundation& functions, std::shared_ptr<MediaFile> file,
                          const QString& suffix) {
-    const ComPointer<IStream> stream = NewFileStream(std::move(file));
+    const auto [stream, ending] = StreamOf(std::move(file), suffix);
     IMFByteStream* bytes = nullptr;
     IMFSourceReader* reader = nullptr;
     if (SUCCEEDED(functions.CreateByteStream(stream.get(), &bytes))) {
         const ComPointer<IMFByteStream> owned(bytes);
-        Name(*bytes, suffix);
+        Name(*bytes, ending);
         if (SUCCEEDED(functions.CreateSourceReader(bytes, nullptr, &reader))) {
             m_reader.reset(reader);
         }

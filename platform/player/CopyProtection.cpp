@@ -16,20 +16,8 @@ struct Atom {
     qint64 Size = 0;
 };
 
-/// Up to `size` bytes from `position` on.
-QByteArray ReadAt(MediaFile& file, qint64 position, qint64 size) {
-    QByteArray bytes(std::min(size, file.Size() - position), Qt::Uninitialized);
-    qint64 have = 0;
-    qint64 count = file.Seek(position) == position ? bytes.size() : 0;
-    while (count > 0 && have < bytes.size()) {
-        count = file.Read(bytes.data() + have, bytes.size() - have);
-        have += std::max<qint64>(count, 0);
-    }
-    return bytes.first(have);
-}
-
 Atom AtomAt(MediaFile& file, qint64 position) {
-    const QByteArray header = ReadAt(file, position, 16);
+    const QByteArray header = file.ReadAt(position, 16);
     if (header.size() < 8) {
         return {};
     }
@@ -73,5 +61,5 @@ bool IsCopyProtected(MediaFile& file) {
         atom = AtomAt(file, position);
     }
     return atom.Name == "moov" &&
-           NamesEncryptedTrack(ReadAt(file, position, std::min(atom.Size, mostIndexBytes)));
+           NamesEncryptedTrack(file.ReadAt(position, std::min(atom.Size, mostIndexBytes)));
 }

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <chrono>
 
 MediaFile::MediaFile(const QString& nativePath) : m_file(nativePath) {
@@ -35,6 +36,17 @@ qint64 MediaFile::Seek(qint64 position) {
     const std::lock_guard lock(m_mutex);
     const bool found = !m_closed && m_file.isOpen() && position >= 0 && m_file.seek(position);
     return found ? position : -1;
+}
+
+QByteArray MediaFile::ReadAt(qint64 position, qint64 size) {
+    QByteArray bytes(std::clamp<qint64>(m_size - position, 0, size), Qt::Uninitialized);
+    qint64 have = 0;
+    qint64 count = Seek(position) == position ? bytes.size() : 0;
+    while (count > 0 && have < bytes.size()) {
+        count = Read(bytes.data() + have, bytes.size() - have);
+        have += std::max<qint64>(count, 0);
+    }
+    return bytes.first(have);
 }
 
 bool MediaFile::Close() {

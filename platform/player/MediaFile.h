@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 
@@ -22,6 +23,8 @@ public:
     qint64 Read(char* buffer, qint64 size);
     /// Goes to a 0-based position; returns it, or -1.
     qint64 Seek(qint64 position);
+    /// Up to `size` bytes from a position on; fewer at the end, or where the file cannot be read.
+    QByteArray ReadAt(qint64 position, qint64 size);
 
     /// Closes the file. Does not wait long for a read that hangs: then the file is closed when the
     /// read ends, and this returns false.
