@@ -11,7 +11,12 @@ std::unique_ptr<PlayerEngine> PlayerEngine::Make() {
 }
 
 MediaFoundationEngine::~MediaFoundationEngine() {
+    const std::shared_ptr<MediaSession> last = m_session;
     Stop();
+    if (last) {
+        // The program ends, which would stop the thread in the middle of the system's code.
+        last->WaitUntilEnded(500);
+    }
 }
 
 const Playback& MediaFoundationEngine::State() const {

@@ -57,6 +57,11 @@ bool MediaSession::WaitUntilKnown(int milliseconds) {
                             [this] { return m_state.At != Playback::Stage::Opening; });
 }
 
+void MediaSession::WaitUntilEnded(int milliseconds) {
+    std::unique_lock lock(m_mutex);
+    m_woken.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return m_hasEnded; });
+}
+
 QImage MediaSession::Picture() const {
     const std::lock_guard lock(m_mutex);
     return m_picture;
@@ -102,14 +107,17 @@ void MediaSession::Run() {
             m_state.Rotation = source.Rotation();
             m_state.Shows = source.HasFilm() ? Playback::Picture::Film : Playback::Picture::None;
         }
-        SetStage(Playback::Stage::Open);
         Play(source);
     } catch (const std::exception&) {
+        m_file->Close();
         SetStage(Playback::Stage::Failed);
     }
     if (SUCCEEDED(entered)) {
         CoUninitialize();
     }
+    const std::lock_guard lock(m_mutex);
+    m_hasEnded = true;
+    m_woken.notify_all();
 }
 
 void MediaSession::Play(MediaSource& source) {
@@ -122,10 +130,19 @@ void MediaSession::Play(MediaSource& source) {
     }
     m_soundEnded = sound == nullptr;
     m_filmEnded = !source.HasFilm();
+    ShowFilm(source); // there is a picture whatever is wished next
+    SetStage(Playback::Stage::Open);
     m_positionAt = Milliseconds();
     while (TakeWishes(source, sound.get())) {
         if (sound) {
-            QueueSound(source, *sound);
+            // Some devices would play it in spite of a pause.
+            if (!m_wasPaused) {
+                QueueSound(source, *sound);
+            }
+            if (!sound->IsOpen()) {
+                sound.reset(); // it goes on silently
+                m_soundEnded = true;
+            }
         }
         m_position = Clock(sound.get());
         m_positionAt = Milliseconds();
@@ -173,20 +190,21 @@ bool MediaSession::TakeWishes(MediaSource& source, SoundOutput* sound) {
         m_nextFrame.reset();
         m_soundEnded = sound == nullptr;
         m_filmEnded = !source.HasFilm();
-        m_queuedTo = m_position = *position;
+        m_queuedTo = m_position = m_soughtPosition = *position;
         m_positionAt = Milliseconds();
     }
     return true;
 }
 
 void MediaSession::QueueSound(MediaSource& source, SoundOutput& sound) {
-    while (!m_soundEnded && sound.Waiting() < SoundAhead) {
+    const double bytesPerSecond = 2.0 * source.Channels() * source.SamplesPerSecond();
+    while (!m_soundEnded && sound.Waiting() < SoundAhead && sound.IsOpen()) {
         const std::optional<MediaSource::Sound> next = source.ReadSound();
         m_soundEnded = !next;
-        if (next) {
+        const double end = next ? next->Time + double(next->Samples.size()) / bytesPerSecond : 0;
+        if (end > m_soughtPosition) {
             sound.Play(next->Samples);
-            m_queuedTo = next->Time + static_cast<double>(next->Samples.size()) /
-                                          (2.0 * source.Channels() * source.SamplesPerSecond());
+            m_queuedTo = end;
         }
     }
 }
@@ -215,7 +233,7 @@ void MediaSession::ShowFilm(MediaSource& source) {
 }
 
 /// The position that is heard at this moment, or would be if there were sound.
-double MediaSession::Clock(const SoundOutput* sound) const {
+double MediaSession::Clock(SoundOutput* sound) const {
     if (sound != nullptr && !(m_soundEnded && sound->Waiting() == 0 && !m_filmEnded)) {
         return std::max(0.0, m_queuedTo - sound->Waiting());
     }

@@ -24,6 +24,8 @@ public:
     static void Start(const std::shared_ptr<MediaSession>& session);
     /// Closes the file; the thread ends as soon as it can.
     void Stop();
+    /// Waits until the thread has ended, but no longer than that.
+    void WaitUntilEnded(int milliseconds);
 
     Playback State() const;
     bool WaitUntilKnown(int milliseconds);
@@ -39,7 +41,7 @@ private:
     bool TakeWishes(MediaSource& source, SoundOutput* sound);
     void QueueSound(MediaSource& source, SoundOutput& sound);
     void ShowFilm(MediaSource& source);
-    double Clock(const SoundOutput* sound) const;
+    double Clock(SoundOutput* sound) const;
     void Tell(const std::function<void()>& event);
     void SetStage(Playback::Stage stage);
 
@@ -56,6 +58,7 @@ private:
     QImage m_picture;
     bool m_isPaused = false;
     bool m_isStopped = false;
+    bool m_hasEnded = false;
     int m_volume;
     bool m_volumeIsNew = true;
     std::optional<double> m_wishedPosition;
@@ -64,6 +67,8 @@ private:
     // have ended.
     std::optional<MediaSource::Frame> m_nextFrame;
     bool m_soundEnded = false, m_filmEnded = false;
+    /// What comes before is not heard: files can be entered only here and there.
+    double m_soughtPosition = 0;
     /// Up to where sound was queued; the position, and at which moment it was reached.
     double m_queuedTo = 0;
     double m_position = 0;

@@ -22,7 +22,7 @@ SoundOutput::SoundOutput(int channels, int samplesPerSecond)
 }
 
 SoundOutput::~SoundOutput() {
-    if (IsOpen()) {
+    if (m_device != nullptr) {
         Clear();
         waveOutClose(m_device);
     }
@@ -38,19 +38,34 @@ void SoundOutput::Play(const QByteArray& samples) {
         waveOutWrite(m_device, &block->Header, sizeof(WAVEHDR)) == MMSYSERR_NOERROR) {
         m_queuedBytes += samples.size();
         m_blocks.push_back(std::move(block));
+    } else {
+        m_isLost = true;
     }
 }
 
-double SoundOutput::Waiting() const {
+double SoundOutput::Waiting() {
     MMTIME time{};
     time.wType = TIME_BYTES;
     if (waveOutGetPosition(m_device, &time, sizeof time) != MMSYSERR_NOERROR ||
         time.wType != TIME_BYTES) {
+        m_isLost = true;
         return 0;
     }
     // The system counts in 32 bits.
     const auto waiting = static_cast<qint32>(static_cast<quint32>(m_queuedBytes) - time.u.cb);
+    LookForWork(time.u.cb, waiting > 0);
     return std::max(waiting, 0) / static_cast<double>(m_bytesPerSecond);
+}
+
+/// Some devices that are gone take sound for ever.
+void SoundOutput::LookForWork(quint32 playedBytes, bool hasWork) {
+    constexpr std::chrono::seconds patience(3);
+    const auto now = std::chrono::steady_clock::now();
+    if (playedBytes != m_playedBytes || m_isPaused || !hasWork) {
+        m_playedBytes = playedBytes;
+        m_workedAt = now;
+    }
+    m_isLost = m_isLost || now - m_workedAt > patience;
 }
 
 void SoundOutput::Clear() {
@@ -60,6 +75,7 @@ void SoundOutput::Clear() {
 }
 
 void SoundOutput::SetPaused(bool paused) {
+    m_isPaused = paused;
     if (paused) {
         waveOutPause(m_device);
     } else {

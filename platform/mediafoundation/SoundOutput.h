@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 
+#include <chrono>
 #include <deque>
 #include <memory>
 
@@ -17,11 +18,11 @@ public:
     SoundOutput(const SoundOutput&) = delete;
     SoundOutput& operator=(const SoundOutput&) = delete;
 
-    /// False where this computer plays no sound.
-    bool IsOpen() const { return m_device != nullptr; }
+    /// False where this computer plays no sound, or not any more: a headset was pulled out.
+    bool IsOpen() const { return m_device != nullptr && !m_isLost; }
     void Play(const QByteArray& samples);
     /// Seconds of sound that wait to be heard.
-    double Waiting() const;
+    double Waiting();
     /// Forgets what waits to be heard.
     void Clear();
     void SetPaused(bool paused);
@@ -32,10 +33,16 @@ private:
     struct Block;
 
     void FreePlayed();
+    void LookForWork(quint32 playedBytes, bool hasWork);
 
     HWAVEOUT m_device = nullptr;
     int m_bytesPerSecond;
     /// In the order in which they are heard.
     std::deque<std::unique_ptr<Block>> m_blocks;
     qint64 m_queuedBytes = 0;
+    bool m_isLost = false;
+    bool m_isPaused = false;
+    /// When the device was last seen at work, and how far it was.
+    std::chrono::steady_clock::time_point m_workedAt;
+    quint32 m_playedBytes = 0;
 };
