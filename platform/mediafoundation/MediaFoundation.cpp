@@ -21,7 +21,6 @@ const MediaFoundation* MediaFoundation::Find() {
         const HMODULE platform = LoadSystemLibrary(L"mfplat.dll");
         const HMODULE readers = LoadSystemLibrary(L"mfreadwrite.dll");
         return Load(functions.Startup, platform, "MFStartup") &&
-               Load(functions.Shutdown, platform, "MFShutdown") &&
                Load(functions.CreateMediaType, platform, "MFCreateMediaType") &&
                Load(functions.CreateByteStream, platform, "MFCreateMFByteStreamOnStream") &&
                Load(functions.CreateSourceReader, readers, "MFCreateSourceReaderFromByteStream") &&

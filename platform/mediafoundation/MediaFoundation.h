@@ -22,12 +22,12 @@ using ComPointer = std::unique_ptr<Object, Release>;
 /// them.
 struct MediaFoundation {
     decltype(&::MFStartup) Startup = nullptr;
-    decltype(&::MFShutdown) Shutdown = nullptr;
     decltype(&::MFCreateMediaType) CreateMediaType = nullptr;
     /// MFCreateMFByteStreamOnStream, which the compiler's header does not have.
     HRESULT(WINAPI* CreateByteStream)(IStream*, IMFByteStream**) = nullptr;
     decltype(&::MFCreateSourceReaderFromByteStream) CreateSourceReader = nullptr;
 
-    /// Null where this Windows lacks them.
+    /// Null where this Windows lacks them. It is never shut down: a thread that hangs on a device
+    /// may use it to the program's end.
     static const MediaFoundation* Find();
 };

@@ -17,6 +17,7 @@ constexpr auto FirstFilm = static_cast<DWORD>(MF_SOURCE_READER_FIRST_VIDEO_STREA
 constexpr auto AllStreams = static_cast<DWORD>(MF_SOURCE_READER_ALL_STREAMS);
 constexpr auto WholeSource = static_cast<DWORD>(MF_SOURCE_READER_MEDIASOURCE);
 constexpr double PerSecond = 1e7;
+constexpr int BitsPerSample = 16;
 
 ComPointer<IMFMediaType> FormatOf(IMFSourceReader& reader, DWORD stream) {
     IMFMediaType* type = nullptr;
@@ -24,9 +25,22 @@ ComPointer<IMFMediaType> FormatOf(IMFSourceReader& reader, DWORD stream) {
                                                                                          : nullptr);
 }
 
+ComPointer<IMFMediaType> NativeFormatOf(IMFSourceReader& reader, DWORD stream) {
+    IMFMediaType* type = nullptr;
+    return ComPointer<IMFMediaType>(
+        SUCCEEDED(reader.GetNativeMediaType(stream, 0, &type)) ? type : nullptr);
+}
+
 int NumberIn(IMFMediaType& type, const GUID& key) {
     UINT32 number = 0;
     return SUCCEEDED(type.GetUINT32(key, &number)) ? static_cast<int>(number) : 0;
+}
+
+QSize PairIn(IMFMediaType& type, const GUID& key) {
+    UINT64 pair = 0;
+    return SUCCEEDED(type.GetUINT64(key, &pair))
+               ? QSize(static_cast<int>(pair >> 32), static_cast<int>(pair & 0xffffffff))
+               : QSize();
 }
 
 /// The file as the system can read it, which knows no AIFF; and the ending by which it recognises
@@ -55,6 +69,11 @@ void Name(IMFByteStream& stream, const QString& suffix) {
     }
 }
 
+/// Two pixels share a colour.
+int Even(int pixels) {
+    return (pixels + 1) / 2 * 2;
+}
+
 uchar Clamped(int value) {
     return static_cast<uchar>(std::clamp(value, 0, 255));
 }
@@ -64,7 +83,7 @@ uchar Clamped(int value) {
 QImage FromBrightnessAndColour(const uchar* brightness, const uchar* colour, qsizetype stride,
                                const QSize& size) {
     QImage picture(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
+    for (int y = 0; y < picture.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
         const uchar* light = brightness + y * stride;
         const uchar* tint = colour + y / 2 * stride;
@@ -112,7 +131,7 @@ MediaSource::MediaSource(const MediaFoundation& functions, std::shared_ptr<Media
 }
 
 bool MediaSource::SetFormat(const MediaFoundation& functions, DWORD stream, const GUID& kind,
-                            const GUID& format) {
+                            const GUID& format, int channels) {
     IMFMediaType* made = nullptr;
     if (FAILED(functions.CreateMediaType(&made))) {
         return false;
@@ -121,15 +140,25 @@ bool MediaSource::SetFormat(const MediaFoundation& functions, DWORD stream, cons
     type->SetGUID(MF_MT_MAJOR_TYPE, kind);
     type->SetGUID(MF_MT_SUBTYPE, format);
     if (kind == MFMediaType_Audio) {
-        type->SetUINT32(MF_MT_AUDIO_BITS_PER_SAMPLE, 16);
+        type->SetUINT32(MF_MT_AUDIO_BITS_PER_SAMPLE, BitsPerSample);
+    }
+    if (channels > 0) {
+        type->SetUINT32(MF_MT_AUDIO_NUM_CHANNELS, static_cast<UINT32>(channels));
     }
     return SUCCEEDED(m_reader->SetCurrentMediaType(stream, nullptr, type.get())) &&
            SUCCEEDED(m_reader->SetStreamSelection(stream, TRUE));
 }
 
 void MediaSource::ChooseSound(const MediaFoundation& functions) {
-    const bool isSet = SetFormat(functions, FirstSound, MFMediaType_Audio, MFAudioFormat_PCM);
-    if (const auto type = isSet ? FormatOf(*m_reader, FirstSound) : nullptr) {
+    const auto choose = [&](int channels) {
+        return SetFormat(functions, FirstSound, MFMediaType_Audio, MFAudioFormat_PCM, channels);
+    };
+    // Most computers have two loudspeakers, which the system's own mixture suits best.
+    const auto native = NativeFormatOf(*m_reader, FirstSound);
+    const bool isSurround = native && NumberIn(*native, MF_MT_AUDIO_NUM_CHANNELS) > 2;
+    const bool isSet = (isSurround && choose(2)) || choose(0);
+    const auto type = isSet ? FormatOf(*m_reader, FirstSound) : nullptr;
+    if (type && NumberIn(*type, MF_MT_AUDIO_BITS_PER_SAMPLE) == BitsPerSample) {
         m_channels = NumberIn(*type, MF_MT_AUDIO_NUM_CHANNELS);
         m_samplesPerSecond = NumberIn(*type, MF_MT_AUDIO_SAMPLES_PER_SECOND);
     }
@@ -138,16 +167,19 @@ void MediaSource::ChooseSound(const MediaFoundation& functions) {
 void MediaSource::ChooseFilm(const MediaFoundation& functions) {
     if (SetFormat(functions, FirstFilm, MFMediaType_Video, MFVideoFormat_NV12)) {
         TakePictureFormat();
+        if (const auto native = NativeFormatOf(*m_reader, FirstFilm)) {
+            m_rotation = NumberIn(*native, MF_MT_VIDEO_ROTATION);
+        }
     }
 }
 
 void MediaSource::TakePictureFormat() {
     const auto type = FormatOf(*m_reader, FirstFilm);
-    UINT64 size = 0;
-    if (!type || FAILED(type->GetUINT64(MF_MT_FRAME_SIZE, &size))) {
+    const QSize coded = type ? PairIn(*type, MF_MT_FRAME_SIZE) : QSize();
+    if (coded.isEmpty()) {
         return;
     }
-    m_codedSize = QSize(static_cast<int>(size >> 32), static_cast<int>(size & 0xffffffff));
+    m_codedSize = coded;
     m_pictureSize = m_codedSize;
     MFVideoArea seen{};
     if (SUCCEEDED(type->GetBlob(MF_MT_MINIMUM_DISPLAY_APERTURE, reinterpret_cast<UINT8*>(&seen),
@@ -155,7 +187,14 @@ void MediaSource::TakePictureFormat() {
         seen.Area.cx > 0 && seen.Area.cy > 0) {
         m_pictureSize = QSize(seen.Area.cx, seen.Area.cy).boundedTo(m_codedSize);
     }
-    m_rotation = NumberIn(*type, MF_MT_VIDEO_ROTATION);
+    const QSize pixel = PairIn(*type, MF_MT_PIXEL_ASPECT_RATIO);
+    const double shape = pixel.isEmpty() ? 1 : pixel.width() / static_cast<double>(pixel.height());
+    m_pixelShape = std::clamp(shape, 0.1, 10.0);
+}
+
+QSize MediaSource::PictureSize() const {
+    const QSize size(qRound(m_pictureSize.width() * m_pixelShape), m_pictureSize.height());
+    return m_rotation % 180 == 0 ? size : size.transposed();
 }
 
 std::optional<MediaSource::Sound> MediaSource::ReadSound() {
@@ -218,17 +257,34 @@ ComPointer<IMFSample> MediaSource::Read(DWORD stream, double& time) {
 }
 
 QImage MediaSource::ToPicture(IMFMediaBuffer& buffer) const {
+    IMF2DBuffer2* found = nullptr;
+    buffer.QueryInterface(IID_IMF2DBuffer2, reinterpret_cast<void**>(&found));
+    const ComPointer<IMF2DBuffer2> lines(found);
+    BYTE* begin = nullptr;
     BYTE* bytes = nullptr;
-    DWORD size = 0;
-    if (m_codedSize.isEmpty() || FAILED(buffer.Lock(&bytes, nullptr, &size))) {
+    DWORD length = 0;
+    LONG stride = 0;
+    const bool hasLines = lines && SUCCEEDED(lines->Lock2DSize(MF2DBuffer_LockFlags_Read, &bytes,
+                                                               &stride, &begin, &length));
+    if (!hasLines && FAILED(buffer.Lock(&bytes, nullptr, &length))) {
         return {};
     }
     QImage picture;
-    const qsizetype stride = m_codedSize.width();
-    const qsizetype brightness = stride * m_codedSize.height();
-    if (qsizetype(size) >= brightness + brightness / 2) {
+    const qsizetype size = hasLines ? begin + length - bytes : length;
+    const int height = Even(m_codedSize.height());
+    if (!hasLines && height > 0) {
+        // What the film's format says of it is not right everywhere.
+        stride = static_cast<LONG>(size / (height / 2 * 3));
+    }
+    const qsizetype brightness = qsizetype(stride) * height;
+    const qsizetype colour = qsizetype(stride) * Even(m_pictureSize.height()) / 2;
+    if (stride >= Even(m_pictureSize.width()) && size >= brightness + colour) {
         picture = FromBrightnessAndColour(bytes, bytes + brightness, stride, m_pictureSize);
     }
-    buffer.Unlock();
+    if (hasLines) {
+        lines->Unlock2D();
+    } else {
+        buffer.Unlock();
+    }
     return picture;
 }

@@ -29,7 +29,8 @@ public:
     int Channels() const { return m_channels; }
     int SamplesPerSecond() const { return m_samplesPerSecond; }
     bool HasFilm() const { return !m_pictureSize.isEmpty(); }
-    QSize PictureSize() const { return m_pictureSize; }
+    /// As the picture is to be seen, upright.
+    QSize PictureSize() const;
     /// How a picture must be turned clockwise to be seen upright.
     int Rotation() const { return m_rotation; }
     double Duration() const { return m_duration; }
@@ -44,7 +45,7 @@ private:
     void ChooseFilm(const MediaFoundation& functions);
     void TakePictureFormat();
     bool SetFormat(const MediaFoundation& functions, DWORD stream, const GUID& kind,
-                   const GUID& format);
+                   const GUID& format, int channels = 0);
     ComPointer<IMFSample> Read(DWORD stream, double& time);
     QImage ToPicture(IMFMediaBuffer& buffer) const;
 
@@ -54,6 +55,8 @@ private:
     /// Of the decoded picture, and the part of it that is seen.
     QSize m_codedSize;
     QSize m_pictureSize;
+    /// How many times as wide as high its pixels are.
+    double m_pixelShape = 1;
     int m_rotation = 0;
     double m_duration = 0;
 };
