@@ -32,4 +32,12 @@ QByteArray Read(const QString& path);
 /// The folder itself.
 QString Folder();
 
+// What each system does in its own way.
+
+/// Lets ffmpeg make the file of that path; returns what it said where it did not.
+QByteArray Encode(const QStringList& arguments, const QString& path);
+
+/// How often this process has the file open at this moment.
+int TimesOpen(const QString& path);
+
 } // namespace MediaSamples

@@ -1,12 +1,7 @@
 #include "tests/preview/PlayerTest.h"
 
-#include <QFile>
-
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 using MediaSamples::Film;
-using MediaSamples::Folder;
 using MediaSamples::Read;
 using MediaSamples::Tone;
 using MediaSamples::Write;
@@ -77,22 +72,6 @@ TEST_P(UnplayableFile, GivesASmallPlayerThatSaysSoAndIsReadyForTheNext) {
     EXPECT_FALSE(SaysItCannotPlay());
     EXPECT_TRUE(PlayButton().isVisible());
     ExpectPlayingOn();
-}
-
-using UnplayablePath = PlayerTest;
-
-TEST_F(UnplayablePath, SaysSoUntilThePlayerIsStopped) {
-    const QString pipe = Folder() + u"/pipe.mp3"_s; // is not waited for
-    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    const QString gone = u"E:\\iPod_Control\\Music\\F00\\ABCD.mp3"_s;
-    files.FailPath(FileCall::NativePath, gone, ErrorNumber::DeviceUnavailable);
-    for (const QString& path : {Folder() + u"/none.mp3"_s, Folder(), pipe, gone}) {
-        player.SetSource(path);
-        EXPECT_TRUE(SaysItCannotPlay()) << path.toStdString();
-        player.SetSource(QString());
-        EXPECT_FALSE(SaysItCannotPlay()) << path.toStdString();
-    }
-    EXPECT_EQ(files.FailuresStruck, 1);
 }
 
 /// A file that only tells where others are must not get them opened.
