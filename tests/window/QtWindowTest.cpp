@@ -102,7 +102,9 @@ TEST_F(WindowTest, WindowsThatHideInsteadOfClosingDoNotKeepTheProgramFromQuittin
         hiding->Show();
     }
     QTimer::singleShot(0, [] { QCoreApplication::quit(); });
-    QTimer::singleShot(1000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer timeout; // which must not end a later test
+    timeout.callOnTimeout([] { QCoreApplication::exit(1); });
+    timeout.start(1000);
     EXPECT_EQ(QApplication::exec(), 0);
 }
 
