@@ -1,6 +1,7 @@
 #include "platform/linux/ByteTransfer.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/ScopeGuard.h"
 #include "platform/linux/LinuxErrors.h"
 
 #include <algorithm>
@@ -24,7 +25,9 @@ constexpr size_t BlockSize = size_t{512} << 10;
 constexpr size_t FirstStep = size_t{128} << 10;
 constexpr size_t SmallestStep = size_t{64} << 10;
 
-void WriteAll(int file, const char* buffer, size_t size) {
+void WriteAll(int file, const char* buffer, size_t size, const CopyControl& control) {
+    control.BeginWriting();
+    const ScopeGuard written([&control] { control.EndWriting(); });
     while (size > 0) {
         const ssize_t count = write(file, buffer, size);
         if (count < 0 && errno != EINTR) {
@@ -134,9 +137,7 @@ off_t TransferBytes(int source, int target, off_t size, bool isWholeSize,
         if (count == 0) {
             break;
         }
-        control.BeginWriting();
-        WriteAll(target, block.get(), static_cast<size_t>(count));
-        control.EndWriting();
+        WriteAll(target, block.get(), static_cast<size_t>(count), control);
         copied += count;
         control.AddBytes(count);
         step.End();

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxCopy.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/linux/ByteTransfer.h"
 #include "tests/platform/LinuxFixture.h"
 
 #include <gtest/gtest.h>
@@ -71,6 +72,19 @@ void MakeLongFile(const QString& path) {
 }
 
 } // namespace
+
+TEST_F(CopyFixture, AFailedWriteDoesNotKeepALaterStopFromRemovingWhatIsLeft) {
+    WriteFile(Source(u"a"_s), "a");
+    const FileDescriptor source(open(Source(u"a"_s).toUtf8().constData(), O_RDONLY | O_CLOEXEC));
+    const FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
+    const CopyControl control;
+    EXPECT_THROW(TransferAll(source.Get(), full.Get(), 1, control), RuntimeError);
+    bool isRemoved = false;
+    control.SetRemover([&isRemoved] { isRemoved = true; });
+    control.Stop();
+    control.RemoveLeftover();
+    EXPECT_TRUE(isRemoved);
+}
 
 TEST_F(CopyFixture, OnlyRegularFilesAreCopiedAndAPipeIsNotWaitedFor) {
     ASSERT_TRUE(MakePipe(Source(u"pipe"_s)));
