@@ -313,8 +313,9 @@ LinuxDrives::TablePointer LinuxDrives::Refresh() {
 
 /// The table as it is now.
 LinuxDrives::TablePointer LinuxDrives::Current() {
-    if (!TableHasChanged()) {
+    {
         const std::lock_guard lock(m_mutex);
+        m_isCurrent = m_isCurrent && !TableHasChanged();
         if (m_isCurrent) {
             return m_table;
         }
@@ -359,7 +360,8 @@ LinuxDrives::Volume LinuxDrives::Require(QChar letter) {
 }
 
 /// The kernel wakes whoever polls its table when something was mounted or unmounted. Reading the
-/// table at each of a job's thousands of paths would cost more than the opening itself.
+/// table at each of a job's thousands of paths would cost more than the opening itself. Tells of a
+/// change only once, so that whoever asks must note it before another thread asks. Does not hang.
 bool LinuxDrives::TableHasChanged() {
     pollfd watch{m_tableWatch.Get(), POLLPRI, 0};
     return m_tableWatch.IsOpen() && poll(&watch, 1, 0) > 0;
