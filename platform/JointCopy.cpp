@@ -42,17 +42,25 @@ CopiedFiles JointCopy::Finish() {
 bool JointCopy::WaitForOthers() {
     std::unique_lock lock(m_mutex);
     const bool isDone = m_underWay == 0 || m_control.IsStopped();
-    m_hasEnded = m_hasEnded || isDone;
-    if (!isDone) {
+    if (isDone) {
+        End();
+    } else {
         m_changed.wait_for(lock, BetweenLooks);
     }
     return !isDone;
 }
 
+/// No file is begun or named any more. Those that wait for their names are given up now, since one
+/// that hangs may keep this object alive for long.
+void JointCopy::End() {
+    m_hasEnded = true;
+    std::fill(m_rests.begin(), m_rests.end(), nullptr);
+}
+
 /// The place of the next file to begin, if there is one.
 std::optional<size_t> JointCopy::Take() {
     const std::lock_guard lock(m_mutex);
-    const bool isOver = m_begun > 0 && (m_end.hasExpired() || m_control.IsStopped());
+    const bool isOver = m_control.IsStopped() || (m_begun > 0 && m_end.hasExpired());
     if (m_hasEnded || isOver || m_begun == m_copies.size() ||
         m_begun > m_copied.Count + MostWaiting) {
         return {};
@@ -79,7 +87,7 @@ void JointCopy::Put(size_t index, Rest rest) {
         Place(std::exchange(m_rests[m_copied.Count], nullptr));
     }
     if (m_hasEnded) {
-        std::fill(m_rests.begin(), m_rests.end(), nullptr);
+        End();
     }
     m_changed.notify_all();
 }
@@ -90,10 +98,10 @@ void JointCopy::Place(const Rest& place) {
     } catch (const std::exception&) {
         m_copied.Failure = std::current_exception();
     }
+    m_control.EndPlacing();
     if (m_copied.IsRefused || m_copied.Failure) {
         m_hasEnded = true;
     } else {
-        m_control.EndPlacing();
         ++m_copied.Count;
     }
 }

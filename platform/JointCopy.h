@@ -33,7 +33,8 @@ struct CopiedFiles {
 /// the other all the same, and none does after one that failed, as if one thread had copied them.
 class JointCopy {
 public:
-    /// Files are begun for so many milliseconds, but the first one always is.
+    /// Files are begun for so many milliseconds, but the first one always is unless `control` has
+    /// stopped it.
     JointCopy(std::shared_ptr<FileSystem> files, std::vector<FileToCopy> copies,
               qint64 milliseconds, const CopyControl& control);
 
@@ -47,6 +48,7 @@ private:
     using Rest = std::function<bool()>;
 
     bool WaitForOthers();
+    void End();
     std::optional<size_t> Take();
     Rest Begin(size_t index);
     void Put(size_t index, Rest rest);

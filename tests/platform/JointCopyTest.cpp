@@ -19,18 +19,30 @@ public:
     std::function<bool()> BeginNewFile(const QString& source, const QString&,
                                        const CopyControl& control) override {
         CopyBytes(source);
-        return [this, source, control] {
+        return [this, source, control, open = Open] {
             const bool isPlaced = control.BeginPlacing();
+            if (IsFull) {
+                throw RuntimeError(ErrorNumber::DiskFull);
+            }
             Names += isPlaced ? QStringList(source) : QStringList();
             return isPlaced;
         };
     }
-    bool CopyNewFile(const QString& source, const QString&, const CopyControl&) override {
+    bool CopyNewFile(const QString& source, const QString&, const CopyControl& control) override {
         Names += source + u" alone"_s;
+        control.SetRemover([this] { Names += u"removed"_s; });
+        if (IsFull) {
+            control.Stop();
+            control.RemoveLeftover();
+        }
         return true;
     }
 
     std::function<void(const QString&)> CopyBytes;
+    /// No file can get its name, and the user stops the one that is tried alone.
+    bool IsFull = false;
+    /// Shared with each file that waits for its name.
+    std::shared_ptr<int> Open = std::make_shared<int>();
     /// In the order in which they were given.
     QStringList Names;
 };
@@ -52,6 +64,7 @@ protected:
         std::thread other([this] { copy.TakePart(); });
         firstHasBegun.get_future().wait();
         const CopiedFiles copied = copy.Finish();
+        EXPECT_EQ(files->Open.use_count(), 1);
         hasFinished.set_value();
         other.join();
         return copied;
@@ -59,7 +72,7 @@ protected:
 
     std::shared_ptr<NamedFiles> files = std::make_shared<NamedFiles>();
     CopyControl control;
-    JointCopy copy{files, {{u"1"_s, {}}, {u"2"_s, {}}, {u"3"_s, {}}}, 60'000, control};
+    JointCopy copy{files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s}, {u"3"_s, u"c"_s}}, 60'000, control};
     std::map<QString, std::promise<void>> begun;
     std::future<void> secondHasBegun = begun[u"2"_s].get_future();
     std::future<void> thirdHasBegun = begun[u"3"_s].get_future();
@@ -90,6 +103,18 @@ TEST_F(JointCopyTest, AStopDoesNotWaitForAFileThatHangsAndItGetsNoNameLater) {
     });
     EXPECT_EQ(copied.Count, 0U);
     EXPECT_EQ(files->Names, QStringList());
+}
+
+TEST_F(JointCopyTest, NothingIsBegunAfterAStop) {
+    control.Stop();
+    files->CopyBytes = [](const QString& source) { ADD_FAILURE() << qPrintable(source); };
+    EXPECT_EQ(copy.Finish().Count, 0U);
+}
+
+TEST_F(JointCopyTest, AFileThatIsTriedAloneCanBeStoppedThoughItFailedWhileItWasNamed) {
+    files->IsFull = true;
+    Copy([&] { secondHasBegun.wait(); });
+    EXPECT_EQ(files->Names, QStringList({u"1 alone"_s, u"removed"_s}));
 }
 
 } // namespace
