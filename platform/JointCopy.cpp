@@ -1,5 +1,7 @@
 #include "platform/JointCopy.h"
 
+#include "platform/NameRules.h"
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -16,7 +18,7 @@ constexpr std::chrono::milliseconds BetweenLooks(10);
 JointCopy::JointCopy(std::shared_ptr<FileSystem> files, std::vector<FileToCopy> copies,
                      qint64 milliseconds, const CopyControl& control)
     : m_files(std::move(files)), m_copies(std::move(copies)), m_end(milliseconds),
-      m_control(control), m_rests(m_copies.size()) {
+      m_control(control), m_folded(m_copies.size()), m_rests(m_copies.size()) {
 }
 
 void JointCopy::TakePart() {
@@ -62,11 +64,19 @@ std::optional<size_t> JointCopy::Take() {
     const std::lock_guard lock(m_mutex);
     const bool isOver = m_control.IsStopped() || (m_begun > 0 && m_end.hasExpired());
     if (m_hasEnded || isOver || m_begun == m_copies.size() ||
-        m_begun > m_copied.Count + MostWaiting) {
+        m_begun > m_copied.Count + MostWaiting || AwaitsAnother(m_begun)) {
         return {};
     }
     ++m_underWay;
     return m_begun++;
+}
+
+/// Whether a file that was begun earlier is still to get the same name but for its spelling. By the
+/// drives' letters a file is found in any spelling, once it has its name.
+bool JointCopy::AwaitsAnother(size_t index) {
+    m_folded[index] = FoldedName(m_copies[index].Target);
+    const QString* const end = m_folded.data() + index;
+    return std::find(m_folded.data() + m_copied.Count, end, *end) != end;
 }
 
 JointCopy::Rest JointCopy::Begin(size_t index) {

@@ -50,6 +50,7 @@ private:
     bool WaitForOthers();
     void End();
     std::optional<size_t> Take();
+    bool AwaitsAnother(size_t index);
     Rest Begin(size_t index);
     void Put(size_t index, Rest rest);
     void Place(const Rest& place);
@@ -65,6 +66,8 @@ private:
     /// The number of files that were begun, and of those whose bytes are still being copied.
     size_t m_begun = 0;
     size_t m_underWay = 0;
+    /// The targets of those that were begun.
+    std::vector<QString> m_folded;
     /// Of each file that waits for its name.
     std::vector<Rest> m_rests;
     CopiedFiles m_copied;

@@ -27,6 +27,12 @@ void RequireFolderName(const QString& path) {
     }
 }
 
+QString FoldedName(const QString& name) {
+    return name.normalized(QString::NormalizationForm_D)
+        .toCaseFolded()
+        .normalized(QString::NormalizationForm_D);
+}
+
 QString WithoutDotsAndBlanksAtEnd(QString text) {
     while (text.endsWith(u'.') || text.endsWith(u' ')) {
         text.chop(1);

@@ -17,6 +17,9 @@ void RequireNoPartName(const QString& name);
 /// on every drive.
 void RequireFolderName(const QString& path);
 
+/// The same text for names that differ only in case or in how accents are composed.
+QString FoldedName(const QString& name);
+
 /// Windows and its file systems drop these at the end of a name.
 QString WithoutDotsAndBlanksAtEnd(QString text);
 

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxNames.h"
 
+#include "platform/NameRules.h"
 #include "platform/linux/FolderListing.h"
 
 #include <QStringDecoder>
@@ -39,17 +40,11 @@ bool LiesOnBlockDevice(int folder) {
     return fstat(folder, &info) == 0 && major(info.st_dev) != 0;
 }
 
-/// The same text for names that differ only in case or in how accents are composed. Empty for bytes
-/// that are not UTF-8, which equal no text.
-QString FoldedName(const QByteArray& name) {
+/// Empty for bytes that are not UTF-8, which equal no text.
+QString FoldedBytes(const QByteArray& name) {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(name);
-    if (decoder.hasError()) {
-        return {};
-    }
-    return text.normalized(QString::NormalizationForm_D)
-        .toCaseFolded()
-        .normalized(QString::NormalizationForm_D);
+    return decoder.hasError() ? QString() : FoldedName(text);
 }
 
 } // namespace
@@ -94,13 +89,13 @@ NameLimits NameLimitsOf(int folder) {
 
 QByteArray FindNameIgnoringCase(int folder, const QByteArray& wanted) {
     const bool wantedIsAscii = IsAscii(wanted);
-    const QString wantedFolded = FoldedName(wanted);
+    const QString wantedFolded = FoldedBytes(wanted);
     QByteArray found;
     ListFolder(folder, [&](const QByteArray& name, unsigned char) {
         // Nearly all names on an iPod are plain ASCII, and unfolding them costs more than listing.
         const bool isSame = wantedIsAscii && IsAscii(name)
                                 ? name.compare(wanted, Qt::CaseInsensitive) == 0
-                                : FoldedName(name) == wantedFolded;
+                                : FoldedBytes(name) == wantedFolded;
         if (isSame && (found.isEmpty() || name < found)) {
             found = name;
         }

@@ -117,4 +117,14 @@ TEST_F(JointCopyTest, AFileThatIsTriedAloneCanBeStoppedThoughItFailedWhileItWasN
     EXPECT_EQ(files->Names, QStringList({u"1 alone"_s, u"removed"_s}));
 }
 
+TEST_F(JointCopyTest, AFileIsNotBegunBesideOneWhoseNameDiffersOnlyInItsSpelling) {
+    JointCopy alike(files, {{u"1"_s, u"Bj\u00F6rk"_s}, {u"2"_s, u"BJO\u0308RK"_s}}, 60'000,
+                    control);
+    files->CopyBytes = [&](const QString& source) {
+        EXPECT_EQ(files->Names, source == u"1"_s ? QStringList() : QStringList(u"1"_s));
+        alike.TakePart(); // as another thread would
+    };
+    EXPECT_EQ(alike.Finish().Count, 2U);
+}
+
 } // namespace
