@@ -11,9 +11,8 @@ std::unique_ptr<PlayerEngine> PlayerEngine::Make() {
 }
 
 MediaFoundationEngine::~MediaFoundationEngine() {
-    const std::shared_ptr<MediaSession> last = m_session;
     Stop();
-    if (last) {
+    if (const std::shared_ptr<MediaSession> last = m_last.lock()) {
         // The program ends, which would stop the thread in the middle of the system's code.
         last->WaitUntilEnded(500);
     }
@@ -37,6 +36,7 @@ void MediaFoundationEngine::Load(std::shared_ptr<MediaFile> file, const QString&
     m_session = std::make_shared<MediaSession>(
         std::move(file), suffix, m_volume, [this, raise] { raise(Changed); },
         [this, raise] { raise(FrameReady); });
+    m_last = m_session;
     MediaSession::Start(m_session);
 }
 

@@ -26,6 +26,8 @@ public:
 
 private:
     std::shared_ptr<MediaSession> m_session;
+    /// It, or the one that was stopped last, as long as its thread runs.
+    std::weak_ptr<MediaSession> m_last;
     int m_volume = 100;
     /// What State has last returned.
     mutable Playback m_state;
