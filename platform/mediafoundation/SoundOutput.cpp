@@ -1,6 +1,7 @@
 #include "platform/mediafoundation/SoundOutput.h"
 
 #include <algorithm>
+#include <utility>
 
 struct SoundOutput::Block {
     WAVEHDR Header{};
@@ -60,8 +61,11 @@ double SoundOutput::Waiting() {
 /// Some devices that are gone take sound for ever.
 void SoundOutput::LookForWork(quint32 playedBytes, bool hasWork) {
     constexpr std::chrono::seconds patience(3);
+    constexpr std::chrono::seconds longAgo(1);
     const auto now = std::chrono::steady_clock::now();
-    if (playedBytes != m_playedBytes || m_isPaused || !hasWork) {
+    // When the computer wakes up, the clock has gone on, but the device has not.
+    const bool hasSlept = now - std::exchange(m_lookedAt, now) > longAgo;
+    if (playedBytes != m_playedBytes || m_isPaused || !hasWork || hasSlept) {
         m_playedBytes = playedBytes;
         m_workedAt = now;
     }

@@ -45,4 +45,5 @@ private:
     /// When the device was last seen at work, and how far it was.
     std::chrono::steady_clock::time_point m_workedAt;
     quint32 m_playedBytes = 0;
+    std::chrono::steady_clock::time_point m_lookedAt;
 };
