@@ -90,8 +90,8 @@ Form1Controls Form1Window::ByName() {
 /// Screen readers speak the texts of labels, buttons and boxes; the others need a name.
 void Form1Window::NameForScreenReaders() {
     m_Combo1.Widget()->setAccessibleName(u"iPod"_s);
-    // On Linux a combo box speaks its chosen entry instead of its name, and is named by the label
-    // that belongs to it.
+    // Where a combo box speaks its chosen entry instead of its name, it is named by the label that
+    // belongs to it.
     m_Picture1.Widget()->setAccessibleName(u"iPod"_s);
     m_Picture1.Widget()->setBuddy(m_Combo1.Widget());
     m_txtSearch.Widget()->setAccessibleName(u"Search"_s);

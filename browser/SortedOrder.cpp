@@ -18,9 +18,8 @@ struct CloseCollator {
 };
 using Collator = std::unique_ptr<UCollator, CloseCollator>;
 
-/// The locale that the environment names for sorting, else the user's, which Windows knows without
-/// it; the root locale ("") where there is none, since people do not expect plain code-point
-/// order ("C").
+/// The locale that the environment names for sorting, else the one that the user has chosen; the
+/// root locale ("") where there is none, since people do not expect plain code-point order ("C").
 QByteArray SortingLocale() {
     for (const char* variable : {"LC_ALL", "LC_COLLATE", "LANG"}) {
         const QByteArray value = qgetenv(variable);
