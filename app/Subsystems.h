@@ -17,7 +17,7 @@ struct Services {
     WindowManager& Windows;
     Messages& MessageBoxes;
     EventLoop& Events;
-    /// Two threads: one for operations that can hang, and one that reads ahead.
+    /// Two threads: one for operations that can hang, and one that reads ahead and helps to copy.
     Worker& Background;
     Worker& Ahead;
 };

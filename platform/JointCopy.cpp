@@ -1,6 +1,7 @@
 #include "platform/JointCopy.h"
 
 #include "platform/NameRules.h"
+#include "platform/RuntimeError.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +13,20 @@ namespace {
 constexpr size_t MostWaiting = 8;
 /// A stop is looked for so often.
 constexpr std::chrono::milliseconds BetweenLooks(10);
+
+/// Whether a file may have failed only because something has run out that the others have taken. An
+/// error of the device is none of these: to meet it again can cost half a minute.
+bool MayBeShortage(const std::exception_ptr& failure) {
+    try {
+        if (failure) {
+            std::rethrow_exception(failure);
+        }
+    } catch (const std::exception& exception) {
+        const ErrorNumber number = ErrorOf(exception).Number;
+        return number != ErrorNumber::DeviceIOError && number != ErrorNumber::DeviceUnavailable;
+    }
+    return false;
+}
 
 } // namespace
 
@@ -32,8 +47,7 @@ CopiedFiles JointCopy::Finish() {
         TakePart();
     } while (WaitForOthers());
     const std::lock_guard lock(m_mutex);
-    // The others have taken room on the disk, or whatever else it was that had run out.
-    if (m_copied.Failure && m_begun > m_copied.Count + 1 && !m_control.IsStopped()) {
+    if (MayBeShortage(m_copied.Failure) && m_begun > m_copied.Count + 1 && !m_control.IsStopped()) {
         CopyAlone();
     }
     return m_copied;
@@ -75,8 +89,9 @@ std::optional<size_t> JointCopy::Take() {
 /// drives' letters a file is found in any spelling, once it has its name.
 bool JointCopy::AwaitsAnother(size_t index) {
     m_folded[index] = FoldedName(m_copies[index].Target);
-    const QString* const end = m_folded.data() + index;
-    return std::find(m_folded.data() + m_copied.Count, end, *end) != end;
+    const auto first = m_folded.cbegin() + static_cast<std::ptrdiff_t>(m_copied.Count);
+    const auto last = m_folded.cbegin() + static_cast<std::ptrdiff_t>(index);
+    return std::find(first, last, *last) != last;
 }
 
 JointCopy::Rest JointCopy::Begin(size_t index) {
