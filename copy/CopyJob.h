@@ -112,8 +112,7 @@ private:
     bool CopyNewFile(const PlannedTrack& planned);
     std::vector<FileToCopy> FilesToCopy(const PlannedTrack& planned);
     Next EnterFolders(const QStringList& names);
-    Next MakeFolder(const QString& name);
-    void EnterFolder();
+    void EnterFolder(const QString& folder, const QStringList& missing, qsizetype& made);
     void NameFile(const PlannedTrack& planned);
     Next PutFile(const TrackRecord& track);
     void AskToReplace(const QString& target);

@@ -145,47 +145,67 @@ CopyJob::Next CopyJob::CountTrack() {
     return Next::Step;
 }
 
+/// Makes the track's folders where they are missing. A failure that is ignored leaves its folder
+/// out.
 CopyJob::Next CopyJob::EnterFolders(const QStringList& names) {
-    m_place.DestFolder = m_destRoot;
     m_folderNamesOfLast.reset();
+    QString folder = m_destRoot;
+    QStringList folders;
     for (const QString& name : names) {
-        if (const Next next = MakeFolder(name); next != Next::Step) {
+        folders += folder + m_folderNames.NameFor(folder, name);
+        folder = Paths::WithSeparator(folders.last());
+    }
+    // A failure's message names the folder; a file that is copied again keeps its name.
+    const QString fileName = m_place.FileName;
+    bool isEntered = false;
+    for (qsizetype made = 0; !isEntered; ++made) {
+        const Next next = Step([&] {
+            EnterFolder(folder, folders, made);
+            isEntered = true;
+        });
+        m_place.FileName = fileName;
+        if (next != Next::Step) {
             return next;
         }
     }
-    EnterFolder();
+    m_place.DestFolder = folder;
     m_folderNamesOfLast = names;
     return Next::Step;
 }
 
-/// Goes one folder deeper, and makes that folder if it is missing.
-CopyJob::Next CopyJob::MakeFolder(const QString& name) {
-    const QString fitting = m_folderNames.NameFor(m_place.DestFolder, name);
-    const QString folder = m_place.DestFolder + fitting;
-    // A failure's message names the folder; a file that is copied again keeps its name.
-    const QString fileName = std::exchange(m_place.FileName, fitting);
-    // Every attempt looks for the folder again: a disk that is back may have it.
-    const Next next =
-        Step([&] { m_files.Do([folder](FileSystem& files) { EnsureFolder(files, folder); }); });
-    m_place.FileName = fileName;
-    if (next != Next::Step) {
-        return next;
+/// Makes `missing` from the one at `made` on, which stands at the one that failed afterwards; then
+/// removes what a killed job has left in `folder`, even if all its files are going to be skipped,
+/// and asks what names it can hold. All in one go, since each wait for the disk costs time.
+void CopyJob::EnterFolder(const QString& folder, const QStringList& missing, qsizetype& made) {
+    struct Entered {
+        qsizetype Made;
+        NameLimits Limits = {};
+    };
+    const auto entered = std::make_shared<Entered>(Entered{made});
+    const bool isOther = folder != m_enteredFolder;
+    if (missing.size() == made && !isOther) {
+        return;
     }
-    m_place.DestFolder = Paths::WithSeparator(folder);
-    return Next::Step;
-}
-
-/// Removes what a killed job has left in the folder of the track at hand, even if all its files are
-/// going to be skipped, and asks what names the folder can hold.
-void CopyJob::EnterFolder() {
-    if (m_place.DestFolder != m_enteredFolder) {
-        m_enteredFolder = m_place.DestFolder;
-        const auto limits = std::make_shared<NameLimits>();
-        m_files.Do([limits, folder = m_enteredFolder](FileSystem& files) {
-            files.RemoveLeftovers(folder);
-            *limits = files.LimitsOf(folder);
+    try {
+        // Every attempt looks for the folders again: a disk that is back may have them.
+        m_files.Do([=](FileSystem& files) {
+            for (; entered->Made < missing.size(); ++entered->Made) {
+                EnsureFolder(files, missing[entered->Made]);
+            }
+            if (isOther) {
+                files.RemoveLeftovers(folder);
+                entered->Limits = files.LimitsOf(folder);
+            }
         });
-        m_naming.Limits = *limits;
+    } catch (const std::exception&) {
+        made = entered->Made;
+        m_place.FileName = Paths::FileName(missing[made]);
+        m_place.DestFolder = missing[made].chopped(m_place.FileName.size());
+        throw;
+    }
+    if (isOther) {
+        m_enteredFolder = folder;
+        m_naming.Limits = entered->Limits;
     }
 }
 
