@@ -35,3 +35,12 @@ int MediaSamples::TimesOpen(const QString& path) {
     CloseHandle(file);
     return 0;
 }
+
+/// Run where the system's libraries for media cannot be loaded, as in some editions of Windows.
+class PlayerWithoutMediaFoundation : public PlayerTest {};
+
+TEST_F(PlayerWithoutMediaFoundation, NamesWhatIsMissing) {
+    Preview(Song());
+    EXPECT_EQ(Child<QLabel>("MessageLabel").text(),
+              u"Windows plays this with its Media Feature Pack, which is not installed."_s);
+}
