@@ -29,6 +29,13 @@ std::wstring FinalPathOf(const std::wstring& folder) {
     return size > 0 && size < path.size() ? std::wstring(path.data(), size) : folder;
 }
 
+/// "\\server\share\" of a path on a share of the network; empty for any other.
+std::wstring ShareOf(const std::wstring& path) {
+    const size_t server = path.starts_with(L"\\\\") ? path.find(L'\\', 2) : std::wstring::npos;
+    return server == std::wstring::npos ? std::wstring()
+                                        : path.substr(0, path.find(L'\\', server + 1)) + L'\\';
+}
+
 /// Drives on USB or FireWire may call themselves fixed, but can be taken out all the same.
 bool HangsOnCable(const std::wstring& root) {
     std::array<wchar_t, 64> volume{};
@@ -65,9 +72,10 @@ const std::wstring& SystemVolume() {
 std::wstring VolumeOf(const std::wstring& folder) {
     const std::wstring path = Plain(FinalPathOf(folder));
     std::vector<wchar_t> root(path.size() + 2);
+    // Not every network's driver reports it.
     return GetVolumePathNameW(path.c_str(), root.data(), static_cast<DWORD>(root.size()))
                ? std::wstring(root.data())
-               : std::wstring();
+               : ShareOf(path);
 }
 
 bool IsRemovableVolume(const std::wstring& root) {

@@ -8,6 +8,9 @@ using namespace Qt::StringLiterals;
 
 BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
     : m_folder(ScratchTemplate()) {
+    if (!m_folder.isValid()) { // its path is empty, and what is written below it would be anywhere
+        qFatal("no folder can be made in %s", qPrintable(ScratchTemplate()));
+    }
     const QString other = m_folder.filePath(u"two"_s);
     MakeDevice(DeviceFolder(), tracks, sqlite);
     MakeDevice(other, tracks, sqlite);

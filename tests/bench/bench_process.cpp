@@ -27,6 +27,9 @@ QByteArray Run(const char* program, const QStringList& arguments = {}) {
 }
 
 QString MakeDeviceOf(const QTemporaryDir& folder, int tracks, bool sqlite) {
+    if (!folder.isValid()) {
+        qFatal("no folder can be made in %s", qPrintable(ScratchTemplate()));
+    }
     const QString device = folder.filePath(QString::number(tracks));
     MakeDevice(device, MakeLibrary(tracks), sqlite);
     return device;

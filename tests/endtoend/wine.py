@@ -67,6 +67,12 @@ class Wine:
         drive.unlink(missing_ok=True)
         drive.symlink_to(folder)
 
+    def share(self, name):
+        """A share of the network, \\\\server\\share for "server/share"; returns its folder."""
+        folder = self.folder / "dosdevices/unc" / name
+        folder.mkdir(parents=True)
+        return folder
+
     def setting(self, name):
         """What the program keeps in the registry."""
         said = self.run("wine", "reg", "query", r"HKCU\Software\Songlift\Settings", "/v", name, check=False)

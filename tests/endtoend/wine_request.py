@@ -146,7 +146,9 @@ def check_the_installer(stage, wine, dist):
 
 
 def check_real_music(stage, wine, program):
+    """To a share of the network, which is a folder here."""
     ipod = wine.attach(stage.sample_ipod("real music").folder)
+    share = wine.share("server/share")
     window = Program(wine, program)
     window.wait_for_library()
     window.click(VIDEO_TAB)
@@ -157,12 +159,12 @@ def check_real_music(stage, wine, program):
     wait_for("the film's file to be closed", lambda: not open_below(ipod.folder / MUSIC), patience=1)
 
     window.click(ALL_FILES_TAB)
-    window.type_destination(r"C:\music\real")
+    window.type_destination(r"\\server\share\real")
     copy_all(window)
     window.answer("the question whether to create the folder", "Return")
     window.answer("the end of the job", "Return", patience=300)
     assert window.close() == 0
-    assert contents(wine.drive_c / "music/real") == contents(ipod.folder / MUSIC)
+    assert contents(share / "real") == contents(ipod.folder / MUSIC)
     ipod.assert_untouched()
 
 
