@@ -68,18 +68,16 @@ public:
     /// `control` stopped it before all bytes were there: nothing is left of it then either.
     virtual bool CopyFile(const QString& source, const QString& target, Existing existing,
                           const CopyControl& control) = 0;
-    /// The same for a file that replaces nothing, into a folder that exists. False without an error
-    /// also where the folder is missing or something has the name.
-    virtual bool CopyNewFile(const QString& source, const QString& target,
-                             const CopyControl& control) {
-        return FolderExists(Paths::ParentFolder(target)) && !WouldReplace(target) &&
-               CopyFile(source, target, Existing::Keep, control);
-    }
-    /// Begins CopyNewFile, as far as nothing of it is seen, and returns the rest. Nothing is left
-    /// of a file whose rest is never called.
+    /// Begins the same for a file that replaces nothing, into a folder that exists, as far as
+    /// nothing of it is seen, and returns the rest, which is false without an error also where the
+    /// folder is missing or something has the name. Nothing is left of a file whose rest is never
+    /// called.
     virtual std::function<bool()> BeginNewFile(const QString& source, const QString& target,
                                                const CopyControl& control) {
-        return [this, source, target, control] { return CopyNewFile(source, target, control); };
+        return [this, source, target, control] {
+            return FolderExists(Paths::ParentFolder(target)) && !WouldReplace(target) &&
+                   CopyFile(source, target, Existing::Keep, control);
+        };
     }
     /// Opens a file that will be copied or opened next, and has the system read its beginning. The
     /// file stays open until then or until the next call; an empty path only closes it. Never

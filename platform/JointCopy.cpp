@@ -48,7 +48,9 @@ CopiedFiles JointCopy::Finish() {
     } while (WaitForOthers());
     const std::lock_guard lock(m_mutex);
     if (MayBeShortage(m_copied.Failure) && m_begun > m_copied.Count + 1 && !m_control.IsStopped()) {
-        CopyAlone();
+        // Once more, with nothing beside it.
+        m_copied.Failure = nullptr;
+        Place(Begin(m_copied.Count));
     }
     return m_copied;
 }
@@ -129,11 +131,4 @@ void JointCopy::Place(const Rest& place) {
     } else {
         ++m_copied.Count;
     }
-}
-
-/// Tries the file that failed once more, with nothing beside it.
-void JointCopy::CopyAlone() {
-    m_copied.Failure = nullptr;
-    const FileToCopy& copy = m_copies[m_copied.Count];
-    Place([&] { return m_files->CopyNewFile(copy.Source, copy.Target, m_control); });
 }

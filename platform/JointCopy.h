@@ -54,7 +54,6 @@ private:
     Rest Begin(size_t index);
     void Put(size_t index, Rest rest);
     void Place(const Rest& place);
-    void CopyAlone();
 
     std::shared_ptr<FileSystem> m_files;
     std::vector<FileToCopy> m_copies;

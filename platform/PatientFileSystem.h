@@ -37,9 +37,9 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    /// CopyNewFile for several files, in their order for so many milliseconds, but at least for the
-    /// first, and up to one that cannot be copied so. In one go, since a wait for the worker can
-    /// cost as much as copying a small file.
+    /// Copies several files that replace nothing, in their order for so many milliseconds, but at
+    /// least for the first, and up to one that cannot be copied so. In one go, since a wait for the
+    /// worker can cost as much as copying a small file.
     CopiedFiles CopyNewFiles(const std::vector<FileToCopy>& copies, qint64 milliseconds,
                              const CopyControl& control);
     void ReadAhead(const QString& path) override;

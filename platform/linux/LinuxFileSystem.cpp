@@ -119,11 +119,6 @@ bool LinuxFileSystem::CopyFile(const QString& source, const QString& target, Exi
     return CopyWhole({file.Get(), info}, entry.Folder.Get(), entry.Name, existing, control);
 }
 
-bool LinuxFileSystem::CopyNewFile(const QString& source, const QString& target,
-                                  const CopyControl& control) {
-    return BeginNewFile(source, target, control)();
-}
-
 /// What the folder holds is looked at in the open folder that the file then goes to.
 std::function<bool()> LinuxFileSystem::BeginNewFile(const QString& source, const QString& target,
                                                     const CopyControl& control) {

@@ -22,8 +22,6 @@ public:
 
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    bool CopyNewFile(const QString& source, const QString& target,
-                     const CopyControl& control) override;
     std::function<bool()> BeginNewFile(const QString& source, const QString& target,
                                        const CopyControl& control) override;
     void ReadAhead(const QString& path) override;

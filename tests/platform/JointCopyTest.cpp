@@ -8,6 +8,7 @@
 #include <future>
 #include <map>
 #include <thread>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,9 @@ class NamedFiles : public FakeFileSystem {
 public:
     std::function<bool()> BeginNewFile(const QString& source, const QString&,
                                        const CopyControl& control) override {
+        if (source == u"1"_s && std::exchange(m_firstWasBegun, true)) {
+            return [this, source, control] { return CopyAlone(source, control); };
+        }
         CopyBytes(source);
         return [this, source, control, open = Open] {
             const bool isPlaced = control.BeginPlacing();
@@ -28,7 +32,17 @@ public:
             return isPlaced;
         };
     }
-    bool CopyNewFile(const QString& source, const QString&, const CopyControl& control) override {
+
+    std::function<void(const QString&)> CopyBytes;
+    /// No file can get its name, and the user stops the one that is tried alone.
+    bool IsFull = false;
+    /// Shared with each file that waits for its name.
+    std::shared_ptr<int> Open = std::make_shared<int>();
+    /// In the order in which they were given.
+    QStringList Names;
+
+private:
+    bool CopyAlone(const QString& source, const CopyControl& control) {
         Names += source + u" alone"_s;
         control.SetRemover([this] { Names += u"removed"_s; });
         if (IsFull) {
@@ -38,13 +52,8 @@ public:
         return true;
     }
 
-    std::function<void(const QString&)> CopyBytes;
-    /// No file can get its name, and the user stops the one that is tried alone.
-    bool IsFull = false;
-    /// Shared with each file that waits for its name.
-    std::shared_ptr<int> Open = std::make_shared<int>();
-    /// In the order in which they were given.
-    QStringList Names;
+    /// It is begun a second time only when it is tried alone.
+    bool m_firstWasBegun = false;
 };
 
 class JointCopyTest : public testing::Test {
