@@ -59,7 +59,6 @@ CopyJob::Next CopyJob::PutTrack(const PlannedTrack& planned) {
             return next;
         }
     }
-    m_place.DestFolder = m_enteredFolder;
     NameFile(planned);
     if (isSmall) {
         bool isSettled = false;
@@ -177,17 +176,17 @@ CopyJob::Next CopyJob::EnterFolders(const QStringList& names) {
 /// removes what a killed job has left in `folder`, even if all its files are going to be skipped,
 /// and asks what names it can hold. All in one go, since each wait for the disk costs time.
 void CopyJob::EnterFolder(const QString& folder, const QStringList& missing, qsizetype& made) {
+    const bool isOther = folder != m_enteredFolder;
+    if (missing.size() == made && !isOther) {
+        return;
+    }
     struct Entered {
         qsizetype Made;
         NameLimits Limits = {};
     };
     const auto entered = std::make_shared<Entered>(Entered{made});
-    const bool isOther = folder != m_enteredFolder;
-    if (missing.size() == made && !isOther) {
-        return;
-    }
     try {
-        // Every attempt looks for the folders again: a disk that is back may have them.
+        // Every attempt looks again for the folder that failed: a disk that is back may have it.
         m_files.Do([=](FileSystem& files) {
             for (; entered->Made < missing.size(); ++entered->Made) {
                 EnsureFolder(files, missing[entered->Made]);
