@@ -6,11 +6,16 @@
 
 using namespace Qt::StringLiterals;
 
-BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite)
-    : m_folder(ScratchTemplate()) {
-    if (!m_folder.isValid()) { // its path is empty, and what is written below it would be anywhere
-        qFatal("no folder can be made in %s", qPrintable(ScratchTemplate()));
+ScratchFolder::ScratchFolder()
+    : QTemporaryDir(
+          qEnvironmentVariable("SONGLIFT_BENCH_FOLDER", QCoreApplication::applicationDirPath()) +
+          u"/scratch-XXXXXX"_s) {
+    if (!isValid()) {
+        qFatal("no folder can be made: %s", qPrintable(errorString()));
     }
+}
+
+BenchWindow::BenchWindow(const std::vector<SampleTrack>& tracks, bool sqlite) {
     const QString other = m_folder.filePath(u"two"_s);
     MakeDevice(DeviceFolder(), tracks, sqlite);
     MakeDevice(other, tracks, sqlite);
@@ -25,9 +30,4 @@ QString BenchWindow::DeviceFolder() const {
 void BenchWindow::Reload() {
     ComboControl& devices = Controls().Combo1;
     devices.SetText(devices.List(devices.Text() == devices.List(0) ? 1 : 0));
-}
-
-QString ScratchTemplate() {
-    return qEnvironmentVariable("SONGLIFT_BENCH_FOLDER", QCoreApplication::applicationDirPath()) +
-           u"/scratch-XXXXXX"_s;
 }

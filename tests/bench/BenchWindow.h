@@ -7,6 +7,14 @@
 
 #include <memory>
 
+/// A folder on a disk: copying within a memory file system would measure nothing that users do.
+/// SONGLIFT_BENCH_FOLDER names another disk. Ends the program where no folder can be made: its path
+/// would be empty, and what is written below it would be anywhere.
+class ScratchFolder : public QTemporaryDir {
+public:
+    ScratchFolder();
+};
+
 /// The program with the devices of a scratch folder attached, of which the first is loaded.
 class BenchWindow {
 public:
@@ -27,10 +35,6 @@ public:
     static void Paint() { BenchProgram::Paint(); }
 
 private:
-    QTemporaryDir m_folder;
+    ScratchFolder m_folder;
     std::unique_ptr<BenchProgram> m_program;
 };
-
-/// A template for scratch folders on a disk: copying within a memory file system would measure
-/// nothing that users do. SONGLIFT_BENCH_FOLDER names another disk.
-QString ScratchTemplate();

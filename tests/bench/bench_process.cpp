@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +25,7 @@ QByteArray Run(const char* program, const QStringList& arguments = {}) {
     return process.readAllStandardOutput();
 }
 
-QString MakeDeviceOf(const QTemporaryDir& folder, int tracks, bool sqlite) {
-    if (!folder.isValid()) {
-        qFatal("no folder can be made in %s", qPrintable(ScratchTemplate()));
-    }
+QString MakeDeviceOf(const ScratchFolder& folder, int tracks, bool sqlite) {
     const QString device = folder.filePath(QString::number(tracks));
     MakeDevice(device, MakeLibrary(tracks), sqlite);
     return device;
@@ -37,7 +33,7 @@ QString MakeDeviceOf(const QTemporaryDir& folder, int tracks, bool sqlite) {
 
 /// The start to a usable window with a sample iPod, and that of a bare window.
 void Start(benchmark::State& state) {
-    const QTemporaryDir folder(ScratchTemplate());
+    const ScratchFolder folder;
     qputenv("SONGLIFT_DRIVES", MakeDeviceOf(folder, 40, false).toUtf8());
     std::vector<double> more;
     for (auto _ : state) {
@@ -53,7 +49,7 @@ BENCHMARK(Start)->UseManualTime()->Iterations(15)->Unit(benchmark::kMillisecond)
 /// The most memory with a library shown, beyond what a library of one track takes.
 void PeakMemory(benchmark::State& state) {
     const bool sqlite = state.range(0) != 0;
-    const QTemporaryDir folder(ScratchTemplate());
+    const ScratchFolder folder;
     const QString one = MakeDeviceOf(folder, 1, sqlite);
     const QString full = MakeDeviceOf(folder, Fullest, sqlite);
     const auto peak = [&](const QString& device) {
