@@ -88,6 +88,13 @@ class Desktop:
             timeout=PATIENCE, check=True)
         return result.stdout.strip()
 
+    def active_title(self):
+        """The title of the window that the window manager has in front; None between two of them."""
+        try:
+            return self.xdotool("getactivewindow", "getwindowname")
+        except subprocess.CalledProcessError:
+            return None
+
     def close_window(self, window=None):
         """Asks the window manager to close a window, or the one in front, as a task bar does."""
         subprocess.run(

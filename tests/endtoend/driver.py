@@ -89,7 +89,10 @@ class Songlift:
         def asked():
             try:
                 return condition()
-            except self.bus.error:
+            except self.bus.error as error:
+                if self.process.poll() is not None:
+                    raise Waited(f"the program ended with {self.process.returncode} while "
+                                 f"{what} was waited for") from error
                 return None
         return wait_for(what, asked, patience)
 
@@ -398,6 +401,15 @@ class Songlift:
     def request_close(self):
         """Asks the window manager to close the active window, as a task bar does."""
         self.desktop.close_window()
+
+    def close_preview(self):
+        """Closes the player's window, which is in front."""
+        # It knows so a moment before the window manager says so; until then the request would reach the
+        # main window, and quit the program.
+        self.wait_for("the window manager to have the player in front", lambda:
+                      self.desktop.active_title() == self.active_window() != "Songlift")
+        self.request_close()
+        self.wait_for("the player to close", lambda: self.active_window() == "Songlift")
 
     def minimise(self):
         """Minimises the window in front, and returns it for `bring_back`."""

@@ -73,8 +73,7 @@ def preview(window, song):
     window.wait_for("the menu", lambda: window.windows_on_screen() > before)
     window.desktop.xdotool("key", "Return") # its one entry
     window.wait_for("the player to open", lambda: window.active_window() == song)
-    window.request_close()
-    window.wait_for("the player to close", lambda: window.active_window() == "Songlift")
+    window.close_preview()
 
 
 def copy_to(window, destination, button):

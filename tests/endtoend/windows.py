@@ -115,8 +115,7 @@ def previews_have_the_players_size(window, form):
     for closes in (True, False):
         for title in order:
             if closes:
-                window.request_close()
-                window.wait_for("the player to close", lambda: window.active_window() == "Songlift")
+                window.close_preview()
             preview = open_preview(window, form, title)
             width, height = FILM_SIZES.get(title, (360, 0))
             wait_for_geometry(window, preview, (None, None, width, height + bar))
@@ -128,8 +127,7 @@ def previews_have_the_players_size(window, form):
 def closing_ends_that_it_is_maximised(window, form):
     preview = open_preview(window, form, LARGE_FILM)
     maximise(window, preview, "add")
-    window.request_close()
-    window.wait_for("the player to close", lambda: window.active_window() == "Songlift")
+    window.close_preview()
     preview = open_preview(window, form, SMALL_FILM)
     width, height = FILM_SIZES[SMALL_FILM]
     wait_for_geometry(window, preview, (None, None, width))
