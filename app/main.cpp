@@ -24,6 +24,7 @@
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/QuitSignals.h"
+#include "platform/linux/SharedHeap.h"
 #endif
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,10 @@ using SystemDrives = WindowsDrives;
 
 std::shared_ptr<FileSystem> NewFileSystem(WindowsDrives&) {
     return std::make_shared<WindowsFileSystem>();
+}
+
+void ShareOneHeap() {
+    // Threads have no heaps of their own here.
 }
 #else
 using SystemDrives = LinuxDrives;
@@ -58,6 +63,7 @@ QIcon ProgramIcon() {
 } // namespace
 
 int main(int argc, char** argv) {
+    ShareOneHeap();
     Application application(argc, argv);
     QApplication::setApplicationName(u"Songlift"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(SONGLIFT_VERSION));

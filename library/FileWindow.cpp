@@ -3,14 +3,18 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <utility>
 
 namespace {
 
-/// Measured: a block of this size stays in the processor's cache until it has been worked on, and
-/// larger ones are read no faster.
-constexpr qint64 BlockSize = qint64{256} << 10;
+using namespace std::chrono_literals;
+
+/// Waiting for a block costs two changes of the thread, so that fewer and larger ones are better; but
+/// from a slow device they come one by one, and the progress bar stands still meanwhile.
+constexpr qint64 LargestBlock = qint64{2} << 20;
+constexpr auto Soon = 20ms;
 
 } // namespace
 
@@ -23,7 +27,7 @@ void FileWindow::MoveTo(qint64 position, qint64 count) {
         m_begin = m_end = 0;
         m_file = m_files.OpenForReading(m_path);
     }
-    Grow(std::max(count, std::min(BlockSize, m_lastIndex + 1)));
+    Grow(std::max(count, std::min(m_blockSize, m_lastIndex + 1)));
     while (m_end <= position) {
         m_begin = m_end; // the bytes before `position` are not needed
         ReadOn();
@@ -58,9 +62,13 @@ void FileWindow::ReadOn() {
     const qint64 count = std::min(m_size - held, m_lastIndex - m_end);
     if (count > 0) {
         m_hasFailed = true; // until the read has succeeded
+        const auto begin = std::chrono::steady_clock::now();
         m_file->Read(m_bytes.get() + held, count);
         m_hasFailed = false;
         m_end += count;
+        if (std::chrono::steady_clock::now() - begin < Soon) {
+            m_blockSize = std::min(2 * m_blockSize, LargestBlock);
+        }
     } else {
         m_bytes[static_cast<size_t>(held)] = 0;
         m_end = m_lastIndex + 1;

@@ -40,6 +40,8 @@ private:
     std::unique_ptr<BinaryFile> m_file;
     std::unique_ptr<char[]> m_bytes;
     qint64 m_size = 0;
+    /// How many bytes are read at once; it grows while they come quickly.
+    qint64 m_blockSize = qint64{256} << 10;
     /// The part of the file that is in m_bytes: from m_begin to before m_end.
     qint64 m_begin = 0;
     qint64 m_end = 0;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -219,8 +220,8 @@ void TrackListWalk::CommitTrack() {
         }
     }
     m_grouping.Add(std::move(record), m_pending.Artist, m_pending.Album);
-    m_artist = m_pending.Artist;
-    m_album = m_pending.Album;
+    m_artist = std::move(m_pending.Artist);
+    m_album = std::move(m_pending.Album);
     StartTrack();
     m_progress.TrackLoaded();
 }

@@ -1,6 +1,7 @@
 // The program, from its start to the usable window. With the argument "all" it then shows all
 // songs. Prints the most memory that it has taken, in bytes.
 
+#include "platform/linux/SharedHeap.h"
 #include "tests/bench/BenchProgram.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@ long PeakMemory() {
 } // namespace
 
 int main(int argc, char** argv) {
+    ShareOneHeap();
     QApplication application(argc, argv);
     BenchProgram program;
     if (argc > 1 && QByteArray(argv[1]) == "all") {

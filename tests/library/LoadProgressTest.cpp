@@ -1,6 +1,11 @@
 #include "library/LoadProgress.h"
 #include "tests/library/LoadingWindow.h"
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -11,7 +16,27 @@ QByteArray DatabaseOf(int tracks, const ITunesDBLayout& layout = {}) {
 
 } // namespace
 
-class LoadProgressShown : public LoadingWindow {};
+class LoadProgressShown : public LoadingWindow {
+protected:
+    /// Loads 1.5 MB from a device that takes that long for each block; how much was read at most.
+    qint64 LargestBlockAt(std::chrono::milliseconds delay) {
+        qint64 largest = 0;
+        Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+            if (call.Call == FileCall::Read) {
+                std::this_thread::sleep_for(delay);
+                largest = std::max(largest, call.Size);
+            }
+        };
+        Load(DatabaseOf(6000));
+        EXPECT_EQ(Library.TrackCount, 6000);
+        return largest;
+    }
+};
+
+TEST_F(LoadProgressShown, ASlowDeviceIsReadInSmallBlocksSoThatTheBarMovesOften) {
+    EXPECT_EQ(LargestBlockAt(20ms), 256 << 10);
+    EXPECT_GT(LargestBlockAt(0ms), 512 << 10);
+}
 
 TEST_F(LoadProgressShown, TheMessageAsksToWaitThenShowsPercentagesWithTiesRoundedToEven) {
     const auto messages = [this](int tracks) {
