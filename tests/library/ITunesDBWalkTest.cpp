@@ -240,6 +240,22 @@ TEST_F(ITunesDBWalk, AFileThatCannotBeReadIsReportedAndNotLeftOpen) {
     }
 }
 
+TEST_F(ITunesDBWalk, NothingCountsAsLoadedWhereTheDeviceFailsInTheMiddleOfTheFile) {
+    int reads = 0;
+    Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+        if (call.Call == FileCall::Read && ++reads == 2) {
+            EXPECT_GT(Library.TrackCount, 0);
+            EXPECT_GT(Library.TotalSize, 0);
+            throw RuntimeError(ErrorNumber::DeviceIOError);
+        }
+    };
+    const QByteArray track = ITunesDBChunks::Track(5, 1, {Item(1, QString(1000, u'x'))});
+    LoadTracks(200, std::vector(200, track));
+    ExpectError(u"Error 57: Device I/O error"_s);
+    EXPECT_EQ(Library.TrackCount, 0);
+    EXPECT_EQ(Library.TotalSize, 0);
+}
+
 TEST_F(ITunesDBWalk, AFileThatIsMissingOrTooLargeIsReported) {
     const auto expect = [this](const QString& error) {
         Boxes.Shown.clear();
