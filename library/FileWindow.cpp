@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Waiting for a block costs two changes of the thread, so that fewer and larger ones are better; but
-/// from a slow device they come one by one, and the progress bar stands still meanwhile.
+/// Waiting for a block costs two changes of the thread, so that fewer and larger ones are better;
+/// but from a slow device they come one by one, and the progress bar stands still meanwhile.
 constexpr qint64 LargestBlock = qint64{2} << 20;
 constexpr auto Soon = 20ms;
 
@@ -47,7 +47,7 @@ void FileWindow::Keep(qint64 position) {
 
 void FileWindow::Grow(qint64 size) {
     if (size > m_size) {
-        auto bytes = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(size));
+        auto bytes = std::make_shared_for_overwrite<char[]>(static_cast<size_t>(size));
         if (m_end > m_begin) {
             std::memcpy(bytes.get(), m_bytes.get(), static_cast<size_t>(m_end - m_begin));
         }
@@ -63,7 +63,7 @@ void FileWindow::ReadOn() {
     if (count > 0) {
         m_hasFailed = true; // until the read has succeeded
         const auto begin = std::chrono::steady_clock::now();
-        m_file->Read(m_bytes.get() + held, count);
+        m_file->Read({m_bytes, m_bytes.get() + held}, count);
         m_hasFailed = false;
         m_end += count;
         if (std::chrono::steady_clock::now() - begin < Soon) {

@@ -38,7 +38,7 @@ private:
     QString m_path;
     qint64 m_lastIndex;
     std::unique_ptr<BinaryFile> m_file;
-    std::unique_ptr<char[]> m_bytes;
+    std::shared_ptr<char[]> m_bytes;
     qint64 m_size = 0;
     /// How many bytes are read at once; it grows while they come quickly.
     qint64 m_blockSize = qint64{256} << 10;

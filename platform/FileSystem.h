@@ -16,8 +16,9 @@ class BinaryFile {
 public:
     virtual ~BinaryFile() = default;
 
-    /// Reads exactly `size` bytes. Throws DeviceIOError when the file ends earlier.
-    virtual void Read(char* buffer, qint64 size) = 0;
+    /// Reads exactly `size` bytes. Throws DeviceIOError when the file ends earlier. The buffer is
+    /// shared because a read that is given up may still fill it later.
+    virtual void Read(const std::shared_ptr<char>& buffer, qint64 size) = 0;
     /// Writes the next `size` bytes of `source`, a file of the same file system service. Throws
     /// DeviceIOError when the source ends earlier. False when `control` stopped it before its end.
     virtual bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) = 0;

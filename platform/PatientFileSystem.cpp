@@ -2,9 +2,6 @@
 
 #include "platform/ScopeGuard.h"
 
-#include <QByteArray>
-
-#include <cstring>
 #include <exception>
 #include <mutex>
 #include <utility>
@@ -83,14 +80,8 @@ public:
         return dynamic_cast<PatientFile&>(file).m_file;
     }
 
-    void Read(char* buffer, qint64 size) override {
-        // Kept for the next block: allocating a new buffer costs more than reading a block into it.
-        if (m_bytes == nullptr || m_bytes->size() < size) {
-            m_bytes = std::make_shared<QByteArray>(size, Qt::Uninitialized);
-        }
-        m_owner.Wait([file = m_file, bytes = m_bytes, size] { file->Read(bytes->data(), size); },
-                     {});
-        std::memcpy(buffer, m_bytes->constData(), static_cast<size_t>(size));
+    void Read(const std::shared_ptr<char>& buffer, qint64 size) override {
+        m_owner.Wait([file = m_file, buffer, size] { file->Read(buffer, size); }, {});
     }
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override {
         return m_owner.Ask([file = m_file, from = Of(source), size,
@@ -110,8 +101,6 @@ public:
 private:
     PatientFileSystem& m_owner;
     std::shared_ptr<BinaryFile> m_file;
-    /// Shared with a read that was given up.
-    std::shared_ptr<QByteArray> m_bytes;
 };
 
 void PatientFileSystem::Do(std::function<void(FileSystem&)> operation) {

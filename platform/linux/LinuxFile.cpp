@@ -8,13 +8,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-void LinuxFile::Read(char* buffer, qint64 size) {
+void LinuxFile::Read(const std::shared_ptr<char>& buffer, qint64 size) {
+    char* bytes = buffer.get();
     while (size > 0) {
-        const ssize_t count = ReadSome(m_file.Get(), buffer, static_cast<size_t>(size));
+        const ssize_t count = ReadSome(m_file.Get(), bytes, static_cast<size_t>(size));
         if (count == 0) {
             throw RuntimeError(ErrorNumber::DeviceIOError);
         }
-        buffer += count;
+        bytes += count;
         size -= count;
     }
 }

@@ -12,7 +12,7 @@ public:
     LinuxFile(FileDescriptor file, FileDescriptor kept, const QString& path)
         : m_file(std::move(file)), m_kept(std::move(kept)), m_path(path) {}
 
-    void Read(char* buffer, qint64 size) override;
+    void Read(const std::shared_ptr<char>& buffer, qint64 size) override;
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override;
     void Truncate(qint64 size) override;
     void Close() override;

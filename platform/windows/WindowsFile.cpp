@@ -6,18 +6,19 @@
 
 #include <algorithm>
 
-void WindowsFile::Read(char* buffer, qint64 size) {
+void WindowsFile::Read(const std::shared_ptr<char>& buffer, qint64 size) {
+    char* bytes = buffer.get();
     constexpr qint64 mostAtOnce = 1 << 30;
     while (size > 0) {
         DWORD count = 0;
-        if (!ReadFile(Get(), buffer, static_cast<DWORD>(std::min(size, mostAtOnce)), &count,
+        if (!ReadFile(Get(), bytes, static_cast<DWORD>(std::min(size, mostAtOnce)), &count,
                       nullptr)) {
             ThrowError(GetLastError());
         }
         if (count == 0) {
             throw RuntimeError(ErrorNumber::DeviceIOError);
         }
-        buffer += count;
+        bytes += count;
         size -= count;
     }
 }

@@ -12,7 +12,7 @@ public:
 
     WindowsFile(WindowsHandle file, Use use) : m_file(std::move(file)), m_use(use) {}
 
-    void Read(char* buffer, qint64 size) override;
+    void Read(const std::shared_ptr<char>& buffer, qint64 size) override;
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override;
     void Truncate(qint64 size) override;
     /// A file that was opened for writing stays open for the system, so that no other program takes

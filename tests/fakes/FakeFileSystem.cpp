@@ -52,19 +52,19 @@ public:
 
     ~FakeBinaryFile() override { Release(); }
 
-    void Read(char* buffer, qint64 size) override {
+    void Read(const std::shared_ptr<char>& buffer, qint64 size) override {
         Begin(FileCall::Read, size);
         if (m_position + size > m_entry->Content.Length()) {
             throw RuntimeError(ErrorNumber::DeviceIOError);
         }
-        m_entry->Content.Read(buffer, m_position, size);
+        m_entry->Content.Read(buffer.get(), m_position, size);
         m_position += size;
     }
 
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override {
-        QByteArray bytes(size, Qt::Uninitialized);
-        source.Read(bytes.data(), size);
-        Write(bytes.constData(), size);
+        const auto bytes = std::make_shared<char[]>(static_cast<size_t>(size));
+        source.Read({bytes, bytes.get()}, size);
+        Write(bytes.get(), size);
         control.AddBytes(size);
         return !control.IsStopped();
     }

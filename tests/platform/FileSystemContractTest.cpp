@@ -11,6 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+std::shared_ptr<char> Buffer(size_t size) {
+    const auto bytes = std::make_shared<char[]>(size);
+    return {bytes, bytes.get()};
+}
+
 const QString Part = QString::fromLatin1(PartName);
 
 class FileSystemContract : public FileContract {};
@@ -88,12 +93,12 @@ TEST_P(FileSystemContract, AStoppedCopyLeavesNothing) {
 
 TEST_P(FileSystemContract, BlocksAreReadOneAfterTheOtherUpToTheEnd) {
     const std::unique_ptr<BinaryFile> file = Files().OpenForReading(At(u"Other.mp3"));
-    char bytes[4] = {};
+    const std::shared_ptr<char> bytes = Buffer(3);
     file->Read(bytes, 3);
-    EXPECT_EQ(QByteArray(bytes, 3), "oth");
+    EXPECT_EQ(QByteArray(bytes.get(), 3), "oth");
     file->Read(bytes, 0);
     file->Read(bytes, 2);
-    EXPECT_EQ(QByteArray(bytes, 2), "er");
+    EXPECT_EQ(QByteArray(bytes.get(), 2), "er");
     EXPECT_EQ(NumberOf([&] { file->Read(bytes, 1); }), 57);
 }
 
@@ -120,9 +125,9 @@ TEST_P(FileSystemContract, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied)
         const auto from = Files().OpenForReading(At(u"Song.mp3"));
         const auto file = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
         file->WriteFrom(*from, 4, {});
-        char rest[7] = {};
+        const std::shared_ptr<char> rest = Buffer(7);
         file->Read(rest, 7);
-        EXPECT_EQ(QByteArray(rest, 7), "content");
+        EXPECT_EQ(QByteArray(rest.get(), 7), "content");
         file->Truncate(6);
         file->Close();
     }

@@ -252,8 +252,9 @@ TEST_F(PathsFixture, ReadingLeavesTheTimeOfTheLastAccess) {
     const QByteArray path = Native(u"iPod_Control/Music/F12/ABCD.mp3"_s).toUtf8();
     const timespec times[2] = {{1000, 0}, {2000, 0}}; // old enough to be renewed by any reader
     ASSERT_EQ(utimensat(AT_FDCWD, path.constData(), times, 0), 0);
-    char bytes[4];
-    m_files.OpenForReading(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s)->Read(bytes, 4);
+    const auto bytes = std::make_shared<char[]>(4);
+    m_files.OpenForReading(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s)
+        ->Read({bytes, bytes.get()}, 4);
     m_files.CopyFile(u"E:\\iPod_Control\\Music\\F12\\ABCD.mp3"_s, m_outside.filePath(u"copy.mp3"_s),
                      Existing::Replace, {});
     struct stat info {};
