@@ -46,6 +46,16 @@ TEST(ThreadWorker, WorkIsDoneOnAnotherThreadAndWhatItThrowsReachesTheCaller) {
     EXPECT_TRUE(worker.Do([] {}, GoOn));
 }
 
+TEST(ThreadWorker, OneThreadDoesAllWorkThatEnds) {
+    static thread_local int works = 0;
+    ThreadWorker worker;
+    int last = 0;
+    for (int i = 0; i < 3; ++i) {
+        worker.Do([&] { last = ++works; }, GoOn);
+    }
+    EXPECT_EQ(last, 3);
+}
+
 TEST(ThreadWorker, TheCallerIsCalledAgainAndAgainWhileWorkLasts) {
     ThreadWorker worker;
     const auto slow = std::make_shared<Hanging>();
