@@ -207,13 +207,15 @@ CopyJob::Next CopyJob::StopRequest() {
 }
 
 /// What a stop request leads to. If it came from closing the window, the user is asked, and the job
-/// goes on after "No".
+/// goes on after "No", unless it was the system that has closed the question, to end the program.
 CopyJob::Next CopyJob::AskToStop() {
     if (!CUnload || QuitsUnasked) {
         m_stop = Next::Cleanup;
     } else if (Ask(u"Are you sure you want to quit?"_s, MessageButtons::YesNo,
                    MessageIcon::Question) == MessageAnswer::Yes) {
         m_stop = Next::Leave;
+    } else if (QuitsUnasked) {
+        m_stop = Next::Cleanup;
     } else {
         CancelCopy = false;
     }

@@ -141,6 +141,16 @@ TEST_F(CopyCancelTest, AStopOfTheNextJobAsksNoQuitQuestion) {
     ExpectIdle();
 }
 
+TEST_F(CopyCancelTest, WhenTheSystemEndsTheProgramDuringTheQuestionNobodyIsAskedAndTheJobStops) {
+    CloseAtYield(2);
+    messages.WhileShown = [this](const ShownMessage&) { job.QuitsUnasked = true; };
+    messages.Answers = {MessageAnswer::No}; // what closing the question stands for
+    Press();
+    EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});
+    EXPECT_EQ(Names(), QStringList{u"One.mp3"_s});
+    EXPECT_TRUE(form.Form1.Closed);
+}
+
 TEST_F(CopyCancelTest, AClosedWindowTurnsTheCancelOfThePromptIntoTheQuitQuestion) {
     files.AddFile(u"D:\\Music\\Two.mp3"_s, "old");
     CloseAtYield(2);
