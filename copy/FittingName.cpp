@@ -6,7 +6,6 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -40,10 +39,14 @@ QString WithoutUnholdable(const QString& text, const NameLimits& limits) {
     return result;
 }
 
-/// The "_" follows the part of the name that Windows takes for a device.
-QString WithMarkedDevice(const QString& text) {
-    const qsizetype dot = text.indexOf(u'.');
-    return QString(text).insert(dot < 0 ? text.size() : dot, u'_');
+/// `begin`, with a "_" where Windows takes it, followed by `end`, for a device. The "_" follows the
+/// part of the name that it goes by.
+QString WithMarkedDevice(const QString& begin, const QString& end, const NameLimits& limits) {
+    if (!limits.IsForWindows || !IsDeviceName(begin + end)) {
+        return begin;
+    }
+    const qsizetype dot = begin.indexOf(u'.');
+    return QString(begin).insert(dot < 0 ? begin.size() : dot, u'_');
 }
 
 /// The longest beginning of `text` that holds whole letters and is at most `room` long.
@@ -59,7 +62,7 @@ QString Cut(const QString& text, int room, const NameLimits& limits) {
     }
     // A letter with hundreds of accents keeps as many as fit.
     end = std::min<qsizetype>(text.size(), room);
-    while (Length(text.left(end), limits) > room || text[end - 1].isHighSurrogate()) {
+    while (end > 0 && (Length(text.left(end), limits) > room || text[end - 1].isHighSurrogate())) {
         --end;
     }
     return text.left(end);
@@ -70,24 +73,23 @@ QString Cut(const QString& text, int room, const NameLimits& limits) {
 QString FittingName(const QString& text, const QString& ending, const NameLimits& limits) {
     QString begin = WithoutUnholdable(text, limits);
     QString end = WithoutUnholdable(ending, limits);
+    if (WithoutDotsAndBlanksAtEnd(begin).isEmpty()) { // ".." would lead out of the folder
+        begin = UnknownName();
+    }
     if (limits.IsForWindows) {
         end = WithoutDotsAndBlanksAtEnd(end);
         if (end.isEmpty()) {
             begin = WithoutDotsAndBlanksAtEnd(begin);
         }
-        if (IsDeviceName(begin + end)) {
-            begin = WithMarkedDevice(begin);
-        }
     }
-    const int room = limits.Longest - Length(end, limits);
-    if (room < limits.Longest / 2) { // so long an ending is cut like the rest
-        begin += std::exchange(end, QString());
-    }
+    begin = WithMarkedDevice(begin, end, limits);
     if (Length(begin + end, limits) > limits.Longest) {
+        const int forEnd = std::max(limits.Longest / 2, limits.Longest - Length(begin, limits));
+        if (Length(end, limits) > forEnd) {
+            end = WithoutDotsAndBlanksAtEnd(Cut(end, forEnd, limits));
+        }
         begin = WithoutDotsAndBlanksAtEnd(Cut(begin, limits.Longest - Length(end, limits), limits));
+        begin = WithMarkedDevice(begin, end, limits); // it was "CON", many blanks and a word
     }
-    if (begin.isEmpty()) { // the text had nothing that a name can hold, or only dots before the cut
-        begin = UnknownName();
-    }
-    return begin + end;
+    return (begin.isEmpty() ? UnknownName() : begin) + end; // only dots before the cut
 }

@@ -57,6 +57,9 @@ QString Naming::MakeFileName(const QString& Name, const QString& Ext) {
     QString name = FittingName(Name, Ext, Limits);
     for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
          used = m_indexOf.constFind(name)) {
+        if (numbers.size() > Limits.Longest / 3) { // more would be cut off, and be the same again
+            numbers.clear();
+        }
         numbers += u" ("_s + QString::number(m_usedCounts[*used]) + u')';
         ++m_usedCounts[*used];
         name = FittingName(Name, numbers + Ext, Limits);

@@ -60,6 +60,11 @@ TEST(FittingName, ACutThatLeavesNothingButDotsIsUnknown) {
     EXPECT_EQ(FittingName(Times(300, ".") + u"x"_s, u".mp3"_s, Ext4), u"UNKNOWN.mp3"_s);
 }
 
+TEST(FittingName, NoNameLeadsOutOfItsFolderBecauseSomethingWasLeftOut) {
+    EXPECT_EQ(FittingName(u".."_s + QChar(0xD83C), {}, Ext4), u"UNKNOWN"_s);
+    EXPECT_EQ(FittingName(u"."_s + u'\0', u"."_s, Ext4), u"UNKNOWN."_s);
+}
+
 TEST(FittingName, WhatNoNameCanHoldIsLeftOut) {
     const QString half = u"half"_s + QChar(0xD83C);
     EXPECT_EQ(FittingName(half + u" note"_s, u".mp3"_s, Ext4), u"half note.mp3"_s);
@@ -89,8 +94,12 @@ TEST(FittingName, ADevicesNameIsMarkedForWindowsAloneWhateverItsCaseAndExtension
     EXPECT_EQ(FittingName(u"com1"_s, u".mp3"_s, Fat), u"com1_.mp3"_s);
     EXPECT_EQ(FittingName(u"LPT9"_s, u".mp3"_s, Fat), u"LPT9_.mp3"_s);
     EXPECT_EQ(FittingName(u"CON"_s, u" (2).mp3"_s, Fat), u"CON (2).mp3"_s);
+    // The cut leaves the device alone.
+    EXPECT_EQ(FittingName(u"CON"_s + Times(300, " ") + u"x"_s, u".mp3"_s, Fat), u"CON_.mp3"_s);
 }
 
-TEST(FittingName, AnEndingThatLeavesLessThanHalfTheNameIsCutLikeTheRest) {
+TEST(FittingName, AnEndingThatLeavesLessThanHalfTheNameIsCutLikeTheRestButKeepsItsNumber) {
     EXPECT_EQ(FittingName(u"Song"_s, u"."_s + Times(300, "x"), Ext4), u"Song."_s + Times(250, "x"));
+    EXPECT_EQ(FittingName(Times(300, "a"), u" (2)."_s + Times(300, "x"), Ext4),
+              Times(128, "a") + u" (2)."_s + Times(122, "x"));
 }

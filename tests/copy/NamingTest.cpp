@@ -113,6 +113,20 @@ TEST_F(NamingInOneFolder, ANumberThatIsTakenAlreadyIsNumberedInItsTurn) {
     EXPECT_EQ(File("Song"), u"Song (3).mp3"_s);
 }
 
+TEST_F(NamingInOneFolder, ANumberIsNeverCutOff) {
+    const QByteArray title(300, 'a');
+    const QByteArray extension = '.' + QByteArray(300, 'x');
+    File(title.constData(), extension.constData());
+    EXPECT_TRUE(File(title.constData(), extension.constData()).contains(u"a (2).x"_s));
+    for (int numbers = 0; numbers < 40; ++numbers) {
+        const QByteArray numbered =
+            QByteArray(251 - 4 * numbers, 'a') + QByteArray(" (2)").repeated(numbers);
+        File(numbered.constData());
+    }
+    EXPECT_TRUE(File(title.constData()).endsWith(u" (3).mp3"_s));
+    EXPECT_TRUE(File(title.constData()).endsWith(u").mp3"_s));
+}
+
 TEST_F(NamingInOneFolder, TheExtensionAndTheLetterCaseBelongToTheName) {
     EXPECT_EQ(File("SONG"), u"SONG.mp3"_s);
     EXPECT_EQ(File("Song", ".mp3"), u"Song.mp3"_s);
