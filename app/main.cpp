@@ -84,8 +84,15 @@ int main(int argc, char** argv) {
     QtMessages messages(window.Window().Widget());
     application.MessageBoxes = &messages;
     PreviewWindow preview(window.Window().Widget(), *files);
-    const Services services{*files,   *drives, store,      shell, windowManager,
-                            messages, events,  background, ahead};
+    const Services services{.Files = *files,
+                            .Drives = *drives,
+                            .Store = store,
+                            .Desktop = shell,
+                            .Windows = windowManager,
+                            .MessageBoxes = messages,
+                            .Events = events,
+                            .Background = background,
+                            .Ahead = ahead};
     Form1 form(services, window.Controls(), preview.Controls(), [&](OverwritePrompt& prompt) {
         OverwriteWindow(window.Window().Widget(), prompt).Ask();
     });
