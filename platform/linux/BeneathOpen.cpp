@@ -61,5 +61,5 @@ QByteArray PathOfOpen(int descriptor) {
 }
 
 QByteArray DescriptorPath(int descriptor) {
-    return QByteArrayLiteral("/proc/self/fd/") + QByteArray::number(descriptor);
+    return "/proc/self/fd/" + QByteArray::number(descriptor);
 }

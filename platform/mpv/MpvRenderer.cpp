@@ -51,7 +51,7 @@ void MpvRenderer::Render(QImage& image) {
     std::array<int, 2> size = {image.width(), image.height()};
     // RGB32 as its bytes stand in memory.
     const bool littleEndian = QSysInfo::ByteOrder == QSysInfo::LittleEndian;
-    QByteArray format = littleEndian ? QByteArrayLiteral("bgr0") : QByteArrayLiteral("0rgb");
+    QByteArray format(littleEndian ? "bgr0" : "0rgb");
     size_t stride = static_cast<size_t>(image.bytesPerLine());
     // The window must not wait for the moment at which a frame is due.
     int block = 0;
