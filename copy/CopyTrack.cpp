@@ -23,7 +23,8 @@ constexpr qint32 LargeFileLimit = 50000000;
 /// is opened while the one before is copied.
 constexpr qint64 Slow = 5;
 
-/// So many files at most are named before their turn: about as many as come until the next yield.
+/// At most this many files are named before their turn: about as many as are copied until the next
+/// yield.
 constexpr size_t MostAhead = 100;
 
 } // namespace
@@ -86,9 +87,9 @@ CopyJob::Next CopyJob::PutNewFile(const PlannedTrack& planned, bool& isSettled) 
     return next;
 }
 
-/// False where the file would replace something, or its folder is gone. Together with it those that
-/// follow into the same folder are copied, as far as nobody could see or stop anything in between;
-/// when it is their turn they are there.
+/// False where the file would replace something, or its folder is gone. The files that follow into
+/// the same folder are copied in the same call, as many as fit in before the next yield is due: the
+/// user could neither see nor stop anything in between. When their turn comes, they are there.
 bool CopyJob::CopyNewFile(const PlannedTrack& planned) {
     if (m_copied.Count == 0 && !m_copied.Failure && !m_copied.IsRefused) {
         m_copied =

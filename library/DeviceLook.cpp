@@ -8,8 +8,8 @@ namespace {
 
 /// In milliseconds. An old disk takes seconds to start.
 constexpr qint64 Patience = 5000;
-/// The window is not served that long, in ms. Nobody notices, and what the user types during a
-/// quick poll is not lost.
+/// For how many milliseconds the window is not served at first. Nobody notices, and what the user
+/// types during a quick poll is not lost.
 constexpr qint64 Moment = 50;
 
 } // namespace

@@ -8,8 +8,8 @@
 #include <mutex>
 #include <utility>
 
-/// A file that one thread opens before another one needs it. `OpenFile` is what a system calls an
-/// open file.
+/// A file that one thread opens before another one needs it. `OpenFile` is the system's own type
+/// for an open file.
 template <class OpenFile>
 class AheadFile {
 public:

@@ -69,10 +69,10 @@ public:
     /// `control` stopped it before all bytes were there: nothing is left of it then either.
     virtual bool CopyFile(const QString& source, const QString& target, Existing existing,
                           const CopyControl& control) = 0;
-    /// Begins the same for a file that replaces nothing, into a folder that exists, as far as
-    /// nothing of it is seen, and returns the rest, which is false without an error also where the
-    /// folder is missing or something has the name. Nothing is left of a file whose rest is never
-    /// called.
+    /// Does as much of CopyFile as nobody can see yet, for a file that replaces nothing, and
+    /// returns a function that does the rest. That one returns what CopyFile would, and false also
+    /// where the folder is missing or something has the name already. If it is never called,
+    /// nothing is left of the file.
     virtual std::function<bool()> BeginNewFile(const QString& source, const QString& target,
                                                const CopyControl& control) {
         return [this, source, target, control] {

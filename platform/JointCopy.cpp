@@ -9,9 +9,10 @@
 
 namespace {
 
-/// So many files at most wait for their names behind one that takes longer: each keeps files open.
+/// At most this many files wait for their names behind one that takes longer, since each of them
+/// keeps files open.
 constexpr size_t MostWaiting = 8;
-/// A stop is looked for so often.
+/// How often a waiting thread looks whether it was stopped.
 constexpr std::chrono::milliseconds BetweenLooks(10);
 
 /// Whether a file may have failed only because something has run out that the others have taken. An

@@ -20,11 +20,11 @@ struct FileToCopy {
 
 /// What became of several copies.
 struct CopiedFiles {
-    /// So many were copied, from the first on.
+    /// How many were copied, from the first on.
     size_t Count = 0;
-    /// What the next one has thrown.
+    /// What the file after these has thrown; null if it has not failed.
     std::exception_ptr Failure = {};
-    /// The next one cannot be copied so.
+    /// The file after these would replace something, or its folder is missing, or it was stopped.
     bool IsRefused = false;
 };
 
@@ -33,8 +33,8 @@ struct CopiedFiles {
 /// the other all the same, and none does after one that failed, as if one thread had copied them.
 class JointCopy {
 public:
-    /// Files are begun for so many milliseconds, but the first one always is unless `control` has
-    /// stopped it.
+    /// Once `milliseconds` have passed no further file is begun. The first one is begun in any case
+    /// unless `control` is stopped.
     JointCopy(std::shared_ptr<FileSystem> files, std::vector<FileToCopy> copies,
               qint64 milliseconds, const CopyControl& control);
 

@@ -37,9 +37,10 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    /// Copies several files that replace nothing, in their order for so many milliseconds, but at
-    /// least for the first, and up to one that cannot be copied so. In one go, since a wait for the
-    /// worker can cost as much as copying a small file.
+    /// Copies several files that replace nothing, in their order, up to the first one that fails or
+    /// would replace something. Once `milliseconds` have passed no further one is begun, but the
+    /// first one always is. All in one wait for the worker, which can cost as much as copying a
+    /// small file.
     CopiedFiles CopyNewFiles(const std::vector<FileToCopy>& copies, qint64 milliseconds,
                              const CopyControl& control);
     void ReadAhead(const QString& path) override;

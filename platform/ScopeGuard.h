@@ -4,8 +4,8 @@
 
 /// Runs an action when its scope is left, also by an exception:
 ///
-///     m_state.Building = true;
-///     ScopeGuard building([this] { m_state.Building = false; });
+///     ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
+///     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
 ///
 /// QScopeGuard would end the program when the action throws, and cannot be run early.
 template <class Action>

@@ -45,7 +45,6 @@ void CheckPropagation::lstAlbums_ItemCheck(int Item) {
     if (m_lists.Building) {
         return;
     }
-    // A change that fails half way leaves marks that fit neither each other nor the lists.
     ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     m_lists.lstAlbums_Click();
     ChangeChecks(m_controls.lstAlbums, [this, Item] { PropagateAlbum(Item); });
@@ -56,7 +55,6 @@ void CheckPropagation::lstSongs_ItemCheck(int Item) {
     if (m_lists.Building) {
         return;
     }
-    // A change that fails half way leaves marks that fit neither each other nor the lists.
     ScopeGuard failed([this] { m_search.ShowLibraryAgain(); });
     ChangeChecks(m_controls.lstSongs, [this, Item] { PropagateSong(Item); });
     failed.Dismiss();

@@ -147,7 +147,8 @@ bool LinuxDrives::IsOnIpod(int folder) {
     return answer.value_or(true); // unknown, and on an iPod nothing may be changed
 }
 
-/// Goes up to the root. Paths are not enough: the same folder has another path by every mount.
+/// Goes up to the root. Paths are not enough: the same folder has another path by every mount. Nor
+/// is the device's number, which an attached folder shares with everything else on its disk.
 std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folder) {
     const std::vector<FolderId> ipods = table.IpodFolders();
     if (ipods.empty()) {

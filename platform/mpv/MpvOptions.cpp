@@ -11,7 +11,8 @@ struct Option {
     const char* Value;
 };
 
-// Without these the player would do more than it may, so that it must not run.
+// If one of these cannot be set, the player could open or do more than it should, so it is not
+// used.
 constexpr Option required[] = {
     {"config", "no"},
     {"terminal", "no"},
