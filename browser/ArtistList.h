@@ -19,10 +19,6 @@ public:
     ArtistList(MusicLibrary& library, LinkedLists& lists, SearchResult& result,
                const ArtistListControls& controls);
 
-    /// For artists, albums and songs: whether the list counted as standing on its "All" row when
-    /// rows were last remembered.
-    const std::array<bool, 3>& AllRowWasCurrent() const { return m_allRowWasCurrent; }
-
     /// Shows a library that has just been loaded; its first artist becomes current.
     void ShowLibrary();
     /// Enables and empties the lists, and disables cmdCopy, for the library of a device that has
@@ -76,6 +72,8 @@ private:
     LinkedLists& m_lists;
     SearchResult& m_result;
     ArtistListControls m_controls;
+    /// For artists, albums and songs: whether the list counted as standing on its "All" row when
+    /// rows were last remembered.
     std::array<bool, 3> m_allRowWasCurrent = {true, true, true};
     Remembered m_rememberedRows;
 };
