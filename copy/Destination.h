@@ -26,6 +26,8 @@ public:
     /// Whether the folder `Path` can be made. Finds out by making it and every folder that is
     /// missing above it. Throws nothing.
     bool ValidatePath(const QString& Path);
+    // Two that no operation needs at present, kept ready for one that checks or makes a typed path.
+
     /// Whether `Path` is a well-formed path on a drive that exists.
     bool IsValidPath(const QString& Path);
     /// Creates each missing folder of `Path`. Throws what the first failing creation throws.

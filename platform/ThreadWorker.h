@@ -6,7 +6,8 @@
 #include <thread>
 
 /// A Worker with one thread, started when it is first needed. Work that was given up keeps the
-/// thread, and later work gets a new one.
+/// thread, and later work gets a new one. A QThreadPool would wait for such work when the program
+/// ends.
 class ThreadWorker : public Worker {
 public:
     ThreadWorker() = default;

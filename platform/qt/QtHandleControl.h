@@ -2,7 +2,8 @@
 
 #include "platform/qt/QtControl.h"
 
-/// A splitter bar. It has the mouse from a press until the release, wherever the pointer moves.
+/// A splitter bar. It has the mouse from a press until the release, wherever the pointer moves. A
+/// QSplitter would place and size the lists by itself; here the rules of the layout do.
 class QtHandleControl : public QtControl<HandleControl, QWidget> {
 public:
     QtHandleControl(QWidget* parent, const QString& name);
