@@ -6,9 +6,12 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/vfs.h>
+#include <unistd.h>
 
 namespace {
 
@@ -40,6 +43,17 @@ bool LiesOnBlockDevice(int folder) {
     return fstat(folder, &info) == 0 && major(info.st_dev) != 0;
 }
 
+/// Names go by the rules of Windows and are kept elsewhere: by a server, or by a program on this
+/// computer. That may be on a disk which counts bytes, and then does not even look for a longer
+/// name.
+NameLimits LimitsOfServer(int folder, NameLimits windows) {
+    const QByteArray longest = QString(LongestUtf16Name, QChar(0x9752)).toUtf8();
+    if (faccessat(folder, longest.constData(), F_OK, AT_SYMLINK_NOFOLLOW) != 0 && errno != ENOENT) {
+        windows.CountedIn = NameLimits::Unit::Utf8Bytes;
+    }
+    return windows;
+}
+
 /// Empty for bytes that are not UTF-8, which equal no text.
 QString FoldedBytes(const QByteArray& name) {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -68,14 +82,15 @@ NameLimits NameLimitsOf(int folder) {
     case ExFat:
     case Ntfs:
     case Ntfs3:
+        return windows;
     case Smb:
     case Smb2:
-        return windows;
+        return LimitsOfServer(folder, windows);
     case HfsPlus:
         return {LongestUtf16Name, NameLimits::Unit::DecomposedUtf16Units, false};
     case Fuse:
         if (LiesOnBlockDevice(folder)) {
-            return windows; // NTFS or exFAT, outside the kernel
+            return LimitsOfServer(folder, windows); // NTFS or exFAT, outside the kernel
         }
         break;
     default:

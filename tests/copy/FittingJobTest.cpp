@@ -58,21 +58,3 @@ TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfI
     PressAndComplete();
     EXPECT_EQ(Names(), QStringList({u"CON_\\Tiger.mp3"_s, u"con_ (2)\\Tiger.mp3"_s}));
 }
-
-TEST_F(FittingJobTest, AHardLibraryArrivesOnAWindowsDiskWithoutAQuestion) {
-    CopyToWindowsDisk();
-    int number = 0;
-    for (const char* title :
-         {"NUL", "aux", "Com1.live", "a\tb", "\x01", "Notes \xF0\x9F\x8E\xB5", "قمر الصيف"}) {
-        AddTrack("PRN", "LPT1.", title, QByteArray::number(++number));
-    }
-    AddTrack("PRN", "LPT1.", Times(400, "é").toUtf8(), "long");
-    AddTrack("\x02", "\x03", "Tiger", "control");
-    SetOptions("AB");
-    PressAndComplete();
-    EXPECT_EQ(Copied().size(), 9);
-    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\NUL_.mp3"), QByteArray("1"));
-    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\ab.mp3"), QByteArray("4"));
-    EXPECT_EQ(Bytes("D:\\Music\\PRN_\\LPT1_\\UNKNOWN.mp3"), QByteArray("5"));
-    EXPECT_EQ(Bytes("D:\\Music\\UNKNOWN\\UNKNOWN\\Tiger.mp3"), QByteArray("control"));
-}

@@ -34,6 +34,20 @@ private:
     ServedDisk m_disk{"caseless_disk.py", Destination()};
 };
 
+/// The same disk, on a block device: Linux takes it for one of the file systems of Windows.
+class OnWindowsDisk : public JobOnDisk {
+protected:
+    void SetUp() override {
+        if (!m_disk.Impossible().isEmpty()) {
+            GTEST_SKIP() << qPrintable(m_disk.Impossible());
+        }
+        ASSERT_TRUE(m_disk.IsMounted());
+    }
+
+private:
+    ServedDisk m_disk{"caseless_disk.py", Destination(), {World("image")}};
+};
+
 } // namespace
 
 TEST_P(OnCaselessDisk, ItIsOne) {
@@ -156,6 +170,42 @@ TEST_P(OnCaselessDisk, LongNamesAndManyBytesArriveWhole) {
     EXPECT_TRUE(CopiedBytes((QByteArray(251, 'a') + ".mp3").constData()) == bytes);
     EXPECT_TRUE(CopiedBytes((QByteArray(247, 'a') + " (2).mp3").constData()) == bytes);
     ExpectCopied({QString(247, u'a') + u" (2).mp3"_s, QString(251, u'a') + u".mp3"_s});
+}
+
+TEST_F(OnWindowsDisk, AHardLibraryArrivesWithoutAQuestion) {
+    form.chkArtist.SetValue(true);
+    form.chkAlbum.SetValue(true);
+    const QString film = Text("青").repeated(90);
+    const std::vector<std::pair<QString, QString>> titles = {
+        {u"NUL"_s, u"NUL_"_s},
+        {u"aux"_s, u"aux_"_s},
+        {u"Com1.live"_s, u"Com1_.live"_s},
+        {u"a\tb"_s, u"ab"_s},
+        {u"two\nlines"_s, u"twolines"_s},
+        {u"\x01"_s, u"UNKNOWN"_s},
+        {u"Notes \U0001F3B5"_s, u"Notes \U0001F3B5"_s},
+        {Text("قمر الصيف"), Text("قمر الصيف")},
+        // What keeps this disk's names counts their bytes, like a server with such a disk.
+        {film, film.left(83)},
+        {QString(400, u'é'), QString(125, u'é')},
+        {QString(400, u'é') + u'!', QString(123, u'é') + u" (2)"_s},
+    };
+    QStringList names(u"UNKNOWN/UNKNOWN/Tiger.mp3"_s);
+    for (const auto& [title, name] : titles) {
+        SampleTrack& track = AddSong(title, "sound");
+        track.Artist = u"PRN"_s;
+        track.Album = u"LPT1."_s;
+        names += u"PRN_/LPT1_/"_s + name + u".mp3"_s;
+    }
+    SampleTrack& unnamed = AddSong(u"Tiger"_s, "sound");
+    unnamed.Artist = u"\x02"_s;
+    unnamed.Album = u"\x03"_s;
+    Run();
+    EXPECT_EQ(MessagesShown(), QStringList(Completed));
+    EXPECT_EQ(prompted, QStringList());
+    names.sort();
+    EXPECT_EQ(Copied(), names);
+    ExpectRestUntouched();
 }
 
 INSTANTIATE_TEST_SUITE_P(EitherWay, OnCaselessDisk, testing::Values(5, InChunks),
