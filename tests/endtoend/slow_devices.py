@@ -5,6 +5,7 @@ import sys
 import time
 from pathlib import Path
 
+from desktop import wait_for
 from ipod import Ipod, assert_copied, tree
 from scenario import load_small_sample, main, tick_album
 from served_disk import ServedDisk
@@ -62,41 +63,68 @@ def cancel(window):
     return time.monotonic() - pressed
 
 
+def assert_cancels(window, when):
+    """Cancel ends the job that runs, and those that follow where another program was in the way."""
+    took = [cancel(window)]
+    while took[-1] > SOON and len(took) < ATTEMPTS:
+        window.press("Copy to destination")
+        assert_answers(window.control("Progress"), when)
+        took.append(cancel(window))
+    print(f"{when}: at rest {took[-1]:.2f} s after Cancel")
+    assert took[-1] <= SOON, f"{when}: Cancel took {took} s"
+    assert not window.says("Copy completed!")
+
+
 def copy_slowly(stage, window, device):
     """At every speed, and while nothing comes any more; then the job is cancelled."""
-    device.tell("speed=1000000")
+    device.tell("speed=1000000 seek=0.01")
     bar = begin_film(window, "Copy to Destination")
     for megabytes in (1, 8, 30):
-        device.tell(f"speed={megabytes}000000")
+        device.tell(f"speed={megabytes}000000 seek=0.01")
         before = bar.get_current_value()
         assert_answers(bar, f"at {megabytes} MB/s")
         assert bar.get_current_value() > before, "the bar stands still"
-    took = [cancel(window)]
+    device.tell("speed=1000000")
+    assert_cancels(window, "while the device is slow")
     device.tell("stall=read")
-    while len(took) < 1 + ATTEMPTS and (len(took) == 1 or took[-1] > SOON):
-        window.press("Copy to destination")
-        bar = window.control("Progress")
-        assert_answers(bar, "while the device hangs")
-        took.append(cancel(window))
-    print(f"at rest {took[0]:.2f} s after Cancel, and after {took[-1]:.2f} s while the device hangs")
-    assert took[-1] <= SOON, f"Cancel took {took} s"
-    assert not window.says("Copy completed!")
+    window.press("Copy to destination")
+    assert_answers(window.control("Progress"), "while the device hangs")
+    assert_cancels(window, "while the device hangs")
+    device.tell("")
     assert tree(stage.destination) == ["Small Screen Society/Long"] # the folder, with no file in it
     (stage.destination / "Small Screen Society/Long").rmdir()
     (stage.destination / "Small Screen Society").rmdir()
 
 
+def copy_to_hanging_disk(window, disk, kept):
+    """To a disk that takes no bytes any more. When it comes back, it holds no file of the job that was given up."""
+    window.set_text("Destination", str(disk.folder))
+    disk.tell("stall=write")
+    window.press("Copy to destination")
+    assert_answers(window.control("Progress"), "while the destination hangs")
+    assert_cancels(window, "while the destination hangs")
+    begun = kept / "tmp" / "copy.tmp"
+    assert begun.exists()
+    disk.tell("")
+    wait_for("the unfinished file to go", lambda: not begun.exists())
+    assert not [path for path in kept.rglob("*") if path.is_file()]
+
+
 def play(stage):
     made = stage.small_ipod(folder=stage.work / "made")
     stage.destination.mkdir()
+    kept = stage.work / "kept"
+    kept.mkdir()
     server = Path(__file__).parents[1] / "support" / "slow_device.py"
-    with ServedDisk(server, made.folder, stage.work / "SAMPLE IPOD") as device:
+    with (ServedDisk(server, made.folder, stage.work / "SAMPLE IPOD") as device,
+          ServedDisk(server, kept, stage.work / "DISK") as disk):
         with stage.start(device.folder) as window:
             load_small_sample(window, stage.destination)
             tick_album(window, "Small Screen Society", "Long")
             copy_slowly(stage, window, device)
+            copy_to_hanging_disk(window, disk, kept)
 
-            device.tell("")
+            window.set_text("Destination", str(stage.destination))
             window.tick("Albums", "Long", ticked=False)
             tick_album(window, "Volt/Ampere", "Live: 1999?")
             window.press("Copy to destination")

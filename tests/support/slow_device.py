@@ -2,8 +2,8 @@
 
 slow_device.py <folder> <folder to mount at> <control file>
 
-The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>", and
-"stall=read", "stall=write", "stall=open" or "stall=change" (whatever makes, renames or removes) for what does not come
+The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>",
+"seek=<seconds until the arm is at bytes that do not follow the last ones>", and "stall=read", "stall=write", "stall=open" or "stall=change" (whatever makes, renames or removes) for what does not come
 back as long as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where
 nothing can be mounted."""
 
@@ -24,6 +24,7 @@ class SlowDevice(KeptDisk):
         super().__init__(folder)
         self._control = Path(control)
         self._arm = threading.Lock()
+        self._at = None # the file and the position behind the bytes read last
 
     def _words(self):
         return self._control.read_text(encoding="utf-8").split()
@@ -35,6 +36,12 @@ class SlowDevice(KeptDisk):
     def _wait_while_stalled(self, what):
         while f"stall={what}" in self._words():
             time.sleep(PAUSE)
+
+    def _seek(self, path, offset, size):
+        with self._arm:
+            if self._at != (path, offset):
+                time.sleep(self._number("seek", 0))
+            self._at = (path, offset + size)
 
     def _take_time(self, size):
         speed = self._number("speed", 0)
@@ -51,6 +58,7 @@ class SlowDevice(KeptDisk):
     def read(self, path, size, offset, fh):
         self._wait_while_stalled("read")
         data = super().read(path, size, offset, fh)
+        self._seek(path, offset, len(data))
         self._take_time(len(data))
         return data
 
