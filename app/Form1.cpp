@@ -65,11 +65,8 @@ void Form1::Form_Load() {
 }
 
 void Form1::Form_Unload(bool& cancel, UnloadMode) {
-    CopyJob& job = m_parts.Job;
-    if (job.Copying) {
-        job.CancelCopy = true;
-        job.CUnload = true;
-        cancel = true;
+    cancel = m_parts.Job.StopToClose();
+    if (cancel) {
         return;
     }
     m_previewControls.frmPreview.Unload();

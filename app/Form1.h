@@ -19,7 +19,7 @@ public:
     /// RuntimeError before anything is shown when a stored number is invalid.
     void Form_Load();
     /// From now on, a job that is stopped because the window closes does not ask whether to quit.
-    void QuitUnasked() { m_parts.Job.QuitsUnasked = true; }
+    void QuitUnasked() { m_parts.Job.QuitUnasked(); }
 
 private:
     void Form_Unload(bool& cancel, UnloadMode mode);

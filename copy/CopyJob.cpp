@@ -31,14 +31,14 @@ CopyJob::CopyJob(const CopyServices& services, const CopyLibrary& library, Desti
 
 void CopyJob::cmdCopy_Click() {
     if (m_controls.cmdCopy.Caption() == CancelCaption()) {
-        CancelCopy = true;
+        m_cancelCopy = true;
         return;
     }
     if (m_search.SearchRunning()) {
         return; // pressed while a search runs and neither library is complete
     }
     // Else a close of the window in an earlier job would turn Cancel into the question to quit.
-    CUnload = false;
+    m_cUnload = false;
     m_place = {};
     if (!ChecksPass()) {
         return;
@@ -48,10 +48,18 @@ void CopyJob::cmdCopy_Click() {
         cleanup.Dismiss();
     } else {
         cleanup.Run();
-        if (QuitsUnasked || m_stop == Next::Leave) {
+        if (m_quitsUnasked || m_stop == Next::Leave) {
             m_controls.Form1.Unload();
         }
     }
+}
+
+bool CopyJob::StopToClose() {
+    if (Copying) {
+        m_cancelCopy = true;
+        m_cUnload = true;
+    }
+    return Copying;
 }
 
 /// The whole job. A failure outside of any step cannot be tried again, so it ends the job.
@@ -163,7 +171,7 @@ void CopyJob::Cleanup() {
     TryToClearUp();
     m_files.MayGoOn = nullptr;
     m_files.ReadAhead({}); // a device with an open file cannot be unmounted
-    CancelCopy = false;
+    m_cancelCopy = false;
     Copying = false;
     m_controls.Form1.SetCaption(u"Songlift"_s);
     if (m_resultIsAside) {
@@ -209,15 +217,15 @@ CopyJob::Next CopyJob::StopRequest() {
 /// What a stop request leads to. If it came from closing the window, the user is asked, and the job
 /// goes on after "No", unless it was the system that has closed the question, to end the program.
 CopyJob::Next CopyJob::AskToStop() {
-    if (!CUnload || QuitsUnasked) {
+    if (!m_cUnload || m_quitsUnasked) {
         m_stop = Next::Cleanup;
     } else if (Ask(u"Are you sure you want to quit?"_s, MessageButtons::YesNo,
                    MessageIcon::Question) == MessageAnswer::Yes) {
         m_stop = Next::Leave;
-    } else if (QuitsUnasked) {
+    } else if (m_quitsUnasked) {
         m_stop = Next::Cleanup;
     } else {
-        CancelCopy = false;
+        m_cancelCopy = false;
     }
     m_clearUp.setRemainingTime(ClearUpMilliseconds);
     return m_stop;

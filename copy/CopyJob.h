@@ -64,17 +64,21 @@ public:
 
     /// A job is running.
     bool Copying = false;
-    /// The user asked to close the window while the job ran.
-    bool CUnload = false;
-    /// The system ends the program: the window closes after the job, and the user is not asked.
-    bool QuitsUnasked = false;
     /// A stop was asked for; the job reads it at each of its yields.
-    bool CancelCopy = false;
+    bool CancelCopy() const { return m_cancelCopy; }
+    /// The user asked to close the window while the job ran.
+    bool CUnload() const { return m_cUnload; }
     /// Bytes copied or skipped so far.
     double CopiedBytes = 0;
 
     /// Starts a job, or asks the running one to stop.
     void cmdCopy_Click();
+    /// The window is to close. A running job asks whether to quit, and closes the window itself
+    /// after "Yes". False where no job runs, and the window may close now.
+    bool StopToClose();
+    /// The system ends the program: from now on the window closes after the job, and the user is
+    /// not asked.
+    void QuitUnasked() { m_quitsUnasked = true; }
 
 private:
     /// Where the job goes on after a step.
@@ -152,6 +156,9 @@ private:
     QString m_enteredFolder;
     /// The last track's folders as the plan names them, if they could be made.
     std::optional<QStringList> m_folderNamesOfLast;
+    bool m_cancelCopy = false;
+    bool m_cUnload = false;
+    bool m_quitsUnasked = false;
     /// What a stop request has led to; SameTrack while the job goes on.
     Next m_stop = Next::SameTrack;
     /// Until when what is left of a stopped file may be removed.

@@ -37,7 +37,7 @@ CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
     m_events.Yield();
     m_place.Source = track.Location;
     m_place.FileName.clear();
-    Next next = CancelCopy ? StopRequest() : Next::SameTrack;
+    Next next = m_cancelCopy ? StopRequest() : Next::SameTrack;
     while (next == Next::SameTrack) {
         next = CountTrack();
         if (next == Next::Step) {
@@ -298,7 +298,7 @@ bool CopyJob::AfterChunk(qint64 done) {
 
 /// Inside a file the question to quit is asked at once: after "No" a film goes on where it was.
 bool CopyJob::MayGoOn() {
-    return !CancelCopy || AskToStop() == Next::SameTrack;
+    return !m_cancelCopy || AskToStop() == Next::SameTrack;
 }
 
 /// Called while the job waits for its files; returns whether to wait on.

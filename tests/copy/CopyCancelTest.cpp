@@ -31,7 +31,7 @@ TEST_F(CopyCancelTest, CancelStopsAtTheNextFileWithoutAMessageAndTheNextJobRuns)
     AtYield(2, [this] {
         Press();
         // The press itself only raises the flag.
-        EXPECT_TRUE(job.CancelCopy);
+        EXPECT_TRUE(job.CancelCopy());
         EXPECT_TRUE(job.Copying);
         EXPECT_EQ(form.cmdCopy.Caption(), u"&Cancel"_s);
         EXPECT_FALSE(form.lstArtists.Enabled());
@@ -143,7 +143,7 @@ TEST_F(CopyCancelTest, AStopOfTheNextJobAsksNoQuitQuestion) {
 
 TEST_F(CopyCancelTest, WhenTheSystemEndsTheProgramDuringTheQuestionNobodyIsAskedAndTheJobStops) {
     CloseAtYield(2);
-    messages.WhileShown = [this](const ShownMessage&) { job.QuitsUnasked = true; };
+    messages.WhileShown = [this](const ShownMessage&) { job.QuitUnasked(); };
     messages.Answers = {MessageAnswer::No}; // what closing the question stands for
     Press();
     EXPECT_EQ(messages.Shown, std::vector{QuitQuestion});

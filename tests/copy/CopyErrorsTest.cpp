@@ -35,11 +35,9 @@ protected:
         }
     }
 
-    /// The user closes the window before the first call of this kind.
-    void CloseBefore(FileCall kind) {
-        files.BeforeCall = [this, kind](const FakeFileSystem::RecordedCall& call) {
-            job.CUnload = job.CUnload || call.Call == kind;
-        };
+    /// The user closes the window at every message.
+    void CloseAtMessages() {
+        messages.WhileShown = [this](const ShownMessage&) { form.Form1.UserClose(); };
     }
 
     void ExpectAllCopied() const {
@@ -132,7 +130,7 @@ TEST_F(CopyErrorsTest, AFileNameThatTheDriveRefusesCanBeLeftOut) {
 
 TEST_F(CopyErrorsTest, AnyOtherErrorEndsTheJobWithNoQuestionEvenWhenTheWindowWasClosed) {
     FailCopy(ErrorNumber::DeviceUnavailable);
-    CloseBefore(FileCall::CopyFile);
+    CloseAtMessages();
     Press();
     ExpectStoppedAfterTheFirst(
         ErrorBox(u"Error 68: Device unavailable"_s, MessageButtons::OK, MessageIcon::Critical));
@@ -149,7 +147,7 @@ TEST_F(CopyErrorsTest, ADevicePulledOutIsReportedAndTheJobCanBeStopped) {
 
 TEST_F(CopyErrorsTest, AbortWithAClosedWindowAsksToQuitAndNoStartsTheSameTrackAgain) {
     FailCopy(ErrorNumber::FileNotFound, 2);
-    CloseBefore(FileCall::CopyFile);
+    CloseAtMessages();
     messages.Answers = {MessageAnswer::Abort, MessageAnswer::No, MessageAnswer::Abort,
                         MessageAnswer::No, MessageAnswer::OK};
     form.lblMessage.Captions.clear();
@@ -275,7 +273,7 @@ TEST_F(CopyErrorsTest, TheTmpFolderThatCannotBeDeletedIsReportedTwiceAndTheJobEn
         QStringList Texts;
     };
     files.AddFolder(Tmp);
-    CloseBefore(FileCall::DeleteFolder); // nothing asks whether to quit in the cleanup
+    CloseAtMessages(); // nothing asks whether to quit in the cleanup
     for (const Case& end : {
              Case{ErrorNumber::PermissionDenied,
                   {Ignore, OK, Ignore},

@@ -18,13 +18,8 @@ CopyFixture::CopyFixture() {
 }
 
 void CopyFixture::OnQueryUnload(bool& cancel) {
-    if (job.Copying) {
-        job.CancelCopy = true;
-        job.CUnload = true;
-        cancel = true;
-        return;
-    }
-    ++closed;
+    cancel = job.StopToClose();
+    closed += cancel ? 0 : 1;
 }
 
 TrackRecord& CopyFixture::AddRecord(const char* artist, const char* album, const char* title) {
@@ -147,7 +142,7 @@ void CopyFixture::ShowPrompt() {
 
 void CopyFixture::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
-    EXPECT_FALSE(job.CancelCopy);
+    EXPECT_FALSE(job.CancelCopy());
     EXPECT_FALSE(prompt.OverwriteAll);
     EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
     EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);

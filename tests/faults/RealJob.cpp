@@ -163,9 +163,7 @@ RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
     form.chkArtist.SetValue(true);
     form.chkAlbum.SetValue(true);
     form.cmdClear.SetEnabled(false);
-    form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) {
-        job.CUnload = job.CancelCopy = cancel = job.Copying;
-    };
+    form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) { cancel = job.StopToClose(); };
     job.ShowOverwrite = [this] {
         prompted += prompt.OverwriteFile;
         prompt.OverwriteAnswer = overwriteAnswer;
@@ -202,7 +200,7 @@ bool RealJob::IsCompleted() const {
 
 void RealJob::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
-    EXPECT_FALSE(job.CancelCopy);
+    EXPECT_FALSE(job.CancelCopy());
     EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
     EXPECT_TRUE(form.lstArtists.Enabled());
     EXPECT_TRUE(form.txtDestination.Enabled());

@@ -236,7 +236,7 @@ TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow
                 m_device.Be("");
                 m_target.Be("");
             }
-            return isLong && !job.job.CUnload;
+            return isLong && !job.job.CUnload();
         });
         m_device.Be("");
         m_target.Be("");
