@@ -6,8 +6,6 @@
 #include "platform/Paths.h"
 #include "platform/ScopeGuard.h"
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 /// Keeps the window alive meanwhile: the destination's disk may have to start first, or hang.
@@ -46,11 +44,9 @@ void CopyJob::RefuseDestination(const QString& folder) {
 }
 
 bool CopyJob::OfferToCreate(const QString& folder) {
-    // A folder that an earlier click has left behind is not deleted: it may be in use by now.
-    m_destination.ProbeFolder.clear();
     const bool isValid = m_destination.ValidatePath(folder);
     // Cleared first: if the deletion fails, a later job may fill the folder, which must stay then.
-    const QString probe = std::exchange(m_destination.ProbeFolder, QString());
+    const QString probe = m_destination.TakeProbeFolder();
     if (!probe.isEmpty()) {
         m_place = {probe, probe, {}}; // for the message of a failure
         if (Step([&] { m_files.DeleteFolder(probe, {}); }) != Next::Step) {
@@ -67,7 +63,7 @@ bool CopyJob::OfferToCreate(const QString& folder) {
         return false;
     }
     // Set by an earlier attempt: a failure just now was reported above.
-    if (std::exchange(m_destination.CreateFailed, false)) {
+    if (m_destination.TakeCreateFailed()) {
         m_messages.Show(u"Unable to create folder."_s, u"Error"_s, MessageButtons::OK,
                         MessageIcon::Critical);
         return false;

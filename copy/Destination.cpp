@@ -30,6 +30,8 @@ Destination::Destination(FileSystem& files, Shell& shell, WindowManager& windowM
 }
 
 bool Destination::ValidatePath(const QString& Path) {
+    // A folder that an earlier call has left behind is not deleted: it may be in use by now.
+    m_probeFolder.clear();
     if (Path.size() > LongestPath) {
         return false;
     }
@@ -46,14 +48,14 @@ bool Destination::ValidatePath(const QString& Path) {
     }
     try {
         m_files.CreateFolder(level);
-        ProbeFolder = level;
+        m_probeFolder = level;
         for (auto size = levelsBelow.rbegin(); size != levelsBelow.rend(); ++size) {
             m_files.CreateFolder(Path.left(*size));
         }
         return true;
     } catch (const RuntimeError& error) {
         if (error.Number != ErrorNumber::BadFileName) {
-            CreateFailed = true;
+            m_createFailed = true;
         }
         return false;
     }

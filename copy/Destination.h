@@ -5,6 +5,8 @@
 #include "platform/FileSystem.h"
 #include "platform/Window.h"
 
+#include <utility>
+
 /// The destination's box, and the window that owns the picker and has the box's font.
 struct DestinationControls {
     Window& Form1;
@@ -17,15 +19,17 @@ public:
     Destination(FileSystem& files, Shell& shell, WindowManager& windowManager,
                 const DestinationControls& controls);
 
-    /// The topmost folder that ValidatePath created to try a path; the caller deletes it. Empty
-    /// when there is none.
-    QString ProbeFolder;
-    /// ValidatePath could not create a folder, and not because of a bad name.
-    bool CreateFailed = false;
-
     /// Whether the folder `Path` can be made. Finds out by making it and every folder that is
     /// missing above it. Throws nothing.
     bool ValidatePath(const QString& Path);
+    /// The topmost folder that the last ValidatePath created; empty when there is none.
+    const QString& ProbeFolder() const { return m_probeFolder; }
+    /// Gives the probe folder away, to be deleted, and forgets it.
+    QString TakeProbeFolder() { return std::exchange(m_probeFolder, QString()); }
+    /// A ValidatePath could not create a folder, and not because of a bad name.
+    bool CreateFailed() const { return m_createFailed; }
+    /// The same, and forgets it.
+    bool TakeCreateFailed() { return std::exchange(m_createFailed, false); }
     // Two that no operation needs at present, kept ready for one that checks or makes a typed path.
 
     /// Whether `Path` is a well-formed path on a drive that exists.
@@ -43,4 +47,7 @@ private:
     FolderPicker m_picker;
     WindowManager& m_windowManager;
     DestinationControls m_controls;
+
+    QString m_probeFolder;
+    bool m_createFailed = false;
 };

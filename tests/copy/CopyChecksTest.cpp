@@ -42,8 +42,8 @@ TEST_F(CopyChecksTest, AnEmptyDestinationGivesItsMessageAndNothingElse) {
 
 TEST_F(CopyChecksTest, AnInvalidDestinationIsSelectedForTheUserToMend) {
     files.IpodRoot = u"E:"_s;
+    destination.ValidatePath(u"D:\\Mine"_s); // a click that failed before it could delete it
     files.AddFile(u"D:\\Mine\\mine.txt"_s, "mine");
-    destination.ProbeFolder = u"D:\\Mine"_s; // of a click that failed before it could delete it
     for (const char* path :
          {"Q:\\Music", "D:\\New\\Wh?t", "E:\\", "e:\\iPod_Control", "E:\\New\\Sub"}) {
         SCOPED_TRACE(path);
@@ -61,7 +61,7 @@ TEST_F(CopyChecksTest, AnInvalidDestinationIsSelectedForTheUserToMend) {
         EXPECT_EQ(selectedAtFocus, 0); // a box that gets the focus may change what is selected
         EXPECT_EQ(form.txtDestination.SelectionStart, 0);
         EXPECT_EQ(form.txtDestination.SelectionLength, Text(path).size());
-        EXPECT_FALSE(destination.CreateFailed);
+        EXPECT_FALSE(destination.CreateFailed());
         EXPECT_FALSE(files.HasFolder(u"D:\\New"_s)); // made to try the path
         EXPECT_TRUE(files.HasFile(u"D:\\Mine\\mine.txt"_s));
         EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
@@ -83,7 +83,7 @@ TEST_F(CopyChecksTest, TheTestFolderIsRemovedAtOnceThenTheQuestionIsAskedAndOKCr
     Press();
     EXPECT_EQ(messages.Shown.at(0), CreateQuestion);
     EXPECT_EQ(files.CallsOf(FileCall::CreateFolderChain), QStringList{u"D:\\New\\Sub"_s});
-    EXPECT_EQ(destination.ProbeFolder, QString());
+    EXPECT_EQ(destination.ProbeFolder(), QString());
     EXPECT_EQ(Bytes("D:\\New\\Sub\\Tiger.mp3"), QByteArray("tiger"));
 }
 
@@ -92,14 +92,14 @@ TEST_F(CopyChecksTest, AFailedCreationIsInvalidAtOnceAndToldOnTheNextConfirmedAt
     files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PermissionDenied);
     Press();
     EXPECT_EQ(messages.Shown, std::vector{InvalidPath});
-    EXPECT_TRUE(destination.CreateFailed);
+    EXPECT_TRUE(destination.CreateFailed());
 
     messages.Shown.clear();
     messages.Answers = {MessageAnswer::Cancel};
     Press();
     EXPECT_EQ(messages.Shown, std::vector{CreateQuestion});
     EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
-    EXPECT_TRUE(destination.CreateFailed); // the attempt was not confirmed
+    EXPECT_TRUE(destination.CreateFailed()); // the attempt was not confirmed
     ExpectNothingStarted();
 
     messages.Shown.clear();
@@ -109,7 +109,7 @@ TEST_F(CopyChecksTest, AFailedCreationIsInvalidAtOnceAndToldOnTheNextConfirmedAt
               (std::vector<ShownMessage>{CreateQuestion,
                                          {u"Unable to create folder."_s, u"Error"_s,
                                           MessageButtons::OK, MessageIcon::Critical}}));
-    EXPECT_FALSE(destination.CreateFailed);
+    EXPECT_FALSE(destination.CreateFailed());
     EXPECT_FALSE(files.HasFolder(u"D:\\New"_s));
     ExpectNothingStarted();
 

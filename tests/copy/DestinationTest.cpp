@@ -51,10 +51,9 @@ TEST_F(DestinationTest, ValidatePathCreatesTheChainAndRemembersItsTopmostNewFold
         EXPECT_TRUE(Validate(chain.Path));
         EXPECT_EQ(files.CallsOf(FileCall::CreateFolder), chain.Created);
         EXPECT_TRUE(files.HasFolder(chain.Created.last()));
-        EXPECT_EQ(destination.ProbeFolder, chain.Created.first());
-        EXPECT_FALSE(destination.CreateFailed);
+        EXPECT_EQ(destination.ProbeFolder(), chain.Created.first());
+        EXPECT_FALSE(destination.CreateFailed());
         files.Remove(chain.Created.first());
-        destination.ProbeFolder.clear();
     }
 }
 
@@ -62,8 +61,8 @@ TEST_F(DestinationTest, ValidatePathOnNoDriveIsFalseAndCreatesNothing) {
     for (const char* path : {"Q:\\x", "Q:\\x\\y", "Music", "Music/New", ""}) {
         EXPECT_FALSE(Validate(path)) << path;
     }
-    EXPECT_EQ(destination.ProbeFolder, QString());
-    EXPECT_FALSE(destination.CreateFailed);
+    EXPECT_EQ(destination.ProbeFolder(), QString());
+    EXPECT_FALSE(destination.CreateFailed());
     EXPECT_EQ(files.CountOf(FileCall::CreateFolder), 0);
 }
 
@@ -72,8 +71,8 @@ TEST_F(DestinationTest, ABadNameIsFalseWithoutCreateFailedAndLeavesTheProbeFolde
          {std::pair("D:\\What?", QString()), std::pair("D:\\What?\\Sub", QString()),
           std::pair("D:\\New\\What?", u"D:\\New"_s)}) {
         EXPECT_FALSE(Validate(path)) << path;
-        EXPECT_FALSE(destination.CreateFailed);
-        EXPECT_EQ(destination.ProbeFolder, probe);
+        EXPECT_FALSE(destination.CreateFailed());
+        EXPECT_EQ(destination.ProbeFolder(), probe);
     }
     EXPECT_EQ(files.FoldersBelow(u"D:"_s), QStringList{u"D:\\New"_s});
 }
@@ -81,22 +80,22 @@ TEST_F(DestinationTest, ABadNameIsFalseWithoutCreateFailedAndLeavesTheProbeFolde
 TEST_F(DestinationTest, AnotherFailureToCreateSetsCreateFailed) {
     files.FailPath(u"D:\\New"_s, ErrorNumber::PermissionDenied);
     EXPECT_FALSE(Validate("D:\\New"));
-    EXPECT_TRUE(destination.CreateFailed);
-    EXPECT_EQ(destination.ProbeFolder, QString());
+    EXPECT_TRUE(destination.CreateFailed());
+    EXPECT_EQ(destination.ProbeFolder(), QString());
 }
 
 TEST_F(DestinationTest, AFailureInTheMiddleOfTheChainSetsCreateFailedAndKeepsTheProbeFolder) {
     files.FailPath(FileCall::CreateFolder, u"D:\\New\\Sub"_s, ErrorNumber::DiskFull);
     EXPECT_FALSE(Validate("D:\\New\\Sub\\Deep"));
-    EXPECT_TRUE(destination.CreateFailed);
-    EXPECT_EQ(destination.ProbeFolder, u"D:\\New"_s);
+    EXPECT_TRUE(destination.CreateFailed());
+    EXPECT_EQ(destination.ProbeFolder(), u"D:\\New"_s);
     EXPECT_FALSE(files.HasFolder(u"D:\\New\\Sub\\Deep"_s));
 }
 
 TEST_F(DestinationTest, AFileInTheWaySetsCreateFailed) {
     files.AddFile(u"D:\\New"_s, "song");
     EXPECT_FALSE(Validate("D:\\New"));
-    EXPECT_TRUE(destination.CreateFailed);
+    EXPECT_TRUE(destination.CreateFailed());
     EXPECT_EQ(files.Bytes(u"D:\\New"_s), QByteArray("song"));
 }
 
@@ -107,7 +106,7 @@ TEST_F(DestinationTest, APathOfAMillionLettersIsFalseAtOnce) {
 
 TEST_F(DestinationTest, APathOfThousandsOfFoldersIsTriedWithoutHarm) {
     EXPECT_FALSE(destination.ValidatePath(u"Q:"_s + u"\\a"_s.repeated(5000)));
-    EXPECT_EQ(destination.ProbeFolder, QString());
+    EXPECT_EQ(destination.ProbeFolder(), QString());
 }
 
 // ---- IsValidPath

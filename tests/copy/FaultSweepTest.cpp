@@ -368,7 +368,7 @@ TEST(FaultSweep, ADestinationThatIsStillToBeMadeHarmsNothingWhateverFails) {
                 EXPECT_EQ(job.Bytes("D:\\Music\\mine.txt"), QByteArray("mine"));
                 EXPECT_EQ(job.Bytes("D:\\Music\\tmp\\copy.tmp"), QByteArray("left behind"));
                 EXPECT_EQ(job.Bytes("D:\\other.txt"), QByteArray("other"));
-                EXPECT_EQ(job.destination.ProbeFolder, QString());
+                EXPECT_EQ(job.destination.ProbeFolder(), QString());
                 EXPECT_FALSE(job.job.Copying);
                 EXPECT_TRUE(job.form.lstArtists.Enabled());
             }
