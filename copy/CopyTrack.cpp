@@ -32,7 +32,7 @@ constexpr size_t MostAhead = 100;
 CopyJob::Next CopyJob::CopyTrack(const PlannedTrack& planned) {
     const TrackRecord& track = planned.Track;
     if (planned.StartsFolder) {
-        m_naming.FolderChanged = true;
+        m_naming.ChangeFolder();
     }
     m_events.Yield();
     m_place.Source = track.Location;
@@ -205,7 +205,7 @@ void CopyJob::EnterFolder(const QString& folder, const QStringList& missing, qsi
     }
     if (isOther) {
         m_enteredFolder = folder;
-        m_naming.Limits = entered->Limits;
+        m_naming.FitTo(entered->Limits);
     }
 }
 

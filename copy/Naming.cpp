@@ -48,24 +48,24 @@ QString MakeSafeName(const QString& Text) {
 }
 
 QString Naming::MakeFileName(const QString& Name, const QString& Ext) {
-    if (FolderChanged) {
+    if (m_folderChanged) {
         m_usedNames.clear();
         m_usedCounts.clear();
         m_indexOf.clear();
     }
     QString numbers;
-    QString name = FittingName(Name, Ext, Limits);
+    QString name = FittingName(Name, Ext, m_limits);
     for (auto used = m_indexOf.constFind(name); used != m_indexOf.cend();
          used = m_indexOf.constFind(name)) {
-        if (numbers.size() > Limits.Longest / 3) { // more would be cut off, and be the same again
+        if (numbers.size() > m_limits.Longest / 3) { // more would be cut off, and be the same again
             numbers.clear();
         }
         numbers += u" ("_s + QString::number(m_usedCounts[*used]) + u')';
         ++m_usedCounts[*used];
-        name = FittingName(Name, numbers + Ext, Limits);
+        name = FittingName(Name, numbers + Ext, m_limits);
     }
     Enter(name);
-    FolderChanged = false;
+    m_folderChanged = false;
     return name;
 }
 

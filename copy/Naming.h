@@ -15,17 +15,18 @@ QString MakeSafeName(const QString& Text);
 /// system cannot hold them whole.
 class Naming {
 public:
-    /// A new destination folder has begun: the next file name forgets the earlier ones and clears
-    /// this.
-    bool FolderChanged = false;
-    /// What the file names must fit.
-    NameLimits Limits;
+    /// A new destination folder begins: the next file name forgets the earlier ones.
+    void ChangeFolder() { m_folderChanged = true; }
+    /// From now on, file names must fit these limits.
+    void FitTo(const NameLimits& limits) { m_limits = limits; }
 
     /// The name of a file for the safe name `Name` and the extension `Ext` with its dot. It differs
     /// from every file name given since the folder changed. Letter case makes a difference here,
     /// although it makes none on many drives.
     QString MakeFileName(const QString& Name, const QString& Ext);
 
+    /// No file name was given since the folder changed.
+    bool FolderChanged() const { return m_folderChanged; }
     /// The file names given since the folder changed.
     const std::vector<QString>& UsedNames() const { return m_usedNames; }
     /// For each of UsedNames, the number to try when that name occurs again.
@@ -34,6 +35,8 @@ public:
 private:
     void Enter(const QString& name);
 
+    bool m_folderChanged = false;
+    NameLimits m_limits;
     std::vector<QString> m_usedNames;
     std::vector<qint32> m_usedCounts;
     /// Where in UsedNames a name stands. No name is entered twice, so that this finds what a search

@@ -12,7 +12,7 @@ namespace {
 void NameEqualTitles(benchmark::State& state) {
     for (auto _ : state) {
         Naming naming;
-        naming.FolderChanged = true;
+        naming.ChangeFolder();
         for (int64_t i = 0; i < state.range(0); ++i) {
             benchmark::DoNotOptimize(naming.MakeFileName(u"01 Untitled"_s, u".mp3"_s));
         }

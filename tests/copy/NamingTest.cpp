@@ -15,7 +15,7 @@ namespace {
 
 class NamingInOneFolder : public testing::Test {
 protected:
-    NamingInOneFolder() { naming.FolderChanged = true; }
+    NamingInOneFolder() { naming.ChangeFolder(); }
 
     QString File(const char* text, const char* ext = ".mp3") {
         return naming.MakeFileName(MakeSafeName(Text(text)), Text(ext));
@@ -137,9 +137,9 @@ TEST_F(NamingInOneFolder, TheExtensionAndTheLetterCaseBelongToTheName) {
 TEST_F(NamingInOneFolder, ANewFolderForgetsTheNames) {
     File("Song");
     File("Song");
-    naming.FolderChanged = true;
+    naming.ChangeFolder();
     EXPECT_EQ(File("Song"), u"Song.mp3"_s);
-    EXPECT_FALSE(naming.FolderChanged);
+    EXPECT_FALSE(naming.FolderChanged());
     EXPECT_EQ(naming.UsedNames(), std::vector{u"Song.mp3"_s});
     EXPECT_EQ(naming.UsedCounts(), std::vector<qint32>{2});
 }
@@ -150,11 +150,11 @@ TEST(Naming, RandomNamesAreNumberedAsByTheScanWithRestart) {
                                u"b (2)"_s, u"a (2) (2)"_s, u"b"_s,     u"a (2) (3)"_s};
     const QStringList extensions = {u".mp3"_s, u".m4a"_s, u"."_s};
     Naming naming;
-    naming.FolderChanged = true;
+    naming.ChangeFolder();
     ScanningNaming scanning;
     for (int i = 0; i < 20000; ++i) {
         if (random() % 200 == 0) {
-            naming.FolderChanged = true;
+            naming.ChangeFolder();
             scanning.FolderChanged = true;
         }
         const QString name = words[static_cast<int>(random() % words.size())];
