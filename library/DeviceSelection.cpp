@@ -76,7 +76,7 @@ void DeviceSelection::Combo1_Click() {
     if (!hasLibrary) {
         // Not loaded, so that choosing the device again loads it once it is back.
         LoadedDevice.clear();
-        m_loadMusic.Library.TrackCount = 0;
+        m_loadMusic.Library.ForgetTracks();
         ReportLostDevice();
         Combo1_DropDown();
         failed.Dismiss();
@@ -96,7 +96,7 @@ void DeviceSelection::Combo1_Click() {
 
 /// After a load that failed half-way nothing is shown; choosing the device again loads it.
 void DeviceSelection::ForgetDevice() {
-    m_loadMusic.Library.TrackCount = 0;
+    m_loadMusic.Library.ForgetTracks();
     ResetWindow();
 }
 

@@ -242,8 +242,7 @@ bool ReadITunesDB(FileSystem& files, const QString& driveRoot, MusicLibrary& lib
     // failed.
     const ScopeGuard unreadable([&] {
         if (bytes.HasFailed()) {
-            library.TrackCount = 0;
-            library.TotalSize = 0;
+            library.ForgetTracks();
         }
     });
     if (!walk.FindTrackList()) {

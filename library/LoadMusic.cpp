@@ -22,8 +22,7 @@ bool RunReader(MusicLibrary& library, Messages& messages, const Reader& reader) 
     } catch (const std::bad_alloc& exception) {
         ShowError(messages, ErrorOf(exception));
     } catch (const OperationStopped&) {
-        library.TrackCount = 0;
-        library.TotalSize = 0;
+        library.ForgetTracks();
     }
     return true;
 }

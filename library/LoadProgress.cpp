@@ -19,8 +19,7 @@ void LoadProgress::Start() {
     m_controls.Form1.Refresh();
     m_controls.Combo1.Refresh();
     MirrorInCaption();
-    m_library.TrackCount = 0;
-    m_library.TotalSize = 0;
+    m_library.ForgetTracks();
 }
 
 void LoadProgress::ShowPartRead(float part) {

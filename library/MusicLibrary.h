@@ -55,6 +55,17 @@ struct MusicLibrary {
     bool LoadingMusic = false;
     /// Bytes of all loaded tracks.
     double TotalSize = 0;
+
+    /// One more track is loaded.
+    void CountTrack(qint32 fileSize) {
+        ++TrackCount;
+        TotalSize += fileSize;
+    }
+    /// Nothing counts as loaded any more. The records stay until the next load.
+    void ForgetTracks() {
+        TrackCount = 0;
+        TotalSize = 0;
+    }
 };
 
 /// The kind that a device's file-type text stands for. The comparison is exact; every text that is

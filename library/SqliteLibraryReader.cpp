@@ -147,8 +147,7 @@ void RowGrouping::Add(qsizetype row) {
     } else {
         m_library.Artists.back().Albums.back().Tracks.push_back(std::move(track));
     }
-    m_library.TotalSize += fileSize;
-    ++m_library.TrackCount;
+    m_library.CountTrack(fileSize);
 }
 
 TrackRecord RowGrouping::ReadTrack(qsizetype row) const {

@@ -28,10 +28,9 @@ void TrackGrouping::Put(TrackRecord&& track, const QString& artistName, const QS
     const qint32 fileSize = track.FileSize;
     album.Tracks.push_back(std::move(track));
     // From here on nothing fails.
-    m_library.TotalSize += fileSize;
     album.Name = albumName;
     artist.Name = artistName;
-    ++m_library.TrackCount;
+    m_library.CountTrack(fileSize);
 }
 
 /// Removes the artist and the album that were added for a track when memory ran out before the
