@@ -23,8 +23,7 @@ DeviceSelection::DeviceSelection(LoadMusic& loadMusic, DriveService& drives,
 }
 
 void DeviceSelection::Combo1_DropDown() {
-    ScopeGuard suppressed([this] { SuppressComboClick = false; });
-    SuppressComboClick = true;
+    const NestedFlag::Guard suppressed = m_suppressComboClick.Set();
     IgnoringErrors([this] { m_controls.Combo1.Clear(); });
     IgnoringErrors([this] { ListDevices(); });
     IgnoringErrors([this] { m_controls.Combo1.SetText(SelectedDevice); });
@@ -47,13 +46,12 @@ void DeviceSelection::timScan_Timer() {
     }
     const QString first = m_controls.Combo1.List(0);
     m_controls.Combo1.SetText(first);
-    ScopeGuard suppressed([this] { SuppressComboClick = false; });
-    SuppressComboClick = true;
+    const NestedFlag::Guard suppressed = m_suppressComboClick.Set();
     m_controls.Combo1.SetText(first);
 }
 
 void DeviceSelection::Combo1_Click() {
-    if (SuppressComboClick) {
+    if (m_suppressComboClick) {
         return;
     }
     const QString device = m_controls.Combo1.Text();

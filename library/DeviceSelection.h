@@ -3,6 +3,7 @@
 #include "library/DeviceLook.h"
 #include "library/LoadMusic.h"
 #include "platform/Drives.h"
+#include "platform/NestedFlag.h"
 #include "platform/WindowManager.h"
 
 /// The list of devices, and the controls that tell about them.
@@ -41,7 +42,7 @@ public:
     /// The entry whose library is loaded.
     QString LoadedDevice;
     /// The list is being changed by code, so that Combo1_Click does nothing.
-    bool SuppressComboClick = false;
+    bool SuppressComboClick() const { return bool(m_suppressComboClick); }
 
     /// Rebuilds the list of devices.
     void Combo1_DropDown();
@@ -66,4 +67,5 @@ private:
     Messages& m_messages;
     WindowManager& m_windowManager;
     DeviceControls m_controls;
+    NestedFlag m_suppressComboClick;
 };

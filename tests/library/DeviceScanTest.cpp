@@ -50,7 +50,7 @@ TEST_F(DeviceScan, WhenDrivesCannotBeListedNoDeviceIsFound) {
     devices.Combo1_DropDown();
     EXPECT_EQ(Window.lblMessage.Caption(), u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
-    EXPECT_FALSE(devices.SuppressComboClick);
+    EXPECT_FALSE(devices.SuppressComboClick());
 }
 
 // ---- what a scan does to the window
@@ -168,7 +168,7 @@ TEST_F(DeviceScan, ThePollLoadsTheFirstDeviceOnceItIsThere) {
     EXPECT_EQ(Devices.SelectedDevice, u"(E:) IPOD"_s);
     EXPECT_EQ(Titles(), QStringList{u"one"_s});
     EXPECT_FALSE(Window.timScan.Enabled());
-    EXPECT_FALSE(Devices.SuppressComboClick);
+    EXPECT_FALSE(Devices.SuppressComboClick());
     EXPECT_FALSE(Parts.Filter.FilterLocked());
     EXPECT_EQ(Files.CountOf(FileCall::OpenForReading), 1);
     EXPECT_EQ(Raised, (QStringList{u"leaves"_s, u"loaded"_s}));
@@ -182,7 +182,7 @@ TEST_F(DeviceScan, ThePollSetsTheEntryAgainWithoutAccessingTheDevice) {
     Devices.LibraryLoaded = [this] { Detach('E'); };
     std::vector<bool> suppressed;
     Window.Combo1.Click = [&] {
-        suppressed.push_back(Devices.SuppressComboClick);
+        suppressed.push_back(Devices.SuppressComboClick());
         Devices.Combo1_Click();
     };
     Devices.timScan_Timer();
@@ -190,7 +190,7 @@ TEST_F(DeviceScan, ThePollSetsTheEntryAgainWithoutAccessingTheDevice) {
     EXPECT_EQ(Window.Combo1.Text(), u"(E:) IPOD"_s);
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Devices.LoadedDevice, u"(E:) IPOD"_s);
-    EXPECT_FALSE(Devices.SuppressComboClick);
+    EXPECT_FALSE(Devices.SuppressComboClick());
 }
 
 TEST_F(DeviceScan, ADeviceThatVanishesBetweenPollAndLoadIsReported) {
@@ -205,5 +205,5 @@ TEST_F(DeviceScan, ADeviceThatVanishesBetweenPollAndLoadIsReported) {
     ExpectErrorLoadingIPod();
     ExpectReset(u"No compatible iPod detected."_s);
     EXPECT_TRUE(Window.timScan.Enabled());
-    EXPECT_FALSE(Devices.SuppressComboClick);
+    EXPECT_FALSE(Devices.SuppressComboClick());
 }

@@ -104,5 +104,5 @@ void DevicesWindow::ExpectReset(const QString& message) const {
     EXPECT_EQ(Window.txtSearch.Text(), QString());
     EXPECT_EQ(Window.tbsFilter.SelectedCaption(), u"All Files"_s);
     EXPECT_TRUE(Parts.Filter.FilterLocked());
-    EXPECT_FALSE(Devices.SuppressComboClick);
+    EXPECT_FALSE(Devices.SuppressComboClick());
 }
