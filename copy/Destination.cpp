@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// No file system takes a longer path, and trying its thousands of parents would take minutes.
-constexpr qsizetype LongestPath = 32767;
-
 bool HoldsForbidden(const QString& text, QChar separator) {
     const QChar otherSeparator = separator == u'/' ? u'\\' : u'/';
     const QString doubled(2, separator);
@@ -32,7 +29,7 @@ Destination::Destination(FileSystem& files, Shell& shell, WindowManager& windowM
 bool Destination::ValidatePath(const QString& Path) {
     // A folder that an earlier call has left behind is not deleted: it may be in use by now.
     m_probeFolder.clear();
-    if (Path.size() > LongestPath) {
+    if (Path.size() > Paths::LongestPath) {
         return false;
     }
     // A level's path is a beginning of the whole, so its length is enough to remember.

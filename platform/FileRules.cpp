@@ -7,13 +7,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// Longer texts are no paths.
-constexpr qsizetype LongestPath = 32767;
-
-} // namespace
-
 void RequireReplaceable(bool isFile, Existing existing) {
     if (!isFile) {
         throw RuntimeError(ErrorNumber::PermissionDenied);
@@ -24,9 +17,7 @@ void RequireReplaceable(bool isFile, Existing existing) {
 }
 
 QString NearestFolder(FileSystem& files, const QString& path) {
-    const bool isHopeless =
-        path.size() > LongestPath || !files.FolderExists(Paths::DrivePart(path));
-    if (isHopeless) { // trying thousands of folders would take minutes
+    if (path.size() > Paths::LongestPath || !files.FolderExists(Paths::DrivePart(path))) {
         return {};
     }
     QString folder = path;

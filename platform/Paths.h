@@ -7,6 +7,9 @@
 /// which only Linux has. These helpers join, cut and compare any form without looking at the disk.
 namespace Paths {
 
+/// Longer texts are no paths, and trying their thousands of folders would take minutes.
+constexpr qsizetype LongestPath = 32767;
+
 /// Whether `path` begins with a drive letter and a colon.
 bool IsDriveForm(const QString& path);
 
