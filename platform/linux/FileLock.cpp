@@ -1,16 +1,10 @@
 #include "platform/linux/FileLock.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/linux/SameFile.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <sys/file.h>
-
-bool IsSameFile(const struct stat& file, int folder, const char* name, int flags) {
-    struct stat other {};
-    return fstatat(folder, name, &other, flags) == 0 && file.st_dev == other.st_dev &&
-           file.st_ino == other.st_ino;
-}
 
 void LockNamed(int file, int folder, const char* name) {
     struct stat info {};

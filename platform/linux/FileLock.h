@@ -1,10 +1,5 @@
 #pragma once
 
-#include <sys/stat.h>
-
-/// Whether `name` in `folder` is the file that `file` describes; `flags` as of fstatat.
-bool IsSameFile(const struct stat& file, int folder, const char* name, int flags);
-
 /// Locks an open file that is being written, so that no other copy that runs right now writes it
 /// too or takes its name away. File systems without locks are trusted. Throws PermissionDenied
 /// where another copy was first. QLockFile would leave another file behind when a copy is killed.

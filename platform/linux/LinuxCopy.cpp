@@ -7,6 +7,7 @@
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/FileLock.h"
 #include "platform/linux/LinuxErrors.h"
+#include "platform/linux/SameFile.h"
 
 #include <atomic>
 #include <cstdio>
@@ -67,7 +68,7 @@ public:
     bool IsReplaced() const {
         struct stat found {};
         return fstatat(m_folder.Get(), PartName, &found, AT_SYMLINK_NOFOLLOW) == 0 &&
-               (found.st_dev != m_info.st_dev || found.st_ino != m_info.st_ino);
+               !IsSameFile(found, m_info);
     }
     /// At most once: afterwards a file of that name belongs to another copy.
     void Remove() {

@@ -4,6 +4,7 @@
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/FolderListing.h"
 #include "platform/linux/LinuxErrors.h"
+#include "platform/linux/SameFile.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -71,10 +72,6 @@ private:
     int m_firstError = 0;
 };
 
-bool IsSameFolder(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
-}
-
 /// Also recognises a folder that is mounted from elsewhere on the same device.
 bool IsMountPoint(int folder, const struct stat& info, const struct stat& parentInfo) {
     struct statx details {};
@@ -137,7 +134,7 @@ void TreeDeleter::Leave() {
             ThrowError(above.Error());
         }
         // Someone has moved the folder while it was emptied: what is above it now is not ours.
-        if (fstat(above.Get(), &info) != 0 || !IsSameFolder(info, m_levels.back().Info)) {
+        if (fstat(above.Get(), &info) != 0 || !IsSameFile(info, m_levels.back().Info)) {
             throw RuntimeError(ErrorNumber::PathFileAccessError);
         }
         m_current = std::move(above);

@@ -3,6 +3,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/linux/BeneathOpen.h"
 #include "platform/linux/LinuxNames.h"
+#include "platform/linux/SameFile.h"
 
 #include <QFile>
 
@@ -198,7 +199,7 @@ bool LinuxDrives::IsRoot(const struct stat& folder) {
     return std::any_of(table->Volumes.begin(), table->Volumes.end(), [&](const Volume& volume) {
         struct stat root {};
         return volume.IsPresent && stat(volume.Folder.constData(), &root) == 0 &&
-               root.st_dev == folder.st_dev && root.st_ino == folder.st_ino;
+               IsSameFile(root, folder);
     });
 }
 

@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxErrors.h"
 #include "platform/linux/LinuxFile.h"
 #include "platform/linux/LinuxNames.h"
+#include "platform/linux/SameFile.h"
 
 #include <QFile>
 #include <QStorageInfo>
@@ -156,8 +157,7 @@ void LinuxFileSystem::ReadAhead(const QString& path) {
 FileDescriptor LinuxFileSystem::TakeAhead(const QString& path, struct stat& info) {
     FileDescriptor file = m_ahead.Take(path);
     const std::optional<struct stat> found = file.IsOpen() ? m_paths.Look(path) : std::nullopt;
-    const bool isSame = found && fstat(file.Get(), &info) == 0 && found->st_dev == info.st_dev &&
-                        found->st_ino == info.st_ino;
+    const bool isSame = found && fstat(file.Get(), &info) == 0 && IsSameFile(*found, info);
     return isSame ? std::move(file) : FileDescriptor();
 }
 
