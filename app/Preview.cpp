@@ -29,7 +29,6 @@ void Preview::Play(int row) {
                         MessageIcon::Exclamation);
         return;
     }
-    WakeDevice(path);
     ScopeGuard pointer([this] { m_controls.Form1.SetMousePointer(MousePointer::Default); });
     m_controls.Form1.SetMousePointer(MousePointer::Hourglass);
     ScopeGuard failed([this] { m_preview.QTControl.SetSource(QString()); });
@@ -39,15 +38,6 @@ void Preview::Play(int row) {
     m_preview.frmPreview.Show();
     failed.Dismiss();
     pointer.Run();
-}
-
-/// The player opens its file on the window's thread, which must not wait for a disk that has to
-/// start first.
-void Preview::WakeDevice(const QString& path) {
-    m_files.Do([path](FileSystem& files) {
-        files.ReadAhead(path);
-        files.ReadAhead({}); // a device with an open file cannot be unmounted
-    });
 }
 
 void Preview::QTControl_SizeChanged() {

@@ -32,7 +32,6 @@ public:
 
 private:
     void Play(int row);
-    void WakeDevice(const QString& path);
 
     LinkedLists& m_lists;
     PatientFileSystem& m_files;

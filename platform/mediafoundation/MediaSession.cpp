@@ -96,7 +96,7 @@ void MediaSession::Run() {
     const MediaFoundation* functions = MediaFoundation::Find();
     const HRESULT entered = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     try {
-        if (functions == nullptr || IsCopyProtected(*m_file)) {
+        if (functions == nullptr || !m_file->Open() || IsCopyProtected(*m_file)) {
             throw RuntimeError(ErrorNumber::DeviceUnavailable);
         }
         MediaSource source(*functions, m_file, m_suffix);

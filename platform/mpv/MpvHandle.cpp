@@ -11,6 +11,7 @@
 #include <clocale>
 #include <cmath>
 #include <cstring>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -102,15 +103,18 @@ MpvHandle::MpvHandle() {
 }
 
 MpvHandle::~MpvHandle() {
-    CloseFile();
+    const bool hangs = m_hangs || !CloseFile();
     mpv_set_wakeup_callback(m_mpv.get(), nullptr, nullptr);
     const auto end = [mpv = m_mpv.get(), context = m_renderer->Release(), source = m_source] {
         mpv_render_context_free(context);
         mpv_terminate_destroy(mpv);
     };
-    ThreadWorker ending;
-    ending.DoLater(end);
     m_mpv.release();
+    if (hangs) {
+        std::thread(end).detach();
+    } else {
+        ThreadWorker().DoLater(end); // waits a moment for it
+    }
 }
 
 void MpvHandle::HearWakeup() {
@@ -127,7 +131,7 @@ int MpvHandle::OpenStream(void* self, char* address, mpv_stream_cb_info* info) {
         const std::lock_guard lock(source.Mutex);
         file = source.Address == address ? source.File : nullptr;
     }
-    if (file == nullptr || IsCopyProtected(*file)) {
+    if (file == nullptr || !file->Open() || IsCopyProtected(*file)) {
         return MPV_ERROR_LOADING_FAILED;
     }
     info->cookie = new FilePointer(file);
@@ -179,7 +183,8 @@ bool MpvHandle::Stop() {
     const char* command[] = {"stop", nullptr};
     mpv_command_async(m_mpv.get(), 0, command);
     ForgetFile(Playback::Stage::Empty);
-    return CloseFile();
+    m_hangs = !CloseFile();
+    return !m_hangs;
 }
 
 /// From now on nothing that is said about an earlier file counts. What the player reports by itself
@@ -207,9 +212,11 @@ bool MpvHandle::Known() const {
 }
 
 bool MpvHandle::WaitUntilKnown(int milliseconds) {
+    constexpr double betweenPictures = 0.005; // seconds
     const QDeadlineTimer deadline(milliseconds);
     while (!Known() && !deadline.hasExpired()) {
-        Handle(*mpv_wait_event(m_mpv.get(), static_cast<double>(deadline.remainingTime()) / 1000));
+        Handle(*mpv_wait_event(m_mpv.get(), betweenPictures));
+        m_renderer->SkipWaiting();
     }
     return Known();
 }

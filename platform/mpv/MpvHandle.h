@@ -88,6 +88,8 @@ private:
     qint64 m_entry = -1;
     qint64 m_startedEntry = -1;
     qint64 m_loadedEntry = -1;
+    /// The device hung when the last file was to be closed.
+    bool m_hangs = false;
 
     // Last, since they must go first: their threads use all of the above.
     std::unique_ptr<mpv_handle, Terminate> m_mpv;

@@ -40,11 +40,15 @@ void MpvRenderer::HearUpdate() {
         &m_receiver,
         [this] {
             m_updateUnderWay = false;
-            if ((mpv_render_context_update(m_context.get()) & MPV_RENDER_UPDATE_FRAME) != 0) {
+            if (HasFrame()) {
                 m_frameReady();
             }
         },
         Qt::QueuedConnection);
+}
+
+bool MpvRenderer::HasFrame() {
+    return (mpv_render_context_update(m_context.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
 }
 
 void MpvRenderer::Render(QImage& image) {
@@ -62,6 +66,12 @@ void MpvRenderer::Render(QImage& image) {
                                      {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &block},
                                      {MPV_RENDER_PARAM_INVALID, nullptr}};
     mpv_render_context_render(m_context.get(), parameters);
+}
+
+void MpvRenderer::SkipWaiting() {
+    if (m_updateUnderWay && HasFrame()) {
+        Skip();
+    }
 }
 
 void MpvRenderer::Skip() {

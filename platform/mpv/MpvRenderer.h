@@ -27,6 +27,9 @@ public:
     mpv_render_context* Release();
     /// Lets the player go on without drawing the current frame.
     void Skip();
+    /// The same, if a frame waits to be drawn. For a caller that keeps the window from it: the
+    /// player would wait for a fifth of a second.
+    void SkipWaiting();
 
 private:
     struct Free {
@@ -34,6 +37,7 @@ private:
     };
 
     void HearUpdate();
+    bool HasFrame();
 
     std::function<void()> m_frameReady;
     /// Updates come from the player's threads; this brings them here, and drops them when the

@@ -1,40 +1,52 @@
 #include "platform/player/MediaFile.h"
 
+#include "platform/ScopeGuard.h"
+#include "platform/ThreadWorker.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
-#include <chrono>
+#include <utility>
 
-MediaFile::MediaFile(const QString& nativePath) : m_file(nativePath) {
-    // A pipe or a device might never answer.
-    if (QFileInfo(nativePath).isFile() &&
-        m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        m_size = m_file.size();
-    }
+MediaFile::MediaFile(std::function<QString()> findPath) : m_findPath(std::move(findPath)) {
+}
+
+/// Does what may hang, without the lock.
+void MediaFile::Use(const std::function<void()>& work) {
+    std::unique_lock lock(m_mutex);
+    m_useEnded.wait(lock, [this] { return !m_isUsed; });
+    m_isUsed = true;
+    lock.unlock();
+    const ScopeGuard ended([&] {
+        lock.lock();
+        m_isUsed = false;
+        m_useEnded.notify_all();
+    });
+    work();
+}
+
+bool MediaFile::Open() {
+    bool isOpen = false;
+    Use([&] {
+        const QString path = m_isClosed ? QString() : m_findPath();
+        m_file.setFileName(path);
+        // A pipe or a device might never answer.
+        isOpen =
+            QFileInfo(path).isFile() && m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        m_size = isOpen ? m_file.size() : 0;
+    });
+    return isOpen;
 }
 
 qint64 MediaFile::Read(char* buffer, qint64 size) {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (m_closed || !m_file.isOpen()) {
-            return -1;
-        }
-        m_reading = true;
-    }
-    const qint64 count = m_file.read(buffer, size);
-
-    const std::lock_guard lock(m_mutex);
-    m_reading = false;
-    if (m_closed) {
-        m_file.close();
-    }
-    m_readEnded.notify_all();
+    qint64 count = -1;
+    Use([&] { count = IsOpen() ? m_file.read(buffer, size) : -1; });
     return count;
 }
 
 qint64 MediaFile::Seek(qint64 position) {
-    const std::lock_guard lock(m_mutex);
-    const bool found = !m_closed && m_file.isOpen() && position >= 0 && m_file.seek(position);
+    bool found = false;
+    Use([&] { found = IsOpen() && position >= 0 && m_file.seek(position); });
     return found ? position : -1;
 }
 
@@ -50,12 +62,8 @@ QByteArray MediaFile::ReadAt(qint64 position, qint64 size) {
 }
 
 bool MediaFile::Close() {
-    constexpr std::chrono::milliseconds patience(80);
-    std::unique_lock lock(m_mutex);
-    m_closed = true;
-    const bool isIdle = m_readEnded.wait_for(lock, patience, [this] { return !m_reading; });
-    if (isIdle) {
-        m_file.close();
-    }
-    return isIdle;
+    m_isClosed = true;
+    ThreadWorker closing;
+    const auto close = [file = shared_from_this()] { file->Use([&] { file->m_file.close(); }); };
+    return closing.Do(close, [] { return false; });
 }

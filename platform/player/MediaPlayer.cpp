@@ -1,6 +1,25 @@
 #include "platform/player/MediaPlayer.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/player/MediaFile.h"
+
+#include <QFileInfo>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+/// Empty where there is none.
+QString NativePathOf(FileSystem& files, const QString& path) {
+    try {
+        return files.NativePath(path);
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+} // namespace
 
 MediaPlayer::MediaPlayer(QWidget* parent, const QString& name, FileSystem& files)
     : QtControl(new PlayerWidget(parent), name), m_files(files) {
@@ -14,19 +33,14 @@ void MediaPlayer::SetSource(const QString& path) {
         Widget()->Stop();
         return;
     }
-    Widget()->Open(NativePathOf(path));
+    auto file = std::make_shared<MediaFile>([files = KeptAlive(m_files), path] {
+        return NativePathOf(*files, path); // waits for the device
+    });
+    Widget()->Open(std::move(file), QFileInfo(path).suffix());
     TakeNaturalSize();
     // A window that keeps its size, because it is maximised, is filled all the same.
     QMetaObject::invokeMethod(
         Widget(), [this] { FillParent(); }, Qt::QueuedConnection);
-}
-
-QString MediaPlayer::NativePathOf(const QString& path) const {
-    try {
-        return m_files.NativePath(path);
-    } catch (const RuntimeError&) {
-        return {};
-    }
 }
 
 void MediaPlayer::TakeNaturalSize() {

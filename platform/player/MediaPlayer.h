@@ -17,7 +17,6 @@ private:
     FileSystem& m_files;
     QString m_source;
 
-    QString NativePathOf(const QString& path) const;
     void TakeNaturalSize();
     void FillParent();
     void TakeLateSize();

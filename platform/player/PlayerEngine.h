@@ -26,8 +26,8 @@ public:
 
     virtual const Playback& State() const = 0;
 
-    /// Plays an open file from its beginning, in place of any other. `suffix`, the ending of its
-    /// name without the dot, helps to recognise what it holds.
+    /// Opens a file and plays it from its beginning, in place of any other. `suffix`, the ending of
+    /// its name without the dot, helps to recognise what it holds.
     virtual void Load(std::shared_ptr<MediaFile> file, const QString& suffix) = 0;
     /// Stops and closes the file. False when the device hangs: this engine is of no use then.
     virtual bool Stop() = 0;

@@ -5,8 +5,8 @@
 #include "platform/player/PlayerEngine.h"
 #include "platform/player/VideoArea.h"
 
+#include <QDeadlineTimer>
 #include <QEvent>
-#include <QFileInfo>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -75,25 +75,18 @@ void PlayerWidget::NeedPlayer() {
     m_area->SetEngine(m_player.get());
 }
 
-void PlayerWidget::Open(const QString& nativePath) {
+void PlayerWidget::Open(std::shared_ptr<MediaFile> file, const QString& suffix) {
+    const QDeadlineTimer deadline(Patience);
     Stop();
     try {
-        Play(nativePath);
+        NeedPlayer();
+        m_player->Load(std::move(file), suffix);
+        m_hasFile = true;
+        m_awaitsFile = !m_player->WaitUntilKnown(static_cast<int>(deadline.remainingTime()));
     } catch (const RuntimeError&) {
         m_without.At = Playback::Stage::Failed;
     }
     ShowState();
-}
-
-void PlayerWidget::Play(const QString& nativePath) {
-    auto file = std::make_shared<MediaFile>(nativePath);
-    if (!file->IsOpen()) {
-        throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
-    NeedPlayer();
-    m_player->Load(std::move(file), QFileInfo(nativePath).suffix());
-    m_hasFile = true;
-    m_awaitsFile = !m_player->WaitUntilKnown(Patience);
 }
 
 void PlayerWidget::Stop() {

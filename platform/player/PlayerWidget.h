@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+class MediaFile;
 class PlayerEngine;
 class PlayerBar;
 class VideoArea;
@@ -15,8 +16,10 @@ class VideoArea;
 /// needed.
 class PlayerWidget : public QWidget {
 public:
-    /// How long Open waits until the file is known, in milliseconds.
-    int Patience = 2000;
+    /// How long Open waits until the file is known, in milliseconds. The window is not served
+    /// meanwhile, so it must be too short to notice.
+    static constexpr int UsualPatience = 80;
+    int Patience = UsualPatience;
     /// The file became known after Open had given up waiting; its size may have changed.
     std::function<void()> KnownLate;
     /// The widget that holds the player has another size.
@@ -25,8 +28,9 @@ public:
     explicit PlayerWidget(QWidget* parent);
     ~PlayerWidget() override;
 
-    /// Plays the file of that path of the operating system, or says that it cannot be played.
-    void Open(const QString& nativePath);
+    /// Plays a file that is not open yet, or says that it cannot be played. `suffix` is the ending
+    /// of its name.
+    void Open(std::shared_ptr<MediaFile> file, const QString& suffix);
     /// Stops at once; the file is closed.
     void Stop();
     /// The size that suits what is played, in pixels: a film's own, or smaller where the screen is.
@@ -48,7 +52,6 @@ private:
 
     const Playback& State() const;
     void NeedPlayer();
-    void Play(const QString& nativePath);
     void ShowState();
     void HearChange();
     void PlayOrPause();

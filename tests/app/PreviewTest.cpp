@@ -122,12 +122,6 @@ TEST_F(PreviewTest, AWindowThatIsClosedWhileTheDeviceIsAskedPlaysAndReportsNothi
     EXPECT_TRUE(messages.Shown.empty());
 }
 
-TEST_F(PreviewTest, TheDeviceHasWokenWhenThePlayerOpensTheFile) {
-    player.OnSource = [this] { EXPECT_EQ(files.AheadOf, QStringList({money, QString()})); };
-    PreviewRow(1);
-    EXPECT_EQ(player.Sources.size(), 1);
-}
-
 TEST_F(PreviewTest, AWindowThatTheUserHasResizedTakesThePlayersSizeAgain) {
     PreviewRow(3);
     frmPreview.UserResize(9000, 9000);

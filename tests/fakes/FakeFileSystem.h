@@ -98,8 +98,6 @@ public:
     /// The folders that RemoveLeftovers was called for, in order. It never fails, and is no
     /// recorded call: nothing is left over here.
     QStringList ClearedFolders;
-    /// What ReadAhead was called for, in order. It never fails, and is no recorded call either.
-    QStringList AheadOf;
 
     // ---- failures. A test of existence that is made to fail answers false.
 
@@ -132,7 +130,8 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    void ReadAhead(const QString& path) override { AheadOf += path; }
+    /// Changes nothing, never fails, and is no recorded call.
+    void ReadAhead(const QString&) override {}
     void RequireTarget(const QString& target, Existing existing) override;
     bool MoveFile(BinaryFile& file, const QString& target, Existing existing,
                   const CopyControl& control) override;

@@ -35,7 +35,8 @@ QByteArray Track(const char* format) {
 bool IsProtected(const QByteArray& bytes) {
     QTemporaryFile file;
     EXPECT_TRUE(file.open() && file.write(bytes) == bytes.size() && file.flush());
-    MediaFile media(file.fileName());
+    MediaFile media([&] { return file.fileName(); });
+    EXPECT_TRUE(media.Open());
     return IsCopyProtected(media);
 }
 

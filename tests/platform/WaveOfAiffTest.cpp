@@ -51,8 +51,10 @@ QByteArray Aiff(const Sound& sound) {
 std::unique_ptr<WaveOfAiff> Wave(const QByteArray& bytes) {
     QTemporaryFile file;
     EXPECT_TRUE(file.open() && file.write(bytes) == bytes.size() && file.flush());
+    auto media = std::make_shared<MediaFile>([&] { return file.fileName(); });
+    EXPECT_TRUE(media->Open());
     try {
-        return std::make_unique<WaveOfAiff>(std::make_shared<MediaFile>(file.fileName()));
+        return std::make_unique<WaveOfAiff>(std::move(media));
     } catch (const RuntimeError&) {
         return nullptr;
     }

@@ -227,8 +227,8 @@ TEST_F(PlayerFile, ManySourcesInARowLeaveNoneOpen) {
         QTest::qWait(i % 4);
     }
     EXPECT_FALSE(IsOpen(film));
-    EXPECT_EQ(TimesOpen(tone), 1);
     EXPECT_TRUE(Becomes([&] { return Position().value() > 100; }));
+    EXPECT_EQ(TimesOpen(tone), 1);
     player.SetSource(QString());
     EXPECT_FALSE(IsOpen(tone));
 }

@@ -3,9 +3,10 @@
 slow_device.py <folder> <folder to mount at> <control file>
 
 The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>",
-"seek=<seconds until the arm is at bytes that do not follow the last ones>", and "stall=read", "stall=write", "stall=open" or "stall=change" (whatever makes, renames or removes) for what does not come
-back as long as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where
-nothing can be mounted."""
+"seek=<seconds until the arm is at bytes that do not follow the last ones>", and "stall=read", "stall=write",
+"stall=open", "stall=close" or "stall=change" (whatever makes, renames or removes) for what does not come back as long
+as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where nothing can be
+mounted."""
 
 import sys
 import threading
@@ -66,6 +67,10 @@ class SlowDevice(KeptDisk):
         self._wait_while_stalled("write")
         self._take_time(len(data))
         return super().write(path, data, offset, fh)
+
+    def flush(self, path, fh):
+        self._wait_while_stalled("close")
+        return 0
 
     def create(self, path, mode, fi=None):
         self._wait_while_stalled("change")
