@@ -1,5 +1,6 @@
 #include "platform/qt/FolderOffers.h"
 
+#include "platform/ThreadWorker.h"
 #include "platform/qt/QtFrames.h"
 
 #include <QApplication>
@@ -60,8 +61,7 @@ QStringList FolderOffers::Matching(const QString& text) {
     const qsizetype end = text.lastIndexOf(QDir::separator()) + 1;
     const QString folder = text.left(end);
     if (folder != m_folder) {
-        m_folder = folder;
-        m_names = FoldersIn(folder);
+        List(folder);
     }
     const QString begun = text.mid(end);
     QStringList matching;
@@ -72,6 +72,39 @@ QStringList FolderOffers::Matching(const QString& text) {
         }
     }
     return matching == QStringList(begun) ? QStringList() : matching;
+}
+
+/// Reads the names on another thread, since the disk may hang. Those that come too late for a key
+/// press are taken when they come.
+void FolderOffers::List(const QString& folder) {
+    m_folder = folder;
+    m_names.clear();
+    const auto names = std::make_shared<QStringList>();
+    m_awaited = names;
+    const auto list = [offers = QPointer<FolderOffers>(this), folder, names] {
+        *names = FoldersIn(folder);
+        const auto take = [offers, names] {
+            if (offers) {
+                QtFrames::Handle([&] { offers->TakeLate(names); });
+            }
+        };
+        QMetaObject::invokeMethod(qApp, take, Qt::QueuedConnection);
+    };
+    if (ThreadWorker().Do(list, [] { return false; })) {
+        m_names = *names;
+        m_awaited.reset();
+    }
+}
+
+void FolderOffers::TakeLate(const std::shared_ptr<const QStringList>& names) {
+    if (names != m_awaited) {
+        return; // they came in time, or are of a folder that nobody asks for any more
+    }
+    m_names = *names;
+    m_awaited.reset();
+    if (m_box->text() == m_typed) {
+        Offer();
+    }
 }
 
 void FolderOffers::Open(const QStringList& names) {
@@ -116,6 +149,7 @@ void FolderOffers::Close() {
     // By the time the user types again, the names may be out of date.
     m_folder.clear();
     m_names.clear();
+    m_awaited.reset();
     Hide();
 }
 

@@ -4,6 +4,8 @@
 #include <QListWidget>
 #include <QPointer>
 
+#include <memory>
+
 /// Offers, while the user types a path into a box, the folders that may come next. The list is a
 /// part of the window and takes neither the focus nor the mouse: keys go to the box, a click
 /// elsewhere has its usual effect, and only what is in the box counts. QCompleter's list is a
@@ -25,10 +27,14 @@ private:
     /// The folder whose subfolders are known, up to its last separator, and their names.
     QString m_folder;
     QStringList m_names;
+    /// The names of that folder, as long as they are still being read.
+    std::shared_ptr<const QStringList> m_awaited;
 
     bool IsOpen() const { return m_list != nullptr && m_list->isVisible(); }
     void Offer();
     QStringList Matching(const QString& text);
+    void List(const QString& folder);
+    void TakeLate(const std::shared_ptr<const QStringList>& names);
     void Open(const QStringList& names);
     void Place();
     void Close();

@@ -4,9 +4,9 @@ slow_device.py <folder> <folder to mount at> <control file>
 
 The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>",
 "seek=<seconds until the arm is at bytes that do not follow the last ones>", and "stall=read", "stall=write",
-"stall=open", "stall=close" or "stall=change" (whatever makes, renames or removes) for what does not come back as long
-as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where nothing can be
-mounted."""
+"stall=open", "stall=close", "stall=find" (a file's or folder's name) or "stall=change" (whatever makes, renames or
+removes) for what does not come back as long as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends
+with 77, and says why, where nothing can be mounted."""
 
 import sys
 import threading
@@ -49,6 +49,10 @@ class SlowDevice(KeptDisk):
         if speed:
             with self._arm:
                 time.sleep(size / speed)
+
+    def getattr(self, path, fh=None):
+        self._wait_while_stalled("find")
+        return super().getattr(path, fh)
 
     def open(self, path, flags):
         self._wait_while_stalled("open")
