@@ -1,5 +1,6 @@
 // Folders on a disk that hangs, which the window must not wait for.
 
+#include "platform/qt/QtShell.h"
 #include "platform/qt/QtTextControl.h"
 #include "tests/fakes/Text.h"
 #include "tests/support/ServedDisk.h"
@@ -7,6 +8,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QListWidget>
 #include <QTemporaryDir>
 
@@ -65,4 +67,19 @@ TEST_F(HangingFolder, IsOfferedWhenTheDiskAnswersUnlessTheUserWentOn) {
     disk.Be("");
     QTest::qWait(200);
     EXPECT_EQ(offered(), u"Pictures"_s);
+}
+
+TEST_F(HangingFolder, IsNotWaitedForByTheFolderPicker) {
+    disk.Be("stall=find");
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->directory().canonicalPath(), QDir::home().canonicalPath());
+        dialog->reject();
+    });
+    QElapsedTimer time;
+    time.start();
+    QtShell().BrowseForFolder(0, {}, folder.filePath(u"A"_s));
+    EXPECT_LT(time.elapsed(), 1000);
+    disk.Be("");
 }
