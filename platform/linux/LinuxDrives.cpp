@@ -35,11 +35,6 @@ bool LiesWhereDesktopsMount(const QByteArray& folder) {
     return folder.startsWith("/media/") || folder.startsWith("/run/media/");
 }
 
-bool IsFolder(const QByteArray& path) {
-    struct stat info {};
-    return stat(path.constData(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
 FileDescriptor OpenFolder(const QByteArray& path) {
     return FileDescriptor(open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
@@ -213,7 +208,7 @@ bool LinuxDrives::IsSame(const Volume& one, const Volume& other) {
     return uuidsAreKnown ? one.Uuid == other.Uuid : one.Source == other.Source;
 }
 
-std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes(const std::vector<Mount>& mounts) const {
+std::vector<LinuxDrives::Volume> LinuxDrives::FindVolumes(const std::vector<Mount>& mounts) {
     std::vector<Volume> volumes;
     AddMounted(volumes, mounts);
     AddAttached(volumes);
@@ -254,7 +249,7 @@ void LinuxDrives::AddAttached(std::vector<Volume>& volumes) {
         const bool isListed =
             std::any_of(volumes.begin(), volumes.end(),
                         [&](const Volume& volume) { return volume.Folder == folder; });
-        if (!folder.isEmpty() && !isListed && IsFolder(folder)) {
+        if (!folder.isEmpty() && !isListed && m_attached.Exists(folder)) {
             volumes.push_back({folder, {}, {}, {}, {}, {}, true});
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Drives.h"
+#include "platform/linux/AttachedFolders.h"
 #include "platform/linux/BlockDevices.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/MountTable.h"
@@ -88,9 +89,9 @@ private:
     static QChar TakeLetter(std::vector<Volume>& volumes);
     static std::vector<Volume> Merge(std::vector<Volume> known, const std::vector<Volume>& found);
     static std::optional<bool> FindWhetherOnIpod(const Table& table, int folder);
-    std::vector<Volume> FindVolumes(const std::vector<Mount>& mounts) const;
+    std::vector<Volume> FindVolumes(const std::vector<Mount>& mounts);
     void AddMounted(std::vector<Volume>& volumes, const std::vector<Mount>& mounts) const;
-    static void AddAttached(std::vector<Volume>& volumes);
+    void AddAttached(std::vector<Volume>& volumes);
     TablePointer Refresh();
     TablePointer Current();
     Volume Require(QChar letter);
@@ -98,6 +99,7 @@ private:
 
     LinuxDriveSources m_sources;
     BlockDevices m_devices;
+    AttachedFolders m_attached;
     FileDescriptor m_tableWatch;
 
     /// Guards what follows; never held while the system is asked, which may hang.

@@ -2,12 +2,15 @@
 
 #include "platform/RuntimeError.h"
 #include "tests/platform/LinuxFixture.h"
+#include "tests/support/ServedDisk.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -293,6 +296,29 @@ TEST_F(DrivesFixture, AnAttachedFolderAppearsOnceItIsCreated) {
     EXPECT_EQ(Listed(), "");
     WriteFile(folder, "a file is no drive");
     EXPECT_EQ(Listed(), "");
+}
+
+TEST_F(DrivesFixture, AnAttachedFolderThatHangsIsNotWaitedForAndStaysWhatItWas) {
+    MakeFolder(Path(u"slow"_s));
+    SlowDisk disk(Path(u"slow"_s));
+    if (!disk.IsMounted()) {
+        GTEST_SKIP() << disk.Impossible().toStdString();
+    }
+    MakeFolder(disk.Content() + u"/ipod"_s);
+    qputenv("SONGLIFT_DRIVES", Path(u"slow/ipod"_s).toUtf8());
+    for (const char* listed : {"", "E:ipod"}) {
+        QThread::msleep(1200); // for a second the system remembers what it was told
+        disk.Be("stall=find");
+        QElapsedTimer time;
+        time.start();
+        EXPECT_EQ(Listed(), listed);
+        EXPECT_EQ(Listed(), listed);
+        EXPECT_LT(time.elapsed(), 500);
+        disk.Be("");
+        for (int i = 0; i < 100 && Listed() != "E:ipod"; ++i) {
+            QThread::msleep(50);
+        }
+    }
 }
 
 TEST_F(DrivesFixture, VolumesPastZAreNotListed) {
