@@ -7,6 +7,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// At first there is no answer to go by, and no window yet that anybody looks at.
+constexpr auto FirstPatience = 2s;
 /// Too short to notice: the window asks, too.
 constexpr auto Patience = 80ms;
 
@@ -20,6 +22,7 @@ bool IsFolder(const QByteArray& path) {
 bool AttachedFolders::Exists(const QByteArray& path) {
     std::unique_lock all(m_mutex);
     std::shared_ptr<Answer>& kept = m_answers[path];
+    const std::chrono::milliseconds patience = kept ? Patience : FirstPatience;
     if (!kept) {
         kept = std::make_shared<Answer>();
     }
@@ -36,7 +39,7 @@ bool AttachedFolders::Exists(const QByteArray& path) {
             answer->Given.notify_all();
         }).detach();
         answer->IsDue = true;
-        answer->Until = std::chrono::steady_clock::now() + Patience;
+        answer->Until = std::chrono::steady_clock::now() + patience;
     }
     answer->Given.wait_until(lock, answer->Until, [&answer] { return !answer->IsDue; });
     return answer->Exists;

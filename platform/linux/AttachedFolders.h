@@ -12,7 +12,8 @@
 /// an earlier answer is still due. May be used by several threads.
 class AttachedFolders {
 public:
-    /// Waits a moment for a disk that hangs; then the last answer counts, at first false.
+    /// Waits a moment for a disk that hangs, and longer where it was never asked for; then the last
+    /// answer counts, at first false.
     bool Exists(const QByteArray& path);
 
 private:

@@ -306,14 +306,14 @@ TEST_F(DrivesFixture, AnAttachedFolderThatHangsIsNotWaitedForAndStaysWhatItWas) 
     }
     MakeFolder(disk.Content() + u"/ipod"_s);
     qputenv("SONGLIFT_DRIVES", Path(u"slow/ipod"_s).toUtf8());
-    for (const char* listed : {"", "E:ipod"}) {
+    for (const auto& [listed, patience] : {std::pair{"", 2500}, std::pair{"E:ipod", 500}}) {
         QThread::msleep(1200); // for a second the system remembers what it was told
         disk.Be("stall=find");
         QElapsedTimer time;
         time.start();
         EXPECT_EQ(Listed(), listed);
         EXPECT_EQ(Listed(), listed);
-        EXPECT_LT(time.elapsed(), 500);
+        EXPECT_LT(time.elapsed(), patience);
         disk.Be("");
         for (int i = 0; i < 100 && Listed() != "E:ipod"; ++i) {
             QThread::msleep(50);
