@@ -96,6 +96,7 @@ public:
         controls.txtSearch.SetText(QString());
         controls.tbsFilter.Select(0);
         ASSERT_EQ(controls.lstArtists.ListCount(), 3);
+        controls.lstArtists.SetListIndex(0); // as a click on a check box does
         controls.lstArtists.SetSelected(0, false);
         controls.lstArtists.SetSelected(0, true);
         files.Remove(u"D:\\Music"_s);
