@@ -10,10 +10,15 @@ namespace {
 
 const QString Completed = u"Songlift: Copy completed!"_s;
 
-/// Jobs whose destination is such a disk; the parameter is the length of file that the database
-/// tells, so that both ways of copying are tried.
-class OnCaselessDisk : public JobOnDisk, public testing::WithParamInterface<qint64> {
+/// Jobs whose destination is such a disk.
+class JobOnCaselessDisk : public JobOnDisk {
 protected:
+    /// With an image, in which it lies on a block device, Linux takes it for a file system of
+    /// Windows.
+    explicit JobOnCaselessDisk(const char* image = nullptr)
+        : m_disk("caseless_disk.py", Destination(),
+                 image != nullptr ? QStringList(World(image)) : QStringList()) {}
+
     void SetUp() override {
         if (!m_disk.Impossible().isEmpty()) {
             GTEST_SKIP() << qPrintable(m_disk.Impossible());
@@ -21,6 +26,14 @@ protected:
         ASSERT_TRUE(m_disk.IsMounted());
     }
 
+private:
+    ServedDisk m_disk;
+};
+
+/// The parameter is the length of file that the database tells, so that both ways of copying are
+/// tried.
+class OnCaselessDisk : public JobOnCaselessDisk, public testing::WithParamInterface<qint64> {
+protected:
     SampleTrack& Add(const char* title, const char* bytes) {
         return AddSong(Text(title), bytes, GetParam());
     }
@@ -29,23 +42,11 @@ protected:
         EXPECT_EQ(FilesIn(Destination()).filter(u"songlift"_s), QStringList());
         ExpectRestUntouched();
     }
-
-private:
-    ServedDisk m_disk{"caseless_disk.py", Destination()};
 };
 
-/// The same disk, on a block device: Linux takes it for one of the file systems of Windows.
-class OnWindowsDisk : public JobOnDisk {
+class OnWindowsDisk : public JobOnCaselessDisk {
 protected:
-    void SetUp() override {
-        if (!m_disk.Impossible().isEmpty()) {
-            GTEST_SKIP() << qPrintable(m_disk.Impossible());
-        }
-        ASSERT_TRUE(m_disk.IsMounted());
-    }
-
-private:
-    ServedDisk m_disk{"caseless_disk.py", Destination(), {World("image")}};
+    OnWindowsDisk() : JobOnCaselessDisk("image") {}
 };
 
 } // namespace
