@@ -108,6 +108,10 @@ bool ThreadWorker::Do(std::function<void()> work, const std::function<bool()>& m
     return true;
 }
 
+bool ThreadWorker::DoSoon(std::function<void()> work) {
+    return ThreadWorker().Do(std::move(work), [] { return false; });
+}
+
 void ThreadWorker::DoLater(std::function<void()> work) {
     Start(std::make_shared<Job>(Job{std::move(work)}));
 }

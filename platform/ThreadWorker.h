@@ -18,6 +18,9 @@ public:
 
     bool Do(std::function<void()> work, const std::function<bool()>& mayGoOn) override;
     void DoLater(std::function<void()> work) override;
+    /// For the window's thread, which has no time to wait: does `work` on a thread of its own.
+    /// False when that takes more than a moment; then the thread goes on with it alone.
+    static bool DoSoon(std::function<void()> work);
 
 private:
     struct Job;

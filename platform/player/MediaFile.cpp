@@ -63,7 +63,6 @@ QByteArray MediaFile::ReadAt(qint64 position, qint64 size) {
 
 bool MediaFile::Close() {
     m_isClosed = true;
-    ThreadWorker closing;
     const auto close = [file = shared_from_this()] { file->Use([&] { file->m_file.close(); }); };
-    return closing.Do(close, [] { return false; });
+    return ThreadWorker::DoSoon(close);
 }

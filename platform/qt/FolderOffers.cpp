@@ -90,7 +90,7 @@ void FolderOffers::List(const QString& folder) {
         };
         QMetaObject::invokeMethod(qApp, take, Qt::QueuedConnection);
     };
-    if (ThreadWorker().Do(list, [] { return false; })) {
+    if (ThreadWorker::DoSoon(list)) {
         m_names = *names;
         m_awaited.reset();
     }

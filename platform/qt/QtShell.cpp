@@ -18,7 +18,7 @@ namespace {
 bool IsFolder(const QString& path) {
     const auto exists = std::make_shared<bool>(false);
     const auto ask = [path, exists] { *exists = QDir(path).exists(); };
-    return ThreadWorker().Do(ask, [] { return false; }) && *exists;
+    return ThreadWorker::DoSoon(ask) && *exists;
 }
 
 } // namespace
