@@ -11,9 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Waiting for a block costs two changes of the thread, so that fewer and larger ones are better;
-/// but from a slow device they come one by one, and the progress bar stands still meanwhile.
-constexpr qint64 LargestBlock = qint64{2} << 20;
+/// A block that takes less than this came quickly.
 constexpr auto Soon = 20ms;
 
 } // namespace
@@ -27,7 +25,7 @@ void FileWindow::MoveTo(qint64 position, qint64 count) {
         m_begin = m_end = 0;
         m_file = m_files.OpenForReading(m_path);
     }
-    Grow(std::max(count, std::min(m_blockSize, m_lastIndex + 1)));
+    Grow(std::max(count, std::min(LargestBlock, m_lastIndex + 1)));
     while (m_end <= position) {
         m_begin = m_end; // the bytes before `position` are not needed
         ReadOn();
@@ -59,16 +57,15 @@ void FileWindow::Grow(qint64 size) {
 /// Reads as many of the next bytes as there is room for.
 void FileWindow::ReadOn() {
     const qint64 held = m_end - m_begin;
-    const qint64 count = std::min(m_size - held, m_lastIndex - m_end);
+    const qint64 count = std::min({m_blockSize, m_size - held, m_lastIndex - m_end});
     if (count > 0) {
         m_hasFailed = true; // until the read has succeeded
         const auto begin = std::chrono::steady_clock::now();
         m_file->Read({m_bytes, m_bytes.get() + held}, count);
         m_hasFailed = false;
         m_end += count;
-        if (std::chrono::steady_clock::now() - begin < Soon) {
-            m_blockSize = std::min(2 * m_blockSize, LargestBlock);
-        }
+        const bool isQuick = std::chrono::steady_clock::now() - begin < Soon;
+        m_blockSize = isQuick ? std::min(2 * m_blockSize, LargestBlock) : SmallestBlock;
     } else {
         m_bytes[static_cast<size_t>(held)] = 0;
         m_end = m_lastIndex + 1;

@@ -29,6 +29,12 @@ public:
     bool HasFailed() const { return m_hasFailed; }
 
 private:
+    /// Waiting for a block costs two changes of the thread, so that fewer and larger ones are
+    /// better while they come quickly; from a slow device each takes long, and the progress bar
+    /// stands still meanwhile.
+    static constexpr qint64 SmallestBlock = qint64{256} << 10;
+    static constexpr qint64 LargestBlock = qint64{1} << 20;
+
     void MoveTo(qint64 position, qint64 count);
     void Keep(qint64 position);
     void Grow(qint64 size);
@@ -40,8 +46,8 @@ private:
     std::unique_ptr<BinaryFile> m_file;
     std::shared_ptr<char[]> m_bytes;
     qint64 m_size = 0;
-    /// How many bytes are read at once; it grows while they come quickly.
-    qint64 m_blockSize = qint64{256} << 10;
+    /// How many bytes are read at once.
+    qint64 m_blockSize = SmallestBlock;
     /// The part of the file that is in m_bytes: from m_begin to before m_end.
     qint64 m_begin = 0;
     qint64 m_end = 0;

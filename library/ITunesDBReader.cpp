@@ -38,11 +38,14 @@ QString AsString(const ItemText& text) {
     return string;
 }
 
-/// The same, but returns `before` where the two are equal, which costs less than a new string.
+/// Comparing texts costs less than making one. On a big-endian machine none is found to be equal.
+bool IsSame(const ItemText& text, const QString& before) {
+    return std::endian::native == std::endian::little && text.Units == before.size() &&
+           std::memcmp(text.Bytes, before.constData(), 2 * before.size()) == 0;
+}
+
 QString AsString(const ItemText& text, const QString& before) {
-    const bool isSame = std::endian::native == std::endian::little && text.Units == before.size() &&
-                        std::memcmp(text.Bytes, before.constData(), 2 * before.size()) == 0;
-    return isSame ? before : AsString(text);
+    return IsSame(text, before) ? before : AsString(text);
 }
 
 /// The path of a location that is stored with ":" between its folders.
@@ -94,6 +97,7 @@ private:
     QString m_album;
     QString m_artist;
     QString m_typeText;
+    Kind m_kind = KindOther;
 };
 
 bool TrackListWalk::FindTrackList() {
@@ -201,8 +205,11 @@ void TrackListWalk::TakeItem(qint64 item, qint32 length) {
         m_pending.Artist = AsString(text, m_artist);
         break;
     case 6:
-        m_typeText = AsString(text, m_typeText);
-        m_pending.Record.Kind = KindFromTypeText(m_typeText);
+        if (!IsSame(text, m_typeText)) {
+            m_typeText = AsString(text);
+            m_kind = KindFromTypeText(m_typeText);
+        }
+        m_pending.Record.Kind = m_kind;
         break;
     }
 }

@@ -5,6 +5,17 @@
 #include <limits>
 #include <utility>
 
+namespace {
+
+/// Mostly it is the name of the track before, and comparing costs less than sharing a text.
+template <class Record> void Rename(Record& record, const QString& name) {
+    if (record.Name != name) {
+        record.Name = name;
+    }
+}
+
+} // namespace
+
 void TrackGrouping::Add(TrackRecord&& track, const QString& artistName, const QString& albumName) {
     if (m_library.TrackCount == std::numeric_limits<qint16>::max()) {
         throw RuntimeError(ErrorNumber::Overflow);
@@ -28,8 +39,8 @@ void TrackGrouping::Put(TrackRecord&& track, const QString& artistName, const QS
     const qint32 fileSize = track.FileSize;
     album.Tracks.push_back(std::move(track));
     // From here on nothing fails.
-    album.Name = albumName;
-    artist.Name = artistName;
+    Rename(album, albumName);
+    Rename(artist, artistName);
     m_library.CountTrack(fileSize);
 }
 

@@ -42,7 +42,7 @@ float ToSingle(double value) {
 }
 
 qint32 BytesToLong(quint8 b0, quint8 b1, quint8 b2, quint8 b3) {
-    return ToLong(b0 + b1 * 256.0 + b2 * 65536.0 + b3 * 16777216.0);
+    return ToLong(b0 | qint64{b1} << 8 | qint64{b2} << 16 | qint64{b3} << 24);
 }
 
 double TextToNumber(const QString& text) {

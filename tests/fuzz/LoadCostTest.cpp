@@ -23,9 +23,8 @@ constexpr int Most = 32767;
 /// How much more a track may take in the largest library than in a small one. What goes back over
 /// the tracks before it takes eight times as much.
 constexpr double Generous = 3;
-/// What of a large file may be in memory at a time: the largest block, and the one before it while
-/// the block grows.
-constexpr qint64 PartOfFile = (3 << 20) + (64 << 10);
+/// What of a large file may be in memory at a time: one block.
+constexpr qint64 PartOfFile = (1 << 20) + (64 << 10);
 
 struct Cost {
     double Seconds = std::numeric_limits<double>::max();
