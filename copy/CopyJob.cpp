@@ -182,7 +182,7 @@ void CopyJob::Cleanup() {
     m_controls.cmdCopy.SetCaption(u"&Copy to destination"_s);
     m_controls.prgCopy.SetValue(0);
     m_summary.CalculateSize(false);
-    m_prompt.OverwriteAll = false;
+    m_prompt.ForgetAll();
 }
 
 /// Runs a step until it succeeds (no answer) or the user answers its failure with anything but

@@ -227,10 +227,10 @@ CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
     while (true) {
         if (isTaken) {
             AskToReplace(target);
-            if (m_prompt.OverwriteAnswer == OverwritePrompt::Cancel) {
+            if (m_prompt.OverwriteAnswer() == OverwritePrompt::Cancel) {
                 return StopRequest();
             }
-            if (m_prompt.OverwriteAnswer == OverwritePrompt::Skip) {
+            if (m_prompt.OverwriteAnswer() == OverwritePrompt::Skip) {
                 return Next::Step;
             }
             existing = Existing::Replace;
@@ -245,9 +245,9 @@ CopyJob::Next CopyJob::PutFile(const TrackRecord& track) {
 
 /// Leaves the user's answer in the prompt: a new one, or the one given for all files.
 void CopyJob::AskToReplace(const QString& target) {
-    if (!m_prompt.OverwriteAll) {
+    if (!m_prompt.OverwriteAll()) {
         FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
-        m_prompt.OverwriteFile = target;
+        m_prompt.AskAbout(target);
         Raise(ShowOverwrite);
     }
 }

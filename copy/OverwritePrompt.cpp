@@ -11,9 +11,7 @@ frmOverwrite::frmOverwrite(OverwritePrompt& prompt, const OverwriteControls& con
 
 void frmOverwrite::Form_Load() {
     const double margin = m_controls.window.Width() - m_controls.lblMessage.Width();
-    // Closing the window without a button cancels.
-    m_prompt.OverwriteAnswer = OverwritePrompt::Cancel;
-    QString file = m_prompt.OverwriteFile;
+    QString file = m_prompt.OverwriteFile();
     file.replace(u'&', u"&&"_s);
     m_controls.lblMessage.SetCaption(u"File already exists: \""_s + file + u"\". Replace it?"_s);
     m_controls.lblMessage.SizeToCaption();
@@ -21,8 +19,6 @@ void frmOverwrite::Form_Load() {
 }
 
 void frmOverwrite::cmdOverwrite_Click(OverwritePrompt::Answer answer) {
-    m_prompt.OverwriteAnswer = answer;
-    // Cancel ends the job, so there are no later files to keep it for.
-    m_prompt.OverwriteAll = m_controls.chkSame.Value() && answer != OverwritePrompt::Cancel;
+    m_prompt.Take(answer, m_controls.chkSame.Value());
     m_controls.window.Unload();
 }

@@ -3,18 +3,37 @@
 #include "platform/Controls.h"
 #include "platform/Window.h"
 
-/// What the copy job and its prompt for existing files tell each other; lives as long as the
-/// program.
-struct OverwritePrompt {
+/// The question about a file that exists, and its answer, which may hold for the rest of the job;
+/// lives as long as the program.
+class OverwritePrompt {
+public:
     enum class Answer : qint16 { Replace, Skip, Cancel };
     using enum Answer;
 
-    /// Full path of the existing file, set before the prompt is shown.
-    QString OverwriteFile;
+    /// Another file exists. Until a button is pressed, the answer is Cancel.
+    void AskAbout(const QString& file) {
+        m_file = file;
+        m_answer = Cancel;
+    }
+    /// Takes the user's answer, for every later existing file of this job if `all` is set.
+    void Take(Answer answer, bool all) {
+        m_answer = answer;
+        m_all = all && answer != Cancel; // which ends the job, so there are no later files
+    }
+    /// The job is over, and the next one asks again.
+    void ForgetAll() { m_all = false; }
+
+    /// Full path of the existing file that is asked about.
+    const QString& OverwriteFile() const { return m_file; }
     /// The last answer; it keeps its value between prompts.
-    Answer OverwriteAnswer = Replace;
+    Answer OverwriteAnswer() const { return m_answer; }
     /// The answer holds for every later existing file of this job.
-    bool OverwriteAll = false;
+    bool OverwriteAll() const { return m_all; }
+
+private:
+    QString m_file;
+    Answer m_answer = Replace;
+    bool m_all = false;
 };
 
 /// The window of the prompt and its controls.

@@ -22,10 +22,7 @@ const char* const Targets[][2] = {
 class FailingProgram : public ProgramFixture {
 public:
     FailingProgram() {
-        AtPrompt = [](OverwritePrompt& prompt) {
-            prompt.OverwriteAnswer = OverwritePrompt::Replace;
-            prompt.OverwriteAll = true;
-        };
+        AtPrompt = [](OverwritePrompt& prompt) { prompt.Take(OverwritePrompt::Replace, true); };
     }
 
     void StartWithTwoDevices() {

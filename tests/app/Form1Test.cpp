@@ -229,9 +229,8 @@ TEST_F(Form1Test, AnEarlierFileIsSkippedForAllWhenThePromptSaysSo) {
     form.cmdCopy.UserPress();
     QStringList asked;
     AtPrompt = [&asked](OverwritePrompt& prompt) {
-        asked.append(prompt.OverwriteFile);
-        prompt.OverwriteAnswer = OverwritePrompt::Skip;
-        prompt.OverwriteAll = true;
+        asked.append(prompt.OverwriteFile());
+        prompt.Take(OverwritePrompt::Skip, true);
     };
     form.cmdCopy.UserPress();
     EXPECT_EQ(asked, QStringList({u"D:\\Music\\Blue River\\Deep\\01 Source.mp3"_s}));

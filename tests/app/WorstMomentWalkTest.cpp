@@ -320,13 +320,12 @@ private:
     }
 
     void Answer(OverwritePrompt& prompt) {
-        EXPECT_TRUE(files.HasFile(prompt.OverwriteFile));
-        EXPECT_FALSE(prompt.OverwriteAll);
+        EXPECT_TRUE(files.HasFile(prompt.OverwriteFile()));
+        EXPECT_FALSE(prompt.OverwriteAll());
         ++Meanwhiles;
         MoveWindow();
         const auto answer = static_cast<OverwritePrompt::Answer>(Below(3));
-        prompt.OverwriteAnswer = answer;
-        prompt.OverwriteAll = answer != OverwritePrompt::Cancel && Below(3) == 0;
+        prompt.Take(answer, answer != OverwritePrompt::Cancel && Below(3) == 0);
     }
 
     // ---- what must hold

@@ -119,7 +119,7 @@ QStringList CopyFixture::Names() const {
 }
 
 void CopyFixture::ShowPrompt() {
-    prompted += prompt.OverwriteFile;
+    prompted += prompt.OverwriteFile();
     FakeWindow window;
     FakeLabelControl lblMessage;
     FakeButtonControl buttons[3];
@@ -143,7 +143,7 @@ void CopyFixture::ShowPrompt() {
 void CopyFixture::ExpectIdle() const {
     EXPECT_FALSE(job.Copying);
     EXPECT_FALSE(job.CancelCopy());
-    EXPECT_FALSE(prompt.OverwriteAll);
+    EXPECT_FALSE(prompt.OverwriteAll());
     EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
     EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);
     for (const Control* control : std::initializer_list<const Control*>{

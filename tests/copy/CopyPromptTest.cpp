@@ -47,7 +47,7 @@ TEST_F(CopyPromptTest, EachExistingFileIsReplacedOrSkippedAsTheUserSays) {
         EXPECT_EQ(files.Bytes(three), answered.Three);
         EXPECT_EQ(job.CopiedBytes, 7 + 7 + 9); // a skipped file's size counts, too
         EXPECT_EQ(messages.Shown, std::vector{Completed});
-        EXPECT_FALSE(prompt.OverwriteAll); // the next job asks again
+        EXPECT_FALSE(prompt.OverwriteAll()); // the next job asks again
     }
 }
 
@@ -68,7 +68,7 @@ TEST_F(CopyPromptTest, AnAnswerForAllFilesIsForgottenWhenTheJobIsStopped) {
     promptUses = {PromptUse::SkipAll};
     CancelAtYield(2);
     Press();
-    EXPECT_FALSE(prompt.OverwriteAll);
+    EXPECT_FALSE(prompt.OverwriteAll());
 }
 
 TEST_F(CopyPromptTest, AWindowThatIsNotTheActiveOneIsFlashedBeforeThePrompt) {

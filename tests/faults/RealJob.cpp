@@ -165,8 +165,8 @@ RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
     form.cmdClear.SetEnabled(false);
     form.Form1.QueryUnload = [this](bool& cancel, UnloadMode) { cancel = job.StopToClose(); };
     job.ShowOverwrite = [this] {
-        prompted += prompt.OverwriteFile;
-        prompt.OverwriteAnswer = overwriteAnswer;
+        prompted += prompt.OverwriteFile();
+        prompt.Take(overwriteAnswer, false);
     };
 }
 

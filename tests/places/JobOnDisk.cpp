@@ -37,8 +37,8 @@ JobOnDisk::JobOnDisk() {
         messages.Answers.push_back(AnswerTo(message));
     };
     m_parts.Job.ShowOverwrite = [this] {
-        prompted += m_parts.Prompt.OverwriteFile;
-        m_parts.Prompt.OverwriteAnswer = onPrompt;
+        prompted += m_parts.Prompt.OverwriteFile();
+        m_parts.Prompt.Take(onPrompt, false);
     };
 }
 

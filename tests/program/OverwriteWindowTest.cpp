@@ -18,7 +18,7 @@ OverwritePrompt::Answer Ask(const QString& file,
                             const std::function<void(QWidget& window, QLabel& question)>& act,
                             QWidget* owner = nullptr) {
     OverwritePrompt prompt;
-    prompt.OverwriteFile = file;
+    prompt.AskAbout(file);
     bool asked = false;
     QTimer::singleShot(0, [&] {
         QWidget* window = QApplication::activeModalWidget();
@@ -32,7 +32,7 @@ OverwritePrompt::Answer Ask(const QString& file,
     });
     OverwriteWindow(owner, prompt).Ask();
     EXPECT_TRUE(asked);
-    return prompt.OverwriteAnswer;
+    return prompt.OverwriteAnswer();
 }
 
 } // namespace

@@ -60,7 +60,7 @@ TEST_F(ReadingOrder, OfTheFullNameIsArtistAlbumTitleAlsoWhenTheArtistReadsFromTh
 
 TEST_F(ReadingOrder, OfThePromptsPathIsFromTheRootToTheFile) {
     OverwritePrompt prompt;
-    prompt.OverwriteFile = u"/home/%1/%2/01 Song.mp3"_s.arg(Hebrew, Arabic);
+    prompt.AskAbout(u"/home/%1/%2/01 Song.mp3"_s.arg(Hebrew, Arabic));
     OverwriteWindow question(nullptr, prompt);
     QString shown;
     QTimer::singleShot(0, [&shown] {

@@ -27,7 +27,7 @@ protected:
 TEST_F(Unplugged, AtAnyFileTheJobGoesOnAndTheNextJobCopiesTheRest) {
     Start();
     TickRow("lstArtists", 0);
-    AtPrompt = [](OverwritePrompt& prompt) { prompt.OverwriteAnswer = OverwritePrompt::Skip; };
+    AtPrompt = [](OverwritePrompt& prompt) { prompt.Take(OverwritePrompt::Skip, false); };
     messages.WhileShown = [this](const ShownMessage& message) {
         const bool asks = message.Buttons == MessageButtons::AbortRetryIgnore;
         messages.Answers.assign(asks ? 1 : 0, MessageAnswer::Ignore);

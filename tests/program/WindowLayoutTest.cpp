@@ -131,7 +131,7 @@ TEST_P(Fitting, TheOverwritePromptIsTidy) {
     OverwritePrompt prompt;
     for (const QString& path :
          {u"/m"_s, u"/home/ana/Music/The Borrowed Umbrellas/Morning Rounds/01 First Light.mp3"_s}) {
-        prompt.OverwriteFile = path;
+        prompt.AskAbout(path);
         OverwriteWindow window(nullptr, prompt);
         bool seen = false;
         QTimer::singleShot(0, [&seen] {
