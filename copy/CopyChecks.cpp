@@ -1,15 +1,20 @@
-// What the copy job checks before it starts. No job runs yet, so a check that fails leaves nothing
-// to clean up.
+#include "copy/CopyChecks.h"
 
-#include "copy/CopyJob.h"
-
+#include "copy/CopyErrors.h"
 #include "platform/Paths.h"
 #include "platform/ScopeGuard.h"
 
 using namespace Qt::StringLiterals;
 
+CopyChecks::CopyChecks(PatientFileSystem& files, Messages& messages, EventLoop& events,
+                       Destination& destination, const SelectionSummary& summary,
+                       TextControl& txtDestination)
+    : m_files(files), m_messages(messages), m_events(events), m_destination(destination),
+      m_summary(summary), m_txtDestination(txtDestination) {
+}
+
 /// Keeps the window alive meanwhile: the destination's disk may have to start first, or hang.
-bool CopyJob::ChecksPass() {
+bool CopyChecks::Pass() {
     m_files.MayGoOn = [this] { return m_events.YieldHoldingInput(); };
     const ScopeGuard over([this] { m_files.MayGoOn = nullptr; });
     try {
@@ -19,11 +24,11 @@ bool CopyJob::ChecksPass() {
     }
 }
 
-bool CopyJob::DestinationIsReady() {
-    const QString folder = m_controls.txtDestination.Text();
+bool CopyChecks::DestinationIsReady() {
+    const QString folder = m_txtDestination.Text();
     if (folder.isEmpty()) {
         Ask(u"Please specify a destination path."_s, MessageButtons::OK, MessageIcon::Exclamation);
-        m_controls.txtDestination.SetFocus();
+        m_txtDestination.SetFocus();
         return false;
     }
     // The iPod is never written to, whatever path leads there.
@@ -37,22 +42,20 @@ bool CopyJob::DestinationIsReady() {
     return AcceptFreeSpace(folder);
 }
 
-void CopyJob::RefuseDestination(const QString& folder) {
+void CopyChecks::RefuseDestination(const QString& folder) {
     Ask(u"Invalid destination path."_s, MessageButtons::OK, MessageIcon::Exclamation);
-    m_controls.txtDestination.SetFocus();
-    m_controls.txtDestination.Select(0, static_cast<int>(folder.size()));
+    m_txtDestination.SetFocus();
+    m_txtDestination.Select(0, static_cast<int>(folder.size()));
 }
 
-bool CopyJob::OfferToCreate(const QString& folder) {
+bool CopyChecks::OfferToCreate(const QString& folder) {
     const bool isValid = m_destination.ValidatePath(folder);
     // Cleared first: if the deletion fails, a later job may fill the folder, which must stay then.
     const QString probe = m_destination.TakeProbeFolder();
-    if (!probe.isEmpty()) {
-        m_place = {probe, probe, {}}; // for the message of a failure
-        if (Step([&] { m_files.DeleteFolder(probe, {}); }) != Next::Step) {
-            return false;
-        }
-        m_place = {};
+    const auto deleteProbe = [&] { m_files.DeleteFolder(probe, {}); };
+    if (!probe.isEmpty() &&
+        TryStep(m_messages, {probe, probe, {}}, deleteProbe) != ErrorAnswer::Ignore) {
+        return false;
     }
     if (!isValid) {
         RefuseDestination(folder);
@@ -76,14 +79,14 @@ bool CopyJob::OfferToCreate(const QString& folder) {
     return true;
 }
 
-bool CopyJob::AcceptFreeSpace(const QString& folder) {
+bool CopyChecks::AcceptFreeSpace(const QString& folder) {
     double freeBytes = m_summary.SelectedSize;
     QString drive;
-    const Next next = Step([&] {
+    const ErrorAnswer answer = TryStep(m_messages, {}, [&] {
         drive = m_files.DriveOf(folder);
         freeBytes = m_files.FreeBytes(folder);
     });
-    if (next != Next::Step) {
+    if (answer != ErrorAnswer::Ignore) {
         return false;
     }
     if (m_summary.SelectedSize <= freeBytes) {
@@ -93,4 +96,8 @@ bool CopyJob::AcceptFreeSpace(const QString& folder) {
                              u" to copy all\rof the selected files. Copy as much "
                              "as possible?"_s;
     return Ask(question, MessageButtons::OKCancel, MessageIcon::Exclamation) == MessageAnswer::OK;
+}
+
+MessageAnswer CopyChecks::Ask(const QString& text, MessageButtons buttons, MessageIcon icon) {
+    return m_messages.Show(text, u"Songlift"_s, buttons, icon);
 }

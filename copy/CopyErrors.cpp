@@ -2,6 +2,8 @@
 
 #include "platform/Paths.h"
 
+#include <exception>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,8 +23,7 @@ ErrorAnswer Ask(Messages& messages, const QString& text, MessageButtons buttons,
     }
 }
 
-} // namespace
-
+/// Tells the user what failed and asks how to go on.
 ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const CopyPlace& place) {
     switch (error.Number) {
     case ErrorNumber::FileNotFound:
@@ -41,5 +42,21 @@ ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const C
     default:
         ShowError(messages, error);
         return ErrorAnswer::Cleanup;
+    }
+}
+
+} // namespace
+
+ErrorAnswer TryStep(Messages& messages, const CopyPlace& place, const std::function<void()>& step) {
+    for (;;) {
+        try {
+            step();
+            return ErrorAnswer::Ignore;
+        } catch (const std::exception& exception) {
+            const ErrorAnswer answer = AskAboutError(messages, ErrorOf(exception), place);
+            if (answer != ErrorAnswer::Retry) {
+                return answer;
+            }
+        }
     }
 }

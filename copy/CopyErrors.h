@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// What the job is working on, as its error messages name it.
 struct CopyPlace {
     /// Path of the track's file on the device.
@@ -28,5 +30,6 @@ enum class ErrorAnswer {
     Cleanup
 };
 
-/// Tells the user what failed and asks how to go on.
-ErrorAnswer AskAboutError(Messages& messages, const RuntimeError& error, const CopyPlace& place);
+/// Does `step`. A failure is told to the user, who is asked how to go on, until it succeeds or the
+/// answer is not Retry. After a success the job goes on as after Ignore.
+ErrorAnswer TryStep(Messages& messages, const CopyPlace& place, const std::function<void()>& step);

@@ -4,14 +4,10 @@
 #include "platform/ScopeGuard.h"
 
 #include <exception>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// How long a stopped job waits for what is left of its last file to be removed.
-constexpr int ClearUpMilliseconds = 100;
 
 QString CancelCaption() {
     return u"&Cancel"_s;
@@ -21,99 +17,85 @@ QString CancelCaption() {
 
 CopyJob::CopyJob(const CopyServices& services, const CopyLibrary& library, Destination& destination,
                  OverwritePrompt& prompt, const CopyControls& controls)
-    : m_files(services.Files), m_messages(services.MessageBoxes), m_events(services.Events),
-      m_windowManager(services.Windows), m_controls(controls), m_library(library.Library),
-      m_result(library.Result), m_search(library.WordSearch), m_summary(library.Summary),
-      m_destination(destination), m_prompt(prompt),
-      m_chunkedCopy(services.Files, [this](qint64 done) { return AfterChunk(done); }),
-      m_folderNames(services.Files) {
+    : m_services(services), m_library(library), m_controls(controls), m_prompt(prompt),
+      m_checks(services.Files, services.MessageBoxes, services.Events, destination, library.Summary,
+               controls.txtDestination),
+      m_stops(services.MessageBoxes),
+      m_progress(controls.Form1, controls.prgCopy, controls.lblMessage), m_targets(services.Files),
+      m_transfer(services.Files, services.Events, m_targets, [this] { return AfterChunk(); }) {
 }
 
 void CopyJob::cmdCopy_Click() {
     if (m_controls.cmdCopy.Caption() == CancelCaption()) {
-        m_cancelCopy = true;
+        m_stops.Cancel();
         return;
     }
-    if (m_search.SearchRunning()) {
+    if (m_library.WordSearch.SearchRunning()) {
         return; // pressed while a search runs and neither library is complete
     }
-    // Else a close of the window in an earlier job would turn Cancel into the question to quit.
-    m_cUnload = false;
-    m_place = {};
-    if (!ChecksPass()) {
+    if (!m_checks.Pass()) {
         return;
     }
     ScopeGuard cleanup([this] { Cleanup(); });
-    if (Run() == Next::Leave) {
+    if (!Run()) {
         cleanup.Dismiss();
-    } else {
-        cleanup.Run();
-        if (m_quitsUnasked || m_stop == Next::Leave) {
-            m_controls.Form1.Unload();
-        }
+        return;
+    }
+    cleanup.Run();
+    if (m_stops.ClosesWindow()) {
+        m_controls.Form1.Unload();
     }
 }
 
 bool CopyJob::StopToClose() {
     if (Copying) {
-        m_cancelCopy = true;
-        m_cUnload = true;
+        m_stops.CancelToClose();
     }
     return Copying;
 }
 
-/// The whole job. A failure outside of any step cannot be tried again, so it ends the job.
-CopyJob::Next CopyJob::Run() {
+/// The whole job. A failure outside of any step cannot be tried again, so it ends the job. Returns
+/// false where the window is gone.
+bool CopyJob::Run() {
     try {
         Start();
-        const Next next = Walk(PlanCopy(m_library, Options()));
-        return next == Next::Step ? FinishWalk() : next;
+        Walk(PlanCopy(m_library.Library, Options()));
+        Finish();
     } catch (const OperationStopped&) {
-        return m_stop == Next::Leave ? LeaveFile() : Next::Cleanup;
+        if (m_stops.Quits()) {
+            if (Copying) { // inside a file, of which no half is left behind
+                TryToClearUp();
+                Quit();
+            }
+            return false;
+        }
     } catch (const std::exception& exception) {
-        ShowError(m_messages, ErrorOf(exception));
+        ShowError(m_services.MessageBoxes, ErrorOf(exception));
     }
-    return Next::Cleanup;
-}
-
-/// Quits inside a file, and leaves no half of it behind.
-CopyJob::Next CopyJob::LeaveFile() {
-    TryToClearUp();
-    return Quit();
+    return true;
 }
 
 void CopyJob::Start() {
     Copying = true;
     m_controls.cmdCopy.SetCaption(CancelCaption());
     DisableControls(m_controls.Locked);
-    m_controls.prgCopy.SetValue(0);
-    m_controls.lblMessage.SetCaption(u"Please wait..."_s);
-    m_controls.prgCopy.SetValue(0);
-    CopiedBytes = 0;
-    m_shownBytes = 0;
-    m_fileSize = 0;
-    m_copying = {};
-    m_copyMilliseconds = 0;
-    m_copied = {};
-    m_namesAhead.clear();
-    m_stop = Next::SameTrack;
-    m_files.MayGoOn = [this] { return MayWait(); };
-    m_destRoot = Paths::WithSeparator(m_controls.txtDestination.Text());
-    if (m_result.Search()) {
-        m_result.UpdateOldArtists();
+    m_place = {};
+    m_stops.StartOver();
+    m_progress.StartOver();
+    m_transfer.StartOver();
+    m_targets.StartOver(Paths::WithSeparator(m_controls.txtDestination.Text()));
+    m_services.Files.MayGoOn = [this] { return MayWait(); };
+    if (m_library.Result.Search()) {
+        m_library.Result.UpdateOldArtists();
         ExchangeLibraries();
     }
-    m_fileTotal = m_summary.GetSelSongCount();
-    m_controls.prgCopy.SetMax(static_cast<float>(m_summary.SelectedSize));
-    m_fileIndex = 0;
-    m_enteredFolder.clear();
-    m_folderNamesOfLast.reset();
-    m_folderNames.StartOver();
+    const SelectionSummary& summary = m_library.Summary;
+    m_progress.Expect(summary.GetSelSongCount(), summary.SelectedSize);
 }
 
 /// Puts the full library in the place of the shown search result, or the result back in its place.
 void CopyJob::ExchangeLibraries() {
-    m_result.ExchangeLibraries();
+    m_library.Result.ExchangeLibraries();
     m_resultIsAside = !m_resultIsAside;
 }
 
@@ -126,41 +108,34 @@ CopyOptions CopyJob::Options() const {
             .TrackNumber = m_controls.chkTrackNum.Value()};
 }
 
-CopyJob::Next CopyJob::Walk(const std::vector<PlannedTrack>& plan) {
+void CopyJob::Walk(std::vector<PlannedTrack> plan) {
     for (auto planned = plan.begin(); planned != plan.end(); ++planned) {
-        m_following = {planned + 1, plan.end()};
-        m_ahead = m_following.empty() ? QString() : m_following.front().Track.Location;
-        if (const Next next = CopyTrack(*planned); next != Next::Step) {
-            return next;
-        }
+        m_transfer.SetFollowing({planned + 1, plan.end()});
+        CopyTrack(*planned);
     }
-    return Next::Step;
 }
 
-CopyJob::Next CopyJob::FinishWalk() {
-    const Next next = Step([this] { DeleteTemporaryFolder(); });
-    if (next == Next::Cleanup || next == Next::Leave) {
-        return next;
-    }
-    m_controls.prgCopy.SetValue(0);
-    FlashUnlessActive(m_windowManager, m_controls.Form1.Handle());
-    Ask(u"Copy completed!"_s, MessageButtons::OK, MessageIcon::Information);
-    return Next::Cleanup;
+void CopyJob::Finish() {
+    Step([this] { DeleteTemporaryFolder(); });
+    m_progress.EmptyBar();
+    FlashUnlessActive(m_services.Windows, m_controls.Form1.Handle());
+    m_services.MessageBoxes.Show(u"Copy completed!"_s, u"Songlift"_s, MessageButtons::OK,
+                                 MessageIcon::Information);
 }
 
 /// Deletes "tmp" in the destination with all it holds, whoever made it, as the README says: a
 /// killed job may have left half a film there.
 void CopyJob::DeleteTemporaryFolder() {
-    const QString folder = m_destRoot + u"tmp"_s;
-    if (m_files.FolderExists(folder)) {
-        m_files.DeleteFolder(folder, {});
+    const QString folder = m_targets.Root() + u"tmp"_s;
+    if (m_services.Files.FolderExists(folder)) {
+        m_services.Files.DeleteFolder(folder, {});
     }
 }
 
 /// Removes what is left of a stopped file, but does not wait long for a disk that hangs.
 void CopyJob::TryToClearUp() {
     try {
-        Try([this] { DeleteTemporaryFolder(); });
+        TryStep(m_services.MessageBoxes, m_place, [this] { DeleteTemporaryFolder(); });
     } catch (const OperationStopped&) {
         return; // the next job into this folder removes it
     }
@@ -169,75 +144,152 @@ void CopyJob::TryToClearUp() {
 void CopyJob::Cleanup() {
     // Whatever the user answers, the window must become usable again.
     TryToClearUp();
-    m_files.MayGoOn = nullptr;
-    m_files.ReadAhead({}); // a device with an open file cannot be unmounted
-    m_cancelCopy = false;
+    m_services.Files.MayGoOn = nullptr;
+    m_services.Files.ReadAhead({}); // a device with an open file cannot be unmounted
+    m_stops.Forget();
     Copying = false;
     m_controls.Form1.SetCaption(u"Songlift"_s);
     if (m_resultIsAside) {
         ExchangeLibraries();
     }
-    EnableControls(m_controls.Locked, m_search.SearchingText());
+    EnableControls(m_controls.Locked, m_library.WordSearch.SearchingText());
     // The small d is intentional: from its first job on, the button has this caption.
     m_controls.cmdCopy.SetCaption(u"&Copy to destination"_s);
-    m_controls.prgCopy.SetValue(0);
-    m_summary.CalculateSize(false);
+    m_progress.EmptyBar();
+    m_library.Summary.CalculateSize(false);
     m_prompt.ForgetAll();
 }
 
-/// Runs a step until it succeeds (no answer) or the user answers its failure with anything but
-/// Retry.
-std::optional<ErrorAnswer> CopyJob::Try(const Event& action) {
-    for (;;) {
-        try {
-            action();
-            return {};
-        } catch (const std::exception& exception) {
-            const ErrorAnswer answer = AskAboutError(m_messages, ErrorOf(exception), m_place);
-            if (answer != ErrorAnswer::Retry) {
-                return answer;
+bool CopyJob::AfterChunk() {
+    m_progress.ShowBytes(m_transfer.BytesDone());
+    m_services.Events.Yield();
+    return m_stops.MayGoOn();
+}
+
+/// Called while the job waits for its files; returns whether to wait on. Inside a file the question
+/// to quit is asked at once: after "No" a film goes on where it was.
+bool CopyJob::MayWait() {
+    m_services.Events.Yield();
+    if (m_stops.IsStopped()) {
+        return m_stops.MayClearUp();
+    }
+    m_progress.ShowBytes(m_transfer.BytesDone());
+    m_transfer.ReadNextAhead();
+    return m_stops.MayGoOn();
+}
+
+/// False where the user wanted to stop after a failure, but then not to quit.
+bool CopyJob::Step(const Event& action) {
+    switch (TryStep(m_services.MessageBoxes, m_place, action)) {
+    case ErrorAnswer::Ignore:
+        return true;
+    case ErrorAnswer::Stop:
+        StopRequest();
+        return false;
+    default:
+        throw OperationStopped{};
+    }
+}
+
+/// Ends the walk, unless the user does not want to quit.
+void CopyJob::StopRequest() {
+    if (m_stops.Decide()) {
+        return;
+    }
+    if (m_stops.Quits()) {
+        Quit();
+    }
+    throw OperationStopped{};
+}
+
+void CopyJob::Quit() {
+    m_services.Files.MayGoOn = nullptr;
+    Copying = false;
+    m_controls.Form1.Unload();
+}
+
+void CopyJob::CopyTrack(PlannedTrack& planned) {
+    m_services.Events.Yield();
+    m_place.Source = planned.Track.Location;
+    m_place.FileName.clear();
+    if (m_stops.CancelCopy()) {
+        StopRequest();
+    }
+    do {
+        m_progress.CountFile();
+    } while (!PutTrack(planned));
+    m_progress.FinishFile(planned.Track.FileSize);
+    m_transfer.FinishFile();
+}
+
+/// Makes the folders of a track and puts its file there. False where a request to stop was taken
+/// back, and the track begins again.
+bool CopyJob::PutTrack(PlannedTrack& planned) {
+    const bool isSmall = !FileTransfer::IsLarge(planned.Track);
+    const bool staysInFolder = isSmall && m_targets.AreEntered(planned.Folders);
+    if (!staysInFolder && !EnterFolders(planned)) {
+        return false;
+    }
+    m_targets.NameFile(planned);
+    m_place.FileName = planned.FileName;
+    if (isSmall) {
+        bool isInPlace = true;
+        const auto copy = [&] { isInPlace = m_transfer.CopyNew(planned, m_place.DestFolder); };
+        if (const bool goesOn = Step(copy); isInPlace || !goesOn) {
+            return goesOn;
+        }
+    }
+    if (staysInFolder && !EnterFolders(planned)) { // the folder may be gone
+        return false;
+    }
+    return PutFile(planned.Track);
+}
+
+/// Makes the track's folders where they are missing. A failure that is ignored leaves its folder
+/// out.
+bool CopyJob::EnterFolders(const PlannedTrack& planned) {
+    // The message of a failure names the folder.
+    const ScopeGuard over([&] { m_place.FileName = planned.FileName; });
+    m_targets.LeaveFolders();
+    for (qsizetype made = 0; !m_targets.AreEntered(planned.Folders); ++made) {
+        if (!Step([&] { m_targets.EnterFolders(planned.Folders, made, m_place); })) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Puts the track's file in its place, unless the user wants to keep one that is there. The user is
+/// asked also about one that another program has put there meanwhile.
+bool CopyJob::PutFile(const TrackRecord& track) {
+    const QString target = m_place.DestFolder + m_place.FileName;
+    Existing existing = Existing::Keep;
+    bool isTaken = m_services.Files.WouldReplace(target);
+    while (true) {
+        if (isTaken) {
+            AskToReplace(target);
+            if (m_prompt.OverwriteAnswer() == OverwritePrompt::Cancel) {
+                StopRequest();
+                return false;
             }
+            if (m_prompt.OverwriteAnswer() == OverwritePrompt::Skip) {
+                return true;
+            }
+            existing = Existing::Replace;
+        }
+        isTaken = false;
+        const auto copy = [&] { isTaken = !m_transfer.Copy(track, target, existing); };
+        if (const bool goesOn = Step(copy); !isTaken) {
+            return goesOn;
         }
     }
 }
 
-CopyJob::Next CopyJob::Step(const Event& action) {
-    const ErrorAnswer answer = Try(action).value_or(ErrorAnswer::Ignore);
-    if (answer == ErrorAnswer::Ignore) {
-        return Next::Step;
+/// Leaves the user's answer in the prompt: a new one, or the one given for all files.
+void CopyJob::AskToReplace(const QString& target) {
+    if (!m_prompt.OverwriteAll()) {
+        FlashUnlessActive(m_services.Windows, m_controls.Form1.Handle());
+        m_prompt.AskAbout(target);
+        Raise(ShowOverwrite);
     }
-    return answer == ErrorAnswer::Stop ? StopRequest() : Next::Cleanup;
-}
-
-CopyJob::Next CopyJob::StopRequest() {
-    const Next next = AskToStop();
-    return next == Next::Leave ? Quit() : next;
-}
-
-/// What a stop request leads to. If it came from closing the window, the user is asked, and the job
-/// goes on after "No", unless it was the system that has closed the question, to end the program.
-CopyJob::Next CopyJob::AskToStop() {
-    if (!m_cUnload || m_quitsUnasked) {
-        m_stop = Next::Cleanup;
-    } else if (Ask(u"Are you sure you want to quit?"_s, MessageButtons::YesNo,
-                   MessageIcon::Question) == MessageAnswer::Yes) {
-        m_stop = Next::Leave;
-    } else if (m_quitsUnasked) {
-        m_stop = Next::Cleanup;
-    } else {
-        m_cancelCopy = false;
-    }
-    m_clearUp.setRemainingTime(ClearUpMilliseconds);
-    return m_stop;
-}
-
-CopyJob::Next CopyJob::Quit() {
-    m_files.MayGoOn = nullptr;
-    Copying = false;
-    m_controls.Form1.Unload();
-    return Next::Leave;
-}
-
-MessageAnswer CopyJob::Ask(const QString& text, MessageButtons buttons, MessageIcon icon) {
-    return m_messages.Show(text, u"Songlift"_s, buttons, icon);
 }

@@ -26,6 +26,8 @@ struct PlannedTrack {
     QString Extension;
     /// Another folder begins: the file names given so far no longer count.
     bool StartsFolder = false;
+    /// The name of its copy in its folder, once the job has given it one.
+    QString FileName = {};
 };
 
 /// Every track that is ticked together with its album and its artist, in the order of the library,

@@ -134,7 +134,7 @@ TEST_F(CopyJobTest, TheProgressTextCountsTheFilesOfEachJobAnew) {
                   QStringList({u"Please wait..."_s, u"Copying files... 1 of 3"_s,
                                u"Copying files... 2 of 3"_s, u"Copying files... 3 of 3"_s,
                                u"Selected: 0 KB of 0 KB"_s}));
-        EXPECT_EQ(job.CopiedBytes, 5 + 8 + 5);
+        EXPECT_EQ(job.CopiedBytes(), 5 + 8 + 5);
     }
 }
 
@@ -146,7 +146,7 @@ TEST_F(CopyJobTest, TheBarCountsBytes) {
     messages.WhileShown = [this](const ShownMessage&) { EXPECT_EQ(form.prgCopy.Value(), 0.0F); };
     Press();
     EXPECT_EQ(form.prgCopy.Values, (std::vector<float>{0, 0, 0, 100, 300, 0, 0, 700}));
-    EXPECT_EQ(job.CopiedBytes, 700);
+    EXPECT_EQ(job.CopiedBytes(), 700);
 }
 
 TEST_F(CopyJobTest, TheBarMovesWithTheChunksOfALargeFile) {

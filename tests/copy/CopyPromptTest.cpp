@@ -45,7 +45,7 @@ TEST_F(CopyPromptTest, EachExistingFileIsReplacedOrSkippedAsTheUserSays) {
         EXPECT_EQ(files.Bytes(one), answered.One);
         EXPECT_EQ(files.Bytes(two), QByteArray("new two"));
         EXPECT_EQ(files.Bytes(three), answered.Three);
-        EXPECT_EQ(job.CopiedBytes, 7 + 7 + 9); // a skipped file's size counts, too
+        EXPECT_EQ(job.CopiedBytes(), 7 + 7 + 9); // a skipped file's size counts, too
         EXPECT_EQ(messages.Shown, std::vector{Completed});
         EXPECT_FALSE(prompt.OverwriteAll()); // the next job asks again
     }

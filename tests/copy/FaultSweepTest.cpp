@@ -71,7 +71,7 @@ public:
 
     void ExpectNothingHarmed() const {
         for (const QString& path : Copied()) {
-            if (path == u"D:\\Music\\tmp\\copy.tmp"_s && (closed != 0 || job.CopiedBytes == 0)) {
+            if (path == u"D:\\Music\\tmp\\copy.tmp"_s && (closed != 0 || job.CopiedBytes() == 0)) {
                 EXPECT_EQ(files.Bytes(path), QByteArray("left behind")); // no job came to its end
                 continue;
             }
