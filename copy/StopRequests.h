@@ -13,10 +13,15 @@ public:
     void StartOver() {
         // Else a close of the window in an earlier job would turn Cancel into the question to quit.
         m_cUnload = false;
+        m_closesWindow = false;
         m_decision = GoOn;
     }
     void Cancel() { m_cancelCopy = true; }
-    void CancelToClose() { m_cancelCopy = m_cUnload = true; }
+    /// The user closes the window. A job that was stopped already does not ask any more.
+    void CancelToClose() {
+        m_cancelCopy = m_cUnload = true;
+        m_closesWindow = IsStopped();
+    }
     /// From now on the window closes after the job, and the user is not asked.
     void QuitUnasked() { m_quitsUnasked = true; }
     /// No stop is asked for any more.
@@ -36,7 +41,7 @@ public:
     /// It was stopped to end the program.
     bool Quits() const { return m_decision == Quit; }
     /// The window closes after the job.
-    bool ClosesWindow() const { return m_quitsUnasked || Quits(); }
+    bool ClosesWindow() const { return m_closesWindow || m_quitsUnasked || Quits(); }
     /// There is still time to remove what is left of a stopped file.
     bool MayClearUp() const { return !m_clearUp.hasExpired(); }
 
@@ -47,6 +52,7 @@ private:
     Messages& m_messages;
     bool m_cancelCopy = false;
     bool m_cUnload = false;
+    bool m_closesWindow = false;
     bool m_quitsUnasked = false;
     enum { GoOn, Stop, Quit } m_decision = GoOn;
     QDeadlineTimer m_clearUp;

@@ -197,6 +197,26 @@ TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
     }
 }
 
+TEST_F(SlowJob, ACloseAfterCancelIsNotForgottenWhileTheDestinationHangs) {
+    AddSongAndFilm(1500000);
+    m_target.Be("stall=write");
+    RealJob job(m_folders, &m_worker);
+    Run(job, [&](qint64 time) {
+        const bool isCancelled = job.job.CancelCopy();
+        if (isCancelled) {
+            job.form.Form1.UserClose();
+        } else if (time > 200) {
+            m_target.Be("stall=write stall=find");
+            job.Press();
+        }
+        return isCancelled;
+    });
+    EXPECT_TRUE(job.form.Form1.Closed);
+    EXPECT_EQ(job.messages.Texts(), QStringList());
+    m_target.Be("");
+    LetHangingThreadsEnd(job);
+}
+
 // SONGLIFT_WALKS says how many jobs, SONGLIFT_SEED repeats a run.
 TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow) {
     for (int number = 0; number < 4; ++number) {
