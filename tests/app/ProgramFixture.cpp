@@ -2,6 +2,8 @@
 
 #include "tests/support/ITunesDBWriter.h"
 
+#include <gtest/gtest.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,6 +43,20 @@ void ProgramFixture::Unplug(QChar letter) {
     files.RemoveDrive(letter + u":"_s);
     std::erase_if(drives.Mounted,
                   [letter](const FakeDrive& drive) { return drive.Letter == letter; });
+}
+
+void ProgramFixture::ExpectAtRest() const {
+    for (const FakeListControl* list : {&form.lstArtists, &form.lstAlbums, &form.lstSongs}) {
+        EXPECT_TRUE(list->Visible());
+    }
+    EXPECT_EQ(form.Form1.Pointer(), MousePointer::Default);
+    EXPECT_NE(form.cmdCopy.Caption(), u"&Cancel"_s);
+    const std::vector<const Control*> lockable = {
+        &form.Combo1, &form.tbsFilter, &form.Picture2,       &form.frmDP,
+        &form.frmTN,  &form.chkArtist, &form.frmDestination, &form.txtDestination};
+    for (const Control* control : lockable) {
+        EXPECT_TRUE(control->Enabled());
+    }
 }
 
 std::vector<SampleTrack> SmallLibrary() {

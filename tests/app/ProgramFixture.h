@@ -16,6 +16,8 @@ public:
     void PlugIn(QChar letter, const QString& volumeName, const std::vector<SampleTrack>& tracks);
     void Unplug(QChar letter);
     void Start() { program.Form_Load(); }
+    /// Fails the test when a search or a job is left over: something hidden, locked or busy.
+    void ExpectAtRest() const;
 
     FakeForm1 form;
     FakeFileSystem files;

@@ -2,8 +2,8 @@
 // the prompt stands open. They type, tick, cancel, close, unplug, minimise. After every step the
 // window must show what a plain model of the library says, and be at rest.
 
+#include "tests/app/LibraryModel.h"
 #include "tests/app/ProgramFixture.h"
-#include "tests/app/WalkModel.h"
 #include "tests/support/Walks.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,11 @@ class Walker : public ProgramFixture {
 public:
     explicit Walker(unsigned seed) : m_random(seed) {
         for (const char letter : {'E', 'F'}) {
-            m_model.Devices[letter] = RandomSongs(m_random, seed % 16 == 0 && letter == 'E');
+            m_tracks[letter] = RandomTracks(letter);
+            if (seed % 16 == 0 && letter == 'E') {
+                m_tracks[letter].front().FileSize = 50000001;
+            }
+            m_model.Add(letter, m_tracks[letter]);
             Plug(letter);
         }
         files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) { Hear(call); };
@@ -39,19 +43,21 @@ public:
     }
 
     void Check() {
-        CheckFiles();
+        m_model.ExpectWholeFiles(files);
         if (IsClosed()) {
             // A maximised window keeps the size and the position of an earlier exit.
             EXPECT_EQ(store.Values.size(), form.Form1.State() == WindowState::Maximized ? 6 : 10);
             return;
         }
-        CheckRest();
+        ExpectAtRest();
+        EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
+        EXPECT_EQ(form.timScan.Enabled(), form.Combo1.ListCount() == 0);
         if (form.Combo1.Text().isEmpty()) {
             EXPECT_EQ(form.lstArtists.ListCount(), 0);
             EXPECT_FALSE(form.cmdCopy.Enabled());
         } else {
-            CheckLists();
-            CheckSummary();
+            m_model.ExpectShown(form);
+            EXPECT_EQ(form.cmdClear.Enabled(), !m_model.InForce.isEmpty());
         }
     }
 
@@ -62,14 +68,28 @@ public:
 private:
     unsigned Below(unsigned limit) { return static_cast<unsigned>(m_random() % limit); }
 
-    void Plug(char letter) {
+    std::vector<SampleTrack> RandomTracks(char letter) {
         std::vector<SampleTrack> tracks;
-        for (const WalkSong& song : m_model.Devices[letter]) {
-            tracks.push_back({song.Artist, song.Album, song.Title, 0, song.Size,
-                              QLatin1Char(letter) + u"00/"_s + song.File,
-                              song.IsVideo ? u"MPEG-4 video file"_s : u"MPEG audio file"_s});
+        for (unsigned a = 0, artists = 1 + Below(4); a < artists; ++a) {
+            for (unsigned b = 0, albums = 1 + Below(3); b < albums; ++b) {
+                for (unsigned s = 0, songs = 1 + Below(4); s < songs; ++s) {
+                    SampleTrack& track = tracks.emplace_back();
+                    track.Artist = u"Artist a%1"_s.arg(a);
+                    track.Album = u"Album a%1b%2"_s.arg(a).arg(b);
+                    track.Title = u"Song a%1b%2s%3"_s.arg(a).arg(b).arg(s);
+                    track.FileSize = Below(3000000);
+                    track.Location = QLatin1Char(letter) + u"00/%1.mp3"_s.arg(tracks.size());
+                    if (Below(3) == 0) {
+                        track.TypeText = u"MPEG-4 video file"_s;
+                    }
+                }
+            }
         }
-        PlugIn(QLatin1Char(letter), Text(letter == 'E' ? "ONE" : "TWO"), tracks);
+        return tracks;
+    }
+
+    void Plug(char letter) {
+        PlugIn(QLatin1Char(letter), Text(letter == 'E' ? "ONE" : "TWO"), m_tracks[letter]);
     }
 
     bool IsPlugged(char letter) {
@@ -150,10 +170,10 @@ private:
         MoveWindow();
     }
 
-    WalkModel::Name NameIn(const FakeListControl& list) const {
-        return &list == &form.lstArtists  ? &WalkSong::Artist
-               : &list == &form.lstAlbums ? &WalkSong::Album
-                                          : &WalkSong::Title;
+    LibraryModel::Name NameIn(const FakeListControl& list) const {
+        return &list == &form.lstArtists  ? &ModelSong::Artist
+               : &list == &form.lstAlbums ? &ModelSong::Album
+                                          : &ModelSong::Title;
     }
 
     /// Ticks in a search's yield are in vain: the lists are about
@@ -184,7 +204,7 @@ private:
             return;
         }
         const bool starts = form.cmdCopy.Usable();
-        const std::vector<WalkSong> songs = m_model.Loaded();
+        const std::vector<ModelSong> songs = m_model.Loaded();
         m_undisturbed = IsPlugged(m_model.LoadedDevice);
         form.cmdCopy.UserPress();
         Copies += starts ? 1 : 0;
@@ -194,14 +214,14 @@ private:
         Questions += static_cast<int>(asked);
         EXPECT_LE(texts.count(u"Copy completed!"_s), 1);
         if (texts.contains(u"Copy completed!"_s) && m_undisturbed) {
-            for (const WalkSong& song : songs) {
+            for (const ModelSong& song : songs) {
                 EXPECT_TRUE(!song.Ticked || files.HasFile(TargetOf(song)))
                     << TargetOf(song).toStdString();
             }
         }
     }
 
-    QString TargetOf(const WalkSong& song) const {
+    QString TargetOf(const ModelSong& song) const {
         return u"D:\\Music\\"_s + (form.chkArtist.Value() ? song.Artist + u"\\"_s : QString()) +
                (form.chkAlbum.Value() ? song.Album + u"\\"_s : QString()) + song.Title + u".mp3"_s;
     }
@@ -328,74 +348,9 @@ private:
         prompt.Take(answer, answer != OverwritePrompt::Cancel && Below(3) == 0);
     }
 
-    // ---- what must hold
-
-    /// No search and no job is left over.
-    void CheckRest() {
-        EXPECT_EQ(form.Form1.Pointer(), MousePointer::Default);
-        EXPECT_NE(form.cmdCopy.Caption(), u"&Cancel"_s);
-        EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
-        for (const FakeControl* frame : {&form.Picture2, &form.frmDP, &form.frmDestination}) {
-            EXPECT_TRUE(frame->Enabled());
-        }
-        EXPECT_TRUE(form.tbsFilter.Enabled());
-        EXPECT_EQ(form.timScan.Enabled(), form.Combo1.ListCount() == 0);
-        for (const FakeListControl* list : {&form.lstArtists, &form.lstAlbums, &form.lstSongs}) {
-            EXPECT_TRUE(list->Visible());
-        }
-    }
-
-    void CheckLists() {
-        const QString artist = Current(form.lstArtists);
-        CheckList(form.lstArtists, {}, {});
-        CheckList(form.lstAlbums, artist, {});
-        CheckList(form.lstSongs, artist, Current(form.lstAlbums));
-    }
-
-    static QString Current(const FakeListControl& list) {
-        return list.ListIndex() >= 1 ? list.List(list.ListIndex()) : QString();
-    }
-
-    void CheckList(const FakeListControl& list, const QString& artist, const QString& album) {
-        const WalkModel::Name name = NameIn(list);
-        const std::set<QString> names = m_model.Rows(name, Tab(), artist, album);
-        ASSERT_EQ(list.ListCount(), names.empty() ? 0 : static_cast<int>(names.size()) + 1);
-        bool allTicked = true;
-        for (int row = 1; row < list.ListCount(); ++row) {
-            const QString text = list.List(row);
-            EXPECT_EQ(names.count(text), 1U) << text.toStdString();
-            EXPECT_TRUE(list.Selected(row) || !m_model.MustBeTicked(name, text, Tab()))
-                << text.toStdString();
-            EXPECT_TRUE(!list.Selected(row) || m_model.MayBeTicked(name, text))
-                << text.toStdString();
-            allTicked = allTicked && list.Selected(row);
-        }
-        if (list.ListCount() > 0) {
-            EXPECT_EQ(list.Selected(0), allTicked);
-            EXPECT_GE(list.ListIndex(), 0);
-            EXPECT_TRUE(list.Enabled());
-        }
-    }
-
-    void CheckSummary() {
-        EXPECT_EQ(form.lblMessage.Caption(), m_model.Summary());
-        EXPECT_EQ(form.cmdCopy.Enabled(), m_model.HasTicks());
-        EXPECT_EQ(form.cmdClear.Enabled(), !m_model.InForce.isEmpty());
-    }
-
-    /// The devices are untouched and every copy is whole.
-    void CheckFiles() {
-        EXPECT_EQ(files.OpenFiles, 0);
-        for (const char* device : {"E:", "F:"}) {
-            EXPECT_EQ(files.ChangesBelow(Text(device)), QStringList());
-        }
-        for (const QString& file : files.FilesBelow(u"D:\\Music"_s)) {
-            EXPECT_TRUE(m_model.IsWhole(file, files.Length(file))) << file.toStdString();
-        }
-    }
-
     std::mt19937 m_random;
-    WalkModel m_model;
+    std::map<char, std::vector<SampleTrack>> m_tracks;
+    LibraryModel m_model;
     bool m_yielding = false;
     /// No device came or went, and nothing failed, since the job began.
     bool m_undisturbed = true;

@@ -30,31 +30,6 @@ TrackRecord TrackOf(const QString& line) {
     return track;
 }
 
-int IndexOf(const QStringList& texts, const QString& text) {
-    const qsizetype index = texts.indexOf(text);
-    if (index < 0) {
-        throw std::logic_error("no such row: " + text.toStdString());
-    }
-    return static_cast<int>(index);
-}
-
-int RowOf(const FakeListControl& list, const QString& text) {
-    return text == u"All"_s && list.ListCount() > 0 ? 0 : IndexOf(list.Texts(), text);
-}
-
-FakeListControl& ListOf(FakeForm1& form, const QString& name) {
-    if (name == u"artist"_s) {
-        return form.lstArtists;
-    }
-    if (name == u"album"_s) {
-        return form.lstAlbums;
-    }
-    if (name == u"song"_s) {
-        return form.lstSongs;
-    }
-    throw std::logic_error("no such step: " + name.toStdString());
-}
-
 } // namespace
 
 std::vector<ArtistRecord> RecordsOf(const char* description) {
@@ -136,28 +111,6 @@ void BrowserFixture::Load(std::vector<ArtistRecord> artists) {
         return;
     }
     Raise(Devices.LibraryLoaded);
-}
-
-void BrowserFixture::Do(const char* steps) {
-    for (const QString& step : QString::fromUtf8(steps).split(u", "_s)) {
-        DoStep(step.section(u' ', 0, 0), step.section(u' ', 1));
-    }
-}
-
-void BrowserFixture::DoStep(const QString& verb, const QString& what) {
-    if (verb == u"type"_s) {
-        Form.txtSearch.UserReplace(what);
-    } else if (verb == u"clear"_s) {
-        Form.cmdClear.UserPress();
-    } else if (verb == u"tab"_s) {
-        Form.tbsFilter.UserSelectTab(IndexOf(Form.tbsFilter.Captions, what));
-    } else if (verb == u"tick"_s || verb == u"untick"_s) {
-        FakeListControl& list = ListOf(Form, what.section(u' ', 0, 0));
-        list.UserTick(RowOf(list, what.section(u' ', 1)), verb == u"tick"_s);
-    } else {
-        FakeListControl& list = ListOf(Form, verb);
-        list.UserClick(RowOf(list, what));
-    }
 }
 
 std::string BrowserFixture::Rows() const {

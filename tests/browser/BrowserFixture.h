@@ -4,6 +4,7 @@
 #include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/UserSteps.h"
 
 #include <gtest/gtest.h>
 
@@ -67,11 +68,8 @@ public:
     /// Shows another library in the same window, as after a change of the device.
     void Load(std::vector<ArtistRecord> artists);
 
-    /// Does what the user does, step after step: "artist Queen, tick song Bijou, type old song". A
-    /// step is "artist", "album" or "song" and the row to click ("All" for the "All" row); "tick"
-    /// or "untick" before that; "type" and the text that the search box then holds; "tab" and its
-    /// caption; or "clear". Throws std::logic_error when there is no such row or step.
-    void Do(const char* steps);
+    /// Does what the user does, as ActOn.
+    void Do(const char* steps) { ActOn(Form, steps); }
 
     /// Of the three lists all rows, the ticked ones, and the current one: "Queen | Jazz |
     /// Mustapha".
@@ -85,9 +83,6 @@ public:
 
     std::string FullName() const { return Form.lblFullName.Caption().toStdString(); }
     std::string Message() const { return Form.lblMessage.Caption().toStdString(); }
-
-private:
-    void DoStep(const QString& verb, const QString& what);
 };
 
 /// Rows, indices, names and numbers all differ in their order: Abba is artist 1 and row 1, Queen

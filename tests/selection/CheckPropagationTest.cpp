@@ -139,6 +139,13 @@ TEST_F(CheckPropagationTest, TheOnlySongIsTickedTogetherWithEveryAllRow) {
     EXPECT_EQ(one.Checked(), "");
 }
 
+TEST_F(CheckPropagationTest, ArtistsOfEqualNamesAreTickedEachByItself) {
+    BrowserFixture twins("Abba\n  Live\n    Money\nAbba\n  Live\n    Money");
+    twins.lstArtists.UserTick(2, true);
+    EXPECT_FALSE(twins.Library.Artists[0].Checked);
+    EXPECT_TRUE(twins.Library.Artists[1].Checked);
+}
+
 TEST_F(CheckPropagationTest, ARollUpUnticksAnAllRowWhenMoreThanOneRowIsNotTicked) {
     browser.Do("artist All");
     NestedFlag::Guard building = browser.Linked.Building.Set();
