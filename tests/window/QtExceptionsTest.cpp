@@ -18,13 +18,13 @@ void Fail() {
     throw RuntimeError(ErrorNumber::Overflow);
 }
 
-class QtFailures : public testing::Test {
+class QtExceptions : public testing::Test {
 protected:
-    QtFailures() {
+    QtExceptions() {
         QtFrames::SetTeller(
             [this](const std::exception& failure) { told.append(ErrorOf(failure).Description); });
     }
-    ~QtFailures() override { QtFrames::SetTeller({}); }
+    ~QtExceptions() override { QtFrames::SetTeller({}); }
 
     /// Makes Qt raise a failing event, and has the failure reported.
     void ExpectTold(const char* what, const std::function<void()>& act) {
@@ -37,7 +37,7 @@ protected:
     QStringList told;
 };
 
-TEST_F(QtFailures, OfAControlThatTheUserUsesAreReported) {
+TEST_F(QtExceptions, OfAControlThatTheUserUsesAreReported) {
     const std::unique_ptr<ControlKit> kit = MakeQtKit();
     ListControl& list = kit->List;
     list.Fill({{u"a"_s}, {u"b"_s}, {u"c"_s}});
@@ -68,14 +68,14 @@ TEST_F(QtFailures, OfAControlThatTheUserUsesAreReported) {
     ExpectTold("timer", [&] { kit->LetTimePass(); });
 }
 
-TEST_F(QtFailures, OfAnEventThatAHandlerLetsInAreReportedToo) {
+TEST_F(QtExceptions, OfAnEventThatAHandlerLetsInAreReportedToo) {
     const std::unique_ptr<ControlKit> kit = MakeQtKit();
     kit->Text.Change = Fail;
     kit->Text.GotFocus = [&] { kit->TypeText(u"x"_s); };
     ExpectTold("typing", [&] { kit->Text.SetFocus(); });
 }
 
-TEST_F(QtFailures, OfAMenuAndAWindowThatTheUserChangesAreReportedAndDoNotKeepItOpen) {
+TEST_F(QtExceptions, OfAMenuAndAWindowThatTheUserChangesAreReportedAndDoNotKeepItOpen) {
     QtWindow window(nullptr, u"window"_s);
     QtPopupMenu menu(window.Widget(), u"menu"_s, u"entry"_s, u"Preview"_s);
     menu.Entry.Click = Fail;
@@ -89,7 +89,7 @@ TEST_F(QtFailures, OfAMenuAndAWindowThatTheUserChangesAreReportedAndDoNotKeepItO
     EXPECT_FALSE(window.Widget()->isVisible());
 }
 
-TEST_F(QtFailures, OfTheProgramReachItOnceQtIsDone) {
+TEST_F(QtExceptions, OfTheProgramReachItOnceQtIsDone) {
     const std::unique_ptr<ControlKit> kit = MakeQtKit();
     auto& box = dynamic_cast<QtTextControl&>(kit->Text);
     // Who listens later is not heard any more when a failure passes Qt.
@@ -109,7 +109,7 @@ TEST_F(QtFailures, OfTheProgramReachItOnceQtIsDone) {
     EXPECT_EQ(told, QStringList());
 }
 
-TEST_F(QtFailures, OfAWindowThatTheProgramChangesReachItOnceQtIsDone) {
+TEST_F(QtExceptions, OfAWindowThatTheProgramChangesReachItOnceQtIsDone) {
     QtWindow window(nullptr, u"window"_s);
     window.Show();
     window.Resize = Fail;
