@@ -6,15 +6,9 @@
 
 using namespace Qt::StringLiterals;
 
-RealWindow::RealWindow(EventLoop* loop, Worker* background)
-    : services{files,
-               drives,
-               store,
-               shell,
-               windowManager,
-               messages,
-               loop != nullptr ? *loop : events,
-               background != nullptr ? *background : worker,
+RealWindow::RealWindow(Worker* background)
+    : services{files,         drives,   store,  shell,
+               windowManager, messages, events, background != nullptr ? *background : worker,
                worker} {
     shell.Documents = u"D:\\Documents"_s;
     files.AddDrive(u"D:"_s);

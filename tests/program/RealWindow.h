@@ -9,8 +9,8 @@
 /// The program on its real window, and a user with mouse and keyboard before it.
 class RealWindow {
 public:
-    /// These take the place of the system's event loop, and of a worker that does all at once.
-    explicit RealWindow(EventLoop* loop = nullptr, Worker* background = nullptr);
+    /// `background` takes the place of a worker that does all at once.
+    explicit RealWindow(Worker* background = nullptr);
 
     /// Plugs in an iPod at E:.
     void PlugIn(const std::vector<SampleTrack>& tracks = SmallLibrary());

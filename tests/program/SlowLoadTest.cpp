@@ -39,7 +39,7 @@ protected:
     }
 
     ThreadWorker m_worker;
-    RealWindow m_window{nullptr, &m_worker};
+    RealWindow m_window{&m_worker};
     std::atomic<bool> m_answers = false;
 };
 

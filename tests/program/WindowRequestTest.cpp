@@ -1,5 +1,7 @@
 // Whole requests on the real window, with the mouse and the keys of a user.
 
+#include "app/OverwriteWindow.h"
+#include "platform/qt/QtMessages.h"
 #include "tests/program/RealWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -128,6 +130,34 @@ TEST_F(WindowRequest, NothingButTheButtonAnswersDuringTheJobAndThatCancelsIt) {
     EXPECT_TRUE(controls.lstArtists.Enabled());
     ClickTab(2);
     EXPECT_EQ(Rows(controls.lstArtists), theLamps); // the one film's
+}
+
+TEST_F(WindowRequest, BehindAQuestionNothingAnswersAndItsAnswerGoesOn) {
+    Start();
+    TickRow("lstArtists", 0);
+    ASSERT_EQ(Copy(), QStringList({u"Copy completed!"_s}));
+    QtMessages boxes(&Top());
+    AtPrompt = [this](OverwritePrompt& prompt) { OverwriteWindow(&Top(), prompt).Ask(); };
+    messages.WhileShown = [&](const ShownMessage& shown) {
+        messages.Answers = {boxes.Show(shown.Text, shown.Title, shown.Buttons, shown.Icon)};
+    };
+    int questions = 0;
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, qApp, [&] {
+        for (QWidget* question : QApplication::topLevelWidgets()) {
+            if (question->isVisible() && question->windowType() == Qt::Dialog) {
+                ++questions;
+                ClickOn("cmdCopy");
+                TickRow("lstArtists", 0);
+                QTest::keyClick(Top().windowHandle(), Qt::Key_C, Qt::AltModifier);
+                QTest::keyClick(question, Qt::Key_Return);
+            }
+        }
+    });
+    user.start(0);
+    EXPECT_EQ(Copy(), QStringList({u"Copy completed!"_s}));
+    EXPECT_EQ(questions, 7); // one for each file, and the message
+    EXPECT_TRUE(controls.lstArtists.Selected(0));
 }
 
 TEST_F(WindowRequest, ARightClickOnASongOffersItsPreviewAndOnTheAllRowNothing) {
