@@ -39,7 +39,7 @@ public:
     }
 
     /// Whatever is shown, its rows, marks and summary fit one another.
-    void ExpectFits() {
+    void ExpectFits(bool keepsTicks) {
         // What could not be filled is empty until the next click, or its rows are what they say.
         if (const int last = form.lstSongs.ListCount() - 1; last >= 1) {
             form.lstSongs.UserClick(last);
@@ -51,7 +51,11 @@ public:
             }
         }
         if (form.cmdClear.Enabled() || form.tbsFilter.SelectedCaption() != u"All Files"_s) {
+            EXPECT_LT(form.lstSongs.ListCount(), 7); // no search here finds all six
             model.ShownTitles = form.lstSongs.Texts();
+        }
+        if (!keepsTicks) {
+            model.TakeTicks(form.lstSongs);
         }
         model.ExpectShown(form);
         model.ShownTitles.reset();
@@ -266,7 +270,7 @@ TEST_P(FailingProgramTest, TheNextRequestWorks) {
     const bool keepsTicks = GetParam().KeepsTicks;
     FailingProgram unfailing;
     GetParam().Prepare(unfailing);
-    if (keepsTicks) {
+    if (!unfailing.form.Combo1.Text().isEmpty()) {
         unfailing.ShowAll();
     }
     const QStringList ticked = unfailing.model.TickedTitles();
@@ -281,10 +285,8 @@ TEST_P(FailingProgramTest, TheNextRequestWorks) {
         program.ExpectAtRest();
         program.model.ExpectWholeFiles(program.files);
         GetParam().Remedy(program);
-        if (keepsTicks) {
-            program.model.Tick(&ModelSong::Title, ticked, u"All Files"_s, true);
-            program.ExpectFits();
-        }
+        program.model.Tick(&ModelSong::Title, ticked, u"All Files"_s, true);
+        program.ExpectFits(keepsTicks);
         program.ShowAll();
         EXPECT_TRUE(!keepsTicks || program.model.TickedTitles() == ticked);
         program.ExpectNextRequestsWork();
