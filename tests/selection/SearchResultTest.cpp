@@ -43,6 +43,11 @@ TEST_F(SearchResultTest, TheRecordsThatAreShownStayCurrent) {
     }
 }
 
+TEST_F(SearchResultTest, TheFullNameIsThatOfTheRowThatIsCurrentNow) {
+    browser.Do("artist Queen, album Jazz, song Mustapha, type let");
+    EXPECT_EQ(browser.FullName(), "Queen");
+}
+
 TEST_F(SearchResultTest, TheRememberedArtistIsFoundByItsIndexAndNotByItsName) {
     BrowserFixture twins("Abba\n  Arrival\n    Money\nAbba\n  Waterloo\n    Suzy");
     twins.Do("type suzy, artist Abba, clear");
