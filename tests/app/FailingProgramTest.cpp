@@ -44,6 +44,8 @@ public:
         for (FakeListControl* list : {&form.lstSongs, &form.lstAlbums}) {
             const int artist = form.lstArtists.ListIndex();
             if (const int last = list->ListCount() - 1; last >= 1) {
+                list->UserClick(0);
+                EXPECT_GT(form.lstSongs.ListCount(), 0);
                 list->UserClick(last);
                 const QString name = form.lblFullName.Caption();
                 EXPECT_TRUE(name.contains(list->List(last)));
