@@ -8,7 +8,8 @@
 namespace {
 
 /// Mostly it is the name of the track before, and comparing costs less than sharing a text.
-template <class Record> void Rename(Record& record, const QString& name) {
+template <class Record>
+void Rename(Record& record, const QString& name) {
     if (record.Name != name) {
         record.Name = name;
     }
