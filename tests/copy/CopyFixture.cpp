@@ -146,13 +146,17 @@ void CopyFixture::ExpectIdle() const {
     EXPECT_FALSE(prompt.OverwriteAll());
     EXPECT_EQ(form.Form1.Caption(), u"Songlift"_s);
     EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);
+    ExpectEnabled(true);
+    EXPECT_EQ(form.cmdClear.Enabled(), parts.WordSearch.SearchingText());
+    EXPECT_EQ(files.OpenFiles, 0);
+}
+
+void CopyFixture::ExpectEnabled(bool isEnabled) const {
     for (const Control* control : std::initializer_list<const Control*>{
              &form.Combo1, &form.tbsFilter, &form.lstArtists, &form.lstAlbums, &form.lstSongs,
              &form.chkAlbumName, &form.chkArtistName, &form.chkTrackNum, &form.txtDestination,
              &form.chkArtist, &form.chkAlbum, &form.cmdBrowse, &form.txtSearch, &form.cmdSearch,
              &form.frmDP, &form.frmTN, &form.frmDestination}) {
-        EXPECT_TRUE(control->Enabled());
+        EXPECT_EQ(control->Enabled(), isEnabled);
     }
-    EXPECT_EQ(form.cmdClear.Enabled(), parts.WordSearch.SearchingText());
-    EXPECT_EQ(files.OpenFiles, 0);
 }

@@ -55,6 +55,8 @@ public:
     QByteArray Bytes(const char* path) const { return files.Bytes(Text(path)); }
     /// The window is as it is when no job runs.
     void ExpectIdle() const;
+    /// What the user could change, but for the Clear button, can be changed or not.
+    void ExpectEnabled(bool isEnabled) const;
 
     FakeForm1 form;
     FakeFileSystem files;
