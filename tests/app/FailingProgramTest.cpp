@@ -91,7 +91,7 @@ public:
             form.lstArtists.UserTick(0, false); // some of an artist's songs may not be ticked
         }
         form.lstArtists.UserTick(0, true);
-        EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.5 MB of 3.5 MB"_s);
+        EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 63 KB of 63 KB"_s);
         messages.Shown.clear();
         form.cmdCopy.UserPress();
         EXPECT_EQ(messages.Texts(), QStringList({u"Copy completed!"_s}));

@@ -28,7 +28,7 @@ TEST_F(Form1Test, TheFirstIpodIsLoadedAtTheStartWithItsFirstArtistCurrent) {
     EXPECT_EQ(form.lstAlbums.Texts(), QStringList({u"All (2 Albums)"_s, u"Deep"_s, u"Wide"_s}));
     EXPECT_EQ(form.lstSongs.Texts(),
               QStringList({u"All (3 Items)"_s, u"Delta"_s, u"Estuary"_s, u"Source"_s}));
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 0 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 0 KB of 63 KB"_s);
     EXPECT_EQ(form.lblFullName.Caption(), u"Blue River"_s);
     EXPECT_TRUE(form.lstArtists.HasFocus());
     EXPECT_TRUE(form.Picture1.ShowsDevice);
@@ -53,7 +53,7 @@ TEST_F(Form1Test, WithoutAnIpodThePollFindsTheOneThatIsPluggedIn) {
 TEST_F(Form1Test, ATypicalRequestCopiesTheTickedAlbumAndSong) {
     StartWithSmallLibrary();
     form.lstAlbums.UserTick(1, true); // Deep
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.0 MB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 48 KB of 63 KB"_s);
     form.lstArtists.UserClick(2);
     form.lstSongs.UserTick(2, true); // Night Bus
     form.cmdCopy.UserPress();
@@ -66,7 +66,7 @@ TEST_F(Form1Test, ATypicalRequestCopiesTheTickedAlbumAndSong) {
     EXPECT_TRUE(files.SameContent(u"D:\\Music\\The Lamps\\Evening\\01 Night Bus.mp3"_s,
                                   u"E:\\iPod_Control\\Music\\F01\\AAAE.mp3"_s));
     EXPECT_EQ(files.ChangesBelow(u"E:"_s), QStringList());
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 3.0 MB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 50 KB of 63 KB"_s);
     EXPECT_EQ(form.cmdCopy.Caption(), u"&Copy to destination"_s);
 }
 
@@ -82,11 +82,11 @@ TEST_F(Form1Test, ACopyDuringASearchTakesTheHiddenMarksTooAndKeepsTheResult) {
               QStringList({u"D:\\Music\\Blue River\\Wide\\01 Estuary.mp3"_s,
                            u"D:\\Music\\The Lamps\\Evening\\02 Dusk.mp3"_s}));
     EXPECT_EQ(form.lstArtists.Texts(), QStringList({u"All (1 Artist)"_s, u"The Lamps"_s}));
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 513 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 9 KB of 63 KB"_s);
     EXPECT_TRUE(form.cmdClear.Enabled());
     form.cmdClear.UserPress();
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 513 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 9 KB of 63 KB"_s);
 }
 
 TEST_F(Form1Test, ASearchThatFindsNothingAndACopyLeaveTheSummaryRight) {
@@ -99,11 +99,11 @@ TEST_F(Form1Test, ASearchThatFindsNothingAndACopyLeaveTheSummaryRight) {
     form.cmdCopy.UserPress();
     EXPECT_EQ(files.FilesBelow(u"D:\\Music"_s),
               QStringList({u"D:\\Music\\Blue River\\Wide\\01 Estuary.mp3"_s}));
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 8 KB of 63 KB"_s);
     form.txtSearch.UserReplace(QString());
     EXPECT_EQ(form.lstArtists.Texts(),
               QStringList({u"All (2 Artists)"_s, u"Blue River"_s, u"The Lamps"_s}));
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 8 KB of 63 KB"_s);
 }
 
 TEST_F(Form1Test, CopyAndClearPressedInASearchsYieldDoNothing) {
@@ -119,7 +119,7 @@ TEST_F(Form1Test, CopyAndClearPressedInASearchsYieldDoNothing) {
     events.OnYield = {};
     EXPECT_TRUE(messages.Shown.empty());
     EXPECT_EQ(files.CountOf(FileCall::CopyFile), 0);
-    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 512 KB of 3.5 MB"_s);
+    EXPECT_EQ(form.lblMessage.Caption(), u"Selected: 8 KB of 63 KB"_s);
 }
 
 TEST_F(Form1Test, UnpluggingDuringASearchEmptiesTheWindowForGood) {

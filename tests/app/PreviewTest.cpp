@@ -104,7 +104,8 @@ TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRowInAWindowOfItsSizeAndName) {
             PreviewRow(song.Row);
             EXPECT_TRUE(wasReady) << song.Row;
             EXPECT_TRUE(frmPreview.Visible);
-            EXPECT_EQ(files.CallTexts(), QStringList{u"FileExists "_s + song.File});
+            EXPECT_EQ(files.CallsOf(FileCall::FileExists), QStringList{song.File});
+            EXPECT_EQ(files.Calls.size(), 1U);
             if (closes) {
                 frmPreview.UserClose();
             }

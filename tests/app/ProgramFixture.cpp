@@ -61,9 +61,9 @@ void ProgramFixture::ExpectAtRest() const {
 
 std::vector<SampleTrack> SmallLibrary() {
     std::vector<SampleTrack> tracks = {
-        Song("Blue River", "Deep", "Source", 1, 1048576, "F00/AAAA.mp3"),
-        Song("Blue River", "Deep", "Delta", 2, 2097152, "F00/AAAB.mp3"),
-        Song("Blue River", "Wide", "Estuary", 1, 524288, "F00/AAAC.mp3"),
+        Song("Blue River", "Deep", "Source", 1, 16384, "F00/AAAA.mp3"),
+        Song("Blue River", "Deep", "Delta", 2, 32768, "F00/AAAB.mp3"),
+        Song("Blue River", "Wide", "Estuary", 1, 8192, "F00/AAAC.mp3"),
         Song("The Lamps", "Evening", "Dusk", 2, 1024, "F01/AAAD.mp3"),
         Song("The Lamps", "Evening", "Night Bus", 1, 2048, "F01/AAAE.mp3"),
         Song("The Lamps", "Evening", "Film", 0, 4096, "F01/AAAF.m4v"),

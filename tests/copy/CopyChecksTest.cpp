@@ -181,6 +181,7 @@ TEST_F(CopyChecksTest, ADriveWithLessSpaceThanSelectedIsAskedAboutAndCancelCopie
 TEST_F(CopyChecksTest, WithTooLittleSpaceOKCopiesUntilTheDiskFullMessage) {
     AddTrack("Abba", "Arrival", "Fernando", "fernando");
     files.SetFreeBytes(u"D:"_s, 9);
+    files.FailNthCall(FileCall::CopyFile, 2, ErrorNumber::DiskFull);
     messages.Answers = {MessageAnswer::OK, MessageAnswer::Cancel};
     Press();
     EXPECT_EQ(messages.Texts().mid(1), QStringList{u"This drive is full."_s});

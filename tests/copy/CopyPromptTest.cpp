@@ -85,12 +85,12 @@ TEST_F(CopyPromptTest, AWindowThatIsNotTheActiveOneIsFlashedBeforeThePrompt) {
     EXPECT_EQ(prompted.size(), 2);
 }
 
-TEST_F(CopyPromptTest, AFileThatDiffersOnlyInLetterCaseOrInComposedAccentsIsAskedAbout) {
+TEST_F(CopyPromptTest, AFileThatDiffersOnlyInLetterCaseIsAskedAbout) {
     library.Artists[0].Albums[0].Tracks[0].Title = u"Bj\u00F6rk"_s;
-    library.Artists[0].Albums[0].Tracks[1].Title = u"BJO\u0308RK"_s;
+    library.Artists[0].Albums[0].Tracks[1].Title = u"BJ\u00D6RK"_s;
     promptUses = {PromptUse::Skip, PromptUse::Skip};
     Press();
-    EXPECT_EQ(prompted, QStringList({u"D:\\Music\\BJO\u0308RK.mp3"_s, three}));
+    EXPECT_EQ(prompted, QStringList({u"D:\\Music\\BJ\u00D6RK.mp3"_s, three}));
     EXPECT_EQ(files.Bytes(u"D:\\Music\\Bj\u00F6rk.mp3"_s), QByteArray("new one"));
 }
 

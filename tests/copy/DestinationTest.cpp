@@ -74,7 +74,8 @@ TEST_F(DestinationTest, ABadNameIsFalseWithoutCreateFailedAndLeavesTheProbeFolde
         EXPECT_FALSE(destination.CreateFailed());
         EXPECT_EQ(destination.ProbeFolder(), probe);
     }
-    EXPECT_EQ(files.FoldersBelow(u"D:"_s), QStringList{u"D:\\New"_s});
+    EXPECT_FALSE(files.HasFolder(u"D:\\What?"_s));
+    EXPECT_TRUE(files.HasFolder(u"D:\\New"_s));
 }
 
 TEST_F(DestinationTest, AnotherFailureToCreateSetsCreateFailed) {

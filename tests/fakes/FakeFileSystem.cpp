@@ -1,438 +1,390 @@
 #include "tests/fakes/FakeFileSystem.h"
 
-#include "platform/NameRules.h"
 #include "platform/Paths.h"
-#include "platform/RuntimeError.h"
+#include "tests/fakes/FakeFaults.h"
+#include "tests/fakes/RealFiles.h"
 
-#include <QRegularExpression>
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <stdexcept>
+#include <cstring>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool HoldsAny(const QString& text, const char* characters) {
-    return std::any_of(text.begin(), text.end(), [characters](QChar c) {
-        return c.unicode() < 128 && c.unicode() > 0 &&
-               std::strchr(characters, static_cast<char>(c.unicode())) != nullptr;
-    });
+bool IsSame(const QString& path, const QString& other) {
+    return path.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-bool IsDevice(const QString& name) {
-    static const QRegularExpression device(u"^(con|prn|aux|nul|(com|lpt)[1-9]) *(\\..*)?$"_s,
-                                           QRegularExpression::CaseInsensitiveOption);
-    return device.match(name).hasMatch();
+bool IsAtOrBelow(const QString& path, const QString& folder) {
+    return IsSame(path, folder) ||
+           path.startsWith(Paths::WithSeparator(folder), Qt::CaseInsensitive);
 }
 
-/// What Windows refuses, or makes so that nobody can open it.
-bool IsBadForWindows(const QString& name) {
-    return name.endsWith(u'.') || name.endsWith(u' ') || IsDevice(name) ||
-           std::any_of(name.begin(), name.end(), [](QChar c) { return c < u' '; });
+QString TextOf(const FakeFileSystem::RecordedCall& call) {
+    return call.Target.isNull() ? call.Path : call.Path + u" > "_s + call.Target;
 }
 
-bool IsRefused(const QString& name, const NameLimits& limits) {
-    const bool countsBytes = limits.CountedIn == NameLimits::Unit::Utf8Bytes;
-    return !name.isValidUtf16() || name.contains(u'\0') ||
-           (countsBytes ? name.toUtf8().size() : name.size()) > limits.Longest ||
-           (limits.IsForWindows && IsBadForWindows(name));
+/// 0 leaves it as it is.
+void SetTime(QFile& file, qint64 seconds) {
+    file.flush(); // a later write would change it again
+    EXPECT_TRUE(seconds == 0 || file.setFileTime(QDateTime::fromSecsSinceEpoch(seconds),
+                                                 QFileDevice::FileModificationTime));
+}
+
+bool Changes(FileCall call) {
+    using enum FileCall;
+    static constexpr FileCall changing[] = {
+        CreateFolder, CreateFolderChain,        DeleteFolder, CopyFile, MoveFile,
+        DeleteFile,   OpenForReadingAndWriting, Write,        Truncate, TakeModificationTime};
+    return std::find(std::begin(changing), std::end(changing), call) != std::end(changing);
 }
 
 } // namespace
 
 /// An open file of a FakeFileSystem.
-class FakeBinaryFile : public BinaryFile {
+class RecordedFile : public BinaryFile {
 public:
-    FakeBinaryFile(FakeFileSystem& files, FakeFileSystem::EntryPointer entry, const QString& path,
-                   bool writable)
-        : m_files(files), m_entry(std::move(entry)), m_path(path), m_writable(writable) {
+    RecordedFile(FakeFileSystem& files, std::unique_ptr<BinaryFile> file, const QString& path)
+        : m_files(files), m_file(std::move(file)), m_path(path) {
         ++m_files.OpenFiles;
     }
-
-    ~FakeBinaryFile() override { Release(); }
+    ~RecordedFile() override { CountAsClosed(); }
 
     void Read(const std::shared_ptr<char>& buffer, qint64 size) override {
-        Begin(FileCall::Read, size);
-        if (m_position + size > m_entry->Content.Length()) {
-            throw RuntimeError(ErrorNumber::DeviceIOError);
-        }
-        m_entry->Content.Read(buffer.get(), m_position, size);
-        m_position += size;
+        m_files.Record(FileCall::Read, m_path, {}, size);
+        m_file->Read(buffer, size);
     }
-
     bool WriteFrom(BinaryFile& source, qint64 size, const CopyControl& control) override {
-        const auto bytes = std::make_shared<char[]>(static_cast<size_t>(size));
-        source.Read({bytes, bytes.get()}, size);
-        Write(bytes.get(), size);
-        control.AddBytes(size);
-        return !control.IsStopped();
+        const auto& from = static_cast<RecordedFile&>(source);
+        m_files.Record(FileCall::Read, from.m_path, {}, size);
+        m_files.Record(FileCall::Write, m_path, {}, size);
+        return m_file->WriteFrom(*from.m_file, size, control);
     }
-
     void Truncate(qint64 size) override {
-        Begin(FileCall::Truncate, size);
-        const qint64 before = m_entry->Content.Length();
-        m_entry->Content.Truncate(size);
-        m_files.GiveSpace(m_path, before - m_entry->Content.Length());
+        m_files.Record(FileCall::Truncate, m_path, {}, size);
+        m_file->Truncate(size);
     }
-
     void Close() override {
-        Begin(FileCall::Close, 0);
-        Release();
+        m_files.Record(FileCall::Close, m_path);
+        m_file->Close();
+        CountAsClosed();
     }
-
     void TakeModificationTime(BinaryFile& source) override {
-        try {
-            m_files.Record(FileCall::TakeModificationTime, m_path);
-            const auto& from = static_cast<FakeBinaryFile&>(source);
-            m_entry->ModificationTime = from.m_entry->ModificationTime;
-        } catch (const RuntimeError&) {
-            // It never fails: some drives keep no times.
+        if (m_files.RecordSafely(FileCall::TakeModificationTime, m_path)) {
+            m_file->TakeModificationTime(*static_cast<RecordedFile&>(source).m_file);
         }
     }
 
+    BinaryFile& File() const { return *m_file; }
     const QString& Path() const { return m_path; }
-    bool HasItsName() const {
-        const auto found = m_files.m_entries.find(FakeFileSystem::Key(m_path));
-        return found != m_files.m_entries.end() && found->second == m_entry;
-    }
 
 private:
-    void Write(const char* buffer, qint64 size) {
-        Begin(FileCall::Write, size);
-        if (!m_writable) {
-            throw RuntimeError(ErrorNumber::PermissionDenied);
-        }
-        const qint64 inside = std::min(size, m_entry->Content.Length() - m_position);
-        const qint64 fits = inside + m_files.TakeSpace(m_path, size - inside);
-        m_entry->Content.Write(buffer, m_position, fits);
-        m_entry->ModificationTime = ++m_files.m_clock;
-        m_position += fits;
-        if (fits < size) {
-            throw RuntimeError(ErrorNumber::DiskFull);
-        }
-    }
-
-    void Begin(FileCall call, qint64 size) {
-        if (m_closed) {
-            throw std::logic_error("a closed file was used");
-        }
-        m_files.Record(call, m_path, {}, size);
-    }
-
-    void Release() {
-        if (!m_closed) {
-            m_closed = true;
-            --m_files.OpenFiles;
-        }
+    void CountAsClosed() {
+        m_files.OpenFiles -= m_isOpen ? 1 : 0;
+        m_isOpen = false;
     }
 
     FakeFileSystem& m_files;
-    FakeFileSystem::EntryPointer m_entry;
+    std::unique_ptr<BinaryFile> m_file;
     QString m_path;
-    bool m_writable;
-    bool m_closed = false;
-    qint64 m_position = 0;
+    bool m_isOpen = true;
 };
 
-// ---- keys
-
-QString FakeFileSystem::Key(const QString& path) {
-    const QChar separator = Paths::Separator(path);
-    QString key = path;
-    while (key.endsWith(separator)) {
-        key.chop(1);
+FakeFileSystem::FakeFileSystem() : m_folder(SharedFolder::Path() + u"/XXXXXX"_s) {
+    if (!m_folder.isValid()) {
+        qFatal("no folder for the files");
     }
+}
+
+// ---- paths
+
+QString FakeFileSystem::Real(const QString& path) const {
+    const QString folder = QFileInfo(m_folder.path()).fileName();
     if (Paths::IsDriveForm(path)) {
-        return key.normalized(QString::NormalizationForm_D)
-            .toCaseFolded()
-            .normalized(QString::NormalizationForm_D);
+        return SharedFolder::OnDrive(folder + u'\\' + path[0] + path.mid(2));
     }
-    // A relative path is on no drive; the root's key is empty but not null.
-    return path.startsWith(separator) ? (key.isEmpty() ? u""_s : key) : u"\u0001nowhere/"_s + key;
+    const bool isInside = path.startsWith(u'/') && !path.contains(u"/.."_s);
+    return SharedFolder::Native(folder + (isInside ? u"/native"_s : u"/nowhere/x"_s) + path);
 }
 
-bool FakeFileSystem::IsBelow(const QString& key, const QString& folderKey) {
-    if (folderKey.isEmpty()) {
-        return key.startsWith(u'/');
+QString FakeFileSystem::Host(const QString& path) const {
+    return Paths::IsDriveForm(path)
+               ? m_folder.filePath(path[0].toUpper() + path.mid(2).replace(u'\\', u'/'))
+               : m_folder.filePath(u"native"_s + path);
+}
+
+QString FakeFileSystem::RootOf(const QString& path) const {
+    QString root;
+    for (const auto& [drive, bytes] : m_freeBytes) {
+        root = IsAtOrBelow(path, drive) && drive.size() > root.size() ? drive : root;
     }
-    return key.size() > folderKey.size() && key.startsWith(folderKey) &&
-           key[folderKey.size()] == Paths::Separator(key);
+    return root;
 }
 
-const FakeFileSystem::Entry* FakeFileSystem::Find(const QString& path) const {
-    const auto found = m_entries.find(Key(path));
-    return found == m_entries.end() ? nullptr : found->second.get();
+// ---- building the tree
+
+void FakeFileSystem::AddDrive(const QString& root, double freeBytes) {
+    m_freeBytes[root] = freeBytes;
+    MakeFolder(Host(root));
 }
 
-const FakeFileSystem::Entry& FakeFileSystem::FileAt(const QString& path) const {
-    const Entry* entry = Find(path);
-    if (entry == nullptr || entry->IsFolder) {
-        throw std::logic_error("no such file: " + path.toStdString());
+void FakeFileSystem::RemoveDrive(const QString& root) {
+    m_freeBytes.erase(root);
+    Remove(root);
+}
+
+void FakeFileSystem::AddFolder(const QString& path) {
+    m_freeBytes.emplace(Paths::DrivePart(path), 1e15);
+    MakeFolder(Host(path));
+}
+
+std::unique_ptr<QFile> FakeFileSystem::NewFile(const QString& path) {
+    AddFolder(Paths::ParentFolder(path));
+    QFile::remove(Host(path)); // whoever has it open reads on
+    auto file = std::make_unique<QFile>(Host(path));
+    EXPECT_TRUE(file->open(QIODevice::WriteOnly)) << qPrintable(path);
+    return file;
+}
+
+void FakeFileSystem::AddFile(const QString& path, const QByteArray& bytes,
+                             qint64 modificationTime) {
+    const std::unique_ptr<QFile> file = NewFile(path);
+    EXPECT_EQ(file->write(bytes), bytes.size());
+    SetTime(*file, modificationTime);
+}
+
+void FakeFileSystem::AddLargeFile(const QString& path, qint64 length, qint64 seed,
+                                  qint64 modificationTime) {
+    const std::unique_ptr<QFile> file = NewFile(path);
+    EXPECT_TRUE(file->resize(length));
+    static const QByteArray stamp = Pattern(65521);
+    const qint64 phase = std::abs(seed % 1000);
+    for (qint64 at = 0; at < length; at += 1000003) { // in no two blocks of a round size alike
+        file->seek(at);
+        file->write(stamp.constData() + phase, std::min(length - at, stamp.size() - phase));
     }
-    return *entry;
+    SetTime(*file, modificationTime);
 }
 
-FakeFileSystem::Drive* FakeFileSystem::DriveFor(const QString& path) {
-    const QString key = Key(path);
-    Drive* best = nullptr;
-    qsizetype length = -1;
-    for (auto& [rootKey, drive] : m_drives) {
-        if ((key == rootKey || IsBelow(key, rootKey)) && rootKey.size() > length) {
-            best = &drive;
-            length = rootKey.size();
+void FakeFileSystem::Remove(const QString& path) {
+    if (!QFile::remove(Host(path))) {
+        QDir(Host(path)).removeRecursively();
+    }
+}
+
+// ---- looking at the tree
+
+bool FakeFileSystem::HasFile(const QString& path) const {
+    return m_real.FileExists(Real(path));
+}
+
+bool FakeFileSystem::HasFolder(const QString& path) const {
+    return m_real.FolderExists(Real(path));
+}
+
+QByteArray FakeFileSystem::Bytes(const QString& path) const {
+    return ReadFile(Host(path));
+}
+
+qint64 FakeFileSystem::Length(const QString& path) const {
+    return QFileInfo(Host(path)).size();
+}
+
+qint64 FakeFileSystem::ModificationTime(const QString& path) const {
+    return QFileInfo(Host(path)).lastModified().toSecsSinceEpoch();
+}
+
+bool FakeFileSystem::SameContent(const QString& path, const QString& otherPath) const {
+    QFile one(Host(path));
+    QFile other(Host(otherPath));
+    EXPECT_TRUE(one.open(QIODevice::ReadOnly) && other.open(QIODevice::ReadOnly));
+    const auto size = static_cast<size_t>(one.size());
+    return one.size() == other.size() &&
+           (size == 0 || std::memcmp(one.map(0, one.size()), other.map(0, one.size()), size) == 0);
+}
+
+QStringList FakeFileSystem::FilesBelow(const QString& folder) const {
+    QStringList paths;
+    const QString host = Host(folder);
+    QDirIterator below(host, QDir::Files | QDir::Hidden | QDir::System,
+                       QDirIterator::Subdirectories);
+    while (below.hasNext()) {
+        QString rest = below.next().mid(host.size());
+        paths += folder + (Paths::IsDriveForm(folder) ? rest.replace(u'/', u'\\') : rest);
+    }
+    paths.sort();
+    return paths;
+}
+
+// ---- what was called
+
+QStringList FakeFileSystem::CallsOf(FileCall call) const {
+    QStringList texts;
+    for (const RecordedCall& recorded : Calls) {
+        if (recorded.Call == call) {
+            texts += TextOf(recorded);
         }
     }
-    return best;
+    return texts;
+}
+
+QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
+    QStringList texts;
+    for (const RecordedCall& call : Calls) {
+        // A copy reads its source; a move takes its source away.
+        const bool isThere = (call.Call != FileCall::CopyFile && IsAtOrBelow(call.Path, folder)) ||
+                             IsAtOrBelow(call.Target, folder);
+        if (Changes(call.Call) && isThere) {
+            texts += TextOf(call);
+        }
+    }
+    return texts;
+}
+
+// ---- failures
+
+bool FakeFileSystem::Strikes(Failure& failure, const RecordedCall& call) {
+    if (failure.Call.value_or(call.Call) != call.Call) {
+        return false;
+    }
+    if (!failure.Path.isNull()) {
+        return IsSame(failure.Path, call.Path) || IsSame(failure.Path, call.Target);
+    }
+    return --failure.CallsToGo == 0; // stays below 0: such a failure strikes once
+}
+
+void FakeFileSystem::Record(FileCall call, const QString& path, const QString& target,
+                            qint64 size) {
+    Calls.push_back({call, path, target, size});
+    const RecordedCall recorded = Calls.back();
+    FakeFaults::Call();
+    if (BeforeCall) {
+        BeforeCall(recorded);
+    }
+    std::optional<ErrorNumber> number;
+    for (Failure& failure : m_failures) {
+        if (Strikes(failure, recorded)) {
+            number = failure.Number;
+        }
+    }
+    if (number) {
+        ++FailuresStruck;
+        throw RuntimeError(*number);
+    }
+}
+
+bool FakeFileSystem::RecordSafely(FileCall call, const QString& path) {
+    try {
+        Record(call, path);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 // ---- FileSystem
 
 bool FakeFileSystem::FileExists(const QString& path) {
-    try {
-        Record(FileCall::FileExists, path);
-    } catch (const RuntimeError&) {
-        return false;
-    }
-    return HasFile(path);
+    return RecordSafely(FileCall::FileExists, path) && HasFile(path);
+}
+
+bool FakeFileSystem::WouldReplace(const QString& path) {
+    return RecordSafely(FileCall::FileExists, path) && m_real.WouldReplace(Real(path));
 }
 
 bool FakeFileSystem::FolderExists(const QString& path) {
-    try {
-        Record(FileCall::FolderExists, path);
-    } catch (const RuntimeError&) {
-        return false;
-    }
-    return HasFolder(path);
-}
-
-void FakeFileSystem::RequireParent(const QString& path) const {
-    const QString parent = Paths::ParentFolder(path);
-    if (parent.isEmpty() || !HasFolder(parent)) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-}
-
-void FakeFileSystem::MakeFolder(const QString& path) {
-    auto entry = std::make_shared<Entry>();
-    entry->Path = path;
-    while (entry->Path.endsWith(Paths::Separator(path))) {
-        entry->Path.chop(1);
-    }
-    entry->IsFolder = true;
-    m_entries[Key(path)] = entry;
+    return RecordSafely(FileCall::FolderExists, path) && HasFolder(path);
 }
 
 void FakeFileSystem::CreateFolder(const QString& path) {
     Record(FileCall::CreateFolder, path);
-    if (const Entry* entry = Find(path)) {
-        throw RuntimeError(entry->IsFolder ? ErrorNumber::FileAlreadyExists
-                                           : ErrorNumber::PermissionDenied);
-    }
-    RequireFolderName(path);
-    RequireParent(path);
-    QString trimmed = path;
-    while (trimmed.endsWith(Paths::Separator(path))) {
-        trimmed.chop(1);
-    }
-    if (IsRefused(Paths::FileName(trimmed), Limits)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    MakeFolder(path);
+    m_real.CreateFolder(Real(path));
 }
 
 void FakeFileSystem::CreateFolderChain(const QString& path) {
     Record(FileCall::CreateFolderChain, path);
-    std::vector<QString> missing;
-    for (QString folder = path; !HasFolder(folder); folder = Paths::ParentFolder(folder)) {
-        if (Paths::ParentFolder(folder).isEmpty() || HasFile(folder)) {
-            throw RuntimeError(ErrorNumber::PathNotFound);
-        }
-        missing.push_back(folder);
-    }
-    std::for_each(missing.begin(), missing.end(), RequireFolderName);
-    std::for_each(missing.rbegin(), missing.rend(),
-                  [this](const QString& folder) { MakeFolder(folder); });
+    m_real.CreateFolderChain(Real(path));
 }
 
-void FakeFileSystem::DeleteFolder(const QString& path, const CopyControl&) {
+void FakeFileSystem::DeleteFolder(const QString& path, const CopyControl& control) {
     Record(FileCall::DeleteFolder, path);
-    if (!HasFolder(path)) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
-    Drop(Key(path));
-}
-
-void FakeFileSystem::Drop(const QString& key) {
-    const auto drop = [this](auto entry) {
-        GiveSpace(entry->second->Path, entry->second->Content.Length());
-        return m_entries.erase(entry);
-    };
-    if (const auto found = m_entries.find(key); found != m_entries.end()) {
-        drop(found);
-    }
-    auto below = m_entries.lower_bound(key + Paths::Separator(key));
-    while (below != m_entries.end() && IsBelow(below->first, key)) {
-        below = drop(below);
-    }
-}
-
-FakeFileSystem::EntryPointer FakeFileSystem::RequireFile(const QString& path) const {
-    const auto found = m_entries.find(Key(path));
-    if (found == m_entries.end() || found->second->IsFolder) {
-        RequireParent(path);
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    }
-    return found->second;
-}
-
-void FakeFileSystem::RequireFileTarget(const QString& path, Existing existing) const {
-    RequireParent(path);
-    if (HasFolder(path)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    if (HasFile(path) && existing == Existing::Keep) {
-        throw RuntimeError(ErrorNumber::FileAlreadyExists);
-    }
-    const QString name = Paths::FileName(path);
-    if (IsRefused(name, Limits) || (Paths::IsDriveForm(path) && HoldsAny(name, "/:*?\"<>|"))) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-}
-
-qint64 FakeFileSystem::TakeSpace(const QString& path, qint64 bytes) {
-    Drive* drive = DriveFor(path);
-    qint64 fits = bytes;
-    if (drive != nullptr) {
-        fits = std::min(fits, static_cast<qint64>(drive->FreeBytes));
-    }
-    if (m_bytesUntilFull >= 0) {
-        fits = std::min(fits, m_bytesUntilFull);
-        m_bytesUntilFull -= fits;
-        FailuresStruck += fits < bytes ? 1 : 0;
-    }
-    if (drive != nullptr) {
-        drive->FreeBytes -= static_cast<double>(fits);
-    }
-    return fits;
-}
-
-void FakeFileSystem::GiveSpace(const QString& path, qint64 bytes) {
-    if (Drive* drive = DriveFor(path)) {
-        drive->FreeBytes += static_cast<double>(bytes);
-    }
+    m_real.DeleteFolder(Real(path), control);
 }
 
 bool FakeFileSystem::CopyFile(const QString& source, const QString& target, Existing existing,
                               const CopyControl& control) {
     Record(FileCall::CopyFile, source, target);
-    const EntryPointer from = RequireFile(source);
-    RequireFileTarget(target, existing);
-    if (Key(source) == Key(target)) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    const qint64 length = from->Content.Length();
-    const qint64 fits = TakeSpace(target, length);
-    if (fits < length) {
-        GiveSpace(target, fits);
-        throw RuntimeError(ErrorNumber::DiskFull);
-    }
-    control.AddBytes(length);
-    if (!control.BeginPlacing()) {
-        GiveSpace(target, length);
-        return false;
-    }
-    Drop(Key(target));
-    auto entry = std::make_shared<Entry>(*from);
-    entry->Path = target;
-    m_entries[Key(target)] = entry;
-    return true;
+    return m_real.CopyFile(Real(source), Real(target), existing, control);
 }
 
 void FakeFileSystem::RequireTarget(const QString& target, Existing existing) {
     Record(FileCall::RequireTarget, target);
-    RequireFileTarget(target, existing);
+    m_real.RequireTarget(Real(target), existing);
 }
 
 bool FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing,
                               const CopyControl& control) {
-    const auto& moved = static_cast<FakeBinaryFile&>(file);
-    const QString source = moved.Path();
-    Record(FileCall::MoveFile, source, target);
-    RequireParent(source);
-    if (!moved.HasItsName()) {
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-    }
-    RequireFileTarget(target, existing);
-    if (!control.BeginPlacing()) {
-        return false;
-    }
-    const EntryPointer entry = m_entries.at(Key(source));
-    if (Key(source) != Key(target)) {
-        Drop(Key(target));
-    }
-    m_entries.erase(Key(source));
-    entry->Path = target;
-    m_entries[Key(target)] = entry;
-    return true;
+    const auto& moved = static_cast<RecordedFile&>(file);
+    Record(FileCall::MoveFile, moved.Path(), target);
+    return m_real.MoveFile(moved.File(), Real(target), existing, control);
 }
 
 void FakeFileSystem::DeleteFile(BinaryFile& file) {
-    const auto& deleted = static_cast<FakeBinaryFile&>(file);
-    try {
-        Record(FileCall::DeleteFile, deleted.Path());
-        if (deleted.HasItsName()) {
-            Drop(Key(deleted.Path()));
-        }
-    } catch (const RuntimeError&) {
-        // It never fails.
+    const auto& deleted = static_cast<RecordedFile&>(file);
+    if (RecordSafely(FileCall::DeleteFile, deleted.Path())) {
+        m_real.DeleteFile(deleted.File());
     }
+}
+
+void FakeFileSystem::RemoveLeftovers(const QString& folder) {
+    ClearedFolders += folder;
+    m_real.RemoveLeftovers(Real(folder));
 }
 
 qint64 FakeFileSystem::FileLength(const QString& path) {
     Record(FileCall::FileLength, path);
-    return RequireFile(path)->Content.Length();
+    return m_real.FileLength(Real(path));
 }
 
 std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReading(const QString& path) {
     Record(FileCall::OpenForReading, path);
-    return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, false);
+    return std::make_unique<RecordedFile>(*this, m_real.OpenForReading(Real(path)), path);
 }
 
 std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QString& path) {
     Record(FileCall::OpenForReadingAndWriting, path);
-    if (!HasFile(path)) {
-        RequireFileTarget(path, Existing::Replace);
-        AddFile(path, {}, ++m_clock);
-    }
-    return std::make_unique<FakeBinaryFile>(*this, RequireFile(path), path, true);
+    return std::make_unique<RecordedFile>(*this, m_real.OpenForReadingAndWriting(Real(path)), path);
 }
 
 bool FakeFileSystem::IsOnIpod(const QString& path) {
-    const QString root = Key(IpodRoot);
-    return !IpodRoot.isNull() && (Key(path) == root || IsBelow(Key(path), root));
+    return !IpodRoot.isNull() && IsAtOrBelow(path, IpodRoot);
 }
 
 QString FakeFileSystem::DriveOf(const QString& path) {
     Record(FileCall::DriveOf, path);
-    if (Paths::IsDriveForm(path)) {
-        return path.left(2);
-    }
-    const Drive* drive = DriveFor(path);
-    return drive == nullptr ? QString() : drive->Root;
+    return Paths::IsDriveForm(path) ? path.left(2) : RootOf(path);
 }
 
 double FakeFileSystem::FreeBytes(const QString& path) {
     Record(FileCall::FreeBytes, path);
-    const Drive* drive = DriveFor(path);
-    if (drive == nullptr) {
+    const auto found = m_freeBytes.find(RootOf(path));
+    if (found == m_freeBytes.end()) {
         throw RuntimeError(ErrorNumber::DeviceUnavailable);
     }
-    return drive->FreeBytes;
+    return found->second;
 }
 
 QString FakeFileSystem::NativePath(const QString& path) {
     Record(FileCall::NativePath, path);
-    const auto found = m_nativePaths.find(Key(path));
+    const auto found = m_nativePaths.find(path);
     return found == m_nativePaths.end() ? path : found->second;
 }

@@ -4,8 +4,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 void WriteFile(const QString& path, const QByteArray& content) {
     QFile file(path);
@@ -43,4 +47,11 @@ int NumberOf(const std::function<void()>& step) {
         return int(error.Number);
     }
     return 0;
+}
+
+QString FolderInMemory() {
+    const QStorageInfo memory(u"/dev/shm"_s);
+    const bool hasRoom = memory.isReady() && memory.bytesAvailable() > qint64{1} << 30 &&
+                         QFileInfo(memory.rootPath()).isWritable();
+    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
 }

@@ -16,5 +16,8 @@ void MakeFolder(const QString& path);
 /// All names in a folder, hidden ones too, in byte order.
 QStringList NamesIn(const QString& folder);
 
+/// Where a QTemporaryDir is made: in memory, if there is room.
+QString FolderInMemory();
+
 /// The number of the error that a step raises, 0 where it raises none.
 int NumberOf(const std::function<void()>& step);

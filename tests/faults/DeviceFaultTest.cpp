@@ -76,7 +76,7 @@ protected:
                   m_folders.Old.contains(m_target));
     }
 
-    QTemporaryDir m_work{FolderForJobs()};
+    QTemporaryDir m_work{FolderInMemory()};
     JobFolders m_folders{m_work.path()};
     QString m_source;
     QString m_target;

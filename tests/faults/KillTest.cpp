@@ -168,7 +168,7 @@ TEST(KillWhileCopying, AtAnyMomentOfAJobWithALargeFileHarmsNothing) {
     const unsigned wanted = NumberFrom("SONGLIFT_KILLS", 5);
     const unsigned seed = NumberFrom("SONGLIFT_SEED", std::random_device()());
     std::cout << wanted << " kills, SONGLIFT_SEED=" << seed << '\n';
-    const QTemporaryDir work(FolderForJobs());
+    const QTemporaryDir work(FolderInMemory());
     LargeFolders folders(work.path());
     const QStringList device = folders.DeviceState();
     folders.Reset(false);

@@ -82,7 +82,7 @@ protected:
         EXPECT_EQ(job.sharedFiles.use_count(), job.ownersAtRest);
     }
 
-    QTemporaryDir m_work{FolderForJobs()};
+    QTemporaryDir m_work{FolderInMemory()};
     JobFolders m_folders;
     SlowDisk m_device{m_folders.Device};
     SlowDisk m_target{m_folders.Destination};

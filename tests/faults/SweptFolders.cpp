@@ -4,8 +4,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QStorageInfo>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -19,14 +17,7 @@ const QByteArray LongBytes = Pattern(1200000);
 
 } // namespace
 
-QString FolderForJobs() {
-    const QStorageInfo memory(u"/dev/shm"_s);
-    const bool hasRoom = memory.isReady() && memory.bytesAvailable() > qint64{1} << 30 &&
-                         QFileInfo(memory.rootPath()).isWritable();
-    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
-}
-
-SweptFolders::SweptFolders() : SweptFolders(std::make_unique<QTemporaryDir>(FolderForJobs())) {
+SweptFolders::SweptFolders() : SweptFolders(std::make_unique<QTemporaryDir>(FolderInMemory())) {
 }
 
 SweptFolders::SweptFolders(std::unique_ptr<QTemporaryDir> work)

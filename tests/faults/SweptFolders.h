@@ -9,10 +9,6 @@
 /// as the drives that people carry away.
 enum class Disk { WithNamelessFiles, WithoutNamelessFiles };
 
-/// A template for temporary folders; in memory where the system has room there, since thousands of
-/// jobs are to be run.
-QString FolderForJobs();
-
 /// Small files of all the ways to copy (in one block, in several, in the kernel, in chunks), of
 /// which some replace an earlier one, and what a killed job has left.
 class SweptFolders : public JobFolders {

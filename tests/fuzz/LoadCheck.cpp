@@ -1,5 +1,6 @@
 #include "tests/fuzz/LoadCheck.h"
 
+#include "tests/fakes/RealFiles.h"
 #include "tests/library/PlainReaders.h"
 
 #include <QDir>
@@ -39,14 +40,9 @@ public:
     }
 
 private:
-    static QString Template() {
-        const QString memory = u"/dev/shm"_s;
-        return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/songlift-XXXXXX"_s;
-    }
-
     const QByteArray& m_library;
     const QByteArray& m_locations;
-    const QTemporaryDir m_folder{Template()};
+    const QTemporaryDir m_folder{FolderInMemory()};
 };
 
 /// Whether the binary database has a head of its track list that tells no track: a load stops there

@@ -26,9 +26,10 @@ TEST_F(DeviceScan, RemovableDrivesFromCOnWithADatabaseAreListedInTheOrderOfTheSy
     Devices.Combo1_DropDown();
     EXPECT_EQ(Window.Combo1.Entries(),
               (QStringList{u"(G:) second letter"_s, u"(C:) first letter"_s, u"(F:) "_s}));
-    EXPECT_EQ(Files.CallTexts().replaceInStrings(u":\\iPod_Control\\iTunes\\iTunesDB"_s, u""_s),
-              (QStringList{u"FileExists G"_s, u"FileExists C"_s, u"FileExists F"_s,
-                           u"FileExists H"_s, u"FileExists I"_s}));
+    EXPECT_EQ(Files.CallsOf(FileCall::FileExists),
+              (QStringList{DatabaseOn(u'G'), DatabaseOn(u'C'), DatabaseOn(u'F'), DatabaseOn(u'H'),
+                           DatabaseOn(u'I')}));
+    EXPECT_EQ(Files.Calls.size(), 5U);
 }
 
 TEST_F(DeviceScan, ADriveThatDoesNotReportItsTypeIsSkippedAndOneWithoutANameIsListed) {

@@ -186,7 +186,7 @@ TEST_F(DeviceChoice, AClickWithoutAnEntryDoesNothing) {
     Devices.Combo1_DropDown();
     Files.Calls.clear();
     Devices.Combo1_Click();
-    EXPECT_EQ(Files.CallTexts(), QStringList());
+    EXPECT_TRUE(Files.Calls.empty());
     EXPECT_EQ(Boxes.Texts(), QStringList());
     EXPECT_EQ(Raised, QStringList());
 }

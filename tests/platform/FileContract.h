@@ -1,24 +1,20 @@
 #pragma once
 
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/platform/RealDisk.h"
 
 #include <gtest/gtest.h>
 
-/// The files of the system, by paths in either form, and the fake ones: what all of them answer
-/// alike. The tests of the copy engine rest on it.
-enum class Kind { Native, OnDrive, Fake };
+/// The files of the system, by paths in either form: what both answer alike.
+enum class Kind { Native, OnDrive };
 
 class FileContract : public testing::TestWithParam<Kind> {
 protected:
     FileContract() {
-        m_fake.AddFolder(m_disk.Native(QString()));
         Add(u"Song.mp3", "song");
         Add(u"Other.mp3", "other");
     }
 
-    FileSystem& Files() { return IsReal() ? m_disk.Files() : m_fake; }
-    bool IsReal() const { return GetParam() != Kind::Fake; }
+    FileSystem& Files() { return m_disk.Files(); }
     /// The path of something in the folder; names are separated by "/".
     QString At(const QString& name) const {
         return GetParam() == Kind::OnDrive ? m_disk.OnDrive(name) : m_disk.Native(name);
@@ -26,16 +22,10 @@ protected:
     QString At(const char16_t* name) const { return At(QString::fromUtf16(name)); }
 
     void Add(const char16_t* name, const QByteArray& bytes) {
-        const QString path = m_disk.Native(QString::fromUtf16(name));
-        if (IsReal()) {
-            WriteFile(path, bytes);
-        } else {
-            m_fake.AddFile(path, bytes);
-        }
+        WriteFile(m_disk.Native(QString::fromUtf16(name)), bytes);
     }
     QByteArray Bytes(const char16_t* name) const {
-        const QString path = m_disk.Native(QString::fromUtf16(name));
-        return IsReal() ? ReadFile(path) : m_fake.Bytes(path);
+        return ReadFile(m_disk.Native(QString::fromUtf16(name)));
     }
 
     // The numbers of the errors that the operations raise, 0 where they raise none.
@@ -64,9 +54,8 @@ protected:
     }
 
     RealDisk m_disk;
-    FakeFileSystem m_fake;
 };
 
 inline std::string NameOf(const testing::TestParamInfo<Kind>& kind) {
-    return kind.param == Kind::Native ? "Native" : kind.param == Kind::OnDrive ? "OnDrive" : "Fake";
+    return kind.param == Kind::Native ? "Native" : "OnDrive";
 }

@@ -20,9 +20,6 @@ const QString Part = QString::fromLatin1(PartName);
 
 class FileSystemContract : public FileContract {};
 
-/// What only a real disk can show.
-class RealFileContract : public FileContract {};
-
 } // namespace
 
 TEST_P(FileSystemContract, AFolderIsRefusedAsASource) {
@@ -159,7 +156,7 @@ TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted
     EXPECT_EQ(Files().FileExists(At(u"new.mp3")), !isTaken);
 }
 
-TEST_P(RealFileContract, WhatIsOpenForReadingCannotBeWritten) {
+TEST_P(FileSystemContract, WhatIsOpenForReadingCannotBeWritten) {
     const auto from = Files().OpenForReading(At(u"Other.mp3"));
     const auto file = Files().OpenForReading(At(u"Song.mp3"));
     EXPECT_NE(NumberOf([&] { file->WriteFrom(*from, 5, {}); }), 0);
@@ -167,7 +164,7 @@ TEST_P(RealFileContract, WhatIsOpenForReadingCannotBeWritten) {
     EXPECT_EQ(Bytes(u"Song.mp3"), "song");
 }
 
-TEST_P(RealFileContract, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
+TEST_P(FileSystemContract, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
     {
         const auto writing = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
         EXPECT_EQ(WritingError(u"copy.tmp"), 70);
@@ -179,7 +176,7 @@ TEST_P(RealFileContract, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGon
     EXPECT_EQ(WritingError(u"film.m4v"), 0);
 }
 
-TEST_P(RealFileContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
+TEST_P(FileSystemContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
     const QDateTime time = QDateTime::fromMSecsSinceEpoch(1234567890000);
     Add(u"Song.mp3", Pattern(3'000'001));
     QFile song(m_disk.Native(u"Song.mp3"_s));
@@ -202,7 +199,7 @@ TEST_P(RealFileContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
     }
 }
 
-TEST_P(RealFileContract, AFileThatWasOpenedAheadIsTakenOnlyIfItIsStillTheOneAtItsPath) {
+TEST_P(FileSystemContract, AFileThatWasOpenedAheadIsTakenOnlyIfItIsStillTheOneAtItsPath) {
     Files().ReadAhead(At(u"Song.mp3"));
     EXPECT_EQ(CopyError(u"Song.mp3", u"same", Existing::Keep), 0);
     Files().ReadAhead(At(u"Song.mp3"));
@@ -213,7 +210,7 @@ TEST_P(RealFileContract, AFileThatWasOpenedAheadIsTakenOnlyIfItIsStillTheOneAtIt
     EXPECT_EQ(Bytes(u"changed"), "other");
 }
 
-TEST_P(RealFileContract, NothingIsGivenThePartName) {
+TEST_P(FileSystemContract, NothingIsGivenThePartName) {
     // Blanks and dots at the end are lost on the drives people carry away.
     for (const char16_t* name :
          {u".songlift.part", u".SongLift.PART", u".songlift.part.", u".songlift.part. "}) {
@@ -223,7 +220,7 @@ TEST_P(RealFileContract, NothingIsGivenThePartName) {
     }
 }
 
-TEST_P(RealFileContract, OnlyWhatAKilledCopyHasLeftIsRemoved) {
+TEST_P(FileSystemContract, OnlyWhatAKilledCopyHasLeftIsRemoved) {
     MakeFolder(m_disk.Native(u"below"_s));
     WriteFile(m_disk.Native(Part), "half of a song");
     WriteFile(m_disk.Native(u"below/"_s + Part), "of another folder");
@@ -254,7 +251,5 @@ TEST(DriveFileContract, OnADriveNamesDifferInMoreThanLetterCase) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract,
-                         testing::Values(Kind::Native, Kind::OnDrive, Kind::Fake), NameOf);
-INSTANTIATE_TEST_SUITE_P(Kinds, RealFileContract, testing::Values(Kind::Native, Kind::OnDrive),
+INSTANTIATE_TEST_SUITE_P(Kinds, FileSystemContract, testing::Values(Kind::Native, Kind::OnDrive),
                          NameOf);

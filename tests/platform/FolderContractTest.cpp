@@ -47,5 +47,5 @@ TEST_P(FolderContract, AFolderIsDeletedWithAllItHolds) {
     EXPECT_EQ(Bytes(u"Song.mp3"), "song");
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FolderContract,
-                         testing::Values(Kind::Native, Kind::OnDrive, Kind::Fake), NameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, FolderContract, testing::Values(Kind::Native, Kind::OnDrive),
+                         NameOf);

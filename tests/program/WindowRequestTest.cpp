@@ -35,7 +35,7 @@ TEST_F(WindowRequest, TickingAnAlbumAndASongAndPressingCopyCopiesThem) {
     TickRow("lstAlbums", 1); // Deep
     ClickRow("lstArtists", 2);
     TickRow("lstSongs", 2); // Night Bus
-    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 3.0 MB of 3.5 MB"_s);
+    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 50 KB of 63 KB"_s);
     EXPECT_EQ(Copy(), QStringList({u"Copy completed!"_s}));
     EXPECT_EQ(Copied(), QStringList({u"D:\\Music\\Blue River\\Deep\\01 Source.mp3"_s,
                                      u"D:\\Music\\Blue River\\Deep\\02 Delta.mp3"_s,
@@ -51,7 +51,7 @@ TEST_F(WindowRequest, TheSameWithoutAMouse) {
     Key(Qt::Key_Down);
     Key(Qt::Key_Down);
     Key(Qt::Key_Space);
-    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 2 KB of 3.5 MB"_s);
+    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 2 KB of 63 KB"_s);
     EXPECT_TRUE(controls.lstArtists.Selected(2));
     for (int tab = 0; tab < 8; ++tab) {
         Key(Qt::Key_Tab);
@@ -76,7 +76,7 @@ TEST_F(WindowRequest, TypingSearchesAndAMarkMadeInAResultSurvivesTheSearch) {
     Type("dusk");
     TickRow("lstSongs", 1);
     ClickOn("cmdClear");
-    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 1 KB of 3.5 MB"_s);
+    EXPECT_EQ(controls.lblMessage.Caption(), u"Selected: 1 KB of 63 KB"_s);
     EXPECT_TRUE(controls.lstArtists.Selected(2));
     EXPECT_TRUE(Widget("txtSearch").hasFocus());
 }

@@ -1,0 +1,45 @@
+#include "platform/linux/LinuxFileSystem.h"
+#include "tests/fakes/RealFiles.h"
+#include "tests/fakes/SharedFolder.h"
+
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Attached as the last drive, for the whole life of the process.
+struct AttachedFolder {
+    AttachedFolder() {
+        qputenv("SONGLIFT_DRIVES", Folder.path().toUtf8());
+        Letter = Drives.Drives().back().Path;
+    }
+
+    QTemporaryDir Folder{FolderInMemory()};
+    LinuxDrives Drives;
+    LinuxFileSystem Files{Drives};
+    QString Letter;
+};
+
+AttachedFolder& Attached() {
+    static AttachedFolder folder;
+    return folder;
+}
+
+} // namespace
+
+QString SharedFolder::Path() {
+    return Attached().Folder.path();
+}
+
+QString SharedFolder::OnDrive(const QString& below) {
+    return Attached().Letter + u'\\' + below;
+}
+
+QString SharedFolder::Native(const QString& below) {
+    return Path() + u'/' + below;
+}
+
+FileSystem& SharedFolder::Files() {
+    return Attached().Files;
+}
