@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/fakes/Text.h"
 #include "tests/platform/RealDisk.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,8 @@ enum class Kind { Native, OnDrive };
 class FileContract : public testing::TestWithParam<Kind> {
 protected:
     FileContract() {
-        Add(u"Song.mp3", "song");
-        Add(u"Other.mp3", "other");
+        Add(Text("Song.mp3"), "song");
+        Add(Text("Other.mp3"), "other");
     }
 
     FileSystem& Files() { return m_disk.Files(); }
@@ -19,28 +20,25 @@ protected:
     QString At(const QString& name) const {
         return GetParam() == Kind::OnDrive ? m_disk.OnDrive(name) : m_disk.Native(name);
     }
-    QString At(const char16_t* name) const { return At(QString::fromUtf16(name)); }
 
-    void Add(const char16_t* name, const QByteArray& bytes) {
-        WriteFile(m_disk.Native(QString::fromUtf16(name)), bytes);
+    void Add(const QString& name, const QByteArray& bytes) {
+        WriteFile(m_disk.Native(name), bytes);
     }
-    QByteArray Bytes(const char16_t* name) const {
-        return ReadFile(m_disk.Native(QString::fromUtf16(name)));
-    }
+    QByteArray Bytes(const QString& name) const { return ReadFile(m_disk.Native(name)); }
 
     // The numbers of the errors that the operations raise, 0 where they raise none.
 
-    int CopyError(const char16_t* source, const char16_t* target, Existing existing) {
+    int CopyError(const QString& source, const QString& target, Existing existing) {
         return NumberOf([&] { Files().CopyFile(At(source), At(target), existing, {}); });
     }
-    int MoveError(const char16_t* source, const char16_t* target, Existing existing) {
+    int MoveError(const QString& source, const QString& target, Existing existing) {
         const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(source));
         return NumberOf([&] { Files().MoveFile(*file, At(target), existing, {}); });
     }
     int TargetError(const QString& path, Existing existing) {
         return NumberOf([&] { Files().RequireTarget(path, existing); });
     }
-    int WritingError(const char16_t* name) {
+    int WritingError(const QString& name) {
         return NumberOf([&] { Files().OpenForReadingAndWriting(At(name)); });
     }
     int CreationError(const QString& path) {

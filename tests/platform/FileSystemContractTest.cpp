@@ -23,73 +23,73 @@ class FileSystemContract : public FileContract {};
 } // namespace
 
 TEST_P(FileSystemContract, AFolderIsRefusedAsASource) {
-    Files().CreateFolder(At(u"folder"));
-    EXPECT_EQ(CopyError(u"folder", u"new.mp3", Existing::Keep), 53);
-    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"folder")); }), 53);
-    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"folder")); }), 53);
+    Files().CreateFolder(At(u"folder"_s));
+    EXPECT_EQ(CopyError(u"folder"_s, u"new.mp3"_s, Existing::Keep), 53);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"folder"_s)); }), 53);
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"folder"_s)); }), 53);
 }
 
 TEST_P(FileSystemContract, AFolderIsNeverReplacedByAFile) {
-    Files().CreateFolder(At(u"folder"));
+    Files().CreateFolder(At(u"folder"_s));
     for (const Existing existing : {Existing::Keep, Existing::Replace}) {
-        EXPECT_EQ(CopyError(u"Song.mp3", u"folder", existing), 70);
-        EXPECT_EQ(MoveError(u"Song.mp3", u"folder", existing), 70);
-        EXPECT_EQ(TargetError(At(u"folder"), existing), 70);
+        EXPECT_EQ(CopyError(u"Song.mp3"_s, u"folder"_s, existing), 70);
+        EXPECT_EQ(MoveError(u"Song.mp3"_s, u"folder"_s, existing), 70);
+        EXPECT_EQ(TargetError(At(u"folder"_s), existing), 70);
     }
-    EXPECT_EQ(WritingError(u"folder"), 70);
-    EXPECT_FALSE(Files().WouldReplace(At(u"folder")));
-    EXPECT_TRUE(Files().FolderExists(At(u"folder")));
+    EXPECT_EQ(WritingError(u"folder"_s), 70);
+    EXPECT_FALSE(Files().WouldReplace(At(u"folder"_s)));
+    EXPECT_TRUE(Files().FolderExists(At(u"folder"_s)));
 }
 
 TEST_P(FileSystemContract, AFileIsNotCopiedOntoItself) {
-    EXPECT_EQ(CopyError(u"Song.mp3", u"Song.mp3", Existing::Keep), 58);
-    EXPECT_EQ(CopyError(u"Song.mp3", u"Song.mp3", Existing::Replace), 70);
-    EXPECT_EQ(MoveError(u"Song.mp3", u"Song.mp3", Existing::Replace), 0);
-    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"Song.mp3"_s, Existing::Keep), 58);
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"Song.mp3"_s, Existing::Replace), 70);
+    EXPECT_EQ(MoveError(u"Song.mp3"_s, u"Song.mp3"_s, Existing::Replace), 0);
+    EXPECT_EQ(Bytes(u"Song.mp3"_s), "song");
 }
 
 TEST_P(FileSystemContract, AFileThatIsToBeKeptIsNotReplaced) {
-    EXPECT_TRUE(Files().WouldReplace(At(u"Other.mp3")));
-    EXPECT_FALSE(Files().WouldReplace(At(u"new.mp3")));
-    EXPECT_EQ(CopyError(u"Song.mp3", u"Other.mp3", Existing::Keep), 58);
-    EXPECT_EQ(MoveError(u"Song.mp3", u"Other.mp3", Existing::Keep), 58);
-    EXPECT_EQ(TargetError(At(u"Other.mp3"), Existing::Keep), 58);
-    EXPECT_EQ(TargetError(At(u"Other.mp3"), Existing::Replace), 0);
-    EXPECT_EQ(TargetError(At(u"new.mp3"), Existing::Keep), 0);
-    EXPECT_EQ(Bytes(u"Other.mp3"), "other");
-    EXPECT_EQ(CopyError(u"Song.mp3", u"new.mp3", Existing::Keep), 0);
-    EXPECT_EQ(MoveError(u"new.mp3", u"Other.mp3", Existing::Replace), 0);
-    EXPECT_EQ(Bytes(u"Other.mp3"), "song");
+    EXPECT_TRUE(Files().WouldReplace(At(u"Other.mp3"_s)));
+    EXPECT_FALSE(Files().WouldReplace(At(u"new.mp3"_s)));
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"Other.mp3"_s, Existing::Keep), 58);
+    EXPECT_EQ(MoveError(u"Song.mp3"_s, u"Other.mp3"_s, Existing::Keep), 58);
+    EXPECT_EQ(TargetError(At(u"Other.mp3"_s), Existing::Keep), 58);
+    EXPECT_EQ(TargetError(At(u"Other.mp3"_s), Existing::Replace), 0);
+    EXPECT_EQ(TargetError(At(u"new.mp3"_s), Existing::Keep), 0);
+    EXPECT_EQ(Bytes(u"Other.mp3"_s), "other");
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"new.mp3"_s, Existing::Keep), 0);
+    EXPECT_EQ(MoveError(u"new.mp3"_s, u"Other.mp3"_s, Existing::Replace), 0);
+    EXPECT_EQ(Bytes(u"Other.mp3"_s), "song");
 }
 
 TEST_P(FileSystemContract, ATargetNeedsItsFolderAndANameThatTheDiskCanHold) {
-    EXPECT_EQ(TargetError(At(u"nix/x"), Existing::Replace), 76);
+    EXPECT_EQ(TargetError(At(u"nix/x"_s), Existing::Replace), 76);
     EXPECT_EQ(TargetError(At(QString(256, u'a')), Existing::Replace), 70);
-    EXPECT_EQ(CopyError(u"Song.mp3", u"nix/x", Existing::Replace), 76);
-    EXPECT_EQ(MoveError(u"Song.mp3", u"nix/x", Existing::Replace), 76);
-    EXPECT_EQ(WritingError(u"nix/x"), 76);
-    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"nix/x"_s, Existing::Replace), 76);
+    EXPECT_EQ(MoveError(u"Song.mp3"_s, u"nix/x"_s, Existing::Replace), 76);
+    EXPECT_EQ(WritingError(u"nix/x"_s), 76);
+    EXPECT_EQ(Bytes(u"Song.mp3"_s), "song");
 }
 
 TEST_P(FileSystemContract, AMissingFileIsDistinguishedFromAMissingFolder) {
-    EXPECT_EQ(Files().FileLength(At(u"Other.mp3")), 5);
-    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix.mp3")); }), 53);
-    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix/nix.mp3")); }), 76);
-    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"Song.mp3/x")); }), 76);
-    EXPECT_EQ(CopyError(u"nix.mp3", u"x", Existing::Keep), 53);
-    EXPECT_EQ(CopyError(u"nix/nix.mp3", u"x", Existing::Keep), 76);
+    EXPECT_EQ(Files().FileLength(At(u"Other.mp3"_s)), 5);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix.mp3"_s)); }), 53);
+    EXPECT_EQ(NumberOf([this] { Files().FileLength(At(u"nix/nix.mp3"_s)); }), 76);
+    EXPECT_EQ(NumberOf([this] { Files().OpenForReading(At(u"Song.mp3/x"_s)); }), 76);
+    EXPECT_EQ(CopyError(u"nix.mp3"_s, u"x"_s, Existing::Keep), 53);
+    EXPECT_EQ(CopyError(u"nix/nix.mp3"_s, u"x"_s, Existing::Keep), 76);
 }
 
 TEST_P(FileSystemContract, AStoppedCopyLeavesNothing) {
     const CopyControl control;
     control.Stop();
-    EXPECT_FALSE(Files().CopyFile(At(u"Song.mp3"), At(u"x"), Existing::Keep, control));
-    EXPECT_FALSE(Files().WouldReplace(At(u"x")));
+    EXPECT_FALSE(Files().CopyFile(At(u"Song.mp3"_s), At(u"x"_s), Existing::Keep, control));
+    EXPECT_FALSE(Files().WouldReplace(At(u"x"_s)));
     EXPECT_FALSE(Files().WouldReplace(At(Part)));
 }
 
 TEST_P(FileSystemContract, BlocksAreReadOneAfterTheOtherUpToTheEnd) {
-    const std::unique_ptr<BinaryFile> file = Files().OpenForReading(At(u"Other.mp3"));
+    const std::unique_ptr<BinaryFile> file = Files().OpenForReading(At(u"Other.mp3"_s));
     const std::shared_ptr<char> bytes = Buffer(3);
     file->Read(bytes, 3);
     EXPECT_EQ(QByteArray(bytes.get(), 3), "oth");
@@ -102,25 +102,25 @@ TEST_P(FileSystemContract, BlocksAreReadOneAfterTheOtherUpToTheEnd) {
 TEST_P(FileSystemContract, AFileIsWrittenFromAnotherStepByStep) {
     for (const qsizetype step : {7, 300000, 3000000}) {
         const QByteArray bytes = Pattern(2 * step);
-        Add(u"film.m4v", bytes);
+        Add(u"film.m4v"_s, bytes);
         {
-            const auto from = Files().OpenForReading(At(u"film.m4v"));
-            const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+            const auto from = Files().OpenForReading(At(u"film.m4v"_s));
+            const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"_s));
             to->WriteFrom(*from, step, {});
             to->WriteFrom(*from, step, {});
         }
-        EXPECT_EQ(Bytes(u"copy.tmp"), bytes);
-        const auto from = Files().OpenForReading(At(u"film.m4v"));
-        const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+        EXPECT_EQ(Bytes(u"copy.tmp"_s), bytes);
+        const auto from = Files().OpenForReading(At(u"film.m4v"_s));
+        const auto to = Files().OpenForReadingAndWriting(At(u"copy.tmp"_s));
         EXPECT_EQ(NumberOf([&] { to->WriteFrom(*from, 2 * step + 1, {}); }), 57);
     }
 }
 
 TEST_P(FileSystemContract, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied) {
-    Add(u"copy.tmp", "old content");
+    Add(u"copy.tmp"_s, "old content");
     {
-        const auto from = Files().OpenForReading(At(u"Song.mp3"));
-        const auto file = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
+        const auto from = Files().OpenForReading(At(u"Song.mp3"_s));
+        const auto file = Files().OpenForReadingAndWriting(At(u"copy.tmp"_s));
         file->WriteFrom(*from, 4, {});
         const std::shared_ptr<char> rest = Buffer(7);
         file->Read(rest, 7);
@@ -128,67 +128,68 @@ TEST_P(FileSystemContract, AnExistingFileIsOverwrittenFromItsStartAndNotEmptied)
         file->Truncate(6);
         file->Close();
     }
-    EXPECT_EQ(Bytes(u"copy.tmp"), "songco");
+    EXPECT_EQ(Bytes(u"copy.tmp"_s), "songco");
 }
 
 TEST_P(FileSystemContract, AWrittenFileIsMovedAndDeletedAfterItWasClosedToo) {
     for (const bool isMoved : {true, false}) {
-        const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(u"Song.mp3"));
+        const std::unique_ptr<BinaryFile> file =
+            Files().OpenForReadingAndWriting(At(u"Song.mp3"_s));
         file->Close();
         if (isMoved) {
-            Files().MoveFile(*file, At(u"new.mp3"), Existing::Keep, {});
+            Files().MoveFile(*file, At(u"new.mp3"_s), Existing::Keep, {});
         }
         Files().DeleteFile(*file);
-        EXPECT_FALSE(Files().FileExists(At(u"Song.mp3")));
-        EXPECT_TRUE(Files().FileExists(At(u"new.mp3")));
+        EXPECT_FALSE(Files().FileExists(At(u"Song.mp3"_s)));
+        EXPECT_TRUE(Files().FileExists(At(u"new.mp3"_s)));
     }
 }
 
 // Windows lets nobody take the name of a file that is open for writing; elsewhere it may go.
 TEST_P(FileSystemContract, WhatHasTakenAWrittenFilesNameIsNeitherMovedNorDeleted) {
-    const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(u"Song.mp3"));
-    const bool isTaken = MoveError(u"Other.mp3", u"Song.mp3", Existing::Replace) == 0;
+    const std::unique_ptr<BinaryFile> file = Files().OpenForReadingAndWriting(At(u"Song.mp3"_s));
+    const bool isTaken = MoveError(u"Other.mp3"_s, u"Song.mp3"_s, Existing::Replace) == 0;
     const int error =
-        NumberOf([&] { Files().MoveFile(*file, At(u"new.mp3"), Existing::Keep, {}); });
+        NumberOf([&] { Files().MoveFile(*file, At(u"new.mp3"_s), Existing::Keep, {}); });
     Files().DeleteFile(*file);
     EXPECT_EQ(error, isTaken ? 70 : 0);
-    EXPECT_EQ(Bytes(isTaken ? u"Song.mp3" : u"new.mp3"), isTaken ? "other" : "song");
-    EXPECT_EQ(Files().FileExists(At(u"new.mp3")), !isTaken);
+    EXPECT_EQ(Bytes(isTaken ? u"Song.mp3"_s : u"new.mp3"_s), isTaken ? "other" : "song");
+    EXPECT_EQ(Files().FileExists(At(u"new.mp3"_s)), !isTaken);
 }
 
 TEST_P(FileSystemContract, WhatIsOpenForReadingCannotBeWritten) {
-    const auto from = Files().OpenForReading(At(u"Other.mp3"));
-    const auto file = Files().OpenForReading(At(u"Song.mp3"));
+    const auto from = Files().OpenForReading(At(u"Other.mp3"_s));
+    const auto file = Files().OpenForReading(At(u"Song.mp3"_s));
     EXPECT_NE(NumberOf([&] { file->WriteFrom(*from, 5, {}); }), 0);
     EXPECT_NE(NumberOf([&] { file->Truncate(0); }), 0);
-    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+    EXPECT_EQ(Bytes(u"Song.mp3"_s), "song");
 }
 
 TEST_P(FileSystemContract, AFileThatIsBeingWrittenIsNobodyElsesUntilItsWriterIsGone) {
     {
-        const auto writing = Files().OpenForReadingAndWriting(At(u"copy.tmp"));
-        EXPECT_EQ(WritingError(u"copy.tmp"), 70);
+        const auto writing = Files().OpenForReadingAndWriting(At(u"copy.tmp"_s));
+        EXPECT_EQ(WritingError(u"copy.tmp"_s), 70);
         writing->Close();
-        EXPECT_EQ(WritingError(u"copy.tmp"), 70);
-        Files().MoveFile(*writing, At(u"film.m4v"), Existing::Replace, {});
-        EXPECT_EQ(WritingError(u"copy.tmp"), 0);
+        EXPECT_EQ(WritingError(u"copy.tmp"_s), 70);
+        Files().MoveFile(*writing, At(u"film.m4v"_s), Existing::Replace, {});
+        EXPECT_EQ(WritingError(u"copy.tmp"_s), 0);
     }
-    EXPECT_EQ(WritingError(u"film.m4v"), 0);
+    EXPECT_EQ(WritingError(u"film.m4v"_s), 0);
 }
 
 TEST_P(FileSystemContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
     const QDateTime time = QDateTime::fromMSecsSinceEpoch(1234567890000);
-    Add(u"Song.mp3", Pattern(3'000'001));
+    Add(u"Song.mp3"_s, Pattern(3'000'001));
     QFile song(m_disk.Native(u"Song.mp3"_s));
     ASSERT_TRUE(song.open(QIODevice::ReadWrite) &&
                 song.setFileTime(time, QFileDevice::FileModificationTime));
     song.close();
     const CopyControl control;
-    EXPECT_TRUE(Files().CopyFile(At(u"Song.mp3"), At(u"Copy.mp3"), Existing::Keep, control));
+    EXPECT_TRUE(Files().CopyFile(At(u"Song.mp3"_s), At(u"Copy.mp3"_s), Existing::Keep, control));
     EXPECT_EQ(control.BytesDone(), 3'000'001);
     {
-        const auto from = Files().OpenForReading(At(u"Song.mp3"));
-        const auto to = Files().OpenForReadingAndWriting(At(u"Other.mp3"));
+        const auto from = Files().OpenForReading(At(u"Song.mp3"_s));
+        const auto to = Files().OpenForReadingAndWriting(At(u"Other.mp3"_s));
         to->WriteFrom(*from, 3'000'001, {});
         to->Close();
         to->TakeModificationTime(*from);
@@ -200,22 +201,22 @@ TEST_P(FileSystemContract, ACopyHasTheBytesAndTheTimeOfItsSource) {
 }
 
 TEST_P(FileSystemContract, AFileThatWasOpenedAheadIsTakenOnlyIfItIsStillTheOneAtItsPath) {
-    Files().ReadAhead(At(u"Song.mp3"));
-    EXPECT_EQ(CopyError(u"Song.mp3", u"same", Existing::Keep), 0);
-    Files().ReadAhead(At(u"Song.mp3"));
+    Files().ReadAhead(At(u"Song.mp3"_s));
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"same"_s, Existing::Keep), 0);
+    Files().ReadAhead(At(u"Song.mp3"_s));
     ASSERT_TRUE(QFile::rename(m_disk.Native(u"Song.mp3"_s), m_disk.Native(u"elsewhere"_s)));
     ASSERT_TRUE(QFile::rename(m_disk.Native(u"Other.mp3"_s), m_disk.Native(u"Song.mp3"_s)));
-    EXPECT_EQ(CopyError(u"Song.mp3", u"changed", Existing::Keep), 0);
-    EXPECT_EQ(Bytes(u"same"), "song");
-    EXPECT_EQ(Bytes(u"changed"), "other");
+    EXPECT_EQ(CopyError(u"Song.mp3"_s, u"changed"_s, Existing::Keep), 0);
+    EXPECT_EQ(Bytes(u"same"_s), "song");
+    EXPECT_EQ(Bytes(u"changed"_s), "other");
 }
 
 TEST_P(FileSystemContract, NothingIsGivenThePartName) {
     // Blanks and dots at the end are lost on the drives people carry away.
-    for (const char16_t* name :
-         {u".songlift.part", u".SongLift.PART", u".songlift.part.", u".songlift.part. "}) {
-        EXPECT_EQ(CopyError(u"Song.mp3", name, Existing::Replace), 70);
-        EXPECT_EQ(MoveError(u"Song.mp3", name, Existing::Replace), 70);
+    for (const QString& name :
+         {u".songlift.part"_s, u".SongLift.PART"_s, u".songlift.part."_s, u".songlift.part. "_s}) {
+        EXPECT_EQ(CopyError(u"Song.mp3"_s, name, Existing::Replace), 70);
+        EXPECT_EQ(MoveError(u"Song.mp3"_s, name, Existing::Replace), 70);
         EXPECT_EQ(CreationError(At(name)), 70);
     }
 }
@@ -228,9 +229,9 @@ TEST_P(FileSystemContract, OnlyWhatAKilledCopyHasLeftIsRemoved) {
     EXPECT_EQ(NamesIn(m_disk.Native(QString())),
               QStringList({u"Other.mp3"_s, u"Song.mp3"_s, u"below"_s}));
     EXPECT_EQ(NamesIn(m_disk.Native(u"below"_s)), QStringList(Part));
-    Files().RemoveLeftovers(At(u"below/"));
+    Files().RemoveLeftovers(At(u"below/"_s));
     EXPECT_EQ(NamesIn(m_disk.Native(u"below"_s)), QStringList());
-    Files().RemoveLeftovers(At(u"nix"));
+    Files().RemoveLeftovers(At(u"nix"_s));
     Files().RemoveLeftovers(QString());
 }
 

@@ -13,38 +13,38 @@ TEST_P(FolderContract, AFolderNameThatOtherDrivesRefuseIsABadName) {
         EXPECT_EQ(CreationError(At(u"Mix"_s + c)), 52) << qPrintable(QString(c));
         EXPECT_EQ(ChainError(At(u"above/Mix"_s + c)), 52) << qPrintable(QString(c));
     }
-    EXPECT_FALSE(Files().FolderExists(At(u"above")));
+    EXPECT_FALSE(Files().FolderExists(At(u"above"_s)));
 }
 
 TEST_P(FolderContract, AFolderNeedsAFreeNameThatTheDiskCanHoldAndTheFolderAboveIt) {
-    EXPECT_EQ(CreationError(At(u"Music")), 0);
-    EXPECT_EQ(CreationError(At(u"Music/")), 58);
-    EXPECT_EQ(CreationError(At(u"Song.mp3")), 70);
+    EXPECT_EQ(CreationError(At(u"Music"_s)), 0);
+    EXPECT_EQ(CreationError(At(u"Music/"_s)), 58);
+    EXPECT_EQ(CreationError(At(u"Song.mp3"_s)), 70);
     EXPECT_EQ(CreationError(At(QString(256, u'a'))), 70);
-    EXPECT_EQ(CreationError(At(u"nix/new")), 76);
-    EXPECT_EQ(CreationError(At(u"Song.mp3/new")), 76);
-    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+    EXPECT_EQ(CreationError(At(u"nix/new"_s)), 76);
+    EXPECT_EQ(CreationError(At(u"Song.mp3/new"_s)), 76);
+    EXPECT_EQ(Bytes(u"Song.mp3"_s), "song");
 }
 
 TEST_P(FolderContract, AChainCreatesEveryMissingFolder) {
-    EXPECT_EQ(ChainError(At(u"a/b/c")), 0);
-    EXPECT_EQ(ChainError(At(u"a/b/x/y/")), 0);
-    EXPECT_EQ(ChainError(At(u"a/b")), 0);
-    for (const char16_t* folder : {u"a/b/c", u"a/b/x/y", u"a/b/x/"}) {
+    EXPECT_EQ(ChainError(At(u"a/b/c"_s)), 0);
+    EXPECT_EQ(ChainError(At(u"a/b/x/y/"_s)), 0);
+    EXPECT_EQ(ChainError(At(u"a/b"_s)), 0);
+    for (const QString& folder : {u"a/b/c"_s, u"a/b/x/y"_s, u"a/b/x/"_s}) {
         EXPECT_TRUE(Files().FolderExists(At(folder)));
         EXPECT_FALSE(Files().FileExists(At(folder)));
     }
 }
 
 TEST_P(FolderContract, AFolderIsDeletedWithAllItHolds) {
-    Files().CreateFolderChain(At(u"x/y/z"));
-    Add(u"x/y/z/.hidden", "x");
-    EXPECT_EQ(DeleteError(At(u"x/y/z/.hidden")), 76);
-    EXPECT_EQ(DeleteError(At(u"x")), 0);
-    EXPECT_FALSE(Files().FolderExists(At(u"x")));
-    EXPECT_EQ(DeleteError(At(u"x")), 76);
+    Files().CreateFolderChain(At(u"x/y/z"_s));
+    Add(u"x/y/z/.hidden"_s, "x");
+    EXPECT_EQ(DeleteError(At(u"x/y/z/.hidden"_s)), 76);
+    EXPECT_EQ(DeleteError(At(u"x"_s)), 0);
+    EXPECT_FALSE(Files().FolderExists(At(u"x"_s)));
+    EXPECT_EQ(DeleteError(At(u"x"_s)), 76);
     EXPECT_EQ(DeleteError(QString()), 76);
-    EXPECT_EQ(Bytes(u"Song.mp3"), "song");
+    EXPECT_EQ(Bytes(u"Song.mp3"_s), "song");
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FolderContract, testing::Values(Kind::Native, Kind::OnDrive),

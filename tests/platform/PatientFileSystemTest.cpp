@@ -28,7 +28,7 @@ protected:
         MakeFolder(m_folder.path() + u"/to"_s);
     }
     void SetUp() override {
-        for (const auto* name : {u"from", u"to"}) {
+        for (const QString& name : {u"from"_s, u"to"_s}) {
             m_disks.push_back(std::make_unique<SlowDisk>(At(name)));
             if (!m_disks.back()->Impossible().isEmpty()) {
                 GTEST_SKIP() << qPrintable(m_disks.back()->Impossible());
@@ -47,9 +47,7 @@ protected:
         }
     }
 
-    QString At(const char16_t* path) const {
-        return m_folder.path() + u'/' + QString::fromUtf16(path);
-    }
+    QString At(const QString& path) const { return m_folder.path() + u'/' + path; }
     /// What is in the target's folder; a disk that hangs need not be asked.
     QStringList Made() const { return NamesIn(m_disks[1]->Content()); }
     SlowDisk& Hanging() { return *m_disks[GetParam() == Slow::Source ? 0 : 1]; }
@@ -87,27 +85,29 @@ protected:
 TEST_P(WaitingFiles, ACopyIsStoppedAnywhereInItsFileAndLeavesNothing) {
     Hanging().Be("speed=1000000");
     CopyControl control;
-    EXPECT_LT(
-        Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, control); }),
-        500);
+    EXPECT_LT(Stopped([&] {
+                  m_patient.CopyFile(At(u"from/a"_s), At(u"to/a"_s), Existing::Keep, control);
+              }),
+              500);
     EXPECT_EQ(Made(), QStringList());
     EXPECT_LT(control.BytesDone(), Length);
 }
 
 TEST_P(WaitingFiles, AFileThatWasReadAheadIsNotOpenedAgain) {
-    m_patient.ReadAhead(At(u"from/a"));
+    m_patient.ReadAhead(At(u"from/a"_s));
     m_ahead.Do([] {}, [] { return true; });
     Hanging().Be("stall=open");
     QElapsedTimer clock;
     clock.start();
     m_patient.MayGoOn = [&clock] { return clock.elapsed() < 2000; };
-    EXPECT_TRUE(m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}));
+    EXPECT_TRUE(m_patient.CopyFile(At(u"from/a"_s), At(u"to/a"_s), Existing::Keep, {}));
 }
 
 TEST_P(WaitingFiles, ACopyThatHangsIsGivenUpAndNothingAppearsWhenItComesBack) {
     Hanging().Be(Stall());
-    EXPECT_LT(Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); }),
-              500);
+    EXPECT_LT(
+        Stopped([&] { m_patient.CopyFile(At(u"from/a"_s), At(u"to/a"_s), Existing::Keep, {}); }),
+        500);
     if (GetParam() == Slow::Source) {
         EXPECT_EQ(Made(), QStringList());
     }
@@ -117,21 +117,21 @@ TEST_P(WaitingFiles, ACopyThatHangsIsGivenUpAndNothingAppearsWhenItComesBack) {
 
 TEST_P(WaitingFiles, ACopyThatHangsDoesNotBlockOtherOperations) {
     Hanging().Be(Stall());
-    Stopped([&] { m_patient.CopyFile(At(u"from/a"), At(u"to/a"), Existing::Keep, {}); });
+    Stopped([&] { m_patient.CopyFile(At(u"from/a"_s), At(u"to/a"_s), Existing::Keep, {}); });
     if (GetParam() == Slow::Target) {
         LetHangingThreadsEnd(); // its folder hangs as a whole
     }
-    WriteFile(At(u"other"), "other");
-    EXPECT_TRUE(m_patient.CopyFile(At(u"other"), At(u"to/a"), Existing::Keep, {}));
+    WriteFile(At(u"other"_s), "other");
+    EXPECT_TRUE(m_patient.CopyFile(At(u"other"_s), At(u"to/a"_s), Existing::Keep, {}));
     LetHangingThreadsEnd();
     EXPECT_EQ(Made(), QStringList(u"a"_s));
-    EXPECT_EQ(ReadFile(At(u"to/a")), "other");
+    EXPECT_EQ(ReadFile(At(u"to/a"_s)), "other");
 }
 
 TEST_P(WaitingFiles, AChunkThatHangsLetsItsFileBeDeletedAndAnotherOneBeMade) {
     {
-        const auto from = m_patient.OpenForReading(At(u"from/a"));
-        const auto to = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"));
+        const auto from = m_patient.OpenForReading(At(u"from/a"_s));
+        const auto to = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"_s));
         Hanging().Be(Stall());
         CopyControl control;
         EXPECT_LT(Stopped([&] { to->WriteFrom(*from, Length, control); }), 500);
@@ -140,13 +140,13 @@ TEST_P(WaitingFiles, AChunkThatHangsLetsItsFileBeDeletedAndAnotherOneBeMade) {
     if (GetParam() == Slow::Target) {
         LetHangingThreadsEnd();
     }
-    const auto next = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"));
+    const auto next = m_patient.OpenForReadingAndWriting(At(u"to/copy.tmp"_s));
     LetHangingThreadsEnd();
     EXPECT_EQ(Made(), QStringList(u"copy.tmp"_s));
 }
 
 TEST_P(WaitingFiles, AFileThatIsOpenedTooLateIsNotLeftBehind) {
-    const QString file = At(GetParam() == Slow::Source ? u"from/copy.tmp" : u"to/copy.tmp");
+    const QString file = At(GetParam() == Slow::Source ? u"from/copy.tmp"_s : u"to/copy.tmp"_s);
     Hanging().Be("stall=change");
     EXPECT_LT(Stopped([&] { m_patient.OpenForReadingAndWriting(file); }), 500);
     LetHangingThreadsEnd();
