@@ -147,7 +147,7 @@ QString LibraryModel::Summary() const {
     return u"Selected: "_s + GetSizeInText(ticked) + u" of "_s + GetSizeInText(total);
 }
 
-void LibraryModel::ExpectWholeFiles(const FakeFileSystem& files) const {
+void LibraryModel::ExpectWholeFiles(const RecordedFiles& files) const {
     EXPECT_EQ(files.OpenFiles, 0);
     for (const char* device : {"E:", "F:"}) {
         EXPECT_EQ(files.ChangesBelow(QString::fromLatin1(device)), QStringList());

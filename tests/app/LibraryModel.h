@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/support/SampleTrack.h"
 
 #include <map>
@@ -49,7 +49,7 @@ public:
     /// Fails the test unless lists, summary, full name and buttons show this.
     void ExpectShown(const FakeForm1& form) const;
     /// Fails the test unless the devices are untouched and every copy is whole.
-    void ExpectWholeFiles(const FakeFileSystem& files) const;
+    void ExpectWholeFiles(const RecordedFiles& files) const;
 
 private:
     bool IsShown(const ModelSong& song, const QString& tab) const;

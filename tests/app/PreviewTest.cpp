@@ -1,8 +1,8 @@
 #include "app/Preview.h"
 #include "app/ControlGroups.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ protected:
     const QString tiger = u"E:\\iPod_Control\\Music\\F01\\TIGE.m4a"_s;
 
     FakeForm1 form;
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeMessages messages;
     MusicLibrary library;
     TextFitting textFitting{form.WindowManager, FittingControlsOf(form.Controls)};
@@ -117,7 +117,7 @@ TEST_F(PreviewTest, PlaysTheFileOfTheCurrentSongRowInAWindowOfItsSizeAndName) {
 }
 
 TEST_F(PreviewTest, AWindowThatIsClosedWhileTheDeviceIsAskedPlaysAndReportsNothing) {
-    files.BeforeCall = [](const FakeFileSystem::RecordedCall&) { throw OperationStopped(); };
+    files.BeforeCall = [](const RecordedFiles::RecordedCall&) { throw OperationStopped(); };
     PreviewRow(1);
     EXPECT_EQ(player.Sources, QStringList());
     EXPECT_TRUE(messages.Shown.empty());

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Form1.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/Text.h"
 #include "tests/support/SampleTrack.h"
 
@@ -20,7 +20,7 @@ public:
     void ExpectAtRest() const;
 
     FakeForm1 form;
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeDriveService drives;
     FakeSettingsStore store;
     FakeShell shell;

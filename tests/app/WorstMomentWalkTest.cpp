@@ -25,7 +25,7 @@ public:
             m_model.Add(letter, m_tracks[letter]);
             Plug(letter);
         }
-        files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) { Hear(call); };
+        files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) { Hear(call); };
         events.OnYield = [this](int) { AtYield(); };
         messages.WhileShown = [this](const ShownMessage& message) { AtMessage(message); };
         AtPrompt = [this](OverwritePrompt& prompt) { Answer(prompt); };
@@ -103,7 +103,7 @@ private:
     QString Tab() const { return form.tbsFilter.SelectedCaption(); }
 
     /// A database that is opened is loaded.
-    void Hear(const FakeFileSystem::RecordedCall& call) {
+    void Hear(const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::OpenForReading && call.Path.endsWith(u"iTunesDB"_s)) {
             m_model.Load(call.Path[0].toLatin1());
         }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Subsystems.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/UserSteps.h"
 
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ public:
     FakeListControl& lstArtists = Form.lstArtists;
     FakeListControl& lstAlbums = Form.lstAlbums;
     FakeListControl& lstSongs = Form.lstSongs;
-    FakeFileSystem Files;
+    RecordedFiles Files;
     FakeMessages Messages;
     FakeDriveService Drives;
     FakeEventLoop Events;

@@ -1,8 +1,8 @@
 #include "copy/ChunkedCopy.h"
 
 #include "platform/RuntimeError.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ protected:
         return sizes;
     }
 
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeEventLoop events;
     std::vector<qint64> chunksEnd;
     bool cancelCopy = false;
@@ -109,7 +109,7 @@ TEST_F(ChunkedCopyTest, AnExistingDestinationStaysUntilAllBytesAreThere) {
     files.AddFile(Source, "0123456789");
     files.AddFile(Target, "old film");
     bool moved = false;
-    files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
         EXPECT_EQ(files.Bytes(Target), QByteArray("old film"));
         if (call.Call == FileCall::MoveFile) {
             EXPECT_EQ(call.Target, Target);
@@ -170,7 +170,7 @@ TEST_F(ChunkedCopyTest, ALateFailureOfClosingTheCopyIsRaised) {
 
 TEST_F(ChunkedCopyTest, ASourceThatEndsEarlyRaisesDeviceIOError) {
     files.AddFile(Source, "0123456789");
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::OpenForReading) {
             files.AddFile(Source, "012345");
         }

@@ -68,7 +68,7 @@ TEST_F(CopyCancelTest, CancelDuringALargeFileLeavesTheEarlierFileAlone) {
 }
 
 TEST_F(CopyCancelTest, ACancelAfterTheLastCheckIsForgottenWithTheJob) {
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Target.endsWith(u"Three.mp3"_s)) {
             Press();
         }

@@ -305,7 +305,7 @@ TEST_F(CopyErrorsTest, AnOverflowOfTheFileCountIsAnErrorLikeAnyOther) {
     }
     const QString last = u"D:\\Music\\x (32764).mp3"_s;
     files.AddFile(last, "old");
-    files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
         files.Calls.clear();
         if (job.Copying && call.Path != last) { // to copy that many would take long
             throw RuntimeError(ErrorNumber::FileNotFound);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Subsystems.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
@@ -59,7 +59,7 @@ public:
     void ExpectEnabled(bool isEnabled) const;
 
     FakeForm1 form;
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeMessages messages;
     FakeEventLoop events;
     InlineWorker worker;

@@ -20,7 +20,7 @@ protected:
 
 TEST_F(CopyLeftovers, EachFolderIsClearedOnceBeforeItsFirstFile) {
     SetOptions("AB");
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::CopyFile) {
             ASSERT_FALSE(files.ClearedFolders.isEmpty());
             EXPECT_TRUE(call.Target.startsWith(files.ClearedFolders.back()));

@@ -111,7 +111,7 @@ TEST_F(CopyNamesTest, FoldersAreMadeOnceAndOneLevelAtATime) {
 TEST_F(CopyNamesTest, AFolderThatSomebodyElseMakesInTheSameInstantIsUsed) {
     AddTracks({"One"});
     SetOptions("A");
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::CreateFolder) {
             files.AddFolder(call.Path);
         }

@@ -107,7 +107,7 @@ TEST_F(CopyPromptTest, ALargeFileReplacesAnExistingOneOnlyWhenAsked) {
 
 TEST_F(CopyPromptTest, AFileThatAppearsDuringTheCopyIsAskedAboutAndReplacedOnlyIfTheUserSaysSo) {
     AddLargeTrack("Abba", "Arrival", "Film", 50000001);
-    files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         const bool arrives = call.Call == FileCall::CopyFile || call.Call == FileCall::MoveFile;
         if (arrives && !files.HasFile(call.Target)) {
             files.AddFile(call.Target, "another's");

@@ -2,9 +2,9 @@
 #include "app/ControlGroups.h"
 
 #include "platform/RuntimeError.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/Text.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ protected:
     bool IsValid(const char* path) { return destination.IsValidPath(Text(path)); }
 
     FakeForm1 form;
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeShell shell;
     Destination destination{files, shell, form.WindowManager, DestinationControlsOf(form.Controls)};
 };

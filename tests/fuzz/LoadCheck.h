@@ -2,9 +2,9 @@
 
 #include "app/ControlGroups.h"
 #include "library/LoadMusic.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/library/LibraryLines.h"
 
 #include <QByteArray>
@@ -20,7 +20,7 @@ public:
 
     FakeForm1 Window;
     FakeMessages Boxes;
-    FakeFileSystem Files;
+    RecordedFiles Files;
     FakeEventLoop Events;
     InlineWorker Background;
     LoadMusic Music{{Files, Background, Events, Boxes}, LoadControlsOf(Window.Controls)};

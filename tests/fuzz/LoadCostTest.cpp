@@ -53,7 +53,7 @@ Cost Measure(const Load& load) {
     for (int run = 0; run < 5; ++run) {
         FakeForm1 window;
         FakeMessages boxes;
-        FakeFileSystem files;
+        RecordedFiles files;
         FakeEventLoop events;
         InlineWorker background;
         LoadMusic music({files, background, events, boxes}, LoadControlsOf(window.Controls));
@@ -72,7 +72,7 @@ std::pair<double, qint64> StartMeasuring() {
 }
 
 Cost MeasureBinary(const QByteArray& bytes) {
-    return Measure([&bytes](FakeFileSystem& files, LoadMusic& music) {
+    return Measure([&bytes](RecordedFiles& files, LoadMusic& music) {
         files.AddFile(u"E:\\iPod_Control\\iTunes\\iTunesDB"_s, bytes);
         const auto start = StartMeasuring();
         music.LoadITunesDB(u"E:"_s);
@@ -84,7 +84,7 @@ Cost MeasureSqlite(const std::vector<SampleTrack>& tracks) {
     const QTemporaryDir folder;
     WriteSqliteLibrary(folder.filePath(u"Library.itdb"_s), folder.filePath(u"Locations.itdb"_s),
                        tracks);
-    return Measure([&](FakeFileSystem& files, LoadMusic& music) {
+    return Measure([&](RecordedFiles& files, LoadMusic& music) {
         PutSqliteLibrary(files, folder.path());
         const auto start = StartMeasuring();
         music.LoadSQLiteLibrary(u"E:"_s);

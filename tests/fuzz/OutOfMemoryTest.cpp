@@ -36,7 +36,7 @@ protected:
     template <class Load>
     bool FailNth(qint64 nth, FileCall firstCall, LoadCheck& check, const Load& load) {
         bool armed = false;
-        check.Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+        check.Files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
             if (call.Call == firstCall && !armed) {
                 armed = true;
                 Allocations::FailNth(nth);

@@ -18,7 +18,7 @@ protected:
         AttachIPod('F', u"OTHER"_s, {u"two"_s});
         Window.Combo1.DropDown = [this] { Slow.Combo1_DropDown(); };
         Window.Combo1.Click = [this] { Slow.Combo1_Click(); };
-        Files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        Files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
             if (call.Path.startsWith(u'E')) {
                 ++Asked;
                 while (!Answers) {

@@ -197,7 +197,7 @@ TEST_F(DeviceScan, ThePollSetsTheEntryAgainWithoutAccessingTheDevice) {
 TEST_F(DeviceScan, ADeviceThatVanishesBetweenPollAndLoadIsReported) {
     AttachIPod('E', u"IPOD"_s, {u"one"_s});
     // The scan asks for the database once, the load once more.
-    Files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+    Files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::FileExists && Files.CountOf(FileCall::FileExists) == 2) {
             Detach('E');
         }

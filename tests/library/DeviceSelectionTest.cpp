@@ -58,7 +58,7 @@ TEST_F(DeviceChoice, TheEarlierLibraryIsForgottenAndTheListsArePreparedBeforeThe
         wired();
     };
     Window.txtSearch.Change = [this] { Raised += u"search changed"_s; };
-    Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+    Files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
         if (call.Call != FileCall::OpenForReading) {
             return;
         }

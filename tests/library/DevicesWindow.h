@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Subsystems.h"
-#include "tests/fakes/FakeFileSystem.h"
 #include "tests/fakes/FakeForm1.h"
 #include "tests/fakes/FakeServices.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/library/LibraryText.h"
 #include "tests/support/ITunesDBWriter.h"
 
@@ -13,7 +13,7 @@ class DevicesWindow : public testing::Test {
 protected:
     FakeForm1 Window;
     FakeMessages Boxes;
-    FakeFileSystem Files;
+    RecordedFiles Files;
     FakeDriveService Drives;
     FakeSettingsStore Store;
     FakeShell Shell;

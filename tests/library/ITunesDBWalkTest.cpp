@@ -202,7 +202,7 @@ TEST_F(ITunesDBWalk, TheListEndsWithTheDataSetOrTheFile) {
 // ---- files that cannot be read
 
 TEST_F(ITunesDBWalk, AFileThatCannotBeReadIsReportedAndNotLeftOpen) {
-    using Call = FakeFileSystem::RecordedCall;
+    using Call = RecordedFiles::RecordedCall;
     const std::pair<QString, std::function<void()>> cases[] = {
         {u"Error 70: Permission denied"_s,
          [this] {
@@ -242,7 +242,7 @@ TEST_F(ITunesDBWalk, AFileThatCannotBeReadIsReportedAndNotLeftOpen) {
 
 TEST_F(ITunesDBWalk, NothingCountsAsLoadedWhereTheDeviceFailsInTheMiddleOfTheFile) {
     int reads = 0;
-    Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+    Files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::Read && ++reads == 2) {
             EXPECT_GT(Library.TrackCount, 0);
             EXPECT_GT(Library.TotalSize, 0);

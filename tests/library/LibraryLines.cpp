@@ -49,7 +49,7 @@ QString WrongWithTracks(const MusicLibrary& library) {
     return library.TotalSize == size ? QString() : u"TotalSize is not the size of the tracks"_s;
 }
 
-void PutSqliteLibrary(FakeFileSystem& files, const QString& folder) {
+void PutSqliteLibrary(RecordedFiles& files, const QString& folder) {
     for (const QString& name : {u"/Library.itdb"_s, u"/Locations.itdb"_s}) {
         const QString onDevice =
             u"E:\\iPod_Control\\iTunes\\iTunes Library.itlp"_s + QString(name).replace(u'/', u'\\');

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "library/MusicLibrary.h"
-#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/RecordedFiles.h"
 
 #include <QStringList>
 
@@ -13,7 +13,7 @@ QStringList Lines(const MusicLibrary& library);
 QString WrongWithTracks(const MusicLibrary& library);
 
 /// Lets the SQLite library of an iPod at E: be the two files in `folder`.
-void PutSqliteLibrary(FakeFileSystem& files, const QString& folder);
+void PutSqliteLibrary(RecordedFiles& files, const QString& folder);
 
 /// A file's bytes. Both end the program when the file cannot be opened.
 QByteArray ReadAll(const QString& path);

@@ -21,7 +21,7 @@ protected:
     /// Loads 1.5 MB from a device that takes that long for each block; how much was read at most.
     qint64 LargestBlockAt(std::chrono::milliseconds delay) {
         qint64 largest = 0;
-        Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+        Files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
             if (call.Call == FileCall::Read) {
                 std::this_thread::sleep_for(delay);
                 largest = std::max(largest, call.Size);
@@ -82,7 +82,7 @@ TEST_F(LoadProgressShown, TheLibraryCountsAsLoadingAndEmptyUntilTheEnd) {
     int read = 0;
     Library.TrackCount = 7;
     Library.TotalSize = 70;
-    Files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+    Files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::OpenForReading) {
             ++read;
             EXPECT_TRUE(Library.LoadingMusic);

@@ -1,7 +1,7 @@
 #include "platform/JointCopy.h"
 
 #include "platform/RuntimeError.h"
-#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/RecordedFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Files of which nothing but the names is kept.
-class NamedFiles : public FakeFileSystem {
+class NamedFiles : public RecordedFiles {
 public:
     std::function<bool()> BeginNewFile(const QString& source, const QString&,
                                        const CopyControl& control) override {

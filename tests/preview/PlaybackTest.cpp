@@ -307,7 +307,7 @@ TEST_F(PlayerPicture, LeavesTimeForTheRestOfTheWindow) {
 
 TEST(PlayerEnd, ThePlayerGoesBeforeOrAfterItsWindowWhileItPlaysOrStillOpensTheFile) {
     const QString path = SmallFilm(u"film.mp4"_s);
-    FakeFileSystem files;
+    RecordedFiles files;
     for (const bool playerFirst : {true, false}) {
         for (const int milliseconds : {0, 0, 0, 0, 0, 1, 50, 300}) {
             auto window = std::make_unique<QWidget>();

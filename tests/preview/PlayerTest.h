@@ -2,7 +2,7 @@
 
 #include "platform/player/MediaPlayer.h"
 #include "platform/player/VideoArea.h"
-#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/RecordedFiles.h"
 #include "tests/fakes/Text.h"
 #include "tests/preview/MediaSamples.h"
 
@@ -20,7 +20,7 @@
 /// A player in a window, on real files.
 class PlayerTest : public testing::Test {
 protected:
-    FakeFileSystem files;
+    RecordedFiles files;
     QWidget window;
     MediaPlayer player;
 

@@ -22,7 +22,7 @@ protected:
 
     /// Presses the copy button, with the job failing in a way that no rule knows.
     QStringList CopyAndFail() {
-        files.BeforeCall = [](const FakeFileSystem::RecordedCall& recorded) {
+        files.BeforeCall = [](const RecordedFiles::RecordedCall& recorded) {
             if (recorded.Call == FileCall::FileExists) {
                 throw std::out_of_range("a programming error");
             }

@@ -42,7 +42,7 @@ public:
     QStringList Copied() const;
     QStringList Rows(const ListControl& list) const;
 
-    FakeFileSystem files;
+    RecordedFiles files;
     FakeDriveService drives;
     FakeSettingsStore store;
     FakeShell shell;

@@ -21,7 +21,7 @@ class SlowLoad : public testing::Test {
 protected:
     SlowLoad() {
         m_window.PlugIn();
-        m_window.files.BeforeCall = [this](const FakeFileSystem::RecordedCall& call) {
+        m_window.files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
             while (call.Call == FileCall::Read && !m_answers) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
             }

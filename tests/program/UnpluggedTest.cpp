@@ -37,7 +37,7 @@ TEST_F(Unplugged, AtAnyFileTheJobGoesOnAndTheNextJobCopiesTheRest) {
         files.Remove(u"D:\\Music"_s);
         files.AddFolder(u"D:\\Music"_s);
         int copied = 0;
-        files.BeforeCall = [&](const FakeFileSystem::RecordedCall& call) {
+        files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
             if (call.Call == FileCall::CopyFile && ++copied == file) {
                 Unplug();
             }

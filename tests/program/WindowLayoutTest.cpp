@@ -147,7 +147,7 @@ TEST_P(Fitting, TheOverwritePromptIsTidy) {
 }
 
 TEST_P(Fitting, ThePreviewIsTidy) {
-    FakeFileSystem files;
+    RecordedFiles files;
     PreviewWindow preview(nullptr, files);
     for (const int width : {480, 240, 120}) {
         preview.Controls().frmPreview.SetSize(width * 15, 320 * 15);

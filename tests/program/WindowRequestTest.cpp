@@ -14,7 +14,7 @@ protected:
 
     /// Does this at every copy of the job.
     void AtEachCopy(const std::function<void()>& act) {
-        files.BeforeCall = [act](const FakeFileSystem::RecordedCall& call) {
+        files.BeforeCall = [act](const RecordedFiles::RecordedCall& call) {
             if (call.Call == FileCall::CopyFile) {
                 act();
             }

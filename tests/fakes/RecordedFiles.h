@@ -14,7 +14,7 @@
 #include <optional>
 #include <vector>
 
-/// The calls that a FakeFileSystem and its open files record.
+/// The calls that RecordedFiles and their open files record.
 enum class FileCall {
     FileExists,
     FolderExists,
@@ -40,7 +40,7 @@ enum class FileCall {
 
 /// The system's files, in a folder of its own in memory, where each drive ("E:") is a folder again,
 /// and so is the root of native paths. Records the calls, and lets those fail that a test names.
-class FakeFileSystem : public FileSystem {
+class RecordedFiles : public FileSystem {
 public:
     struct RecordedCall {
         FileCall Call;
@@ -51,7 +51,7 @@ public:
         qint64 Size = 0;
     };
 
-    FakeFileSystem();
+    RecordedFiles();
 
     // ---- building the tree; none of this is recorded or can fail
 

@@ -1,4 +1,4 @@
-#include "tests/fakes/FakeFileSystem.h"
+#include "tests/fakes/RecordedFiles.h"
 
 #include "platform/Paths.h"
 #include "tests/fakes/FakeFaults.h"
@@ -29,7 +29,7 @@ bool IsAtOrBelow(const QString& path, const QString& folder) {
            path.startsWith(Paths::WithSeparator(folder), Qt::CaseInsensitive);
 }
 
-QString TextOf(const FakeFileSystem::RecordedCall& call) {
+QString TextOf(const RecordedFiles::RecordedCall& call) {
     return call.Target.isNull() ? call.Path : call.Path + u" > "_s + call.Target;
 }
 
@@ -50,10 +50,10 @@ bool Changes(FileCall call) {
 
 } // namespace
 
-/// An open file of a FakeFileSystem.
+/// An open file of RecordedFiles.
 class RecordedFile : public BinaryFile {
 public:
-    RecordedFile(FakeFileSystem& files, std::unique_ptr<BinaryFile> file, const QString& path)
+    RecordedFile(RecordedFiles& files, std::unique_ptr<BinaryFile> file, const QString& path)
         : m_files(files), m_file(std::move(file)), m_path(path) {
         ++m_files.OpenFiles;
     }
@@ -93,13 +93,13 @@ private:
         m_isOpen = false;
     }
 
-    FakeFileSystem& m_files;
+    RecordedFiles& m_files;
     std::unique_ptr<BinaryFile> m_file;
     QString m_path;
     bool m_isOpen = true;
 };
 
-FakeFileSystem::FakeFileSystem() : m_folder(SharedFolder::Path() + u"/XXXXXX"_s) {
+RecordedFiles::RecordedFiles() : m_folder(SharedFolder::Path() + u"/XXXXXX"_s) {
     if (!m_folder.isValid()) {
         qFatal("no folder for the files");
     }
@@ -107,7 +107,7 @@ FakeFileSystem::FakeFileSystem() : m_folder(SharedFolder::Path() + u"/XXXXXX"_s)
 
 // ---- paths
 
-QString FakeFileSystem::Real(const QString& path) const {
+QString RecordedFiles::Real(const QString& path) const {
     const QString folder = QFileInfo(m_folder.path()).fileName();
     if (Paths::IsDriveForm(path)) {
         return SharedFolder::OnDrive(folder + u'\\' + path[0] + path.mid(2));
@@ -116,13 +116,13 @@ QString FakeFileSystem::Real(const QString& path) const {
     return SharedFolder::Native(folder + (isInside ? u"/native"_s : u"/nowhere/x"_s) + path);
 }
 
-QString FakeFileSystem::Host(const QString& path) const {
+QString RecordedFiles::Host(const QString& path) const {
     return Paths::IsDriveForm(path)
                ? m_folder.filePath(path[0].toUpper() + path.mid(2).replace(u'\\', u'/'))
                : m_folder.filePath(u"native"_s + path);
 }
 
-QString FakeFileSystem::RootOf(const QString& path) const {
+QString RecordedFiles::RootOf(const QString& path) const {
     QString root;
     for (const auto& [drive, bytes] : m_freeBytes) {
         root = IsAtOrBelow(path, drive) && drive.size() > root.size() ? drive : root;
@@ -132,22 +132,22 @@ QString FakeFileSystem::RootOf(const QString& path) const {
 
 // ---- building the tree
 
-void FakeFileSystem::AddDrive(const QString& root, double freeBytes) {
+void RecordedFiles::AddDrive(const QString& root, double freeBytes) {
     m_freeBytes[root] = freeBytes;
     MakeFolder(Host(root));
 }
 
-void FakeFileSystem::RemoveDrive(const QString& root) {
+void RecordedFiles::RemoveDrive(const QString& root) {
     m_freeBytes.erase(root);
     Remove(root);
 }
 
-void FakeFileSystem::AddFolder(const QString& path) {
+void RecordedFiles::AddFolder(const QString& path) {
     m_freeBytes.emplace(Paths::DrivePart(path), 1e15);
     MakeFolder(Host(path));
 }
 
-std::unique_ptr<QFile> FakeFileSystem::NewFile(const QString& path) {
+std::unique_ptr<QFile> RecordedFiles::NewFile(const QString& path) {
     AddFolder(Paths::ParentFolder(path));
     QFile::remove(Host(path)); // whoever has it open reads on
     auto file = std::make_unique<QFile>(Host(path));
@@ -155,15 +155,14 @@ std::unique_ptr<QFile> FakeFileSystem::NewFile(const QString& path) {
     return file;
 }
 
-void FakeFileSystem::AddFile(const QString& path, const QByteArray& bytes,
-                             qint64 modificationTime) {
+void RecordedFiles::AddFile(const QString& path, const QByteArray& bytes, qint64 modificationTime) {
     const std::unique_ptr<QFile> file = NewFile(path);
     EXPECT_EQ(file->write(bytes), bytes.size());
     SetTime(*file, modificationTime);
 }
 
-void FakeFileSystem::AddLargeFile(const QString& path, qint64 length, qint64 seed,
-                                  qint64 modificationTime) {
+void RecordedFiles::AddLargeFile(const QString& path, qint64 length, qint64 seed,
+                                 qint64 modificationTime) {
     const std::unique_ptr<QFile> file = NewFile(path);
     EXPECT_TRUE(file->resize(length));
     static const QByteArray stamp = Pattern(65521);
@@ -175,7 +174,7 @@ void FakeFileSystem::AddLargeFile(const QString& path, qint64 length, qint64 see
     SetTime(*file, modificationTime);
 }
 
-void FakeFileSystem::Remove(const QString& path) {
+void RecordedFiles::Remove(const QString& path) {
     if (!QFile::remove(Host(path))) {
         QDir(Host(path)).removeRecursively();
     }
@@ -183,27 +182,27 @@ void FakeFileSystem::Remove(const QString& path) {
 
 // ---- looking at the tree
 
-bool FakeFileSystem::HasFile(const QString& path) const {
+bool RecordedFiles::HasFile(const QString& path) const {
     return m_real.FileExists(Real(path));
 }
 
-bool FakeFileSystem::HasFolder(const QString& path) const {
+bool RecordedFiles::HasFolder(const QString& path) const {
     return m_real.FolderExists(Real(path));
 }
 
-QByteArray FakeFileSystem::Bytes(const QString& path) const {
+QByteArray RecordedFiles::Bytes(const QString& path) const {
     return ReadFile(Host(path));
 }
 
-qint64 FakeFileSystem::Length(const QString& path) const {
+qint64 RecordedFiles::Length(const QString& path) const {
     return QFileInfo(Host(path)).size();
 }
 
-qint64 FakeFileSystem::ModificationTime(const QString& path) const {
+qint64 RecordedFiles::ModificationTime(const QString& path) const {
     return QFileInfo(Host(path)).lastModified().toSecsSinceEpoch();
 }
 
-bool FakeFileSystem::SameContent(const QString& path, const QString& otherPath) const {
+bool RecordedFiles::SameContent(const QString& path, const QString& otherPath) const {
     QFile one(Host(path));
     QFile other(Host(otherPath));
     EXPECT_TRUE(one.open(QIODevice::ReadOnly) && other.open(QIODevice::ReadOnly));
@@ -212,7 +211,7 @@ bool FakeFileSystem::SameContent(const QString& path, const QString& otherPath) 
            (size == 0 || std::memcmp(one.map(0, one.size()), other.map(0, one.size()), size) == 0);
 }
 
-QStringList FakeFileSystem::FilesBelow(const QString& folder) const {
+QStringList RecordedFiles::FilesBelow(const QString& folder) const {
     QStringList paths;
     const QString host = Host(folder);
     QDirIterator below(host, QDir::Files | QDir::Hidden | QDir::System,
@@ -227,7 +226,7 @@ QStringList FakeFileSystem::FilesBelow(const QString& folder) const {
 
 // ---- what was called
 
-QStringList FakeFileSystem::CallsOf(FileCall call) const {
+QStringList RecordedFiles::CallsOf(FileCall call) const {
     QStringList texts;
     for (const RecordedCall& recorded : Calls) {
         if (recorded.Call == call) {
@@ -237,7 +236,7 @@ QStringList FakeFileSystem::CallsOf(FileCall call) const {
     return texts;
 }
 
-QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
+QStringList RecordedFiles::ChangesBelow(const QString& folder) const {
     QStringList texts;
     for (const RecordedCall& call : Calls) {
         // A copy reads its source; a move takes its source away.
@@ -252,7 +251,7 @@ QStringList FakeFileSystem::ChangesBelow(const QString& folder) const {
 
 // ---- failures
 
-bool FakeFileSystem::Strikes(Failure& failure, const RecordedCall& call) {
+bool RecordedFiles::Strikes(Failure& failure, const RecordedCall& call) {
     if (failure.Call.value_or(call.Call) != call.Call) {
         return false;
     }
@@ -262,8 +261,7 @@ bool FakeFileSystem::Strikes(Failure& failure, const RecordedCall& call) {
     return --failure.CallsToGo == 0; // stays below 0: such a failure strikes once
 }
 
-void FakeFileSystem::Record(FileCall call, const QString& path, const QString& target,
-                            qint64 size) {
+void RecordedFiles::Record(FileCall call, const QString& path, const QString& target, qint64 size) {
     Calls.push_back({call, path, target, size});
     const RecordedCall recorded = Calls.back();
     FakeFaults::Call();
@@ -282,7 +280,7 @@ void FakeFileSystem::Record(FileCall call, const QString& path, const QString& t
     }
 }
 
-bool FakeFileSystem::RecordSafely(FileCall call, const QString& path) {
+bool RecordedFiles::RecordSafely(FileCall call, const QString& path) {
     try {
         Record(call, path);
         return true;
@@ -293,88 +291,88 @@ bool FakeFileSystem::RecordSafely(FileCall call, const QString& path) {
 
 // ---- FileSystem
 
-bool FakeFileSystem::FileExists(const QString& path) {
+bool RecordedFiles::FileExists(const QString& path) {
     return RecordSafely(FileCall::FileExists, path) && HasFile(path);
 }
 
-bool FakeFileSystem::WouldReplace(const QString& path) {
+bool RecordedFiles::WouldReplace(const QString& path) {
     return RecordSafely(FileCall::FileExists, path) && m_real.WouldReplace(Real(path));
 }
 
-bool FakeFileSystem::FolderExists(const QString& path) {
+bool RecordedFiles::FolderExists(const QString& path) {
     return RecordSafely(FileCall::FolderExists, path) && HasFolder(path);
 }
 
-void FakeFileSystem::CreateFolder(const QString& path) {
+void RecordedFiles::CreateFolder(const QString& path) {
     Record(FileCall::CreateFolder, path);
     m_real.CreateFolder(Real(path));
 }
 
-void FakeFileSystem::CreateFolderChain(const QString& path) {
+void RecordedFiles::CreateFolderChain(const QString& path) {
     Record(FileCall::CreateFolderChain, path);
     m_real.CreateFolderChain(Real(path));
 }
 
-void FakeFileSystem::DeleteFolder(const QString& path, const CopyControl& control) {
+void RecordedFiles::DeleteFolder(const QString& path, const CopyControl& control) {
     Record(FileCall::DeleteFolder, path);
     m_real.DeleteFolder(Real(path), control);
 }
 
-bool FakeFileSystem::CopyFile(const QString& source, const QString& target, Existing existing,
-                              const CopyControl& control) {
+bool RecordedFiles::CopyFile(const QString& source, const QString& target, Existing existing,
+                             const CopyControl& control) {
     Record(FileCall::CopyFile, source, target);
     return m_real.CopyFile(Real(source), Real(target), existing, control);
 }
 
-void FakeFileSystem::RequireTarget(const QString& target, Existing existing) {
+void RecordedFiles::RequireTarget(const QString& target, Existing existing) {
     Record(FileCall::RequireTarget, target);
     m_real.RequireTarget(Real(target), existing);
 }
 
-bool FakeFileSystem::MoveFile(BinaryFile& file, const QString& target, Existing existing,
-                              const CopyControl& control) {
+bool RecordedFiles::MoveFile(BinaryFile& file, const QString& target, Existing existing,
+                             const CopyControl& control) {
     const auto& moved = static_cast<RecordedFile&>(file);
     Record(FileCall::MoveFile, moved.Path(), target);
     return m_real.MoveFile(moved.File(), Real(target), existing, control);
 }
 
-void FakeFileSystem::DeleteFile(BinaryFile& file) {
+void RecordedFiles::DeleteFile(BinaryFile& file) {
     const auto& deleted = static_cast<RecordedFile&>(file);
     if (RecordSafely(FileCall::DeleteFile, deleted.Path())) {
         m_real.DeleteFile(deleted.File());
     }
 }
 
-void FakeFileSystem::RemoveLeftovers(const QString& folder) {
+void RecordedFiles::RemoveLeftovers(const QString& folder) {
     ClearedFolders += folder;
     m_real.RemoveLeftovers(Real(folder));
 }
 
-qint64 FakeFileSystem::FileLength(const QString& path) {
+qint64 RecordedFiles::FileLength(const QString& path) {
     Record(FileCall::FileLength, path);
     return m_real.FileLength(Real(path));
 }
 
-std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReading(const QString& path) {
+std::unique_ptr<BinaryFile> RecordedFiles::OpenForReading(const QString& path) {
     Record(FileCall::OpenForReading, path);
     return std::make_unique<RecordedFile>(*this, m_real.OpenForReading(Real(path)), path);
 }
 
-std::unique_ptr<BinaryFile> FakeFileSystem::OpenForReadingAndWriting(const QString& path) {
+std::unique_ptr<BinaryFile> RecordedFiles::OpenForReadingAndWriting(const QString& path) {
     Record(FileCall::OpenForReadingAndWriting, path);
     return std::make_unique<RecordedFile>(*this, m_real.OpenForReadingAndWriting(Real(path)), path);
 }
 
-bool FakeFileSystem::IsOnIpod(const QString& path) {
+bool RecordedFiles::IsOnIpod(const QString& path) {
     return !IpodRoot.isNull() && IsAtOrBelow(path, IpodRoot);
 }
 
-QString FakeFileSystem::DriveOf(const QString& path) {
+QString RecordedFiles::DriveOf(const QString& path) {
     Record(FileCall::DriveOf, path);
     return Paths::IsDriveForm(path) ? path.left(2) : RootOf(path);
 }
 
-double FakeFileSystem::FreeBytes(const QString& path) {
+double RecordedFiles::FreeBytes(const QString& path) {
     Record(FileCall::FreeBytes, path);
     const auto found = m_freeBytes.find(RootOf(path));
     if (found == m_freeBytes.end()) {
@@ -383,7 +381,7 @@ double FakeFileSystem::FreeBytes(const QString& path) {
     return found->second;
 }
 
-QString FakeFileSystem::NativePath(const QString& path) {
+QString RecordedFiles::NativePath(const QString& path) {
     Record(FileCall::NativePath, path);
     const auto found = m_nativePaths.find(path);
     return found == m_nativePaths.end() ? path : found->second;
