@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-ChunkedCopy::ChunkedCopy(FileSystem& files, std::function<bool(qint64 done)> AfterChunk)
+ChunkedCopy::ChunkedCopy(FileSystem& files, std::function<bool()> AfterChunk)
     : m_files(files), m_afterChunk(std::move(AfterChunk)) {
 }
 
@@ -43,7 +43,7 @@ bool ChunkedCopy::CopyChunks(BinaryFile& source, BinaryFile& temp, qint64 size, 
             return false;
         }
         done += bytesAtOnce;
-        if (!m_afterChunk(done)) {
+        if (!m_afterChunk()) {
             return false;
         }
     }

@@ -8,9 +8,8 @@
 /// can stop it.
 class ChunkedCopy {
 public:
-    /// `AfterChunk` is called once after every chunk but the last, with the bytes of this file that
-    /// are copied by then; false cancels the copy.
-    ChunkedCopy(FileSystem& files, std::function<bool(qint64 done)> AfterChunk);
+    /// `AfterChunk` is called once after every chunk but the last; false cancels the copy.
+    ChunkedCopy(FileSystem& files, std::function<bool()> AfterChunk);
 
     /// Copies `Source` to `Destination` by way of "copy.tmp" in the folder `Base`, which ends in
     /// a separator, `BytesAtOnce` bytes at a time. An earlier Destination stays until all bytes are
@@ -25,5 +24,5 @@ private:
                     const CopyControl& control);
 
     FileSystem& m_files;
-    std::function<bool(qint64)> m_afterChunk;
+    std::function<bool()> m_afterChunk;
 };

@@ -54,7 +54,7 @@ bool CopyChecks::OfferToCreate(const QString& folder) {
     const QString probe = m_destination.TakeProbeFolder();
     const auto deleteProbe = [&] { m_files.DeleteFolder(probe, {}); };
     if (!probe.isEmpty() &&
-        TryStep(m_messages, {probe, probe, {}}, deleteProbe) != ErrorAnswer::Ignore) {
+        TryStep(m_messages, {probe, probe, {}}, deleteProbe) != ErrorAnswer::GoOn) {
         return false;
     }
     if (!isValid) {
@@ -86,7 +86,7 @@ bool CopyChecks::AcceptFreeSpace(const QString& folder) {
         drive = m_files.DriveOf(folder);
         freeBytes = m_files.FreeBytes(folder);
     });
-    if (answer != ErrorAnswer::Ignore) {
+    if (answer != ErrorAnswer::GoOn) {
         return false;
     }
     if (m_summary.SelectedSize <= freeBytes) {

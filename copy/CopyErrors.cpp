@@ -17,7 +17,7 @@ ErrorAnswer Ask(Messages& messages, const QString& text, MessageButtons buttons,
     case MessageAnswer::Retry:
         return ErrorAnswer::Retry;
     case MessageAnswer::Ignore:
-        return ErrorAnswer::Ignore;
+        return ErrorAnswer::GoOn;
     default:
         return ErrorAnswer::Stop;
     }
@@ -51,7 +51,7 @@ ErrorAnswer TryStep(Messages& messages, const CopyPlace& place, const std::funct
     for (;;) {
         try {
             step();
-            return ErrorAnswer::Ignore;
+            return ErrorAnswer::GoOn;
         } catch (const std::exception& exception) {
             const ErrorAnswer answer = AskAboutError(messages, ErrorOf(exception), place);
             if (answer != ErrorAnswer::Retry) {

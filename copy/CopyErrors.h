@@ -18,12 +18,12 @@ struct CopyPlace {
     QString FileName;
 };
 
-/// How the job goes on after a failed step.
+/// How the job goes on after a step.
 enum class ErrorAnswer {
     /// The failed step again.
     Retry,
-    /// The step after the failed one.
-    Ignore,
+    /// The step after it: it has succeeded, or the user ignores its failure.
+    GoOn,
     /// A stop request, as if the user had pressed "&Cancel".
     Stop,
     /// The end of the job, without a question.
@@ -31,5 +31,5 @@ enum class ErrorAnswer {
 };
 
 /// Does `step`. A failure is told to the user, who is asked how to go on, until it succeeds or the
-/// answer is not Retry. After a success the job goes on as after Ignore.
+/// answer is not Retry.
 ErrorAnswer TryStep(Messages& messages, const CopyPlace& place, const std::function<void()>& step);

@@ -9,6 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Thrown by a step after which the job does not go on.
+struct WalkEnded {};
+
 QString CancelCaption() {
     return u"&Cancel"_s;
 }
@@ -58,21 +61,30 @@ bool CopyJob::StopToClose() {
 /// false where the window is gone.
 bool CopyJob::Run() {
     try {
-        Start();
-        Walk(PlanCopy(m_library.Library, Options()));
-        Finish();
-    } catch (const OperationStopped&) {
+        CopyAll();
         if (m_stops.Quits()) {
-            if (Copying) { // inside a file, of which no half is left behind
-                TryToClearUp();
-                Quit();
-            }
+            Quit();
             return false;
         }
     } catch (const std::exception& exception) {
         ShowError(m_services.MessageBoxes, ErrorOf(exception));
     }
     return true;
+}
+
+/// Until all is copied, or the job is stopped.
+void CopyJob::CopyAll() {
+    try {
+        Start();
+        Walk(PlanCopy(m_library.Library, Options()));
+        Finish();
+    } catch (const WalkEnded&) {
+        return;
+    } catch (const OperationStopped&) {
+        if (m_stops.Quits()) { // inside a file, of which no half is left behind
+            TryToClearUp();
+        }
+    }
 }
 
 void CopyJob::Start() {
@@ -126,8 +138,8 @@ void CopyJob::Finish() {
 /// Deletes "tmp" in the destination with all it holds, whoever made it, as the README says: a
 /// killed job may have left half a film there.
 void CopyJob::DeleteTemporaryFolder() {
-    const QString folder = m_targets.Root() + u"tmp"_s;
-    if (m_services.Files.FolderExists(folder)) {
+    const QString folder = m_targets.TemporaryFolder();
+    if (!folder.isEmpty() && m_services.Files.FolderExists(folder)) {
         m_services.Files.DeleteFolder(folder, {});
     }
 }
@@ -147,6 +159,7 @@ void CopyJob::Cleanup() {
     m_services.Files.MayGoOn = nullptr;
     m_services.Files.ReadAhead({}); // a device with an open file cannot be unmounted
     m_stops.Forget();
+    m_targets.Forget();
     Copying = false;
     m_controls.Form1.SetCaption(u"Songlift"_s);
     if (m_resultIsAside) {
@@ -181,25 +194,21 @@ bool CopyJob::MayWait() {
 /// False where the user wanted to stop after a failure, but then not to quit.
 bool CopyJob::Step(const Event& action) {
     switch (TryStep(m_services.MessageBoxes, m_place, action)) {
-    case ErrorAnswer::Ignore:
+    case ErrorAnswer::GoOn:
         return true;
     case ErrorAnswer::Stop:
         StopRequest();
         return false;
     default:
-        throw OperationStopped{};
+        throw WalkEnded{};
     }
 }
 
 /// Ends the walk, unless the user does not want to quit.
 void CopyJob::StopRequest() {
-    if (m_stops.Decide()) {
-        return;
+    if (!m_stops.Decide()) {
+        throw WalkEnded{};
     }
-    if (m_stops.Quits()) {
-        Quit();
-    }
-    throw OperationStopped{};
 }
 
 void CopyJob::Quit() {
@@ -250,9 +259,9 @@ bool CopyJob::PutTrack(PlannedTrack& planned) {
 bool CopyJob::EnterFolders(const PlannedTrack& planned) {
     // The message of a failure names the folder.
     const ScopeGuard over([&] { m_place.FileName = planned.FileName; });
-    m_targets.LeaveFolders();
+    m_targets.ChooseFolders(planned.Folders);
     for (qsizetype made = 0; !m_targets.AreEntered(planned.Folders); ++made) {
-        if (!Step([&] { m_targets.EnterFolders(planned.Folders, made, m_place); })) {
+        if (!Step([&] { m_targets.EnterFolders(made, m_place); })) {
             return false;
         }
     }

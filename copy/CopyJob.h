@@ -68,7 +68,8 @@ public:
     /// Starts a job, or asks the running one to stop.
     void cmdCopy_Click();
     /// The window is to close. A running job asks whether to quit, and closes the window itself
-    /// after "Yes". False where no job runs, and the window may close now.
+    /// after "Yes"; one that was stopped already closes it unasked when it is over. False where no
+    /// job runs, and the window may close now.
     bool StopToClose();
     /// The system ends the program: from now on the window closes after the job, and the user is
     /// not asked.
@@ -76,6 +77,7 @@ public:
 
 private:
     bool Run();
+    void CopyAll();
     void Start();
     void ExchangeLibraries();
     CopyOptions Options() const;

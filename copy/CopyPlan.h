@@ -26,7 +26,7 @@ struct PlannedTrack {
     QString Extension;
     /// Another folder begins: the file names given so far no longer count.
     bool StartsFolder = false;
-    /// The name of its copy in its folder, once the job has given it one.
+    /// The name that the job gives its copy when it knows the folder; the plan leaves it empty.
     QString FileName = {};
 };
 

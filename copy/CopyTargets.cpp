@@ -3,8 +3,11 @@
 #include "copy/EnsureFolder.h"
 #include "platform/Paths.h"
 
+#include <atomic>
 #include <exception>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 void CopyTargets::StartOver(const QString& root) {
     m_root = root;
@@ -13,24 +16,34 @@ void CopyTargets::StartOver(const QString& root) {
     m_folderNames.StartOver();
 }
 
+QString CopyTargets::TemporaryFolder() const {
+    return m_root.isEmpty() ? QString() : m_root + u"tmp"_s;
+}
+
+void CopyTargets::ChooseFolders(const QStringList& names) {
+    m_namesOfLast.reset();
+    m_names = names;
+    m_folders.clear();
+    QString folder = m_root;
+    for (const QString& name : names) {
+        m_folders += folder + m_folderNames.NameFor(folder, name);
+        folder = Paths::WithSeparator(m_folders.last());
+    }
+}
+
 /// At the end removes what a killed job has left in the last folder, even if all its files are
 /// going to be skipped, and asks what names it can hold. All in one go, since each wait for the
 /// disk costs time.
-void CopyTargets::EnterFolders(const QStringList& names, qsizetype& made, CopyPlace& place) {
-    QString folder = m_root;
-    QStringList folders;
-    for (const QString& name : names) {
-        folders += folder + m_folderNames.NameFor(folder, name);
-        folder = Paths::WithSeparator(folders.last());
-    }
+void CopyTargets::EnterFolders(qsizetype& made, CopyPlace& place) {
+    const QString folder = m_folders.isEmpty() ? m_root : Paths::WithSeparator(m_folders.last());
     const bool isOther = folder != m_enteredFolder;
     struct Entered {
-        qsizetype Made;
+        std::atomic<qsizetype> Made; // read also while an operation that was given up goes on
         NameLimits Limits = {};
     };
-    const auto entered = std::make_shared<Entered>(Entered{made});
+    const auto entered = std::make_shared<Entered>(made);
     // Every attempt looks again for the folder that failed: a disk that is back may have it.
-    const auto enter = [=](FileSystem& files) {
+    const auto enter = [=, folders = m_folders](FileSystem& files) {
         for (; entered->Made < folders.size(); ++entered->Made) {
             EnsureFolder(files, folders[entered->Made]);
         }
@@ -40,13 +53,15 @@ void CopyTargets::EnterFolders(const QStringList& names, qsizetype& made, CopyPl
         }
     };
     try {
-        if (made < folders.size() || isOther) {
+        if (made < m_folders.size() || isOther) {
             m_files.Do(enter);
         }
     } catch (const std::exception&) {
         made = entered->Made;
-        place.FileName = Paths::FileName(folders[made]);
-        place.DestFolder = folders[made].chopped(place.FileName.size());
+        if (made < m_folders.size()) {
+            place.FileName = Paths::FileName(m_folders[made]);
+            place.DestFolder = m_folders[made].chopped(place.FileName.size());
+        }
         throw;
     }
     if (isOther) {
@@ -54,7 +69,7 @@ void CopyTargets::EnterFolders(const QStringList& names, qsizetype& made, CopyPl
         m_naming.FitTo(entered->Limits);
     }
     place.DestFolder = folder;
-    m_namesOfLast = names;
+    m_namesOfLast = m_names;
 }
 
 void CopyTargets::NameFile(PlannedTrack& planned) {

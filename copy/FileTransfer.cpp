@@ -37,8 +37,7 @@ bool Succeeds(const std::function<void()>& copy, Existing existing) {
 
 FileTransfer::FileTransfer(PatientFileSystem& files, EventLoop& events, CopyTargets& targets,
                            const std::function<bool()>& AfterChunk)
-    : m_files(files), m_events(events), m_targets(targets),
-      m_chunkedCopy(files, [AfterChunk](qint64) { return AfterChunk(); }) {
+    : m_files(files), m_events(events), m_targets(targets), m_chunkedCopy(files, AfterChunk) {
 }
 
 void FileTransfer::StartOver() {
@@ -72,8 +71,10 @@ bool FileTransfer::CopyNew(const PlannedTrack& planned, const QString& folder) {
         return true;
     }
     const CopiedFiles none = std::exchange(m_copied, {});
-    const auto fail = [&] { std::rethrow_exception(none.Failure); };
-    return none.Failure && Succeeds(fail, Existing::Keep);
+    if (none.Failure) {
+        Succeeds([&] { std::rethrow_exception(none.Failure); }, Existing::Keep);
+    }
+    return false;
 }
 
 bool FileTransfer::Copy(const TrackRecord& track, const QString& target, Existing existing) {
@@ -93,7 +94,7 @@ void FileTransfer::CopyBytes(const TrackRecord& track, const QString& target, Ex
         m_files.CopyFile(track.Location, target, existing, m_copying);
         return;
     }
-    const QString base = Paths::WithSeparator(m_targets.Root() + u"tmp"_s);
+    const QString base = Paths::WithSeparator(m_targets.TemporaryFolder());
     if (!m_chunkedCopy.NewCopy(track.Location, target, base, LargeFileLimit, existing, m_copying)) {
         throw OperationStopped{};
     }

@@ -47,10 +47,11 @@ protected:
 
     RecordedFiles files;
     FakeEventLoop events;
+    /// The bytes of the target after each chunk but the last.
     std::vector<qint64> chunksEnd;
     bool cancelCopy = false;
-    ChunkedCopy chunkedCopy{files, [this](qint64 done) {
-                                chunksEnd.push_back(done);
+    ChunkedCopy chunkedCopy{files, [this] {
+                                chunksEnd.push_back(files.Length(Temp));
                                 events.Yield();
                                 return !cancelCopy;
                             }};

@@ -188,6 +188,23 @@ TEST_F(CopyCancelTest, ClosingDuringALargeFileAsksToQuitAndYesLeavesNoHalfOfItBe
     EXPECT_EQ(files.OpenFiles, 0);
 }
 
+TEST_F(CopyCancelTest, AfterYesInsideALargeFileTheWindowClosesEvenIfThatFailsAtFirst) {
+    AddFilm();
+    CloseAtYield(5);
+    messages.Answers = {MessageAnswer::Yes, MessageAnswer::OK};
+    bool hasFailed = false;
+    form.Form1.QueryUnload = [&](bool& cancel, UnloadMode) {
+        cancel = job.StopToClose();
+        if (!cancel && !std::exchange(hasFailed, true)) {
+            throw RuntimeError(ErrorNumber::Overflow);
+        }
+    };
+    Press();
+    EXPECT_EQ(messages.Texts(), QStringList({QuitQuestion.Text, u"Error 6: Overflow"_s}));
+    EXPECT_TRUE(form.Form1.Closed);
+    EXPECT_FALSE(files.HasFolder(Tmp));
+}
+
 TEST_F(CopyCancelTest, ClosingDuringALargeFileAndNoGoesOnWhereItWas) {
     const QString location = AddFilm();
     CloseAtYield(5);

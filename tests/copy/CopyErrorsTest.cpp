@@ -172,6 +172,19 @@ TEST_F(CopyErrorsTest, AFailedFolderIgnoredGoesOnInsideTheMissingFolderUntilAbor
     ExpectIdle();
 }
 
+TEST_F(CopyErrorsTest, AfterAFailedFolderThatIsIgnoredTheNextOneIsTried) {
+    SetOptions("AB");
+    files.FailPath(FileCall::CreateFolder, u"D:\\Music\\Abba"_s, ErrorNumber::PermissionDenied);
+    files.FailPath(FileCall::CreateFolder, u"D:\\Music\\Abba\\Arrival"_s,
+                   ErrorNumber::PermissionDenied);
+    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::Abort};
+    Press();
+    EXPECT_EQ(messages.Texts(),
+              QStringList({u"Unable to create file: \"D:\\Music\\Abba\""_s,
+                           u"Unable to create file: \"D:\\Music\\Abba\\Arrival\""_s}));
+    ExpectIdle();
+}
+
 TEST_F(CopyErrorsTest, AFailedFolderThatIsBackByTheTimeOfTheRetryIsUsed) {
     SetOptions("A");
     files.FailNthCall(FileCall::CreateFolder, 1, ErrorNumber::PathNotFound);

@@ -1,6 +1,7 @@
 // What a killed job has left is looked for in each folder that the job comes to.
 
 #include "tests/copy/CopyFixture.h"
+#include "tests/fakes/FakeFaults.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,4 +48,22 @@ TEST_F(CopyLeftovers, AFolderOfWhichEveryFileIsSkippedIsClearedToo) {
     Press();
     EXPECT_EQ(Bytes("D:\\Music\\Beck\\Girl.mp3"), QByteArray("old"));
     EXPECT_EQ(files.ClearedFolders, QStringList({u"D:\\Music\\Abba\\"_s, u"D:\\Music\\Beck\\"_s}));
+}
+
+TEST_F(CopyLeftovers, AJobThatFailsAtItsStartDeletesNothingInTheDestinationOfTheJobBefore) {
+    Press();
+    const QString own = u"D:\\Music\\tmp\\mine.txt"_s;
+    files.AddFile(own, "mine");
+    files.AddFolder(u"D:\\Other"_s);
+    form.txtDestination.SetText(u"D:\\Other"_s);
+    files.BeforeCall = [](const RecordedFiles::RecordedCall& call) {
+        if (call.Call == FileCall::FreeBytes) { // the last of the checks
+            FakeFaults::FailNth(1, [] { throw RuntimeError(ErrorNumber::Overflow); });
+        }
+    };
+    Press();
+    EXPECT_TRUE(FakeFaults::Stop());
+    EXPECT_EQ(messages.Texts().last(), u"Error 6: Overflow"_s);
+    EXPECT_TRUE(files.HasFile(own));
+    ExpectIdle();
 }
