@@ -157,6 +157,20 @@ TEST_F(Form1Test, ADeviceThatWasGoneForAnInstantLoadsWhenItIsChosenAgain) {
     EXPECT_EQ(form.lstArtists.ListCount(), 3);
 }
 
+TEST_F(Form1Test, AnIpodWithoutMusicOffersNothingUntilOneWithMusicIsChosen) {
+    PlugIn(u'E', u"MY IPOD"_s, SmallLibrary());
+    PlugIn(u'F', u"EMPTY"_s, {});
+    Start();
+    for (const bool hasMusic : {false, true}) {
+        form.Combo1.UserChoose(hasMusic ? 0 : 1);
+        EXPECT_EQ(form.lstArtists.Enabled(), hasMusic);
+        EXPECT_EQ(form.txtSearch.Enabled(), hasMusic);
+        EXPECT_EQ(form.cmdSearch.Enabled(), hasMusic);
+        EXPECT_FALSE(form.cmdClear.Enabled());
+        EXPECT_FALSE(form.cmdCopy.Enabled());
+    }
+}
+
 TEST_F(Form1Test, AFilterTabWorksAgainAfterAnotherDeviceWasChosen) {
     PlugIn(u'E', u"ONE"_s, SmallLibrary());
     PlugIn(u'F', u"TWO"_s, SmallLibrary());
