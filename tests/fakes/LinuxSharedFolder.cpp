@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString Nothing = u"/nonexistent"_s;
+
 /// Attached as the last drive, for the whole life of the process.
 struct AttachedFolder {
     AttachedFolder() {
@@ -16,7 +18,9 @@ struct AttachedFolder {
     }
 
     QTemporaryDir Folder{FolderInMemory()};
-    LinuxDrives Drives;
+    /// Does not look at the system's mounts, which come and go while other tests run: a look takes
+    /// time and memory, which some tests measure.
+    LinuxDrives Drives{{Nothing, Nothing, Nothing}};
     LinuxFileSystem Files{Drives};
     QString Letter;
 };
