@@ -24,6 +24,10 @@ Text TextFor(NoDeviceReason reason) {
         return {u"No music on this iPod"_s,
                 u"Songlift found no songs and no videos in its library.\n"
                 "Once there are some, connect it and start Songlift again."_s};
+    case NoDeviceReason::NotRead:
+        return {u"This iPod's library cannot be read"_s,
+                u"Its music may still be there.\n"
+                "Connect it again, and start Songlift again."_s};
     case NoDeviceReason::NoneConnected:
         break;
     }

@@ -148,7 +148,8 @@ void DeviceSelection::ReportLoad() {
     if (m_loadMusic.Library.TrackCount < 1) {
         Raise(NoMusicFound);
         m_controls.lblMessage.SetCaption(u"No music found."_s);
-        m_controls.pctNoDevice.Tell(NoDeviceReason::NoMusic);
+        m_controls.pctNoDevice.Tell(m_loadMusic.HasFailed() ? NoDeviceReason::NotRead
+                                                            : NoDeviceReason::NoMusic);
         m_controls.pctNoDevice.SetVisible(true);
         return;
     }

@@ -8,31 +8,29 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Runs a reader and shows the failure that stops it. False when the reader leaves the load open.
-/// Exceptions that no reader is expected to throw pass on: the device must not count as loaded
-/// then.
-template <class Reader>
-bool RunReader(MusicLibrary& library, Messages& messages, const Reader& reader) {
-    try {
-        return reader();
-    } catch (const RuntimeError& error) {
-        ShowError(messages, error);
-    } catch (const std::bad_alloc& exception) {
-        ShowError(messages, ErrorOf(exception));
-    } catch (const OperationStopped&) {
-        library.ForgetTracks();
-    }
-    return true;
-}
-
-} // namespace
-
 LoadMusic::LoadMusic(const LoadServices& services, const LoadControls& controls)
     : m_files(services.Files, services.Background, services.Background), m_events(services.Events),
       m_messages(services.MessageBoxes), m_controls(controls) {
     m_files.MayGoOn = [this] { return m_events.YieldHoldingInput(); };
+}
+
+/// Runs a reader and shows the failure that stops it. False when the reader leaves the load open.
+/// Exceptions that no reader is expected to throw pass on: the device must not count as loaded
+/// then.
+bool LoadMusic::Run(const std::function<bool()>& reader) {
+    m_hasFailed = true;
+    try {
+        const bool hasEnded = reader();
+        m_hasFailed = false;
+        return hasEnded;
+    } catch (const RuntimeError& error) {
+        ShowError(m_messages, error);
+    } catch (const std::bad_alloc& exception) {
+        ShowError(m_messages, ErrorOf(exception));
+    } catch (const OperationStopped&) {
+        Library.ForgetTracks();
+    }
+    return true;
 }
 
 void LoadMusic::LoadITunesDB(const QString& driveRoot) {
@@ -40,8 +38,7 @@ void LoadMusic::LoadITunesDB(const QString& driveRoot) {
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
     // After an empty track list the load never ends: LoadingMusic and the message stay as they are.
-    if (RunReader(Library, m_messages,
-                  [&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
+    if (Run([&] { return ReadITunesDB(m_files, driveRoot, Library, progress); })) {
         loading.Run();
     } else {
         loading.Dismiss();
@@ -52,7 +49,7 @@ void LoadMusic::LoadSQLiteLibrary(const QString& driveRoot) {
     LoadProgress progress(Library, m_events, m_controls);
     ScopeGuard loading([&progress] { progress.End(); });
     progress.Start();
-    RunReader(Library, m_messages, [&] {
+    Run([&] {
         ReadSQLiteLibrary(m_files, driveRoot, Library, progress);
         return true;
     });

@@ -6,6 +6,8 @@
 #include "platform/Messages.h"
 #include "platform/PatientFileSystem.h"
 
+#include <functional>
+
 /// The services of the platform that a load, and the look for what can be loaded, use.
 struct LoadServices {
     FileSystem& Files;
@@ -29,12 +31,17 @@ public:
     void LoadITunesDB(const QString& driveRoot);
     /// Loads the SQLite library that newer devices keep beside the binary database.
     void LoadSQLiteLibrary(const QString& driveRoot);
+    /// The last load has not come to its end.
+    bool HasFailed() const { return m_hasFailed; }
 
 private:
+    bool Run(const std::function<bool()>& reader);
+
     PatientFileSystem m_files;
     EventLoop& m_events;
     Messages& m_messages;
     LoadControls m_controls;
+    bool m_hasFailed = false;
 };
 
 /// Where a device keeps its databases, relative to the drive.

@@ -197,7 +197,7 @@ public:
 
 /// Why the lists have nothing to show: no iPod is connected, none of the connected ones is chosen,
 /// or the chosen one is empty.
-enum class NoDeviceReason { NoneConnected, NoneChosen, NoMusic };
+enum class NoDeviceReason { NoneConnected, NoneChosen, NoMusic, NotRead };
 
 /// Says, in place of the lists, what to do while they have nothing to show.
 class NoDeviceControl : public Control {

@@ -130,6 +130,18 @@ TEST_F(DeviceChoice, ADeviceWithoutMusicIsReported) {
     EXPECT_TRUE(Music.Library.LoadingMusic);
 }
 
+TEST_F(DeviceChoice, ADeviceThatCannotBeReadIsNotTakenForOneWithoutMusic) {
+    AttachIPod('E', u"IPOD"_s, {});
+    AttachIPod('F', u"EMPTY"_s, {});
+    Files.FailNthCall(FileCall::Read, 1, ErrorNumber::DeviceIOError);
+    Choose(0);
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NotRead);
+    Choose(1);
+    EXPECT_EQ(Boxes.Shown.size(), 1U);
+    EXPECT_EQ(Window.pctNoDevice.Told, NoDeviceReason::NoMusic);
+}
+
 TEST_F(DeviceChoice, ADeviceWhoseDatabaseFailsShowsWhatWasLoaded) {
     AttachIPod('E', u"IPOD"_s, {});
     using namespace ITunesDBChunks;

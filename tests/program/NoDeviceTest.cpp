@@ -134,6 +134,14 @@ TEST_F(NoDevice, WhenTheChosenIpodIsGoneAndAnotherListedItAsksToChooseOne) {
     EXPECT_EQ(controls.lstArtists.ListCount(), 3);
 }
 
+TEST_F(NoDevice, AnIpodThatCannotBeReadIsReported) {
+    files.FailNthCall(FileCall::Read, 1, ErrorNumber::DeviceIOError);
+    Start(SmallLibrary());
+    EXPECT_EQ(ShownTexts(), QStringList({u"This iPod's library cannot be read"_s,
+                                         u"Its music may still be there.\nConnect it again, and "
+                                         "start Songlift again."_s}));
+}
+
 TEST_F(NoDevice, AnIpodWithoutMusicIsReported) {
     Start({});
     EXPECT_EQ(ShownTexts(),
