@@ -196,7 +196,7 @@ public:
 };
 
 /// Why the lists have nothing to show: no iPod is connected, none of the connected ones is chosen,
-/// or the chosen one is empty.
+/// or the chosen one is empty or could not be read.
 enum class NoDeviceReason { NoneConnected, NoneChosen, NoMusic, NotRead };
 
 /// Says, in place of the lists, what to do while they have nothing to show.

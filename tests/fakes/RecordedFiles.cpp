@@ -175,6 +175,7 @@ void RecordedFiles::AddLargeFile(const QString& path, qint64 length, qint64 seed
 }
 
 void RecordedFiles::Remove(const QString& path) {
+    ASSERT_FALSE(path.contains(u".."_s)) << "may lead out of the folder of this object";
     if (!QFile::remove(Host(path))) {
         QDir(Host(path)).removeRecursively();
     }
