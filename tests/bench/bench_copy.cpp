@@ -14,7 +14,9 @@
 #include <QProcess>
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -63,9 +65,11 @@ public:
     QString Impossible() const { return m_disk ? m_disk->Impossible() : QString(); }
 
     /// An empty folder, and no bytes waiting for the disk. Always another one: for some seconds the
-    /// inodes of deleted files cost some file systems more than all that is measured here.
+    /// inodes of deleted files cost some file systems more than all that is measured here. In
+    /// memory it is the other way round: what was not removed costs pages that are new to the
+    /// machine, which a virtual one gets from its host first.
     QString NewTarget() {
-        if (m_bytes > 5e8 && !m_target.isEmpty()) {
+        if ((m_bytes > 5e8 || IsInMemory()) && !m_target.isEmpty()) {
             QDir(m_target).removeRecursively();
         }
         m_target = m_window.Scratch(u"copy"_s + QString::number(++m_targets));
@@ -97,6 +101,11 @@ public:
     QString MusicFolder() const { return m_window.DeviceFolder() + u"/iPod_Control/Music"_s; }
 
 private:
+    bool IsInMemory() const {
+        struct statfs info {};
+        return statfs(QFile::encodeName(m_target).constData(), &info) == 0 &&
+               info.f_type == TMPFS_MAGIC;
+    }
     double FreeBytes() const {
         struct statvfs info {};
         statvfs(QFile::encodeName(m_target).constData(), &info);
