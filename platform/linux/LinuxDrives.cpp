@@ -130,22 +130,30 @@ bool LinuxDrives::IsOnIpod(int folder) {
     const TablePointer table = Current();
     const std::optional<FolderId> asked = IdOf(folder);
     std::unique_lock lock(m_mutex);
-    if (asked && *asked == m_asked) {
-        return m_answer;
-    }
+    const Answers answers = m_answers;
     lock.unlock();
-    const std::optional<bool> answer = FindWhetherOnIpod(*table, folder);
+    if (const std::optional<bool> known = asked ? Find(answers, *asked) : std::nullopt) {
+        return *known;
+    }
+    const std::optional<bool> answer = FindWhetherOnIpod(*table, folder, answers);
     lock.lock();
     if (asked && answer && m_table == table) {
-        m_asked = *asked;
-        m_answer = *answer;
+        m_answers[m_nextAnswer++ % m_answers.size()] = {*asked, *answer};
     }
     return answer.value_or(true); // unknown, and on an iPod nothing may be changed
 }
 
-/// Goes up to the root. Paths are not enough: the same folder has another path by every mount. Nor
-/// is the device's number, which an attached folder shares with everything else on its disk.
-std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folder) {
+std::optional<bool> LinuxDrives::Find(const Answers& answers, const FolderId& folder) {
+    const auto known = std::find_if(answers.begin(), answers.end(),
+                                    [&](const Answer& answer) { return answer.Folder == folder; });
+    return known != answers.end() ? std::optional<bool>(known->IsOnIpod) : std::nullopt;
+}
+
+/// Goes up to a folder that was asked about before, or to the root. Paths are not enough: the same
+/// folder has another path by every mount. Nor is the device's number, which an attached folder
+/// shares with everything else on its disk.
+std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folder,
+                                                   const Answers& answers) {
     const std::vector<FolderId> ipods = table.IpodFolders();
     if (ipods.empty()) {
         return false;
@@ -161,6 +169,9 @@ std::optional<bool> LinuxDrives::FindWhetherOnIpod(const Table& table, int folde
         }
         if (Holds(ipods, *id)) {
             return true;
+        }
+        if (const std::optional<bool> known = Find(answers, *id)) {
+            return known;
         }
         if (id == root && id == below) {
             return false; // only the root is its own parent
@@ -304,7 +315,7 @@ LinuxDrives::TablePointer LinuxDrives::Refresh() {
     table->Volumes = Merge(m_table->Volumes, found);
     m_table = table;
     m_isCurrent = table->Number == m_looks;
-    m_asked = {};
+    m_answers = {};
     return m_table;
 }
 

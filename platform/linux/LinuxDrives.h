@@ -8,6 +8,7 @@
 
 #include <QByteArray>
 
+#include <array>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -85,10 +86,18 @@ private:
     };
     using TablePointer = std::shared_ptr<const Table>;
 
+    struct Answer {
+        FolderId Folder;
+        bool IsOnIpod = false;
+    };
+    using Answers = std::array<Answer, 8>;
+
     static bool IsSame(const Volume& one, const Volume& other);
     static QChar TakeLetter(std::vector<Volume>& volumes);
     static std::vector<Volume> Merge(std::vector<Volume> known, const std::vector<Volume>& found);
-    static std::optional<bool> FindWhetherOnIpod(const Table& table, int folder);
+    static std::optional<bool> Find(const Answers& answers, const FolderId& folder);
+    static std::optional<bool> FindWhetherOnIpod(const Table& table, int folder,
+                                                 const Answers& answers);
     std::vector<Volume> FindVolumes(const std::vector<Mount>& mounts);
     void AddMounted(std::vector<Volume>& volumes, const std::vector<Mount>& mounts) const;
     void AddAttached(std::vector<Volume>& volumes);
@@ -108,8 +117,8 @@ private:
     TablePointer m_table = std::make_shared<Table>();
     /// The table is what the system last reported.
     bool m_isCurrent = false;
-    /// The folder that IsOnIpod was last asked about, and the answer: a job copies many files into
-    /// one folder.
-    FolderId m_asked;
-    bool m_answer = false;
+    /// What IsOnIpod has found out last, the oldest in the place of the next: a job copies many
+    /// files into one folder, and makes many folders in another.
+    Answers m_answers = {};
+    size_t m_nextAnswer = 0;
 };

@@ -34,6 +34,15 @@ TEST_F(LinuxIpod, AnAttachedFolderThatGetsAnotherNumberIsStillOne) {
     EXPECT_TRUE(m_files.IsOnIpod(Ipod(u"Notes"_s)));
 }
 
+TEST_F(LinuxIpod, WhatIsNoneCanBeOneAfterTheNextLookAtTheDrives) {
+    MakeFolder(Home(u"Music"_s));
+    EXPECT_FALSE(m_files.IsOnIpod(Home(u"Music"_s)));
+    MakeFolder(Home(u"iPod_Control"_s));
+    qputenv("SONGLIFT_DRIVES", Home({}).toUtf8());
+    m_disk.Drives().Drives();
+    EXPECT_TRUE(m_files.IsOnIpod(Home(u"Music"_s)));
+}
+
 TEST_F(LinuxIpod, AnAttachedFolderOutlivesTheDeletionOfAFolderAboveIt) {
     const QString backup = Home(u"tmp/backups/IPOD"_s);
     MakeFolder(backup + u"/iPod_Control"_s);
