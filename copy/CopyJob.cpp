@@ -235,8 +235,9 @@ void CopyJob::CopyTrack(PlannedTrack& planned) {
 /// back, and the track begins again.
 bool CopyJob::PutTrack(PlannedTrack& planned) {
     const bool isSmall = !FileTransfer::IsLarge(planned.Track);
-    const bool staysInFolder = isSmall && m_targets.AreEntered(planned.Folders);
-    if (!staysInFolder && !EnterFolders(planned)) {
+    const bool wasEntered = isSmall && (m_targets.AreEntered(planned.Folders) ||
+                                        m_targets.TakeAhead(planned.Folders, m_place));
+    if (!wasEntered && !EnterFolders(planned)) {
         return false;
     }
     m_targets.NameFile(planned);
@@ -248,7 +249,7 @@ bool CopyJob::PutTrack(PlannedTrack& planned) {
             return goesOn;
         }
     }
-    if (staysInFolder && !EnterFolders(planned)) { // the folder may be gone
+    if (wasEntered && !EnterFolders(planned)) { // the folder may be gone
         return false;
     }
     return PutFile(planned.Track);

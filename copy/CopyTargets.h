@@ -6,7 +6,18 @@
 #include "copy/Naming.h"
 #include "platform/PatientFileSystem.h"
 
-#include <optional>
+#include <deque>
+#include <functional>
+#include <memory>
+
+/// A folder that is entered before its turn comes.
+struct FolderAhead {
+    /// With a separator at its end.
+    QString Path;
+    /// Makes and enters it; to be called on the files' thread, at most once. False where that
+    /// fails, or where names must be others than in the folder at hand: its turn will tell.
+    std::function<bool(FileSystem&)> Enter;
+};
 
 /// Where the copies of a job go: into which folders, which are made where they are missing, and
 /// under which names.
@@ -22,27 +33,52 @@ public:
     /// is no job.
     QString TemporaryFolder() const;
 
-    /// The last track's folders have these names, and EnterFolders has led there.
-    bool AreEntered(const QStringList& names) const { return names == m_namesOfLast; }
+    /// The last track's folders have these names, and `place` was led there.
+    bool AreEntered(const QStringList& names) const;
     /// The folders of the next track have these names, and may have to be made.
     void ChooseFolders(const QStringList& names);
     /// Makes the chosen folders where they are missing, the outermost first, but without the first
     /// `made` ones, and leads `place` there. After a failure, which `place` then names, `made`
     /// stands at the folder that failed.
     void EnterFolders(qsizetype& made, CopyPlace& place);
+    /// Chooses the folders of a later track, after those that were chosen ahead before.
+    FolderAhead ChooseAhead(const QStringList& names);
+    /// Leads `place` to the folders with these names, if they were entered ahead.
+    bool TakeAhead(const QStringList& names, CopyPlace& place);
+    /// No folders are chosen ahead any more.
+    void ForgetAhead() { m_ahead.clear(); }
     /// Gives a track's copy its name, unless it has one already.
     void NameFile(PlannedTrack& planned);
 
 private:
+    struct Folders {
+        /// As the plan names them.
+        QStringList Names = {};
+        QStringList Paths = {};
+        /// The innermost one, with a separator.
+        QString Last = {};
+    };
+    struct Entry;
+    struct Ahead {
+        Folders Chosen;
+        std::shared_ptr<Entry> How;
+    };
+
+    Folders FoldersOf(const QStringList& names);
+    static std::function<void(FileSystem&)> Entering(const Folders& folders,
+                                                     const std::shared_ptr<Entry>& entry);
+    void Enter(const Entry& entry, CopyPlace& place);
+
     PatientFileSystem& m_files;
     Naming m_naming;
     FolderNames m_folderNames;
     QString m_root;
-    /// The folders of the track at hand: as the plan names them, and their paths.
-    QStringList m_names;
-    QStringList m_folders;
-    /// The folder of the last track.
+    /// The folders of the track at hand, and whether they were entered.
+    Folders m_folders;
+    bool m_areEntered = false;
+    /// The folder of the last track, and what it can hold.
     QString m_enteredFolder;
-    /// The last track's folders as the plan names them, once they were entered.
-    std::optional<QStringList> m_namesOfLast;
+    NameLimits m_limits;
+    /// The folders of later tracks, in their order.
+    std::deque<Ahead> m_ahead;
 };

@@ -51,20 +51,21 @@ void FileTransfer::SetFollowing(std::span<PlannedTrack> following) {
     m_ahead = following.empty() ? QString() : following.front().Track.Location;
 }
 
-/// The files that follow into the same folder are copied in the same call, as many as fit in before
-/// the next yield is due: the user could neither see nor stop anything in between. When their turn
-/// comes, they are there.
+/// The files that follow are copied in the same call, as many as fit in before the next yield is
+/// due: the user could neither see nor stop anything in between. When their turn comes, they are
+/// there.
 bool FileTransfer::CopyNew(const PlannedTrack& planned, const QString& folder) {
     m_copying = {};
     m_fileSize = planned.Track.FileSize;
     if (m_copied.Count == 0 && !m_copied.Failure && !m_copied.IsRefused) {
         QElapsedTimer clock;
         clock.start();
-        m_copied = m_files.CopyNewFiles(FilesToCopy(planned, folder),
-                                        m_events.MillisecondsToYield(), m_copying);
+        const std::vector<FileToCopy> files = FilesToCopy(planned, folder);
+        m_copied = m_files.CopyNewFiles(files, m_events.MillisecondsToYield(), m_copying);
         if (m_copied.Count > 0) {
             m_milliseconds = clock.elapsed() / static_cast<qint64>(m_copied.Count);
         }
+        ForgetNames(files);
     }
     if (m_copied.Count > 0) {
         --m_copied.Count;
@@ -119,13 +120,35 @@ std::vector<FileToCopy> FileTransfer::FilesToCopy(const PlannedTrack& planned,
         return files;
     }
     m_ahead.clear();
+    m_targets.ForgetAhead();
+    QString target = folder;
+    const QStringList* folders = &planned.Folders;
     for (PlannedTrack& next : m_following.first(std::min(m_following.size(), MostAhead))) {
-        if (next.StartsFolder || next.Folders != planned.Folders || IsLarge(next.Track)) {
+        const bool isElsewhere = next.Folders != *folders;
+        // Names that go on from one folder to another cannot be given anew.
+        if (isElsewhere != next.StartsFolder || IsLarge(next.Track)) {
             break;
         }
+        FolderAhead other;
+        if (isElsewhere) {
+            other = m_targets.ChooseAhead(next.Folders);
+            target = other.Path;
+            folders = &next.Folders;
+        }
         m_targets.NameFile(next);
-        files.push_back({next.Track.Location, folder + next.FileName});
+        files.push_back({next.Track.Location, target + next.FileName, other.Enter});
         m_fileSize += next.Track.FileSize;
     }
     return files;
+}
+
+/// Takes back the names in folders of which no file was copied: they may hold other names.
+void FileTransfer::ForgetNames(const std::vector<FileToCopy>& files) {
+    bool isReached = true;
+    for (size_t i = std::max<size_t>(m_copied.Count, 1); i < files.size(); ++i) {
+        isReached = isReached && !files[i].Prepare;
+        if (!isReached) {
+            m_following[i - 1].FileName.clear();
+        }
+    }
 }

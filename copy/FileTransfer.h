@@ -43,6 +43,7 @@ private:
 
     void CopyBytes(const TrackRecord& track, const QString& target, Existing existing);
     std::vector<FileToCopy> FilesToCopy(const PlannedTrack& planned, const QString& folder);
+    void ForgetNames(const std::vector<FileToCopy>& files);
 
     PatientFileSystem& m_files;
     EventLoop& m_events;

@@ -39,7 +39,7 @@ JointCopy::JointCopy(std::shared_ptr<FileSystem> files, std::vector<FileToCopy> 
 
 void JointCopy::TakePart() {
     while (const std::optional<size_t> index = Take()) {
-        Put(*index, Begin(*index));
+        Put(*index, Prepare(*index) ? Begin(*index) : nullptr);
     }
 }
 
@@ -78,14 +78,29 @@ void JointCopy::End() {
 
 /// The place of the next file to begin, if there is one.
 std::optional<size_t> JointCopy::Take() {
-    const std::lock_guard lock(m_mutex);
-    const bool isOver = m_control.IsStopped() || (m_begun > 0 && m_end.hasExpired());
-    if (m_hasEnded || isOver || m_begun == m_copies.size() ||
-        m_begun > m_copied.Count + MostWaiting || AwaitsAnother(m_begun)) {
+    std::unique_lock lock(m_mutex);
+    while (!IsOver() && MustWait()) {
+        m_changed.wait_for(lock, BetweenLooks);
+    }
+    if (IsOver()) {
         return {};
     }
+    m_isPreparing = m_copies[m_begun].Prepare != nullptr;
     ++m_underWay;
     return m_begun++;
+}
+
+/// No further file is begun.
+bool JointCopy::IsOver() const {
+    return m_hasEnded || m_begun == m_copies.size() || m_control.IsStopped() ||
+           (m_begun > 0 && m_end.hasExpired());
+}
+
+/// The next file cannot be begun before something has changed.
+bool JointCopy::MustWait() {
+    const bool waitsForAll = m_copies[m_begun].Prepare && m_copied.Count < m_begun;
+    return m_isPreparing || waitsForAll || m_begun > m_copied.Count + MostWaiting ||
+           AwaitsAnother(m_begun);
 }
 
 /// Whether a file that was begun earlier is still to get the same name but for its spelling. By the
@@ -95,6 +110,19 @@ bool JointCopy::AwaitsAnother(size_t index) {
     const auto first = m_folded.cbegin() + static_cast<std::ptrdiff_t>(m_copied.Count);
     const auto last = m_folded.cbegin() + static_cast<std::ptrdiff_t>(index);
     return std::find(first, last, *last) != last;
+}
+
+/// False where the copying ends before this file.
+bool JointCopy::Prepare(size_t index) {
+    if (!m_copies[index].Prepare) {
+        return true;
+    }
+    const bool goesOn = m_copies[index].Prepare(*m_files);
+    const std::lock_guard lock(m_mutex);
+    m_isPreparing = false;
+    m_hasEnded = m_hasEnded || !goesOn;
+    m_changed.notify_all();
+    return goesOn;
 }
 
 JointCopy::Rest JointCopy::Begin(size_t index) {

@@ -16,6 +16,9 @@
 struct FileToCopy {
     QString Source;
     QString Target;
+    /// Called once all files before this one are there, and before it is begun; false ends the
+    /// copying there. Must not throw. May be unset.
+    std::function<bool(FileSystem&)> Prepare = {};
 };
 
 /// What became of several copies.
@@ -50,7 +53,10 @@ private:
     bool WaitForOthers();
     void End();
     std::optional<size_t> Take();
+    bool IsOver() const;
+    bool MustWait();
     bool AwaitsAnother(size_t index);
+    bool Prepare(size_t index);
     Rest Begin(size_t index);
     void Put(size_t index, Rest rest);
     void Place(const Rest& place);
@@ -65,6 +71,8 @@ private:
     /// The number of files that were begun, and of those whose bytes are still being copied.
     size_t m_begun = 0;
     size_t m_underWay = 0;
+    /// One of them is being prepared for.
+    bool m_isPreparing = false;
     /// The targets of those that were begun.
     std::vector<QString> m_folded;
     /// Of each file that waits for its name.

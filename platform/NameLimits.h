@@ -15,4 +15,6 @@ struct NameLimits {
     /// Names go by the rules of Windows: no control characters, no dot or blank at the end, and no
     /// name of a device ("CON", "NUL.mp3"), which there nobody could open.
     bool IsForWindows = false;
+
+    bool operator==(const NameLimits&) const = default;
 };

@@ -25,18 +25,22 @@ TEST_F(CopyJobTest, OnlyTickedRecordsAreCopiedInTheLibrarysOrderWithOneYieldAFil
     EXPECT_EQ(events.Yields, 2);
 }
 
-TEST_F(CopyJobTest, UntilAYieldIsDueTheFilesOfOneFolderAreCopiedTogether) {
+TEST_F(CopyJobTest, UntilAYieldIsDueFilesAreCopiedTogether) {
     events.ToYield = 1000;
     SetOptions("B");
     AddTracks({"Two", "One", "One"});
     AddTrack("Abba", "Live", "Three", "three");
+    AddTrack("Abba", "Live", "Four", "four");
+    AddLargeTrack("Abba", "Live", "Film", 50000001);
+    files.Limits = {100, NameLimits::Unit::Utf8Bytes, true};
     AtYield(2, [this] {
-        EXPECT_EQ(Names(), QStringList({u"Arrival\\One (2).mp3"_s, u"Arrival\\One.mp3"_s,
-                                        u"Arrival\\Two.mp3"_s}));
+        EXPECT_EQ(Names(),
+                  QStringList({u"Arrival\\One (2).mp3"_s, u"Arrival\\One.mp3"_s,
+                               u"Arrival\\Two.mp3"_s, u"Live\\Four.mp3"_s, u"Live\\Three.mp3"_s}));
     });
     Press();
-    EXPECT_EQ(events.Yields, 4);
-    EXPECT_EQ(Copied().size(), 4);
+    EXPECT_EQ(events.Yields, 7); // one of them between the film's two chunks
+    EXPECT_EQ(Copied().size(), 6);
 }
 
 TEST_F(CopyJobTest, AFailureAmongFilesThatAreCopiedTogetherIsAskedAboutInItsTurn) {
@@ -51,6 +55,67 @@ TEST_F(CopyJobTest, AFailureAmongFilesThatAreCopiedTogetherIsAskedAboutInItsTurn
     EXPECT_EQ(messages.Shown.size(), 2U);
     EXPECT_EQ(files.CountOf(FileCall::CopyFile), 3);
     EXPECT_EQ(Names(), QStringList({u"One.mp3"_s, u"Three.mp3"_s}));
+}
+
+TEST_F(CopyJobTest, AfterAFileThatFailsTheNextFolderIsNotEnteredBeforeTheUserAnswers) {
+    events.ToYield = 1000;
+    SetOptions("B");
+    AddTracks({"One", "Two"});
+    AddTrack("Abba", "Live", "Three", "three");
+    files.FailNthCall(FileCall::CopyFile, 2, ErrorNumber::FileNotFound);
+    messages.Answers = {MessageAnswer::Abort};
+    Press();
+    EXPECT_EQ(Names(), QStringList{u"Arrival\\One.mp3"_s});
+    EXPECT_FALSE(files.HasFolder(u"D:\\Music\\Live"_s));
+}
+
+TEST_F(CopyJobTest, AFolderThatCannotBeEnteredAheadIsAskedAboutInItsTurn) {
+    events.ToYield = 1000;
+    SetOptions("B");
+    AddTracks({"One", "Two"});
+    AddTrack("Abba", "Live", "Three", "three");
+    files.FailPath(FileCall::CreateFolder, u"D:\\Music\\Live"_s, ErrorNumber::PermissionDenied);
+    messages.WhileShown = [this](const ShownMessage& message) {
+        EXPECT_TRUE(message == Completed || events.Yields == 3);
+        files.ClearFailures();
+    };
+    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
+    Press();
+    EXPECT_EQ(messages.Texts(),
+              QStringList({u"Unable to create file: \"D:\\Music\\Live\""_s, Completed.Text}));
+    EXPECT_EQ(Copied().size(), 3);
+}
+
+TEST_F(CopyJobTest, AFolderEnteredAheadThatIsGoneWhenItsTurnComesIsMadeAnew) {
+    events.ToYield = 1000;
+    SetOptions("B");
+    AddTracks({"One", "Two"});
+    AddTrack("Abba", "Live", "Three", "three");
+    files.FailNthCall(FileCall::CopyFile, 3, ErrorNumber::FileNotFound);
+    messages.WhileShown = [this](const ShownMessage& message) {
+        if (message != Completed) {
+            files.Remove(u"D:\\Music\\Live"_s);
+        }
+    };
+    messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
+    Press();
+    EXPECT_EQ(messages.Shown.size(), 2U);
+    EXPECT_EQ(Copied().size(), 3);
+}
+
+TEST_F(CopyJobTest, WhatACancelledJobHasEnteredAheadIsNothingToTheNextJob) {
+    events.ToYield = 1000;
+    SetOptions("B");
+    AddTracks({"One", "Two"});
+    AddTrack("Abba", "Live", "Three", "three");
+    CancelAtYield(3);
+    Press();
+    files.Remove(u"D:\\Music\\Live\\Three.mp3"_s);
+    library.Artists[0].Albums[0].Checked = false;
+    files.AddFolder(u"D:\\Backup"_s);
+    form.txtDestination.SetText(u"D:\\Backup"_s);
+    Press();
+    EXPECT_TRUE(files.HasFile(u"D:\\Backup\\Live\\Three.mp3"_s));
 }
 
 TEST_F(CopyJobTest, NothingIsWalkedWithoutALoadedLibrary) {

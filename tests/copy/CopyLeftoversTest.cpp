@@ -33,6 +33,16 @@ TEST_F(CopyLeftovers, EachFolderIsClearedOnceBeforeItsFirstFile) {
                            u"D:\\Music\\Beck\\Guero\\"_s}));
 }
 
+TEST_F(CopyLeftovers, EachFolderIsClearedOnceThoughAFileBeforeItFails) {
+    events.ToYield = 1000; // files are copied together
+    SetOptions("B");
+    files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::FileNotFound);
+    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
+    Press();
+    EXPECT_EQ(files.ClearedFolders, QStringList({u"D:\\Music\\Arrival\\"_s, u"D:\\Music\\Live\\"_s,
+                                                 u"D:\\Music\\Guero\\"_s}));
+}
+
 TEST_F(CopyLeftovers, WithoutFoldersTheRootIsClearedOnceAJob) {
     Press();
     EXPECT_EQ(files.ClearedFolders, QStringList(u"D:\\Music\\"_s));

@@ -89,6 +89,26 @@ TEST(CopyNames, EqualTitlesAreNumberedUntilTheNextFolderBegins) {
     });
 }
 
+TEST_F(CopyNamesTest, AFileThatIsTriedAgainKeepsItsNameAndSoDoThoseAfterIt) {
+    for (const char* artist : {"Abba", "ABBA"}) { // its numbering goes on with that of "Abba"
+        AddTrack(artist, "Arrival", "Intro", "one");
+        AddTrack(artist, "Arrival", "Intro", "two");
+    }
+    AddTrack("Beck", "Guero", "Intro", "three");
+    SetOptions("A");
+    for (int nth = 1; nth <= 5; ++nth) {
+        events.ToYield = 1000;
+        files.FailNthCall(FileCall::CopyFile, nth, ErrorNumber::FileNotFound);
+        messages.Answers = {MessageAnswer::Retry, MessageAnswer::OK};
+        Press();
+        EXPECT_EQ(Names(), QStringList({u"Abba\\Intro (2).mp3"_s, u"Abba\\Intro (3).mp3"_s,
+                                        u"Abba\\Intro (4).mp3"_s, u"Abba\\Intro.mp3"_s,
+                                        u"Beck\\Intro.mp3"_s}));
+        files.Remove(u"D:\\Music"_s);
+        files.AddFolder(u"D:\\Music"_s);
+    }
+}
+
 TEST_F(CopyNamesTest, TheNextJobStartsTheNumberingOver) {
     AddTracks({"Intro"});
     Press();

@@ -58,3 +58,32 @@ TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfI
     PressAndComplete();
     EXPECT_EQ(Names(), QStringList({u"CON_\\Tiger.mp3"_s, u"con_ (2)\\Tiger.mp3"_s}));
 }
+
+TEST_F(FittingJobTest, AFolderThatIsEnteredAheadHasLimitsOfItsOwn) {
+    events.ToYield = 1000;
+    AddTrack("Abba", "Arrival", "CON", "first");
+    AddTrack("Abba", "Live", "CON", "second");
+    AddTrack("Abba", "Live", "One\nTwo", "third");
+    SetOptions("B");
+    files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
+        if (call.Call == FileCall::CopyFile) {
+            CopyToWindowsDisk();
+        }
+    };
+    PressAndComplete();
+    EXPECT_EQ(Names(),
+              QStringList({u"Arrival\\CON.mp3"_s, u"Live\\CON_.mp3"_s, u"Live\\OneTwo.mp3"_s}));
+}
+
+TEST_F(FittingJobTest, AFolderThatWasNotReachedAheadIsAskedForItsLimitsInItsTurn) {
+    CopyToWindowsDisk();
+    events.ToYield = 1000;
+    files.AddFolder(u"D:\\Music\\Live"_s);
+    AddTrack("Abba", "Arrival", "CON", "first");
+    AddTrack("Abba", "Live", "CON", "second");
+    SetOptions("B");
+    files.FailNthCall(FileCall::CopyFile, 1, ErrorNumber::FileNotFound);
+    messages.Answers = {MessageAnswer::Ignore, MessageAnswer::OK};
+    Press();
+    EXPECT_EQ(Names(), QStringList{u"Live\\CON_.mp3"_s});
+}

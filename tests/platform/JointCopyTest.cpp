@@ -5,12 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <future>
 #include <map>
 #include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -120,6 +123,13 @@ TEST_F(JointCopyTest, NothingIsBegunAfterAStop) {
     EXPECT_EQ(copy.Finish().Count, 0U);
 }
 
+TEST_F(JointCopyTest, OnceTheTimeIsOverNoneIsBegunButTheFirst) {
+    JointCopy late(files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s}}, 0, control);
+    files->CopyBytes = [](const QString&) {};
+    EXPECT_EQ(late.Finish().Count, 1U);
+    EXPECT_EQ(files->Names, QStringList(u"1"_s));
+}
+
 TEST_F(JointCopyTest, AFileThatIsTriedAloneCanBeStoppedThoughItFailedWhileItWasNamed) {
     files->IsFull = true;
     Copy([&] { secondHasBegun.wait(); });
@@ -131,9 +141,41 @@ TEST_F(JointCopyTest, AFileIsNotBegunBesideOneWhoseNameDiffersOnlyInItsSpelling)
                     control);
     files->CopyBytes = [&](const QString& source) {
         EXPECT_EQ(files->Names, source == u"1"_s ? QStringList() : QStringList(u"1"_s));
-        alike.TakePart(); // as another thread would
+        std::this_thread::sleep_for(50ms);
     };
+    std::thread other([&] { alike.TakePart(); });
     EXPECT_EQ(alike.Finish().Count, 2U);
+    other.join();
+}
+
+TEST_F(JointCopyTest, AFileIsPreparedForAfterAllBeforeItAndBeforeAllOthers) {
+    std::atomic<bool> isPrepared = false;
+    const auto prepare = [&](FileSystem&) {
+        EXPECT_EQ(files->Names, QStringList(u"1"_s));
+        std::this_thread::sleep_for(50ms);
+        isPrepared = true;
+        return true;
+    };
+    JointCopy joint(files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s, prepare}, {u"3"_s, u"c"_s}}, 60'000,
+                    control);
+    files->CopyBytes = [&](const QString& source) {
+        EXPECT_EQ(isPrepared, source != u"1"_s);
+        std::this_thread::sleep_for(50ms);
+    };
+    std::thread other([&] { joint.TakePart(); });
+    EXPECT_EQ(joint.Finish().Count, 3U);
+    other.join();
+}
+
+TEST_F(JointCopyTest, AFileThatCannotBePreparedForEndsTheCopyingWithoutAFailure) {
+    const auto fail = [](FileSystem&) { return false; };
+    JointCopy joint(files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s, fail}, {u"3"_s, u"c"_s}}, 60'000,
+                    control);
+    files->CopyBytes = [](const QString& source) { EXPECT_EQ(source, u"1"_s); };
+    const CopiedFiles copied = joint.Finish();
+    EXPECT_EQ(copied.Count, 1U);
+    EXPECT_FALSE(copied.Failure);
+    EXPECT_FALSE(copied.IsRefused);
 }
 
 } // namespace
