@@ -14,9 +14,9 @@
 struct FolderAhead {
     /// With a separator at its end.
     QString Path;
-    /// Makes and enters it; to be called on the files' thread, at most once. False where that
-    /// fails, or where names must be others than in the folder at hand: its turn will tell.
-    std::function<bool(FileSystem&)> Enter;
+    /// Makes and enters it, on any thread. False where that fails or was stopped, or where names
+    /// must be others than in the folder at hand: its turn will tell.
+    std::function<bool(FileSystem&, const CopyControl&)> Enter;
 };
 
 /// Where the copies of a job go: into which folders, which are made where they are missing, and
@@ -46,7 +46,7 @@ public:
     /// Leads `place` to the folders with these names, if they were entered ahead.
     bool TakeAhead(const QStringList& names, CopyPlace& place);
     /// No folders are chosen ahead any more.
-    void ForgetAhead() { m_ahead.clear(); }
+    void ForgetAhead() { m_chosenAhead.clear(); }
     /// Gives a track's copy its name, unless it has one already.
     void NameFile(PlannedTrack& planned);
 
@@ -58,16 +58,17 @@ private:
         /// The innermost one, with a separator.
         QString Last = {};
     };
-    struct Entry;
+    struct Attempt;
     struct Ahead {
         Folders Chosen;
-        std::shared_ptr<Entry> How;
+        std::shared_ptr<Attempt> Entering;
     };
 
     Folders FoldersOf(const QStringList& names);
-    static std::function<void(FileSystem&)> Entering(const Folders& folders,
-                                                     const std::shared_ptr<Entry>& entry);
-    void Enter(const Entry& entry, CopyPlace& place);
+    static void MakeAndEnter(FileSystem& files, const Folders& folders, Attempt& attempt,
+                             const CopyControl& control);
+    std::shared_ptr<Attempt> EndedAhead(const QStringList& names) const;
+    void HaveEntered(const Attempt& attempt, CopyPlace& place);
 
     PatientFileSystem& m_files;
     Naming m_naming;
@@ -80,5 +81,5 @@ private:
     QString m_enteredFolder;
     NameLimits m_limits;
     /// The folders of later tracks, in their order.
-    std::deque<Ahead> m_ahead;
+    std::deque<Ahead> m_chosenAhead;
 };

@@ -16,9 +16,8 @@ namespace {
 /// is opened while the one before is copied.
 constexpr qint64 Slow = 5;
 
-/// At most this many files are named before their turn: about as many as are copied until the next
-/// yield.
-constexpr size_t MostAhead = 100;
+/// At most this many files are copied together: about as many as fit in before the next yield.
+constexpr size_t MostTogether = 100;
 
 /// False where `copy` has failed because of a file that may not be replaced.
 bool Succeeds(const std::function<void()>& copy, Existing existing) {
@@ -43,6 +42,7 @@ FileTransfer::FileTransfer(PatientFileSystem& files, EventLoop& events, CopyTarg
 void FileTransfer::StartOver() {
     m_copying = {};
     m_copied = {};
+    m_together = MostTogether;
     m_milliseconds = 0;
 }
 
@@ -65,6 +65,7 @@ bool FileTransfer::CopyNew(const PlannedTrack& planned, const QString& folder) {
         if (m_copied.Count > 0) {
             m_milliseconds = clock.elapsed() / static_cast<qint64>(m_copied.Count);
         }
+        m_together = std::clamp<size_t>(2 * m_copied.Count, 2, MostTogether);
         ForgetNames(files);
     }
     if (m_copied.Count > 0) {
@@ -123,9 +124,9 @@ std::vector<FileToCopy> FileTransfer::FilesToCopy(const PlannedTrack& planned,
     m_targets.ForgetAhead();
     QString target = folder;
     const QStringList* folders = &planned.Folders;
-    for (PlannedTrack& next : m_following.first(std::min(m_following.size(), MostAhead))) {
+    for (PlannedTrack& next : m_following.first(std::min(m_following.size(), m_together - 1))) {
         const bool isElsewhere = next.Folders != *folders;
-        // Names that go on from one folder to another cannot be given anew.
+        // Where a folder's names count as used in the next one, they cannot be taken back.
         if (isElsewhere != next.StartsFolder || IsLarge(next.Track)) {
             break;
         }

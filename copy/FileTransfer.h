@@ -58,6 +58,9 @@ private:
     /// The tracks after the one at hand, and what became of the first of them already.
     std::span<PlannedTrack> m_following;
     CopiedFiles m_copied;
-    /// How long the last file took.
+    /// How many files to try to copy together: twice as many as the last time, since those that
+    /// are not reached were named in vain.
+    size_t m_together = 0;
+    /// How long a file took the last time, and the folders that were made for it.
     qint64 m_milliseconds = 0;
 };

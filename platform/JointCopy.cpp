@@ -117,12 +117,13 @@ bool JointCopy::Prepare(size_t index) {
     if (!m_copies[index].Prepare) {
         return true;
     }
-    const bool goesOn = m_copies[index].Prepare(*m_files);
+    const bool isPrepared = m_copies[index].Prepare(*m_files, m_control);
     const std::lock_guard lock(m_mutex);
     m_isPreparing = false;
-    m_hasEnded = m_hasEnded || !goesOn;
+    // It may have taken so long that it was given up.
+    m_hasEnded = m_hasEnded || !isPrepared || m_control.IsStopped();
     m_changed.notify_all();
-    return goesOn;
+    return !m_hasEnded;
 }
 
 JointCopy::Rest JointCopy::Begin(size_t index) {

@@ -17,8 +17,9 @@ struct FileToCopy {
     QString Source;
     QString Target;
     /// Called once all files before this one are there, and before it is begun; false ends the
-    /// copying there. Must not throw. May be unset.
-    std::function<bool(FileSystem&)> Prepare = {};
+    /// copying there, and once the control is stopped it need not end its work. Must not throw. May
+    /// be unset.
+    std::function<bool(FileSystem&, const CopyControl&)> Prepare = {};
 };
 
 /// What became of several copies.

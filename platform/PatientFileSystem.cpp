@@ -103,8 +103,8 @@ private:
     std::shared_ptr<BinaryFile> m_file;
 };
 
-void PatientFileSystem::Do(std::function<void(FileSystem&)> operation) {
-    Wait([files = m_files, operation = std::move(operation)] { operation(*files); }, {});
+void PatientFileSystem::Do(std::function<void(FileSystem&)> operation, const CopyControl& control) {
+    Wait([files = m_files, operation = std::move(operation)] { operation(*files); }, control);
 }
 
 bool PatientFileSystem::FileExists(const QString& path) {

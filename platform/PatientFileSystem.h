@@ -26,8 +26,8 @@ public:
     std::function<bool()> MayGoOn;
 
     /// Runs `operation` on the other service's files like one of its own operations. It must own
-    /// everything that it uses.
-    void Do(std::function<void(FileSystem&)> operation);
+    /// everything that it uses, and can learn from `control` that it was stopped.
+    void Do(std::function<void(FileSystem&)> operation, const CopyControl& control = {});
 
     bool FileExists(const QString& path) override;
     bool WouldReplace(const QString& path) override;
@@ -37,10 +37,10 @@ public:
     void DeleteFolder(const QString& path, const CopyControl& control) override;
     bool CopyFile(const QString& source, const QString& target, Existing existing,
                   const CopyControl& control) override;
-    /// Copies several files that replace nothing, in their order, up to the first one that fails or
-    /// would replace something. Once `milliseconds` have passed no further one is begun, but the
-    /// first one always is. All in one wait for the worker, which can cost as much as copying a
-    /// small file.
+    /// Copies several files that replace nothing, in their order, up to the first one that fails,
+    /// would replace something or cannot be prepared for. Once `milliseconds` have passed no
+    /// further one is begun, but the first one always is. All in one wait for the worker, which can
+    /// cost as much as copying a small file.
     CopiedFiles CopyNewFiles(const std::vector<FileToCopy>& copies, qint64 milliseconds,
                              const CopyControl& control);
     void ReadAhead(const QString& path) override;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <climits>
 #include <fcntl.h>
 #include <poll.h>
@@ -20,6 +21,8 @@ namespace {
 
 constexpr char16_t FirstLetter = u'E';
 constexpr char16_t LastLetter = u'Z';
+
+constexpr std::chrono::milliseconds MomentOfAnswers(500);
 
 /// Mounts that hold no personal files, wherever they are.
 bool IsPseudo(const QByteArray& type) {
@@ -130,6 +133,10 @@ bool LinuxDrives::IsOnIpod(int folder) {
     const TablePointer table = Current();
     const std::optional<FolderId> asked = IdOf(folder);
     std::unique_lock lock(m_mutex);
+    if (m_answersEnd.hasExpired()) {
+        m_answers = {};
+        m_answersEnd.setRemainingTime(MomentOfAnswers);
+    }
     const Answers answers = m_answers;
     lock.unlock();
     if (const std::optional<bool> known = asked ? Find(answers, *asked) : std::nullopt) {

@@ -7,6 +7,7 @@
 #include "platform/linux/MountTable.h"
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 
 #include <array>
 #include <memory>
@@ -117,8 +118,10 @@ private:
     TablePointer m_table = std::make_shared<Table>();
     /// The table is what the system last reported.
     bool m_isCurrent = false;
-    /// What IsOnIpod has found out last, the oldest in the place of the next: a job copies many
-    /// files into one folder, and makes many folders in another.
+    /// What IsOnIpod has found out in the last moments, the newest in the place of the oldest: a
+    /// job copies many files into one folder, and makes many folders in another.
     Answers m_answers = {};
     size_t m_nextAnswer = 0;
+    /// Folders are renamed, and deleted ones leave their numbers to others.
+    QDeadlineTimer m_answersEnd;
 };

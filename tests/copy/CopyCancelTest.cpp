@@ -217,3 +217,19 @@ TEST_F(CopyCancelTest, ClosingDuringALargeFileAndNoGoesOnWhereItWas) {
     EXPECT_EQ(messages.Shown, (std::vector{QuitQuestion, Completed}));
     ExpectIdle();
 }
+
+TEST_F(CopyCancelTest, AfterAStopNoFurtherFolderIsMadeByAnAttemptThatHung) {
+    PatientFileSystem patient(files, worker, worker);
+    CopyTargets targets(patient);
+    targets.StartOver(u"D:\\Music\\"_s);
+    const FolderAhead ahead = targets.ChooseAhead({u"Abba"_s, u"Live"_s});
+    const CopyControl control;
+    files.BeforeCall = [&](const RecordedFiles::RecordedCall& call) {
+        if (call.Call == FileCall::CreateFolder) {
+            control.Stop();
+        }
+    };
+    EXPECT_FALSE(ahead.Enter(files, control));
+    EXPECT_EQ(files.CallsOf(FileCall::CreateFolder), QStringList(u"D:\\Music\\Abba"_s));
+    EXPECT_EQ(files.ClearedFolders, QStringList());
+}

@@ -150,7 +150,7 @@ TEST_F(JointCopyTest, AFileIsNotBegunBesideOneWhoseNameDiffersOnlyInItsSpelling)
 
 TEST_F(JointCopyTest, AFileIsPreparedForAfterAllBeforeItAndBeforeAllOthers) {
     std::atomic<bool> isPrepared = false;
-    const auto prepare = [&](FileSystem&) {
+    const auto prepare = [&](FileSystem&, const CopyControl&) {
         EXPECT_EQ(files->Names, QStringList(u"1"_s));
         std::this_thread::sleep_for(50ms);
         isPrepared = true;
@@ -167,8 +167,18 @@ TEST_F(JointCopyTest, AFileIsPreparedForAfterAllBeforeItAndBeforeAllOthers) {
     other.join();
 }
 
+TEST_F(JointCopyTest, AFileThatWasStoppedWhileItWasPreparedForIsNotBegun) {
+    const auto hang = [](FileSystem&, const CopyControl& stopped) {
+        stopped.Stop();
+        return true;
+    };
+    JointCopy joint(files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s, hang}}, 60'000, control);
+    files->CopyBytes = [](const QString& source) { EXPECT_EQ(source, u"1"_s); };
+    EXPECT_EQ(joint.Finish().Count, 1U);
+}
+
 TEST_F(JointCopyTest, AFileThatCannotBePreparedForEndsTheCopyingWithoutAFailure) {
-    const auto fail = [](FileSystem&) { return false; };
+    const auto fail = [](FileSystem&, const CopyControl&) { return false; };
     JointCopy joint(files, {{u"1"_s, u"a"_s}, {u"2"_s, u"b"_s, fail}, {u"3"_s, u"c"_s}}, 60'000,
                     control);
     files->CopyBytes = [](const QString& source) { EXPECT_EQ(source, u"1"_s); };

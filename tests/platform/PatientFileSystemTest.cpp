@@ -153,6 +153,13 @@ TEST_P(WaitingFiles, AFileThatIsOpenedTooLateIsNotLeftBehind) {
     EXPECT_FALSE(IsThere(file));
 }
 
+TEST_P(WaitingFiles, AnOperationLearnsThatItWasStopped) {
+    const CopyControl control;
+    Stopped(
+        [&] { m_patient.Do([](FileSystem&) { std::this_thread::sleep_for(150ms); }, control); });
+    EXPECT_TRUE(control.IsStopped());
+}
+
 class JointFiles : public LinuxFixture {};
 
 TEST_F(JointFiles, ThatAreCopiedOnTwoThreadsArriveWholeUpToTheFirstThatCannot) {
