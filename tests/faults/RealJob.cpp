@@ -139,8 +139,9 @@ void JobFolders::ExpectAllCopied() const {
     EXPECT_FALSE(IsThere(Destination + u"/tmp"_s));
 }
 
-RealJob::RealJob(const JobFolders& folders, Worker* otherWorker)
-    : worker(otherWorker != nullptr ? *otherWorker : inlineWorker) {
+RealJob::RealJob(const JobFolders& folders, Worker* otherWorker, Worker* otherAhead)
+    : worker(otherWorker != nullptr ? *otherWorker : inlineWorker),
+      ahead(otherAhead != nullptr ? *otherAhead : inlineWorker) {
     events.ToYield = 10;
     library = folders.Library;
     qputenv("SONGLIFT_DRIVES", folders.Device.toUtf8());

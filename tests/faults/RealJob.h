@@ -64,8 +64,9 @@ struct JobFolders {
 /// The copy job on the real file system, with a window of fakes.
 class RealJob {
 public:
-    /// Waits for the files inline, or lets `otherWorker` wait.
-    explicit RealJob(const JobFolders& folders, Worker* otherWorker = nullptr);
+    /// Waits for the files inline, or lets other workers wait, as the program does.
+    explicit RealJob(const JobFolders& folders, Worker* otherWorker = nullptr,
+                     Worker* otherAhead = nullptr);
     ~RealJob();
 
     /// Presses the copy button.
@@ -85,10 +86,11 @@ public:
     FakeEventLoop events;
     InlineWorker inlineWorker;
     Worker& worker;
+    Worker& ahead;
     FakeShell shell;
     FakeSettingsStore store;
     Subsystems parts{
-        {files, drives, store, shell, form.WindowManager, messages, events, worker, worker},
+        {files, drives, store, shell, form.WindowManager, messages, events, worker, ahead},
         form.Controls};
     MusicLibrary& library = parts.Loading.Library;
     SelectionSummary& summary = parts.Summary;

@@ -8,6 +8,7 @@
 #include "tests/support/ServedDisk.h"
 #include "tests/support/Walks.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 
 #include <chrono>
@@ -87,6 +88,7 @@ protected:
     SlowDisk m_device{m_folders.Device};
     SlowDisk m_target{m_folders.Destination};
     ThreadWorker m_worker;
+    ThreadWorker m_ahead;
     qint64 m_longestPause = 0;
     qint64 m_untilRest = 0;
 };
@@ -98,7 +100,7 @@ TEST_F(SlowJob, TheWindowIsLookedAfterAndTheBarMovesInsideAFileAtAnySpeed) {
     for (const char* speed : {"speed=1000000", "speed=8000000", "speed=30000000"}) {
         SCOPED_TRACE(speed);
         m_device.Be(speed);
-        RealJob job(m_folders, &m_worker);
+        RealJob job(m_folders, &m_worker, &m_ahead);
         Run(job, [](qint64) { return false; });
         EXPECT_TRUE(job.IsCompleted());
         job.ExpectIdle();
@@ -116,7 +118,7 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
             SlowDisk& disk = Text(stall) == u"stall=write"_s || Text(stall) == u"stall=change"_s
                                  ? m_target
                                  : m_device;
-            RealJob job(m_folders, &m_worker);
+            RealJob job(m_folders, &m_worker, &m_ahead);
             disk.Be(stall);
             Run(job, [&](qint64 time) {
                 if (time > 200) {
@@ -134,7 +136,7 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
         }
     }
     m_folders.Library.Artists[0].Albums[0].Checked = true;
-    RealJob job(m_folders, &m_worker);
+    RealJob job(m_folders, &m_worker, &m_ahead);
     job.Press();
     m_folders.ExpectAllCopied();
 }
@@ -142,7 +144,7 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
 TEST_F(SlowJob, ACloseDuringTheChecksIsNotHeldUpByADestinationThatHangs) {
     AddSongAndFilm(10);
     m_target.Be("stall=change");
-    RealJob job(m_folders, &m_worker);
+    RealJob job(m_folders, &m_worker, &m_ahead);
     job.form.txtDestination.SetText(m_folders.Destination + u"/new"_s);
     job.events.IsClosed = true;
     QElapsedTimer clock;
@@ -158,7 +160,7 @@ TEST_F(SlowJob, ACloseDuringTheChecksIsNotHeldUpByADestinationThatHangs) {
 TEST_F(SlowJob, ACloseInsideASmallFileAsksAndNoGoesOnWhereItIs) {
     AddSongAndFilm(1500000);
     m_device.Be("speed=2000000");
-    RealJob job(m_folders, &m_worker);
+    RealJob job(m_folders, &m_worker, &m_ahead);
     job.messages.Answers = {MessageAnswer::No, MessageAnswer::OK};
     bool isClosed = false;
     job.messages.WhileShown = [](const ShownMessage&) { std::this_thread::sleep_for(100ms); };
@@ -179,7 +181,7 @@ TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
     for (const bool isSmall : {true, false}) {
         m_folders.Library.Artists[0].Albums[0].Checked = isSmall;
         m_device.Be("stall=read");
-        RealJob job(m_folders, &m_worker);
+        RealJob job(m_folders, &m_worker, &m_ahead);
         job.messages.Answers = {MessageAnswer::Yes};
         Run(job, [&](qint64 time) {
             if (time > 200) {
@@ -200,7 +202,7 @@ TEST_F(SlowJob, ACloseWhileTheDeviceHangsEndsTheProgram) {
 TEST_F(SlowJob, ACloseAfterCancelIsNotForgottenWhileTheDestinationHangs) {
     AddSongAndFilm(1500000);
     m_target.Be("stall=write");
-    RealJob job(m_folders, &m_worker);
+    RealJob job(m_folders, &m_worker, &m_ahead);
     Run(job, [&](qint64 time) {
         const bool isCancelled = job.job.CancelCopy();
         if (isCancelled) {
@@ -222,6 +224,10 @@ TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow
     for (int number = 0; number < 4; ++number) {
         AddSongAndFilm(300000);
     }
+    for (const char* album : {"One", "Two", "Three"}) { // new each time, and copied together
+        m_folders.AddTrack("Cale", album, "First", "first");
+        m_folders.AddTrack("Cale", album, "Second", "second");
+    }
     m_folders.AddOld(m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s, "old song");
     m_folders.AddOwn(m_folders.Destination + u"/mine.txt"_s, "mine");
     const unsigned seed = qEnvironmentVariableIsSet("SONGLIFT_SEED")
@@ -233,7 +239,8 @@ TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow
                                  "stall=read", "stall=open", "stall=write",   "stall=change"};
     for (unsigned walk = 0; walk < Walks(8) && !HasFailure(); ++walk) {
         SCOPED_TRACE(walk);
-        RealJob job(m_folders, &m_worker);
+        QDir(m_folders.Destination + u"/Cale"_s).removeRecursively();
+        RealJob job(m_folders, &m_worker, &m_ahead);
         job.messages.WhileShown = [&](const ShownMessage& message) {
             const bool quits = message.Buttons == MessageButtons::YesNo && random() % 2 == 0;
             job.messages.Answers = {quits ? MessageAnswer::Yes : MessageAnswer::No};
@@ -266,7 +273,7 @@ TEST_F(SlowJob, AnyWalkOfStallsSpeedsAndStopsLeavesWholeFilesAndNeverALostWindow
         LetHangingThreadsEnd(job);
         m_folders.ExpectWholeFilesOnly(Leftovers::None);
     }
-    RealJob job(m_folders, &m_worker);
+    RealJob job(m_folders, &m_worker, &m_ahead);
     job.Press();
     m_folders.ExpectAllCopied();
 }
