@@ -61,18 +61,18 @@ TEST_F(FittingJobTest, AnArtistWhoReallyHasTheNameThatAnotherOneGotHasAFolderOfI
 
 TEST_F(FittingJobTest, AFolderThatIsEnteredAheadHasLimitsOfItsOwn) {
     events.ToYield = 1000;
-    AddTrack("Abba", "Arrival", "CON", "first");
-    AddTrack("Abba", "Live", "CON", "second");
-    AddTrack("Abba", "Live", "One\nTwo", "third");
+    AddTrack("Abba", "Arrival", "Longer title", "first");
+    AddTrack("Abba", "Live", "Longer title", "second");
+    AddTrack("Abba", "Live", "Another title", "third");
     SetOptions("B");
     files.BeforeCall = [this](const RecordedFiles::RecordedCall& call) {
         if (call.Call == FileCall::CopyFile) {
-            CopyToWindowsDisk();
+            files.Limits.Longest = 10;
         }
     };
     PressAndComplete();
-    EXPECT_EQ(Names(),
-              QStringList({u"Arrival\\CON.mp3"_s, u"Live\\CON_.mp3"_s, u"Live\\OneTwo.mp3"_s}));
+    EXPECT_EQ(Names(), QStringList({u"Arrival\\Longer title.mp3"_s, u"Live\\Anothe.mp3"_s,
+                                    u"Live\\Longer.mp3"_s}));
 }
 
 TEST_F(FittingJobTest, AFolderThatWasNotReachedAheadIsAskedForItsLimitsInItsTurn) {

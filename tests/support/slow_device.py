@@ -5,8 +5,9 @@ slow_device.py <folder> <folder to mount at> <control file>
 The control file holds words, read anew at every call: "speed=<bytes a second>", "open=<seconds to open a file>",
 "seek=<seconds until the arm is at bytes that do not follow the last ones>", and "stall=read", "stall=write",
 "stall=open", "stall=close", "stall=find" (a file's or folder's name) or "stall=change" (whatever makes, renames or
-removes) for what does not come back as long as the word stands there. Runs until it is unmounted or gets SIGTERM. Ends
-with 77, and says why, where nothing can be mounted."""
+removes) for what does not come back as long as the word stands there. "hold=read" and so on keeps what does not come
+back, and lets pass what comes later. Runs until it is unmounted or gets SIGTERM. Ends with 77, and says why, where
+nothing can be mounted."""
 
 import sys
 import threading
@@ -35,7 +36,9 @@ class SlowDevice(KeptDisk):
                     otherwise)
 
     def _wait_while_stalled(self, what):
-        while f"stall={what}" in self._words():
+        words = {f"stall={what}"}
+        while words.intersection(self._words()):
+            words.add(f"hold={what}")
             time.sleep(PAUSE)
 
     def _seek(self, path, offset, size):
