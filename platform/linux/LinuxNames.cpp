@@ -72,32 +72,37 @@ std::optional<QByteArray> EncodeName(const QString& text) {
 
 NameLimits NameLimitsOf(int folder) {
     struct statfs info {};
-    NameLimits limits;
     if (fstatfs(folder, &info) != 0) {
-        return limits;
+        return {};
     }
-    const NameLimits windows{LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
-    switch (static_cast<quint32>(info.f_type)) {
+    const auto type = static_cast<quint32>(info.f_type);
+    const NameLimits limits = NameLimitsByType(type, info.f_namelen, LiesOnBlockDevice(folder));
+    const bool isServer = type == Smb || type == Smb2 || type == Fuse;
+    return isServer && limits.IsForWindows ? LimitsOfServer(folder, limits) : limits;
+}
+
+NameLimits NameLimitsByType(quint32 type, long longest, bool isOnDisk) {
+    switch (type) {
     case Fat:
     case ExFat:
     case Ntfs:
     case Ntfs3:
-        return windows;
     case Smb:
     case Smb2:
-        return LimitsOfServer(folder, windows);
+        return {LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
     case HfsPlus:
         return {LongestUtf16Name, NameLimits::Unit::DecomposedUtf16Units, false};
     case Fuse:
-        if (LiesOnBlockDevice(folder)) {
-            return LimitsOfServer(folder, windows); // NTFS or exFAT, outside the kernel
+        if (isOnDisk) { // NTFS or exFAT, outside the kernel
+            return {LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
         }
         break;
     default:
         break;
     }
-    if (info.f_namelen >= LeastName) {
-        limits.Longest = static_cast<int>(info.f_namelen);
+    NameLimits limits;
+    if (longest >= LeastName) {
+        limits.Longest = static_cast<int>(longest);
     }
     return limits;
 }

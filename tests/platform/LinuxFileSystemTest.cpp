@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxNames.h"
 
 #include "tests/platform/LinuxFixture.h"
 
@@ -160,6 +161,32 @@ TEST_F(FilesFixture, FreeBytesAreThoseOfTheNearestFolderThatExists) {
     EXPECT_EQ(m_files.FreeBytes(u"E:\\not\\there\\yet"_s), 1048576.0);
     WriteFile(Native(u"x"_s), Pattern(4096));
     EXPECT_EQ(m_files.FreeBytes(Native()), 1044480.0);
+}
+
+TEST(NameLimitsOfDisks, AreThoseOfTheirType) {
+    constexpr auto Bytes = NameLimits::Unit::Utf8Bytes;
+    const NameLimits windows = {255, NameLimits::Unit::Utf16Units, true};
+    const NameLimits mac = {255, NameLimits::Unit::DecomposedUtf16Units, false};
+    struct Row {
+        const char* Name;
+        quint32 Type;
+        long Longest;
+        bool IsOnDisk;
+        NameLimits Limits;
+    };
+    for (const Row& row :
+         {Row{"FAT", 0x4d44, 1530, true, windows}, Row{"exFAT", 0x2011bab0, 1530, true, windows},
+          Row{"NTFS", 0x5346544e, 255, true, windows},
+          Row{"NTFS by its newer driver", 0x7366746e, 1530, true, windows},
+          Row{"NTFS or exFAT by FUSE", 0x65735546, 1024, true, windows},
+          Row{"SMB", 0xff534d42, 255, false, windows},
+          Row{"SMB 2", 0xfe534d42, 255, false, windows}, Row{"HFS+", 0x482b, 1530, true, mac},
+          Row{"other FUSE", 0x65735546, 200, false, {200, Bytes, false}},
+          Row{"ext4", 0xef53, 255, true, {255, Bytes, false}},
+          Row{"eCryptfs", 0xf15f, 143, false, {143, Bytes, false}},
+          Row{"one that does not know", 0x1234, 0, false, {255, Bytes, false}}}) {
+        EXPECT_EQ(NameLimitsByType(row.Type, row.Longest, row.IsOnDisk), row.Limits) << row.Name;
+    }
 }
 
 TEST_F(FilesFixture, TheLimitsOfNamesAreThoseOfTheFileSystem) {
