@@ -70,6 +70,8 @@ public:
                       qint64 modificationTime = 0);
     /// Removes a file or a folder with all it holds.
     void Remove(const QString& path);
+    /// The path of the system's file as Qt takes it.
+    QString Host(const QString& path) const;
     /// What NativePath answers for `path`; without this, the path itself.
     void SetNativePath(const QString& path, const QString& native) { m_nativePaths[path] = native; }
 
@@ -167,9 +169,8 @@ private:
     /// The same for a call that never throws: false where it is to fail.
     bool RecordSafely(FileCall call, const QString& path);
     static bool Strikes(Failure& failure, const RecordedCall& call);
-    /// The path of the system's file, and the same as Qt takes it.
+    /// The path of the system's file.
     QString Real(const QString& path) const;
-    QString Host(const QString& path) const;
     QString RootOf(const QString& path) const;
     /// In the place of one that is there.
     std::unique_ptr<QFile> NewFile(const QString& path);
