@@ -1,5 +1,5 @@
-"""Two iPods with large libraries on a slow disk: while one of them loads the window answers, and the bar moves. One
-that does not answer any more in the middle of its load does not keep the program from ending."""
+"""Two iPods with large libraries on a slow disk: while one of them loads the window answers, the bar moves, and a
+click is lost. One that does not answer any more in the middle of its load does not keep the program from ending."""
 
 import signal
 import sqlite3
@@ -76,11 +76,14 @@ def play(stage):
             disk.tell("")
             load_small_sample(window)
 
+            option = window.control("Artist")
             disk.tell("speed=1000000")
             window.choose_device(":) NEWER IPOD")
+            window.click(option)
             watch_load(window, "while SQLite reads at 1 MB/s")
             disk.tell("")
             load_small_sample(window)
+            assert window.checked(option)
 
             disk.tell("speed=1000000")
             window.choose_device(":) SAMPLE IPOD")
@@ -88,6 +91,14 @@ def play(stage):
             disk.tell("stall=read")
             assert_answers(bar, "while the device hangs")
             window.signal(signal.SIGTERM)
+            assert window.exit_code() == 0
+
+        disk.tell("speed=1000000")
+        with stage.start(disk.folder / "NEWER IPOD") as window:
+            bar = watch_load(window, "while SQLite reads again")
+            disk.tell("stall=read")
+            assert_answers(bar, "while the device hangs below SQLite")
+            window.request_close()
             assert window.exit_code() == 0
     for ipod in ipods:
         ipod.assert_untouched()
