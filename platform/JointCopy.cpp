@@ -44,29 +44,18 @@ void JointCopy::TakePart() {
 }
 
 CopiedFiles JointCopy::Finish() {
-    do {
-        TakePart();
-    } while (WaitForOthers());
-    const std::lock_guard lock(m_mutex);
+    TakePart();
+    std::unique_lock lock(m_mutex);
+    while (m_underWay > 0 && !m_control.IsStopped()) {
+        m_changed.wait_for(lock, BetweenLooks);
+    }
+    End();
     if (MayBeShortage(m_copied.Failure) && m_begun > m_copied.Count + 1 && !m_control.IsStopped()) {
         // Once more, with nothing beside it.
         m_copied.Failure = nullptr;
         Place(Begin(m_copied.Count));
     }
     return m_copied;
-}
-
-/// Waits a moment for the files that others copy. False when there are none to wait for; then
-/// nobody begins another one either.
-bool JointCopy::WaitForOthers() {
-    std::unique_lock lock(m_mutex);
-    const bool isDone = m_underWay == 0 || m_control.IsStopped();
-    if (isDone) {
-        End();
-    } else {
-        m_changed.wait_for(lock, BetweenLooks);
-    }
-    return !isDone;
 }
 
 /// No file is begun or named any more. Those that wait for their names are given up now, since one

@@ -51,7 +51,6 @@ private:
     /// The rest of a copy that was begun; it may throw what has failed already.
     using Rest = std::function<bool()>;
 
-    bool WaitForOthers();
     void End();
     std::optional<size_t> Take();
     bool IsOver() const;

@@ -76,12 +76,14 @@ NameLimits NameLimitsOf(int folder) {
         return {};
     }
     const auto type = static_cast<quint32>(info.f_type);
-    const NameLimits limits = NameLimitsByType(type, info.f_namelen, LiesOnBlockDevice(folder));
+    const bool isOnDisk = type == Fuse && LiesOnBlockDevice(folder); // asked only where it matters
+    const NameLimits limits = NameLimitsByType(type, info.f_namelen, isOnDisk);
     const bool isServer = type == Smb || type == Smb2 || type == Fuse;
     return isServer && limits.IsForWindows ? LimitsOfServer(folder, limits) : limits;
 }
 
 NameLimits NameLimitsByType(quint32 type, long longest, bool isOnDisk) {
+    const NameLimits windows{LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
     switch (type) {
     case Fat:
     case ExFat:
@@ -89,12 +91,12 @@ NameLimits NameLimitsByType(quint32 type, long longest, bool isOnDisk) {
     case Ntfs3:
     case Smb:
     case Smb2:
-        return {LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
+        return windows;
     case HfsPlus:
         return {LongestUtf16Name, NameLimits::Unit::DecomposedUtf16Units, false};
     case Fuse:
         if (isOnDisk) { // NTFS or exFAT, outside the kernel
-            return {LongestUtf16Name, NameLimits::Unit::Utf16Units, true};
+            return windows;
         }
         break;
     default:

@@ -16,8 +16,8 @@ std::optional<QByteArray> EncodeName(const QString& text);
 /// What names the file system of an open folder can hold.
 NameLimits NameLimitsOf(int folder);
 
-/// The same by what statfs(2) reports: its type, and the longest name in bytes. `isOnDisk` tells
-/// whether it lies on a block device of this computer.
+/// The same by what statfs(2) reports: its type, and the longest name in bytes. `isOnDisk` tells,
+/// of one that is served by a program (FUSE), whether it lies on a block device of this computer.
 NameLimits NameLimitsByType(quint32 type, long longest, bool isOnDisk);
 
 /// The name in the open folder that equals `wanted` but for case and for how accents are composed

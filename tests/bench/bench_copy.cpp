@@ -12,11 +12,10 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QProcess>
+#include <QStorageInfo>
 
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <sys/stat.h>
-#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -101,11 +100,7 @@ public:
     QString MusicFolder() const { return m_window.DeviceFolder() + u"/iPod_Control/Music"_s; }
 
 private:
-    bool IsInMemory() const {
-        struct statfs info {};
-        return statfs(QFile::encodeName(m_target).constData(), &info) == 0 &&
-               info.f_type == TMPFS_MAGIC;
-    }
+    bool IsInMemory() const { return QStorageInfo(m_target).fileSystemType() == "tmpfs"; }
     double FreeBytes() const {
         struct statvfs info {};
         statvfs(QFile::encodeName(m_target).constData(), &info);

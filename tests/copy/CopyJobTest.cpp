@@ -4,7 +4,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class CopyJobTest : public CopyFixture, public testing::Test {};
+class CopyJobTest : public CopyFixture, public testing::Test {
+protected:
+    /// Two files for a folder and one for another, which are copied together.
+    void AddTwoAlbums() {
+        events.ToYield = 1000;
+        SetOptions("B");
+        AddTracks({"One", "Two"});
+        AddTrack("Abba", "Live", "Three", "three");
+    }
+};
 
 } // namespace
 
@@ -58,10 +67,7 @@ TEST_F(CopyJobTest, AFailureAmongFilesThatAreCopiedTogetherIsAskedAboutInItsTurn
 }
 
 TEST_F(CopyJobTest, AfterAFileThatFailsTheNextFolderIsNotEnteredBeforeTheUserAnswers) {
-    events.ToYield = 1000;
-    SetOptions("B");
-    AddTracks({"One", "Two"});
-    AddTrack("Abba", "Live", "Three", "three");
+    AddTwoAlbums();
     files.FailNthCall(FileCall::CopyFile, 2, ErrorNumber::FileNotFound);
     messages.Answers = {MessageAnswer::Abort};
     Press();
@@ -70,10 +76,7 @@ TEST_F(CopyJobTest, AfterAFileThatFailsTheNextFolderIsNotEnteredBeforeTheUserAns
 }
 
 TEST_F(CopyJobTest, AFolderThatCannotBeEnteredAheadIsAskedAboutInItsTurn) {
-    events.ToYield = 1000;
-    SetOptions("B");
-    AddTracks({"One", "Two"});
-    AddTrack("Abba", "Live", "Three", "three");
+    AddTwoAlbums();
     files.FailPath(FileCall::CreateFolder, u"D:\\Music\\Live"_s, ErrorNumber::PermissionDenied);
     messages.WhileShown = [this](const ShownMessage& message) {
         EXPECT_TRUE(message == Completed || events.Yields == 3);
@@ -90,10 +93,7 @@ TEST_F(CopyJobTest, AFolderThatCannotBeEnteredAheadIsAskedAboutInItsTurn) {
 }
 
 TEST_F(CopyJobTest, AFolderEnteredAheadThatIsGoneWhenItsTurnComesIsMadeAnew) {
-    events.ToYield = 1000;
-    SetOptions("B");
-    AddTracks({"One", "Two"});
-    AddTrack("Abba", "Live", "Three", "three");
+    AddTwoAlbums();
     files.FailNthCall(FileCall::CopyFile, 3, ErrorNumber::FileNotFound);
     messages.WhileShown = [this](const ShownMessage& message) {
         if (message != Completed) {
@@ -107,10 +107,7 @@ TEST_F(CopyJobTest, AFolderEnteredAheadThatIsGoneWhenItsTurnComesIsMadeAnew) {
 }
 
 TEST_F(CopyJobTest, WhatACancelledJobHasEnteredAheadIsNothingToTheNextJob) {
-    events.ToYield = 1000;
-    SetOptions("B");
-    AddTracks({"One", "Two"});
-    AddTrack("Abba", "Live", "Three", "three");
+    AddTwoAlbums();
     CancelAtYield(3);
     Press();
     files.Remove(u"D:\\Music\\Live\\Three.mp3"_s);

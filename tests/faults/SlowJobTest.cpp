@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <iostream>
 #include <random>
 #include <thread>
@@ -86,12 +87,29 @@ protected:
         EXPECT_LT(m_untilRest, Soon + OfOthers);
     }
 
-    /// Waits until no thread works for the job any more.
-    static void LetHangingThreadsEnd(const RealJob& job) {
-        for (int waited = 0; waited < 1000 && job.sharedFiles.use_count() > job.ownersAtRest;
-             ++waited) {
+    /// Runs a job with a disk that gets into trouble, and cancels it there.
+    void CancelInTrouble(RealJob& job, SlowDisk& disk, const char* trouble) {
+        bool isInTrouble = false;
+        Run(job, [&](qint64 time) {
+            if (job.job.Copying && !std::exchange(isInTrouble, true)) {
+                disk.Be(trouble);
+            } else if (time > 200) {
+                job.Press();
+            }
+            return time > 200;
+        });
+    }
+
+    /// Ten seconds at most.
+    static void WaitWhile(const std::function<bool()>& isBusy) {
+        for (int waited = 0; waited < 1000 && isBusy(); ++waited) {
             std::this_thread::sleep_for(10ms);
         }
+    }
+
+    /// Waits until no thread works for the job any more.
+    static void LetHangingThreadsEnd(const RealJob& job) {
+        WaitWhile([&] { return job.sharedFiles.use_count() > job.ownersAtRest; });
         EXPECT_EQ(job.sharedFiles.use_count(), job.ownersAtRest);
     }
 
@@ -160,15 +178,7 @@ TEST_F(SlowJob, CancelStopsInsideAFileWhateverHangs) {
             SCOPED_TRACE(testing::Message() << folder << ", " << trouble);
             m_folders.Library.Artists[0].Albums[0].Checked = Text(folder) == u"Abba"_s;
             RealJob job(m_folders, &m_worker, &m_ahead);
-            bool isInTrouble = false;
-            Run(job, [&](qint64 time) {
-                if (job.job.Copying && !std::exchange(isInTrouble, true)) {
-                    disk->Be(trouble);
-                } else if (time > 200) {
-                    job.Press();
-                }
-                return time > 200;
-            });
+            CancelInTrouble(job, *disk, trouble);
             EXPECT_EQ(job.messages.Texts(), QStringList());
             job.ExpectIdle();
             if (Text(trouble).startsWith(u"speed"_s)) {
@@ -208,14 +218,8 @@ TEST_F(SlowJob, WhatComesBackAfterTheNextJobHarmsNothing) {
         SCOPED_TRACE(testing::Message() << isSmall << stall);
         artists[0].Checked = true;
         artists[0].Albums[0].Checked = isSmall;
-        disk.Be(stall);
         RealJob job(m_folders, &m_worker, &m_ahead);
-        Run(job, [&](qint64 time) {
-            if (time > 200) {
-                job.Press();
-            }
-            return time > 200;
-        });
+        CancelInTrouble(job, disk, stall);
         disk.Be(hold);
         artists[0].Checked = false;
         RealJob next(m_folders, &m_worker, &m_ahead);
@@ -224,9 +228,7 @@ TEST_F(SlowJob, WhatComesBackAfterTheNextJobHarmsNothing) {
         const QString hanging = m_folders.FileOf(artists[0].Albums[isSmall ? 0 : 1].Tracks[0]);
         EXPECT_TRUE(IsOpen(hanging));
         disk.Be("");
-        for (int waited = 0; waited < 1000 && IsOpen(hanging); ++waited) {
-            std::this_thread::sleep_for(10ms);
-        }
+        WaitWhile([&] { return IsOpen(hanging); });
         LetHangingThreadsEnd(job);
         m_folders.ExpectWholeFilesOnly(Leftovers::None);
         EXPECT_FALSE(IsThere(m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s));
