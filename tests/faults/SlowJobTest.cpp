@@ -150,7 +150,7 @@ TEST_F(SlowJob, TheNextFileIsOpenedBeforeItsTurnAndClosedWhenTheJobIsStopped) {
     const QString song = m_folders.Destination + u"/Abba/Arrival/Song.mp3"_s;
     for (const bool isStopped : {false, true}) {
         QDir(m_folders.Destination + u"/Abba"_s).removeRecursively();
-        m_device.Be("speed=4000000");
+        m_device.Be("speed=1000000");
         RealJob job(m_folders, &m_worker, &m_ahead);
         job.events.ToYield = 0; // else two files are copied at once
         bool wasOpen = false;
